@@ -1,0 +1,67 @@
+// The embedded host: everything that a running application would be. One at a time.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/scene/document.h"
+#include "host/services/registry.h"
+#include "host/ui/services.h"
+#include "platform/table.h"
+
+namespace host {
+
+struct ApplicationSettings {
+    std::filesystem::path application_folder;                              // where the application would lie
+    std::filesystem::path user_folder;                                     // writable: plug-ins' user folders
+    std::filesystem::path preferences_file;                                // world settings; empty: they are not kept
+    std::int32_t version = 14042, version_type = 2, operating_system = 0;  // 0: this system's
+};
+
+class Application {
+  public:
+    explicit Application(ApplicationSettings settings);
+    ~Application();                 // kills the documents; modules must have been unloaded before
+    static Application *Current();  // null when none is running
+    static const HostTable *Table();
+
+    ApplicationSettings settings;
+    Registry registry;
+    Console console;
+    Dialogs dialogs;
+    StatusBar status;
+    InputState input;
+    Requests requests;
+
+    // World settings by plug-in id, live; kept in the preferences file at the end (SaveWorldSettings).
+    Container *WorldPluginData(std::int32_t id);  // null until something was set
+    bool SetWorldPluginData(std::int32_t id, const Container &data, bool add);
+    bool LoadWorldSettings();
+    bool SaveWorldSettings() const;
+
+    // ---- Documents
+    Document *NewDocument();                  // inserted and active
+    void InsertDocument(Document *document);  // takes it over
+    void SetActiveDocument(Document *document);
+    void KillDocument(Document *document);
+    Document *ActiveDocument() const { return active_; }
+    const std::vector<std::unique_ptr<Document>> &Documents() const { return documents_; }
+
+    // Sets the time and evaluates, like the time slider.
+    void SetDocumentTime(Document *document, const Time &time);
+    void CallCommand(std::int32_t id);
+    // Evaluates the active document once where events are queued: animation too when its time changed or an event
+    // asked for it.
+    void QueueEvent(std::int32_t flags);
+    void HandleEvents();
+
+  private:
+    std::vector<std::unique_ptr<Document>> documents_;
+    Document *active_ = nullptr;
+    std::vector<std::pair<std::int32_t, std::unique_ptr<Container>>> world_;
+    std::int32_t queued_flags_ = -1;  // -1: no event waits
+};
+
+}  // namespace host

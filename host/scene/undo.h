@@ -1,0 +1,51 @@
+// Undo and redo: steps of stored states that are really put back.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace host {
+
+class Document;
+class Node;
+
+enum UndoType : std::int32_t {
+    kUndoChange = 40,
+    kUndoChangeNoChildren = 41,
+    kUndoChangeSmall = 42,
+    kUndoChangeSelection = 43,
+    kUndoNew = 44,
+    kUndoDelete = 45,
+    kUndoActivate = 46,
+    kUndoDeactivate = 47,
+    kUndoBits = 48,
+    kUndoHierarchy = 49
+};
+
+class UndoStack {
+  public:
+    explicit UndoStack(Document *document);
+    ~UndoStack();
+
+    bool Start();  // nested pairs join the outer step
+    bool End();    // false when nothing was opened; a step without entries is dropped
+    // Outside of a step: a step of its own. Before a change or a removal, after an insertion.
+    bool Add(std::int32_t type, Node *node);
+    bool Undo();  // false when there is nothing to undo
+    bool Redo();
+    void Flush();
+    int Depth() const { return depth_; }              // open Start calls
+    std::size_t Steps() const;                        // finished steps that Undo can take back
+    std::vector<std::int32_t> LastStepTypes() const;  // the entry kinds of the newest finished step
+
+  private:
+    struct Entry;
+    using Step = std::vector<std::unique_ptr<Entry>>;
+    Document *document_;
+    int depth_ = 0;
+    std::unique_ptr<Step> open_;
+    std::vector<std::unique_ptr<Step>> done_, undone_;
+};
+
+}  // namespace host

@@ -1,0 +1,16 @@
+// What happens when a user edits a parameter or presses a button: one undo step with the messages of the manager.
+#pragma once
+
+#include "host/value/data.h"
+#include "platform/table.h"
+
+namespace host {
+
+class Node;
+
+// false when the parameter's control is disabled, unknown, or takes no value of that kind. The document is evaluated
+// afterwards where the edit or the module asked for it.
+bool EditParameter(Node *node, const TableDescID &id, const Data &value);
+bool PressButton(Node *node, const TableDescID &id);
+
+}  // namespace host

@@ -1,0 +1,74 @@
+// The parameter container: an ordered list of (id, value). Ids may be any number; copies are deep.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "host/value/data.h"
+#include "platform/table.h"
+
+// The entries behind a container. An entry keeps its address until it is removed: modules hold pointers to values.
+struct HostContainer {
+    struct Entry {
+        std::int32_t id;
+        host::Data data;
+    };
+    std::vector<std::unique_ptr<Entry>> entries;
+    std::unordered_map<std::int32_t, Entry *> first_with_id;  // finding an id is what every frame does a hundred times
+    std::uint32_t dirty = 0;
+};
+
+namespace host {
+
+// Same bytes as a TableContainer.
+class Container : public TableContainer {
+  public:
+    Container();
+    explicit Container(std::int32_t own_id);
+    Container(const Container &other);
+    Container(Container &&other) noexcept;
+    Container &operator=(const Container &other);
+    Container &operator=(Container &&other) noexcept;
+    ~Container();
+
+    void CopyFrom(const TableContainer &other, HostAliasTrans *translation);
+    void Flush();
+    std::int32_t Count() const;
+    bool Has(std::int32_t entry) const { return Find(entry) != nullptr; }
+    Data *Find(std::int32_t entry) const;  // first with that id, live; or null
+    std::int32_t IndexOf(std::int32_t entry) const;
+    std::int32_t IdAt(std::int32_t index) const;  // or -1
+    Data *DataAt(std::int32_t index) const;
+    Data *Set(std::int32_t entry, const Data &data);     // replaces in place, or appends
+    Data *Append(std::int32_t entry, const Data &data);  // without looking for an existing entry
+    bool Remove(std::int32_t entry);
+    bool RemoveAt(std::int32_t index);
+    void Merge(const Container &source);
+    void Sort();
+    std::uint32_t Dirty() const;
+
+    std::int32_t Whole(std::int32_t entry, std::int32_t preset = 0) const;
+    double Real(std::int32_t entry, double preset = 0) const;
+    std::string Text(std::int32_t entry) const;
+    Vector GetVector(std::int32_t entry) const;
+    Time GetTime(std::int32_t entry) const;
+    HostAtom *Link(std::int32_t entry, const HostAtom *document, std::int32_t instance_of = 0) const;
+    void SetReal(std::int32_t entry, double value);
+    void SetVector(std::int32_t entry, const Vector &value);
+
+    bool operator==(const Container &other) const;  // same ids, order and values
+    bool operator!=(const Container &other) const { return !(*this == other); }
+
+    // First level = entry; deeper levels go into sub-containers and vector components (1000 to 1002).
+    bool GetParameter(const TableDescID &id, Data *out) const;
+    bool SetParameter(const TableDescID &id, const Data &data);
+};
+static_assert(sizeof(Container) == sizeof(TableContainer), "a Container is a TableContainer");
+
+inline Container &AsContainer(TableContainer *raw) { return *static_cast<Container *>(raw); }
+inline const Container &AsContainer(const TableContainer *raw) { return *static_cast<const Container *>(raw); }
+
+}  // namespace host
