@@ -1,0 +1,20 @@
+// What a frame's evaluation asks of the scene.
+#pragma once
+
+#include "c4d.h"
+
+// Frame number of a time: floor(rate * numerator) / floor(denominator), cut to a whole number; 0 for a denominator of
+// 0, saturated at the range of a LONG.
+LONG FrameOfTime(const BaseTime &time, Real frames_per_second);
+// Seconds times rate; a result within 1e-6 of a whole number is that number, as 29 / 25 * 25 is 28.999999999999996.
+Real ExactFrame(const BaseTime &time, Real frames_per_second);
+
+// The object behind a link of the tag, in the given document; NULL for none.
+BaseObject *ResolveObject(const BaseContainer &data, LONG link, BaseDocument *doc);
+// True for the camera itself and everything below it: such an object would follow what it drives.
+Bool FollowsCamera(BaseObject *object, BaseObject *camera);
+// The target or focus object of the tag: what the link resolves to, unless that follows the camera.
+BaseObject *ResolveGuide(const BaseContainer &data, LONG link, BaseObject *camera);
+
+Real ReadLens(BaseObject *camera, LONG parameter);
+void WriteLens(BaseObject *camera, LONG parameter, Real value);

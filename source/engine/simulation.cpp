@@ -1,0 +1,187 @@
+// Putting the motion back to its start, and catching up with the clocks after a jump.
+#include <cmath>
+
+#include "engine/clocks.h"
+#include "engine/curves.h"
+#include "engine/frame.h"
+#include "engine/rotation.h"
+#include "lib_description.h"
+#include "ocamera.h"
+#include "tag/parameters.h"
+#include "tag/state.h"
+#include "tag/tremoluxcam.h"
+
+namespace {
+
+// Nobody animates longer; a document that claims to must not hold up its user.
+constexpr LONG kMaxRunUpFrames = 10000000;
+
+// Besides the clocks: what goes back to 0. Some entries are only kept clean for scenes that hold them.
+constexpr LONG kClearedReals[] = {10058,
+                                  10027,
+                                  10041,
+                                  10040,
+                                  kLastFrame,
+                                  kJoltPositionTarget,
+                                  kJoltRotationTarget,
+                                  kZoomCarry,
+                                  kZoomValue,
+                                  5010,
+                                  kFocusCarry,
+                                  kFocusValue,
+                                  kFocusDriftValue,
+                                  kZoomDriftCarry,
+                                  kZoomDriftValue,
+                                  kJoltRotationCarry,
+                                  kJoltPositionCarry,
+                                  10065,
+                                  kJoltRotationPrevious,
+                                  kJoltPositionPrevious,
+                                  kJoltPositionEnvelope,
+                                  kJoltRotationEnvelope};
+constexpr LONG kClearedVectors[] = {kJoltRotationOffset, kJoltPositionOffset, kJoltRotationFilter, kPositionCarry,
+                                    kPositionValue,      kRotationCarry,      kRotationValue,      kPositionShakeCarry,
+                                    kPositionShakeValue, kRotationShakeCarry, kRotationShakeValue, kJoltRotationMemory,
+                                    kJoltPositionMemory, kJoltPositionFilter, kPreviousRotation};
+
+void ClearSimulation(BaseContainer *data) {
+    WriteClocks(Clocks(), data);
+    for (LONG id : kClearedReals) data->SetReal(id, 0.0);
+    for (LONG id : kClearedVectors) data->SetVector(id, Vector());
+    data->SetBool(kCatchingUp, FALSE);
+    data->SetContainer(kWorkContainer, BaseContainer());
+}
+
+// At rest on `value`: it was the last output and the last input, and nothing moves.
+void SeedOvershoot(LONG base, const Vector &value, BaseContainer *data) {
+    for (LONG entry = 1; entry <= kOvershootBlockEnd; entry++) data->SetReal(base + entry, 0.0);
+    data->SetVector(base + kOvershootVelocity, Vector());
+    data->SetVector(base + kOvershootOutput, value);
+    data->SetVector(base + kOvershootInput, value);
+}
+
+// Where the channels of the motion start: on the input camera.
+struct Seeds {
+    Vector position, angles;
+    Real focal_length, focus_distance;
+};
+
+Seeds SeedsFrom(const BaseContainer &data, BaseObject *camera, BaseObject *input) {
+    Seeds seeds;
+    const Matrix matrix = input->GetMg();
+    seeds.position = matrix.off;
+    BaseObject *target = data.GetBool(kUseTarget) ? ResolveGuide(data, kTargetObject, camera) : NULL;
+    seeds.angles = target ? AimAngles(matrix.off, target->GetMg().off) : AnglesOf(matrix);
+    seeds.focal_length = ReadLens(input, CAMERA_FOCUS);
+    BaseObject *focus = ResolveGuide(data, kFocusObject, camera);
+    seeds.focus_distance = focus ? Len(focus->GetMg().off - matrix.off) : ReadLens(input, CAMERAOBJECT_TARGETDISTANCE);
+    return seeds;
+}
+
+void SeedMovingOvershoot(const Seeds &seeds, BaseContainer *data) {
+    SeedOvershoot(kOvershootTarget, seeds.angles, data);
+    SeedOvershoot(kOvershootPosition, seeds.position, data);
+    SeedOvershoot(kOvershootRotation, seeds.angles, data);
+    SeedOvershoot(kOvershootZoom, Vector(seeds.focal_length, 0.0, 0.0), data);
+}
+
+// A focus object that the camera links by itself becomes the tag's: two masters would fight over the distance.
+void AdoptFocusObject(BaseContainer *data, BaseObject *camera, BaseDocument *doc) {
+    GeData link;
+    if (!camera->GetParameter(DescLevel(CAMERAOBJECT_TARGETOBJECT), link, DESCFLAGS_GET_0)) return;
+    BaseList2D *focus = link.GetLink(doc, Obase);
+    if (!focus) return;
+    data->SetLink(kFocusObject, focus);
+    camera->SetParameter(DescLevel(CAMERAOBJECT_TARGETOBJECT), GeData((BaseList2D *)NULL), DESCFLAGS_SET_0);
+}
+
+// Values of the clock's rates over time: from their tracks where the tag has them.
+class AnimatedRates {
+  public:
+    AnimatedRates(const BaseContainer &data, BaseTag *tag, BaseDocument *doc)
+        : rates_(ReadClockRates(data)), doc_(doc), fps_(doc->GetFps()) {
+        FindTrack(tag, kShakeSpeed, &speed_);
+        FindTrack(tag, kSpeedVariation, &variation_);
+        FindTrack(tag, kFocusSpeed, &focus_);
+        FindTrack(tag, kZoomSpeed, &zoom_);
+        FindTrack(tag, kSeed, &seed_);
+        animated_ = speed_ || variation_ || focus_ || zoom_ || seed_;
+    }
+
+    const ClockRates &At(LONG frame) {
+        if (!animated_) return rates_;
+        const BaseTime time((Real)frame, (Real)fps_);
+        Read(speed_, time, kShakeSpeed, &rates_.speed);
+        Read(variation_, time, kSpeedVariation, &rates_.variation);
+        Read(focus_, time, kFocusSpeed, &rates_.focus_rate);
+        Read(zoom_, time, kZoomSpeed, &rates_.zoom_rate);
+        Real seed = (Real)rates_.seed;
+        Read(seed_, time, kSeed, &seed);
+        rates_.seed = Truncate(seed);
+        return rates_;
+    }
+
+  private:
+    // A track without keys writes nothing during playback either.
+    static void FindTrack(BaseTag *tag, LONG id, CTrack **track) {
+        *track = tag ? tag->FindCTrack(DescLevel(id, DTYPE_REAL, 0)) : NULL;
+        if (!*track) return;
+        CCurve *curve = (*track)->GetCurve(CCURVE_CURVE, FALSE);
+        if (!curve || curve->GetKeyCount() == 0) *track = NULL;
+    }
+
+    void Read(CTrack *track, const BaseTime &time, LONG id, Real *value) const {
+        if (!track) return;
+        BaseContainer animated;  // read back as playback reads it: a value that is not finite is the default
+        animated.SetReal(id, track->GetValue(doc_, time, fps_));
+        *value = ReadReal(animated, id);
+    }
+
+    ClockRates rates_;
+    BaseDocument *doc_;
+    LONG fps_;
+    CTrack *speed_, *variation_, *focus_, *zoom_, *seed_;
+    Bool animated_;
+};
+
+}  // namespace
+
+void TremoluxCamClass::ResetSimulation(BaseContainer *data, BaseObject *camera, BaseDocument *doc) {
+    if (!data || !camera) return;
+    ClearSimulation(data);
+    data->SetReal(kFocusDriftCarry, 0.0);
+    SeedOvershoot(kOvershootSpare, Vector(), data);
+
+    BaseObject *input = ResolveObject(*data, kInputCamera, doc);
+    if (!input) return;
+    AdoptFocusObject(data, camera, doc);
+
+    const Seeds seeds = SeedsFrom(*data, camera, input);
+    data->SetVector(kPositionValue, seeds.position);
+    data->SetVector(kRotationValue, seeds.angles);
+    data->SetReal(kZoomValue, seeds.focal_length);
+    data->SetReal(kFocusValue, seeds.focus_distance);
+    SeedMovingOvershoot(seeds, data);
+    SeedOvershoot(kOvershootFocus, Vector(seeds.focus_distance, 0.0, 0.0), data);
+}
+
+void TremoluxCamClass::SimulateToFrame(Real frame, BaseContainer *data, BaseObject *camera) {
+    if (!data || !camera) return;
+    ClearSimulation(data);
+    data->SetReal(kLastFrame, -1.0);
+    BaseDocument *doc = camera->GetDocument();
+    if (!doc) return;
+    BaseObject *input = ResolveObject(*data, kInputCamera, doc);
+    if (input) SeedMovingOvershoot(SeedsFrom(*data, camera, input), data);
+
+    const Curve warp_curve(kSpeedWarpCurve);
+    if (!warp_curve) return;
+    // Playback restarts on every negative frame, so its clocks count from the last of them.
+    const LONG start = LMax(FrameOfTime(doc->GetMinTime(), (Real)doc->GetFps()), -1);
+    const LONG end = Truncate(frame);
+    const LONG first = (LLONG)end - start > kMaxRunUpFrames ? end - kMaxRunUpFrames : start;
+    Clocks clocks = Clocks();
+    AnimatedRates rates(*data, (BaseTag *)Get(), doc);
+    for (LONG f = first; f < end; f++) AdvanceClocks(&clocks, rates.At(f), (Real)f, warp_curve);
+    WriteClocks(clocks, data);
+}

@@ -1,0 +1,21 @@
+// What the host calls when it starts, ends and addresses the module.
+#include "c4d.h"
+#include "tag/cameraloader.h"
+
+Bool PluginStart(void) {
+    if (!RegisterTremoluxCommand()) return FALSE;
+    return RegisterTremoluxCam();
+}
+
+void PluginEnd(void) {}
+
+Bool PluginMessage(LONG id, void *) {
+    switch (id) {
+        case C4DPL_INIT_SYS:
+            return resource.Init();  // without its resource the module must not start
+        case C4DMSG_PRIORITY:
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}

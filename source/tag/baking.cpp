@@ -1,0 +1,3 @@
+#include "tag/tremoluxcam.h"
+
+void TremoluxCamClass::QuickBake(BaseContainer *, BaseObject *) {}

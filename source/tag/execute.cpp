@@ -1,0 +1,144 @@
+// What happens each time the scene is evaluated: set-up, restart, plain step or jump.
+#include <cmath>
+
+#include "ddoc.h"
+#include "engine/frame.h"
+#include "lib_description.h"
+#include "obase.h"
+#include "ocamera.h"
+#include "presets/folders.h"
+#include "tag/parameters.h"
+#include "tag/state.h"
+#include "tag/tremoluxcam.h"
+
+namespace {
+
+constexpr Real kSameFrame = 0.000001;
+constexpr Real kPlainStep = 0.001;
+constexpr LONG kUseColorAlways = 2;
+
+Vector CameraColor() { return Vector(1.0, 0.41667, 0.0); }
+
+// Brings the tag's camera to where the input camera is, so that a restart has nothing of the old motion in it.
+void CopyInput(BaseObject *input, BaseObject *camera) {
+    if (input->GetType() != Ocamera) return;
+    camera->SetMg(input->GetMg());
+    WriteLens(camera, CAMERA_FOCUS, ReadLens(input, CAMERA_FOCUS));
+    WriteLens(camera, CAMERAOBJECT_TARGETDISTANCE, ReadLens(input, CAMERAOBJECT_TARGETDISTANCE));
+}
+
+// A jolt in flight does not survive a jump.
+void DropJolts(BaseContainer *data) {
+    for (LONG id : {kJoltRotationPrevious, kJoltRotationEnvelope, kJoltPositionTarget, kJoltRotationTarget,
+                    kJoltPositionPrevious, kJoltPositionEnvelope, kJoltRotationCarry, kJoltPositionCarry})
+        data->SetReal(id, 0.0);
+    data->SetVector(kJoltRotationMemory, Vector());
+    data->SetVector(kJoltPositionMemory, Vector());
+}
+
+void SelectCustomPreset(BaseContainer *data) {
+    data->SetBool(kSettingsChanged, TRUE);
+    data->SetReal(kAppliedPresetValue, (Real)kPresetCustom);
+    data->SetString(kAppliedPresetName, String());
+    data->SetLong(kPreset, kPresetCustom);
+}
+
+}  // namespace
+
+EXECUTIONRESULT TremoluxCamClass::Execute(BaseTag *tag, BaseDocument *doc, BaseObject *op, BaseThread *, LONG,
+                                          EXECUTIONFLAGS) {
+    if (!doc || !op || op->GetType() != Ocamera || !tag) return EXECUTIONRESULT_OK;
+    BaseContainer *data = tag->GetDataInstance();
+    if (!data || data->GetBool(kBaked)) return EXECUTIONRESULT_OK;
+
+    const Real rate = (Real)doc->GetFps();
+    const LONG start_frame = FrameOfTime(doc->GetMinTime(), rate);
+    data->SetReal(kStartFrame, (Real)start_frame);
+    const BaseTime time = doc->GetTime();
+    const Real frame = (Real)FrameOfTime(time, rate);
+
+    const BaseContainer *settings = doc->GetSettingsInstance(DOCUMENTSETTINGS_DOCUMENT);
+    if (!settings || settings->GetIndexId(0) == NOTOK) return EXECUTIONRESULT_OK;
+
+    if (data->GetBool(kFirstRun) || data->GetBool(kRecheckPreset)) {
+        SetUp(tag, data, op, doc);
+        return EXECUTIONRESULT_OK;
+    }
+
+    BaseObject *input = ResolveObject(*data, kInputCamera, doc);
+    if (!input) return EXECUTIONRESULT_OK;
+    if (FollowsCamera(input, op)) {
+        data->SetLink(kInputCamera, NULL);
+        return EXECUTIONRESULT_OK;
+    }
+
+    const Real seconds = time.GetDenominator() == 0.0 ? 0.0 : time.GetNumerator() / time.GetDenominator();
+    const Real last_frame = data->GetReal(kLastFrame);
+    if (frame == (Real)start_frame || seconds * settings->GetReal(DOCUMENT_FPS) < 0.0) {
+        Restart(data, op, input, doc);
+    } else if (!(std::abs(frame - last_frame) < kSameFrame)) {
+        if (std::abs(frame - last_frame - 1.0) <= kPlainStep)
+            EvaluateFrame(data, op);
+        else
+            Jump(frame, data, op, doc);
+        data->SetBool(kCatchingUp, FALSE);
+    } else {
+        return EXECUTIONRESULT_OK;
+    }
+    data->SetReal(kLastFrame, frame);
+    return EXECUTIONRESULT_OK;
+}
+
+void TremoluxCamClass::Restart(BaseContainer *data, BaseObject *camera, BaseObject *input, BaseDocument *doc) {
+    CopyInput(input, camera);
+    ResetSimulation(data, camera, doc);
+    data->SetReal(kLastFrame, kNoFrame);
+    EvaluateFrame(data, camera);
+}
+
+// The clocks keep their run-up through the reset, so that the shake goes on as if the frame had been played to.
+void TremoluxCamClass::Jump(Real frame, BaseContainer *data, BaseObject *camera, BaseDocument *doc) {
+    DropJolts(data);
+    SimulateToFrame(frame, data, camera);
+    const Clocks run_up = ReadClocks(*data);
+    ResetSimulation(data, camera, doc);
+    WriteClocks(run_up, data);
+    data->SetBool(kCatchingUp, TRUE);
+    data->SetReal(kLastFrame, kNoFrame);
+    EvaluateFrame(data, camera);
+}
+
+void TremoluxCamClass::SetUp(BaseTag *, BaseContainer *data, BaseObject *camera, BaseDocument *doc) {
+    ImportPresets();
+    if (data->GetBool(kFirstRun)) {
+        data->SetString(kUserPresetFolder, UserPresetFolder().GetString());
+        data->SetLong(kRememberedCategory, -1);
+        data->SetLong(kRememberedPreset, kPresetCustom);
+        if (ResolveObject(*data, kInputCamera, doc) != camera) ApplyFirstPreset(data);
+    }
+    camera->SetParameter(DescLevel(ID_BASEOBJECT_USECOLOR), GeData(kUseColorAlways), DESCFLAGS_SET_0);
+    camera->SetParameter(DescLevel(ID_BASEOBJECT_COLOR), GeData(CameraColor()), DESCFLAGS_SET_0);
+    if (data->GetBool(kRecheckPreset)) CheckRememberedPreset(data);
+
+    data->SetBool(kFirstRun, FALSE);
+    data->SetBool(kRecheckPreset, FALSE);
+    ResetSimulation(data, camera, doc);
+    data->SetReal(kLastFrame, kNoFrame);
+    ParseCustomTrigger(data);
+    ParseCustomTriggerTwin(data);
+}
+
+void TremoluxCamClass::ApplyFirstPreset(BaseContainer *data) {
+    for (LONG id = kFirstPresetId; id <= kLastPresetId; id++)
+        if (IsPresetParameter(id)) ResetParameter(id, data);
+    data->SetLong(kPreset, kPresetCustom);
+}
+
+void TremoluxCamClass::CheckRememberedPreset(BaseContainer *data) {
+    CollectCategoryPresets(data);
+    if (data->GetLong(kAppliedPresetPosition) == kPresetCustom) return;
+    // The preset that the tag remembers is not in the list any more.
+    SelectCustomPreset(data);
+    data->SetLong(kAppliedPresetPosition, kPresetCustom);
+    data->SetString(kAppliedPresetPath, String());
+}

@@ -1,0 +1,93 @@
+#include "customgui_priority.h"
+#include "lib_description.h"
+#include "presets/folders.h"
+#include "tag/parameters.h"
+#include "tag/state.h"
+#include "tag/tremoluxcam.h"
+#include "texpression.h"
+
+namespace {
+
+// Late among the expressions: what moves the input camera has run by then.
+constexpr LONG kExecutionPriority = 111;
+
+void SetExecutionPriority(GeListNode *node) {
+    GeData value;
+    if (!node->GetParameter(DescLevel(EXPRESSION_PRIORITY), value, DESCFLAGS_GET_0)) return;
+    if (value.GetType() != CUSTOMGUI_PRIORITY_DATA) return;
+    PriorityData *priority = (PriorityData *)value.GetCustomDataType(CUSTOMGUI_PRIORITY_DATA);
+    if (!priority) return;
+    priority->SetPriorityValue(PRIORITYVALUE_PRIORITY, GeData(kExecutionPriority));
+    node->SetParameter(DescLevel(EXPRESSION_PRIORITY), value, DESCFLAGS_SET_0);
+}
+
+void WriteDefault(const ParameterInfo &parameter, BaseContainer *data) {
+    if (!parameter.preset.given) return;
+    switch (parameter.type) {
+        case ParameterType::kReal:
+            data->SetReal(parameter.id, parameter.preset.value);
+            break;
+        case ParameterType::kBool:
+            data->SetBool(parameter.id, parameter.preset.value != 0.0);
+            break;
+        case ParameterType::kCycle:
+            data->SetLong(parameter.id, Truncate(parameter.preset.value));
+            break;
+        case ParameterType::kTime:
+            data->SetTime(parameter.id, BaseTime());
+            break;
+        case ParameterType::kString:
+            data->SetString(parameter.id, String());
+            break;
+        case ParameterType::kLink:
+            data->SetLink(parameter.id, NULL);
+            break;
+        case ParameterType::kButton:
+            break;
+    }
+}
+
+// A loaded or copied tag keeps what it has.
+void WriteMissingDefaults(BaseContainer *data) {
+    LONG count;
+    const ParameterInfo *parameters = Parameters(&count);
+    for (LONG i = 0; i < count; i++)
+        if (!data->GetDataPointer(parameters[i].id)) WriteDefault(parameters[i], data);
+}
+
+}  // namespace
+
+TremoluxCamClass::TremoluxCamClass() : working_number_(0) {}
+
+TremoluxCamClass::~TremoluxCamClass() {}
+
+void TremoluxCamClass::AfterInit() {}
+
+Bool TremoluxCamClass::Init(GeListNode *node) {
+    if (!node) return TRUE;
+    working_number_ = 0;
+    EnsureUserPresetFolder();
+    SetExecutionPriority(node);
+
+    BaseContainer *data = ((BaseTag *)node)->GetDataInstance();
+    if (!data) return FALSE;
+    data->SetFilename(kBuiltInPresetFolder, BuiltInPresetFolder());
+    data->SetBool(kFirstRun, TRUE);
+
+    AfterInit();
+    WriteMissingDefaults(data);
+    LoadPresetLibrary(data);
+    node->Message(MSG_CHANGE);
+    ScanPresetCategories(String(), data);
+    return TRUE;
+}
+
+Bool TremoluxCamClass::ResetParameter(LONG id, BaseContainer *data) {
+    const ParameterInfo *parameter = FindParameter(id);
+    if (!data || !parameter || !parameter->reset.given) return TRUE;
+    if (parameter->type == ParameterType::kBool)
+        data->SetBool(id, parameter->reset.value != 0.0);
+    else
+        data->SetReal(id, parameter->reset.value);
+    return TRUE;
+}

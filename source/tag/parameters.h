@@ -1,0 +1,73 @@
+// The tag's parameters: their ids, and one table of everything else that is known about them.
+#pragma once
+
+#include "c4d.h"
+
+// Entries of the cycles
+constexpr LONG kPresetCustom = 5803, kCategoryAll = 5809, kCategoryUser = 5810;
+constexpr LONG kPresetBlankA = 6179, kPresetBlankB = 5805;
+
+constexpr LONG kInputCamera = 6001, kHelp = 6172, kCategory = 5806, kPreset = 10028, kSavePreset = 6003,
+               kDeletePreset = 6005;
+constexpr LONG kPositionIntensity = 6020, kRotationIntensity = 6021, kOverallScale = 6022;
+constexpr LONG kScaleCoffeeCup = 6184, kScaleHuman = 6185, kScaleCar = 6186, kScaleHouse = 6187,
+               kScaleSkyscraper = 6188;
+constexpr LONG kUsePositionX = 6010, kUsePositionY = 6011, kUsePositionZ = 6012, kUseRotationH = 6013,
+               kUseRotationP = 6014, kUseRotationB = 6015, kUseZoom = 6016, kUseFocus = 6017, kUseTarget = 6018,
+               kUseJolt = 6145;
+constexpr LONG kInitialPositionSmooth = 6155, kInitialPositionOvershoot = 6153, kPositionOvershootFade = 6154,
+               kInitialRotationSmooth = 6156, kInitialRotationOvershoot = 6034, kRotationOvershootFade = 6035;
+constexpr LONG kPositionSlow = 6024, kPositionMedium = 6025, kPositionFast = 6026, kRotationSlow = 6028,
+               kRotationMedium = 6029, kRotationFast = 6030, kShakeSmooth = 6158;
+constexpr LONG kZeroPosition = 6042, kZeroRotation = 6043, kZeroInitials = 6174, kRandomizeSeeds = 6004,
+               kFeelingLucky = 6041;
+constexpr LONG kJoltPositionIntensity = 6037, kJoltRotationIntensity = 6144, kJoltInterval = 6038,
+               kCustomTrigger = 6181, kCustomTriggerTwin = 6209, kJoltFalloff = 6140, kJoltSmooth = 6170;
+constexpr LONG kQuickBake = 6046, kBruteForceBake = 6175, kUnBake = 6047;
+constexpr LONG kTargetObject = 6068, kCreateTarget = 6069, kTargetSmooth = 6161, kTargetOvershoot = 6071,
+               kTargetOvershootFade = 6072;
+constexpr LONG kZoomSmooth = 6162, kZoomOvershoot = 6053, kZoomOvershootFade = 6054, kZoomDriftSlow = 6134,
+               kZoomDriftMedium = 6135, kZoomDriftFast = 6136, kZoomSpeed = 6138, kZoomDriftSmooth = 6165;
+constexpr LONG kFocusObject = 6057, kCreateFocus = 6058, kFocusSmoothing = 6064, kFocusOvershoot = 6063,
+               kFocusOvershootFade = 6163, kFocusDriftSlow = 6128, kFocusDriftMedium = 6129, kFocusDriftFast = 6130,
+               kFocusSpeed = 6132, kFocusDriftSmooth = 6059;
+constexpr LONG kSeed = 6142, kTimeOffset = 6151, kShakeSpeed = 6152, kSpeedVariation = 6149;
+constexpr LONG kRatioX = 6076, kRatioY = 6077, kRatioZ = 6078, kRatioH = 6100, kRatioP = 6101, kRatioB = 6102;
+constexpr LONG kExportCurrent = 6171, kExportAll = 10033, kChoosePresetFolder = 6176, kResetPresetFolder = 6182,
+               kUserPresetFolder = 6178;
+
+// The ids that a preset or a first set-up may touch; the links, the scale and the folder are the scene's own.
+constexpr LONG kFirstPresetId = 6000, kLastPresetId = 6210;
+Bool IsPresetParameter(LONG id);
+
+enum class ParameterType { kReal, kBool, kLink, kButton, kCycle, kTime, kString };
+
+// A number that may be absent.
+struct OptionalReal {
+    Bool given;
+    Real value;
+};
+
+struct ParameterInfo {
+    LONG id;
+    const CHAR *label;  // null: the panel does not show it
+    ParameterType type;
+    LONG unit;  // DESC_UNIT_, 0 = none
+    OptionalReal minimum, maximum;
+    OptionalReal slider_minimum, slider_maximum;
+    OptionalReal step;
+    OptionalReal preset;  // the declared default, in the stored unit; of types without a number: given = empty value
+    OptionalReal reset;   // what ResetParameter writes
+    Bool whole_preset = FALSE;  // the default is declared as a whole number; the value is stored as a real all the same
+};
+
+// All parameters, in the order of the panel; `count` receives their number.
+const ParameterInfo *Parameters(LONG *count);
+// NULL for an id that is none.
+const ParameterInfo *FindParameter(LONG id);
+
+// The stored real of a parameter: 0 when absent, the declared default when it is not finite.
+Real ReadReal(const BaseContainer &data, LONG id);
+// Cut off toward zero, saturated at the range of a LONG; 0 for what is not a number.
+LONG Truncate(Real value);
+LONG ReadTruncated(const BaseContainer &data, LONG id);
