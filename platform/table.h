@@ -225,7 +225,8 @@ typedef struct DataTable {
 
 typedef struct ContainerTable {
     void (*copy)(TableContainer *destination, const TableContainer *source, HostAliasTrans *translation);  // dest: valid
-    void (*flush)(TableContainer *container);
+    void (*flush)(TableContainer *container);            // removes all entries; own id and dirty counter stay
+    void (*release)(TableContainer *container);          // frees the body and leaves `body` NULL: the destructor's call
     uint32_t (*dirty)(const TableContainer *container);
     int32_t (*count)(const TableContainer *container);
     TableData *(*find)(const TableContainer *container, int32_t id);  // first with that id, or NULL; live

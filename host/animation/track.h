@@ -23,6 +23,7 @@ enum Loop : std::int32_t {
 class Key : public Node {
   public:
     Key();
+    ~Key() override;
     std::int32_t Classification() const override { return kTypeKey; }
     Node *Main() const override;
     Curve *GetCurve() const { return curve_; }
@@ -44,6 +45,7 @@ class Key : public Node {
   protected:
     Node *CreateSameKind() const override { return new Key; }
     bool CopyOwnState(Node *copy, std::int32_t flags, HostAliasTrans *translation) const override;
+    bool RemoveFromOwner() override;
 
   private:
     friend class Curve;
@@ -75,13 +77,20 @@ class Curve : public Node {
     // Between keys by the left key's interpolation; before the first and after the last key the end value; 0 without
     // keys. Exact at the keys.
     double ValueAt(const Time &time) const;
+    double ValueAtSeconds(double seconds) const;
 
   protected:
     Node *CreateSameKind() const override { return new Curve(nullptr); }
     bool CopyOwnState(Node *copy, std::int32_t flags, HostAliasTrans *translation) const override;
+    bool OwnedForGood() const override { return track_ != nullptr; }
+    void DestroyBranches() override { Flush(); }
 
   private:
     friend class Track;
+    friend class NodeState;
+    std::size_t FirstAfter(const Time &time) const;  // index of the first key later than that
+    void Place(Key *key, std::size_t index);
+    void Exchange(Curve *other);  // the keys
     Track *track_;
     std::vector<Key *> keys_;
 };
@@ -100,6 +109,9 @@ class Track : public Node {
     std::int32_t before = kLoopConstant, after = kLoopConstant;
     // With the loop modes.
     double ValueAt(const Time &time) const;
+    // false: the loop mode leaves the parameter alone at that time, or there are no keys.
+    bool Governs(const Time &time) const;
+    const Key *KeyBefore(const Time &time) const;  // the last one before or at; else the first; null without keys
     const host::Data *DataAt(const Time &time) const;  // of category 2: the last key's before or at; null without keys
     bool FillKey(Node *node, Key *key) const;          // the parameter's present value
 
@@ -107,9 +119,11 @@ class Track : public Node {
     Track(const TableDescID &id, std::int32_t category);
     Node *CreateSameKind() const override;
     bool CopyOwnState(Node *copy, std::int32_t flags, HostAliasTrans *translation) const override;
+    bool RemoveFromOwner() override;
 
   private:
     friend class Node;
+    friend class NodeState;
     TableDescID id_;
     std::int32_t category_;
     Node *node_ = nullptr;

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <string>
-#include <vector>
 
 #include "host/value/container.h"
 #include "host/value/descid.h"
@@ -50,7 +50,7 @@ class Description : public HostDescription {
     Entry *Find(const TableDescID &id);
     // Adds, or changes the settings of an existing entry and leaves its place.
     bool Set(const TableDescID &id, const Container &settings, const TableDescID &group);
-    std::vector<Entry> entries;
+    std::deque<Entry> entries;  // a deque: settings that were handed out stay where they are when entries are added
     bool has_single_id = false;
     TableDescID single_id{};
 };

@@ -69,10 +69,16 @@ class Document : public Node {
   protected:
     bool GetVirtualParameter(const TableDescID &id, host::Data *out) const override;
     bool SetVirtualParameter(const TableDescID &id, const host::Data &data) override;
+    bool IsVirtualParameter(const TableDescID &id) const override;
     Node *CreateSameKind() const override { return new Document; }
     bool CopyOwnState(Node *copy, std::int32_t flags, HostAliasTrans *translation) const override;
+    void DestroyBranches() override;
 
   private:
+    friend class NodeState;
+    friend class UndoPlace;
+    void CopyView(Document *copy, std::int32_t flags, const HostAliasTrans &translation) const;
+    void SetActive(Node *node, bool active);  // part of an open undo step
     std::vector<std::pair<std::int32_t, std::unique_ptr<Container>>> settings_;  // by type, type 2 first
     NodeList objects_;
     UndoStack undo_{this};

@@ -19,6 +19,7 @@ namespace host {
 
 class Document;
 class Track;
+struct NodeList;
 
 // Type numbers and the base classes that IsInstanceOf knows.
 enum NodeType : std::int32_t {
@@ -56,6 +57,12 @@ class Node : public HostAtom {
     // A free copy with everything it owns, its links turned to copies made in the same translation. null when the
     // copy could not be made. `translation` may be null: then links inside the copied group follow, others stay.
     Node *Clone(std::int32_t flags, HostAliasTrans *translation) const;
+    // Makes `destination`, a node of the same type that lies outside of this one, equal to it. false: refused, nothing
+    // was changed, or a part of it could not be copied.
+    bool CopyInto(Node *destination, std::int32_t flags, HostAliasTrans *translation) const;
+    // Frees a node wherever it stands. What belongs to another node for ever (a curve) stays; what an undo step still
+    // needs is only removed and freed together with that step.
+    static void Discard(Node *node);
 
     // ---- The list or tree that it stands in
     Node *Next() const { return next_; }
@@ -82,7 +89,7 @@ class Node : public HostAtom {
     void SetBits(std::int32_t bits) { bits_ = bits; }
     std::uint32_t Dirty(std::int32_t flags) const;
     void SetDirty(std::int32_t flags);
-    const std::shared_ptr<NodeAnchor> &Anchor() const { return anchor_; }
+    const std::shared_ptr<NodeAnchor> &Anchor() const;  // made when first asked for: most keys never need one
     virtual ModuleObject *Plugin() const { return nullptr; }
 
     // The parameter's value: plug-in, then virtual parameters of the built-in type, then the container, then the
@@ -90,6 +97,9 @@ class Node : public HostAtom {
     bool GetParameter(const TableDescID &id, host::Data *out, std::int32_t flags = 0) const;
     bool SetParameter(const TableDescID &id, const host::Data &data, std::int32_t flags = 0);
     virtual bool SendMessage(std::int32_t type, void *data);  // true when nobody objects
+    // A value from a track: no limits, no plug-in, no message about a set parameter.
+    bool WriteAnimated(const TableDescID &id, const host::Data &data);
+    bool WriteAnimated(const TableDescID &id, double value);
 
     // ---- Tracks: owned, in the order of the description
     const std::vector<Track *> &Tracks() const { return tracks_; }
@@ -102,23 +112,50 @@ class Node : public HostAtom {
     // Parameters that live outside the container (transforms, name, document times). false: not one of them.
     virtual bool GetVirtualParameter(const TableDescID &id, host::Data *out) const;
     virtual bool SetVirtualParameter(const TableDescID &id, const host::Data &data);
+    virtual bool IsVirtualParameter(const TableDescID &id) const;  // true: never written to the container
     virtual Node *CreateSameKind() const = 0;  // a fresh free node of the same type; null when refused
     virtual bool CopyOwnState(Node *copy, std::int32_t flags, HostAliasTrans *translation) const;
+    // The plug-in's say about a parameter; true: it has handled it.
+    virtual bool GetPluginParameter(const TableDescID &id, host::Data *out, std::int32_t flags) const;
+    virtual bool SetPluginParameter(const TableDescID &id, const host::Data &data, std::int32_t flags);
+    virtual bool CanHoldChildren() const { return false; }
+    virtual bool RemoveFromOwner() { return false; }  // of nodes that stand in no list or tree; true: it was removed
+    virtual bool OwnedForGood() const { return false; }
+    virtual void DestroyBranches() {}  // before a copy replaces them
+    // First in every destructor: from here on nobody finds the node any more.
+    void Detach();
+    void DestroyChildren();
+    void DestroyTracks();
+    Node *CloneTree(std::int32_t flags, HostAliasTrans *translation) const;
+    // In a list that its owner keeps itself (tracks, keys).
+    void LinkBetween(Node *previous, Node *next);
+    void Unlink();
+    NodeList *List() const { return list_; }
 
   private:
     friend class Document;
     friend class Object;
     friend class UndoStack;
+    friend class NodeState;
+    friend struct NodeList;
+    friend class Curve;
+    friend class UndoKeep;
+    friend class UndoPlace;
+    friend class UndoBranches;
+    bool CopyState(Node *copy, std::int32_t flags, HostAliasTrans *translation) const;
     std::int32_t type_;
     Node *next_ = nullptr, *previous_ = nullptr, *up_ = nullptr, *first_child_ = nullptr, *last_child_ = nullptr;
     // The list that a top-level node stands in (the document's objects, an object's tags); null for a free node.
-    struct NodeList *list_ = nullptr;
+    NodeList *list_ = nullptr;
     Container data_;
     std::string name_;
     std::int32_t bits_ = 0;
     std::uint32_t dirty_[8] = {};
-    std::shared_ptr<NodeAnchor> anchor_;
+    mutable std::shared_ptr<NodeAnchor> anchor_;
     std::vector<Track *> tracks_;
+    // Undo entries that may put the node back, and whether it is theirs to free once it stands nowhere.
+    std::int32_t undo_keepers_ = 0;
+    bool left_to_undo_ = false;
 };
 
 // A list of top-level nodes and what it belongs to. Owns its nodes.

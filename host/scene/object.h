@@ -41,11 +41,17 @@ class Object : public Node {
     explicit Object(std::int32_t type);
     bool GetVirtualParameter(const TableDescID &id, host::Data *out) const override;
     bool SetVirtualParameter(const TableDescID &id, const host::Data &data) override;
+    bool IsVirtualParameter(const TableDescID &id) const override;
     Node *CreateSameKind() const override;
     bool CopyOwnState(Node *copy, std::int32_t flags, HostAliasTrans *translation) const override;
+    bool CanHoldChildren() const override { return true; }
+    void DestroyBranches() override;
 
   private:
     friend class UndoStack;
+    friend class NodeState;
+    friend class UndoPlace;
+    friend class UndoBranches;
     Transform transform_;
     NodeList tags_;
 };

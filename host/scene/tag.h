@@ -37,6 +37,8 @@ class Tag : public Node {
     bool GetVirtualParameter(const TableDescID &id, host::Data *out) const override;
     Node *CreateSameKind() const override;
     bool CopyOwnState(Node *copy, std::int32_t flags, HostAliasTrans *translation) const override;
+    bool GetPluginParameter(const TableDescID &id, host::Data *out, std::int32_t flags) const override;
+    bool SetPluginParameter(const TableDescID &id, const host::Data &data, std::int32_t flags) override;
 
   private:
     const TagPlugin &registration_;

@@ -40,10 +40,13 @@ class UndoStack {
     std::vector<std::int32_t> LastStepTypes() const;  // the entry kinds of the newest finished step
 
   private:
-    struct Entry;
+    class Entry;
     using Step = std::vector<std::unique_ptr<Entry>>;
+    void Close();
+    void Exchange(Step *step, bool backwards);
     Document *document_;
     int depth_ = 0;
+    bool exchanging_ = false;  // what restoring sets off adds no entries
     std::unique_ptr<Step> open_;
     std::vector<std::unique_ptr<Step>> done_, undone_;
 };

@@ -36,4 +36,8 @@ void SetLink(HostLink *link, HostAtom *target);
 // The goal when it is in `document` and an instance of the type (0: any), else null.
 HostAtom *ResolveLink(const HostLink *link, const HostAtom *document, std::int32_t instance_of);
 HostAtom *ResolveAnywhere(const HostLink *link);
+// When all copies are made: turns the links in the copies' containers to copies that did not exist yet when the link
+// was copied. Links with goals outside the copied group stay (`keep_others`) or are emptied.
+void TurnLinks(const HostAliasTrans &translation, bool keep_others);
+
 }  // namespace host

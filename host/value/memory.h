@@ -5,7 +5,7 @@
 
 namespace host {
 
-// Cleared memory; nullptr when bytes < 0, when the system has none, or when a test refuses (RefuseAllocations).
+// Cleared memory; nullptr when bytes < 0 or when the system has none.
 void *Allocate(std::int64_t bytes);
 void *AllocateUncleared(std::int64_t bytes);
 // Grows or shrinks; `old` may be null. nullptr leaves `old` as it was.

@@ -1,0 +1,99 @@
+#include "bench/scene.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+#include <string>
+
+#include "host/animation/passes.h"
+#include "host/animation/track.h"
+#include "host/value/descid.h"
+
+namespace bench {
+namespace {
+
+constexpr std::int32_t kTagType = 1039736, kInputCamera = 6001;
+constexpr double kDegree = 3.14159265358979323846 / 180.0;
+constexpr int kFps = 30, kLastKey = 1000, kFramesBetweenKeys = 20;
+
+struct Amount {
+    std::int32_t parameter;
+    double value;  // a share, or radians
+};
+constexpr Amount kHandHeld[] = {{6024, 0.005},         {6025, 0.009},         {6026, 0.013},
+                                {6028, 5.4 * kDegree}, {6029, 5.0 * kDegree}, {6030, 24.0 * kDegree}};
+
+[[noreturn]] void Fail(const std::string &why) {
+    std::fprintf(stderr, "tremolux_bench: %s\n", why.c_str());
+    std::exit(1);
+}
+
+// A parameter that swings around `centre` by `swing` in about `period` frames.
+void AnimateComponent(host::Object *object, std::int32_t parameter, std::int32_t component, double centre, double swing,
+                      double period) {
+    std::unique_ptr<host::Track> track = host::Track::Create(object, host::MakeId(parameter, component));
+    if (!track) Fail("a camera parameter cannot be animated");
+    host::Curve *curve = track->GetCurve();
+    for (int frame = 0; frame <= kLastKey; frame += kFramesBetweenKeys)
+        curve->AddKey(host::MakeTime(frame, kFps))->SetValue(centre + swing * std::sin(frame / period));
+    object->InsertTrack(track.release());
+}
+
+// A folder of this run alone: two measurements at the same time keep out of each other's way.
+std::filesystem::path NewTemporaryFolder() {
+    std::random_device random;
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("tremolux-bench-" + std::to_string(random()));
+    std::filesystem::create_directories(folder);
+    return folder;
+}
+
+}  // namespace
+
+Scene::Scene() : folder_(NewTemporaryFolder()) {
+    host::ApplicationSettings settings;
+    settings.application_folder = folder_ / "application";
+    settings.user_folder = folder_ / "user";
+    application_ = std::make_unique<host::Application>(settings);
+    std::string error;
+    module_ = host::LoadedModule::Load(TREMOLUX_MODULE_FILE, &error);
+    if (!module_) Fail(error);
+
+    document_ = application_->NewDocument();
+    document_->SetFps(kFps);
+    document_->SetRange(0, 20000);
+
+    host::Object *input = host::Object::Create(host::kTypeCamera).release();
+    document_->InsertObject(input);
+    AnimateComponent(input, host::kParamRelPosition, host::kVectorX, 0, 100, 90);
+    AnimateComponent(input, host::kParamRelPosition, host::kVectorY, 150, 20, 70);
+    AnimateComponent(input, host::kParamRelPosition, host::kVectorZ, -500, 300, 150);
+    AnimateComponent(input, host::kParamRelRotation, host::kVectorX, 0, 20 * kDegree, 110);
+    AnimateComponent(input, host::kParamRelRotation, host::kVectorY, -5 * kDegree, 5 * kDegree, 80);
+
+    camera_ = host::Object::Create(host::kTypeCamera).release();
+    document_->InsertObject(camera_);
+    tag_ = camera_->MakeTag(kTagType);
+    if (tag_ == nullptr) Fail("the module gives no tag");
+    tag_->Data().Set(kInputCamera, host::Data::LinkTo(input));
+    for (const Amount &amount : kHandHeld) tag_->Data().SetReal(amount.parameter, amount.value);
+    Evaluate(0);
+}
+
+Scene::~Scene() {
+    application_->KillDocument(document_);
+    module_.reset();
+    application_.reset();
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+}
+
+void Scene::Evaluate(std::int64_t frame) {
+    document_->SetFrame(frame);
+    host::ExecutePasses(document_, true, true, true);
+}
+
+host::Vector Scene::CameraPosition() const { return camera_->GlobalMatrix().off; }
+
+}  // namespace bench

@@ -1,0 +1,38 @@
+// The scene that is measured: a moving input camera, and a camera with the module's tag on it.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+
+#include "host/application.h"
+#include "host/scene/document.h"
+#include "host/scene/tag.h"
+#include "host/services/module.h"
+
+namespace bench {
+
+// Hand-held at 30 frames a second; every layer of the position and rotation shake is on. Ends the program with one line
+// when the module cannot be loaded or gives no tag: there is nothing to measure then.
+class Scene {
+  public:
+    Scene();
+    ~Scene();
+    Scene(const Scene &) = delete;
+    Scene &operator=(const Scene &) = delete;
+
+    // Sets the document's time and evaluates tracks and tags, like the time slider.
+    void Evaluate(std::int64_t frame);
+    host::Vector CameraPosition() const;
+    host::Tag &Tag() const { return *tag_; }
+
+  private:
+    std::filesystem::path folder_;
+    std::unique_ptr<host::Application> application_;
+    std::unique_ptr<host::LoadedModule> module_;
+    host::Document *document_ = nullptr;
+    host::Object *camera_ = nullptr;
+    host::Tag *tag_ = nullptr;
+};
+
+}  // namespace bench

@@ -1,0 +1,65 @@
+# The plug-in module: source/ behind platform/include, tied to the host's function table by platform/glue.
+
+# source/ sees the host's programming interface and itself, and no other room: that arrow is held by the include path.
+tremolux_room_sources(sources source)
+set(source_objects "")
+if(sources)
+    add_library(module_source OBJECT ${sources})
+    target_include_directories(module_source PUBLIC "${PROJECT_SOURCE_DIR}/platform/include"
+                                                    "${PROJECT_SOURCE_DIR}/source")
+    tremolux_set_defaults(module_source)
+    set(source_objects $<TARGET_OBJECTS:module_source>)
+else()
+    message(STATUS "source/ is empty: no module")
+endif()
+
+tremolux_room_sources(sources platform/glue)
+if(sources)
+    add_library(module_glue OBJECT ${sources})
+    target_include_directories(module_glue PUBLIC "${PROJECT_SOURCE_DIR}/platform/include" "${PROJECT_SOURCE_DIR}")
+    tremolux_set_defaults(module_glue)
+else()
+    message(STATUS "platform/glue is empty: no module")
+endif()
+
+if(NOT TARGET module_source OR NOT TARGET module_glue)
+    return()
+endif()
+
+# Everything that the module contains; the module itself adds nothing but the export list.
+add_library(module_code INTERFACE)
+target_sources(module_code INTERFACE $<TARGET_OBJECTS:module_source> $<TARGET_OBJECTS:module_glue>)
+target_include_directories(module_code INTERFACE "${PROJECT_SOURCE_DIR}/platform/include"
+                                                 "${PROJECT_SOURCE_DIR}/source" "${PROJECT_SOURCE_DIR}")
+
+set(module_folder "${PROJECT_BINARY_DIR}/plugins/TremoluxCam")
+add_library(TremoluxCam MODULE)
+target_link_libraries(TremoluxCam PRIVATE module_code)
+tremolux_set_defaults(TremoluxCam)
+set_target_properties(TremoluxCam PROPERTIES LINKER_LANGUAGE CXX PREFIX "" LIBRARY_OUTPUT_DIRECTORY "${module_folder}")
+if(WIN32)
+    set_target_properties(TremoluxCam PROPERTIES SUFFIX ".cdl64")
+else()
+    set(export_list "${PROJECT_SOURCE_DIR}/platform/glue/exports.map")
+    set_target_properties(TremoluxCam PROPERTIES SUFFIX ".so" LINK_DEPENDS "${export_list}")
+    target_link_options(TremoluxCam PRIVATE "-Wl,--version-script=${export_list}")
+    # A symbol that is missing here would only be missed when a user's application loads the module. Clang leaves its
+    # sanitizer runtime to the program, so there the check has to stay out.
+    if(NOT (TREMOLUX_SANITIZE AND CMAKE_CXX_COMPILER_ID MATCHES "Clang"))
+        target_link_options(TremoluxCam PRIVATE -Wl,--no-undefined)
+    endif()
+endif()
+
+# The module's folder is complete after each build: what a user copies into the application's plug-in folder.
+file(GLOB_RECURSE resources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/res/*")
+set(resources_stamp "${PROJECT_BINARY_DIR}/module_resources.stamp")
+add_custom_command(
+    OUTPUT "${resources_stamp}"
+    COMMAND "${CMAKE_COMMAND}" -E rm -rf "${module_folder}/res"
+    COMMAND "${CMAKE_COMMAND}" -E copy_directory "${PROJECT_SOURCE_DIR}/res" "${module_folder}/res"
+    COMMAND "${CMAKE_COMMAND}" -E touch "${resources_stamp}"
+    DEPENDS ${resources}
+    COMMENT "Copying the module's resources"
+    VERBATIM)
+add_custom_target(module_resources ALL DEPENDS "${resources_stamp}")
+add_dependencies(TremoluxCam module_resources)

@@ -1,0 +1,7 @@
+# The same numbers from every compiler and on every platform.
+function(tremolux_set_numerics target)
+    # No fused multiply-add: its result differs from a product and a sum. Values cross the border between host and
+    # module through plain structs that alias the classes behind them.
+    target_compile_options(${target} PRIVATE -ffp-contract=off -fno-strict-aliasing)
+    set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+endfunction()

@@ -1,0 +1,25 @@
+# The command-line program: a library, so that tests reach its parts, and a main.
+find_package(CLI11 REQUIRED)
+find_package(nlohmann_json REQUIRED)
+
+tremolux_room_sources(sources tremolux)
+set(program_main "${PROJECT_SOURCE_DIR}/tremolux/main.cpp")
+list(REMOVE_ITEM sources "${program_main}")
+if(NOT sources OR NOT TARGET embedded_host)
+    message(STATUS "tremolux/ or host/ is empty: no program")
+    return()
+endif()
+add_library(tremolux_program STATIC ${sources})
+target_link_libraries(tremolux_program PUBLIC embedded_host CLI11::CLI11 nlohmann_json::nlohmann_json)
+tremolux_set_defaults(tremolux_program)
+
+if(EXISTS "${program_main}")
+    add_executable(tremolux "${program_main}")
+    target_link_libraries(tremolux PRIVATE tremolux_program)
+    tremolux_set_defaults(tremolux)
+    set_target_properties(tremolux PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}")
+    # Loaded at run time, never linked: the module is found in plugins/ beside the program.
+    if(TARGET TremoluxCam)
+        add_dependencies(tremolux TremoluxCam)
+    endif()
+endif()

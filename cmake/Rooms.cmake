@@ -1,0 +1,14 @@
+# A room is a folder whose sources make one target. New files are found without touching any list.
+
+# All .cpp files below `folder`, at any depth.
+function(tremolux_room_sources result folder)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${folder}/*.cpp")
+    set(${result} ${sources} PARENT_SCOPE)
+endfunction()
+
+# What holds for every target of ours.
+function(tremolux_set_defaults target)
+    tremolux_set_numerics(${target})
+    tremolux_set_warnings(${target})
+    tremolux_set_sanitizers(${target})
+endfunction()

@@ -1,0 +1,55 @@
+# One test program per room.
+find_package(GTest REQUIRED)
+find_package(rapidcheck REQUIRED)
+include(GoogleTest)
+
+tremolux_room_sources(support_sources tests/support)
+
+# tests/<room>/*.cpp, linked with the given targets. A room whose targets are missing is left out.
+function(tremolux_add_tests room)
+    tremolux_room_sources(sources tests/${room})
+    if(NOT sources)
+        message(STATUS "tests/${room} is empty: no ${room}_tests")
+        return()
+    endif()
+    foreach(needed IN LISTS ARGN)
+        if(NOT TARGET ${needed})
+            message(STATUS "${needed} is missing: no ${room}_tests")
+            return()
+        endif()
+    endforeach()
+    set(target ${room}_tests)
+    add_executable(${target} ${sources} ${support_sources})
+    target_link_libraries(${target} PRIVATE ${ARGN} GTest::gtest_main rapidcheck)
+    target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
+    target_compile_definitions(
+        ${target}
+        PRIVATE TREMOLUX_MODULE_FILE="${PROJECT_BINARY_DIR}/plugins/TremoluxCam/TremoluxCam${module_suffix}"
+                TREMOLUX_PROGRAM_FILE="${PROJECT_BINARY_DIR}/tremolux${CMAKE_EXECUTABLE_SUFFIX}"
+                TREMOLUX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+    tremolux_set_defaults(${target})
+    foreach(used TremoluxCam tremolux)
+        if(TARGET ${used})
+            add_dependencies(${target} ${used})
+        endif()
+    endforeach()
+    # A fixed seed: the ordinary run is the same everywhere and every time. TREMOLUX_RECORDINGS comes from the caller.
+    gtest_discover_tests(
+        ${target}
+        TEST_PREFIX "${room}."
+        WORKING_DIRECTORY "${PROJECT_BINARY_DIR}"
+        DISCOVERY_MODE PRE_TEST
+        DISCOVERY_TIMEOUT 120
+        PROPERTIES TIMEOUT 600 ENVIRONMENT "RC_PARAMS=seed=20120914;UBSAN_OPTIONS=print_stacktrace=1")
+endfunction()
+
+set(module_suffix ".so")
+if(WIN32)
+    set(module_suffix ".cdl64")
+endif()
+
+tremolux_add_tests(platform module_glue embedded_host)
+tremolux_add_tests(host embedded_host)
+tremolux_add_tests(engine module_code embedded_host)
+tremolux_add_tests(tag embedded_host)
+tremolux_add_tests(program tremolux_program)

@@ -1,0 +1,303 @@
+#include "host/value/container.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/value/descid.h"
+
+namespace host {
+
+namespace {
+
+using Entry = HostContainer::Entry;
+
+HostContainer &BodyOf(Container *container) {
+    if (container->body == nullptr) container->body = new HostContainer;
+    return *container->body;
+}
+
+std::vector<std::unique_ptr<Entry>>::iterator PlaceOf(HostContainer *body, const Entry *entry) {
+    return std::find_if(body->entries.begin(), body->entries.end(), [&](const auto &e) { return e.get() == entry; });
+}
+
+void RebuildIndex(HostContainer *body) {
+    body->first_with_id.clear();
+    for (const auto &entry : body->entries) body->first_with_id.emplace(entry->id, entry.get());
+}
+
+void RemovePlace(HostContainer *body, std::vector<std::unique_ptr<Entry>>::iterator place) {
+    const std::int32_t id = (*place)->id;
+    const auto indexed = body->first_with_id.find(id);
+    const bool was_first = indexed != body->first_with_id.end() && indexed->second == place->get();
+    const auto rest = body->entries.erase(place);
+    ++body->dirty;
+    if (!was_first) return;
+    const auto next = std::find_if(rest, body->entries.end(), [&](const auto &e) { return e->id == id; });
+    if (next == body->entries.end())
+        body->first_with_id.erase(indexed);
+    else
+        indexed->second = next->get();
+}
+
+std::unique_ptr<HostContainer> CopyOf(const HostContainer &source, HostAliasTrans *translation) {
+    auto copy = std::make_unique<HostContainer>();
+    copy->entries.reserve(source.entries.size());
+    copy->first_with_id.reserve(source.entries.size());
+    for (const auto &entry : source.entries) {
+        auto &added = copy->entries.emplace_back(new Entry{entry->id, Data()});
+        CopyData(&added->data, entry->data, translation);
+        copy->first_with_id.emplace(added->id, added.get());
+    }
+    return copy;
+}
+
+Data *AppendOwned(HostContainer *body, std::int32_t id, Data data) {
+    auto entry = std::unique_ptr<Entry>(new Entry{id, std::move(data)});
+    Entry *added = entry.get();
+    body->entries.push_back(std::move(entry));
+    try {
+        body->first_with_id.emplace(id, added);
+    } catch (...) {
+        body->entries.pop_back();
+        throw;
+    }
+    ++body->dirty;
+    return &added->data;
+}
+
+bool IsNumber(const Data *data) {
+    return data != nullptr && (data->type == kDataWhole || data->type == kDataReal || data->type == kDataWhole64);
+}
+
+// The component that an id level names, or null.
+double *Component(Vector *vector, std::int32_t id) {
+    switch (id) {
+        case kVectorX: return &vector->x;
+        case kVectorY: return &vector->y;
+        case kVectorZ: return &vector->z;
+        default: return nullptr;
+    }
+}
+
+}  // namespace
+
+Container::Container() : Container(0) {}
+Container::Container(std::int32_t own_id) : TableContainer{nullptr, own_id, 0} {}
+Container::Container(const Container &other) : Container() { CopyFrom(other, nullptr); }
+Container::Container(Container &&other) noexcept : Container() { std::swap<TableContainer>(*this, other); }
+
+Container &Container::operator=(const Container &other) {
+    CopyFrom(other, nullptr);
+    return *this;
+}
+
+Container &Container::operator=(Container &&other) noexcept {
+    Container taken(std::move(other));
+    const std::uint32_t writes = Dirty();
+    std::swap<TableContainer>(*this, taken);
+    if (body != nullptr) body->dirty += writes + 1;
+    return *this;
+}
+
+Container::~Container() { delete body; }
+
+void Container::CopyFrom(const TableContainer &other, HostAliasTrans *translation) {
+    // The copy is complete before the old entries go: `other` may be one of them.
+    std::unique_ptr<HostContainer> copy =
+        other.body != nullptr ? CopyOf(*other.body, translation) : std::make_unique<HostContainer>();
+    copy->dirty = Dirty() + 1;
+    id = other.id;
+    const std::unique_ptr<HostContainer> old(std::exchange(body, copy.release()));
+}
+
+void Container::Flush() {
+    if (body == nullptr || body->entries.empty()) return;
+    HostContainer old;
+    old.entries.swap(body->entries);
+    body->first_with_id.clear();
+    ++body->dirty;
+}
+
+std::int32_t Container::Count() const {
+    return body == nullptr ? 0 : static_cast<std::int32_t>(body->entries.size());
+}
+
+Data *Container::Find(std::int32_t entry) const {
+    if (body == nullptr) return nullptr;
+    const auto found = body->first_with_id.find(entry);
+    return found == body->first_with_id.end() ? nullptr : &found->second->data;
+}
+
+std::int32_t Container::IndexOf(std::int32_t entry) const {
+    if (Find(entry) == nullptr) return -1;
+    return static_cast<std::int32_t>(PlaceOf(body, body->first_with_id.at(entry)) - body->entries.begin());
+}
+
+std::int32_t Container::IdAt(std::int32_t index) const {
+    return index >= 0 && index < Count() ? body->entries[static_cast<std::size_t>(index)]->id : -1;
+}
+
+Data *Container::DataAt(std::int32_t index) const {
+    return index >= 0 && index < Count() ? &body->entries[static_cast<std::size_t>(index)]->data : nullptr;
+}
+
+Data *Container::Set(std::int32_t entry, const Data &data) {
+    // The copy comes first, for `data` may lie inside the entry that is replaced.
+    Data copy(data);
+    Data *existing = Find(entry);
+    if (existing == nullptr) return AppendOwned(&BodyOf(this), entry, std::move(copy));
+    ++body->dirty;
+    *existing = std::move(copy);
+    return existing;
+}
+
+Data *Container::Append(std::int32_t entry, const Data &data) {
+    Data copy(data);
+    return AppendOwned(&BodyOf(this), entry, std::move(copy));
+}
+
+bool Container::Remove(std::int32_t entry) {
+    if (Find(entry) == nullptr) return false;
+    RemovePlace(body, PlaceOf(body, body->first_with_id.at(entry)));
+    return true;
+}
+
+bool Container::RemoveAt(std::int32_t index) {
+    if (index < 0 || index >= Count()) return false;
+    RemovePlace(body, body->entries.begin() + index);
+    return true;
+}
+
+void Container::Merge(const Container &source) {
+    // A copy, for `source` may lie inside an entry that is replaced.
+    const Container copy(source);
+    for (std::int32_t i = 0; i < copy.Count(); ++i) {
+        Data *existing = Find(copy.IdAt(i));
+        if (existing == nullptr) existing = AppendOwned(&BodyOf(this), copy.IdAt(i), Data());
+        *existing = std::move(*copy.DataAt(i));
+        ++body->dirty;
+    }
+}
+
+void Container::Sort() {
+    if (body == nullptr) return;
+    std::stable_sort(body->entries.begin(), body->entries.end(),
+                     [](const auto &a, const auto &b) { return a->id < b->id; });
+    RebuildIndex(body);
+    ++body->dirty;
+}
+
+std::uint32_t Container::Dirty() const { return body == nullptr ? 0 : body->dirty; }
+
+std::int32_t Container::Whole(std::int32_t entry, std::int32_t preset) const {
+    const Data *data = Find(entry);
+    return IsNumber(data) ? data->Whole() : preset;
+}
+
+double Container::Real(std::int32_t entry, double preset) const {
+    const Data *data = Find(entry);
+    return IsNumber(data) ? data->Real() : preset;
+}
+
+std::string Container::Text(std::int32_t entry) const {
+    const Data *data = Find(entry);
+    return data == nullptr ? std::string() : data->Text();
+}
+
+Vector Container::GetVector(std::int32_t entry) const {
+    const Data *data = Find(entry);
+    return data == nullptr ? Vector{0, 0, 0} : data->GetVector();
+}
+
+Time Container::GetTime(std::int32_t entry) const {
+    const Data *data = Find(entry);
+    return data == nullptr ? Time{0, 1} : data->GetTime();
+}
+
+HostAtom *Container::Link(std::int32_t entry, const HostAtom *document, std::int32_t instance_of) const {
+    const Data *data = Find(entry);
+    return data == nullptr ? nullptr : data->Link(document, instance_of);
+}
+
+void Container::SetReal(std::int32_t entry, double value) {
+    Data *existing = Find(entry);
+    if (existing == nullptr || existing->type != kDataReal) {
+        Set(entry, Data(value));
+        return;
+    }
+    existing->value.real = value;
+    ++body->dirty;
+}
+
+void Container::SetVector(std::int32_t entry, const Vector &value) {
+    Data *existing = Find(entry);
+    if (existing == nullptr || existing->type != kDataVector || existing->value.vector == nullptr) {
+        Set(entry, Data(value));
+        return;
+    }
+    *existing->value.vector = value;
+    ++body->dirty;
+}
+
+bool Container::operator==(const Container &other) const {
+    if (body == other.body) return true;
+    const std::int32_t count = Count();
+    if (count != other.Count()) return false;
+    for (std::int32_t i = 0; i < count; ++i)
+        if (IdAt(i) != other.IdAt(i) || !EqualData(*DataAt(i), *other.DataAt(i))) return false;
+    return true;
+}
+
+bool Container::GetParameter(const TableDescID &id, Data *out) const {
+    const std::int32_t depth = std::min(id.depth, TABLE_DESC_LEVELS);
+    const Container *container = this;
+    for (std::int32_t level = 0; level < depth; ++level) {
+        const Data *data = container->Find(id.level[level].id);
+        if (data == nullptr) return false;
+        if (level + 1 == depth) {
+            *out = *data;
+            return true;
+        }
+        if (data->type == kDataVector && level + 2 == depth) {
+            Vector vector = data->GetVector();
+            const double *component = Component(&vector, id.level[level + 1].id);
+            if (component != nullptr) *out = Data(*component);
+            return component != nullptr;
+        }
+        container = data->GetContainer();
+        if (container == nullptr) return false;
+    }
+    return false;
+}
+
+bool Container::SetParameter(const TableDescID &id, const Data &data) {
+    constexpr std::int32_t kSubContainer = 5, kColor = 3;
+    const std::int32_t depth = std::min(id.depth, TABLE_DESC_LEVELS);
+    const Data copy(data);
+    Container *container = this;
+    for (std::int32_t level = 0; level < depth; ++level) {
+        const TableDescLevel &here = id.level[level];
+        if (level + 1 == depth) {
+            container->Set(here.id, copy);
+            return true;
+        }
+        Data *inner = container->Find(here.id);
+        // What a level without an entry stands for is known from its data type alone.
+        const bool vector = inner != nullptr ? inner->type == kDataVector
+                                             : here.dtype == kDataVector || here.dtype == kColor;
+        if (vector) {
+            Vector changed = inner == nullptr ? Vector{0, 0, 0} : inner->GetVector();
+            double *component = Component(&changed, id.level[level + 1].id);
+            if (component == nullptr || level + 2 != depth || !IsNumber(&copy)) return false;
+            *component = copy.Real();
+            container->SetVector(here.id, changed);
+            return true;
+        }
+        if (inner == nullptr && here.dtype == kSubContainer) inner = container->Set(here.id, Data(Container()));
+        container = inner == nullptr ? nullptr : inner->GetContainer();
+        if (container == nullptr) return false;
+    }
+    return false;
+}
+
+}  // namespace host

@@ -1,0 +1,45 @@
+#include "host/value/descid.h"
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+std::int32_t Depth(const TableDescID &id) { return std::clamp(id.depth, 0, TABLE_DESC_LEVELS); }
+
+bool SameLeadingLevels(const TableDescID &a, const TableDescID &b, std::int32_t count) {
+    return std::equal(a.level, a.level + count, b.level,
+                      [](const TableDescLevel &x, const TableDescLevel &y) { return x.id == y.id; });
+}
+
+}  // namespace
+
+TableDescID MakeId(std::int32_t first) {
+    TableDescID id{};
+    id.depth = 1;
+    id.level[0].id = first;
+    return id;
+}
+
+TableDescID MakeId(std::int32_t first, std::int32_t second) {
+    TableDescID id = MakeId(first);
+    id.depth = 2;
+    id.level[1].id = second;
+    return id;
+}
+
+std::int32_t LevelId(const TableDescID &id, std::int32_t level) {
+    return level >= 0 && level < Depth(id) ? id.level[level].id : 0;
+}
+
+bool SameId(const TableDescID &a, const TableDescID &b) {
+    return Depth(a) == Depth(b) && SameLeadingLevels(a, b, Depth(a));
+}
+
+bool IsPartOf(const TableDescID &id, const TableDescID &whole) {
+    const std::int32_t depth = Depth(id);
+    return depth > 0 && depth <= Depth(whole) && SameLeadingLevels(id, whole, depth);
+}
+
+}  // namespace host

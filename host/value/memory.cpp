@@ -1,0 +1,55 @@
+#include "host/value/memory.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
+
+namespace host {
+
+namespace {
+
+int passes_left = 0, refusals_left = 0;
+
+// A block of no bytes still needs an address of its own, and a size must fit the system's size type.
+bool BlockSize(std::int64_t bytes, std::size_t *size) {
+    if (bytes < 0 || static_cast<std::uint64_t>(bytes) > std::numeric_limits<std::size_t>::max() / 2) return false;
+    *size = bytes == 0 ? 1 : static_cast<std::size_t>(bytes);
+    return true;
+}
+
+}  // namespace
+
+void *Allocate(std::int64_t bytes) {
+    std::size_t size = 0;
+    return BlockSize(bytes, &size) ? std::calloc(1, size) : nullptr;
+}
+
+void *AllocateUncleared(std::int64_t bytes) {
+    std::size_t size = 0;
+    return BlockSize(bytes, &size) ? std::malloc(size) : nullptr;
+}
+
+void *Reallocate(void *old, std::int64_t bytes) {
+    std::size_t size = 0;
+    return BlockSize(bytes, &size) ? std::realloc(old, size) : nullptr;
+}
+
+void Release(void *memory) { std::free(memory); }
+
+void RefuseCustomData(int successes, int refusals) {
+    passes_left = successes;
+    refusals_left = refusals;
+}
+
+bool CustomDataRefused() {
+    if (passes_left > 0) {
+        --passes_left;
+        return false;
+    }
+    if (refusals_left <= 0) return false;
+    --refusals_left;
+    return true;
+}
+
+}  // namespace host

@@ -1,0 +1,237 @@
+#include "c4d_basecontainer.h"
+#include "platform/glue/handles.h"
+#include "platform/glue/numbers.h"
+
+namespace {
+
+const ContainerTable *Table() { return host_table ? host_table->container : NULL; }
+
+// The first entry of that number, or NULL.
+GeData *Find(const BaseContainer *container, LONG id) {
+    const ContainerTable *table = Table();
+    return table ? FromTable(table->find(ToTable(container), id)) : NULL;
+}
+
+// Stores a value without copying it on this side: `value` is only looked at during the call.
+GeData *Store(BaseContainer *container, LONG id, LONG type, const void *value) {
+    const ContainerTable *table = Table();
+    if (!table) return NULL;
+    TableData data;
+    data.type = type;
+    data.value.pointer = const_cast<void *>(value);
+    return FromTable(table->set(ToTable(container), id, &data));
+}
+
+Bool HasType(const GeData *data, LONG type) { return data && data->GetType() == type; }
+
+Bool IsNumber(const GeData *data) {
+    return data && (data->GetType() == DA_LONG || data->GetType() == DA_REAL || data->GetType() == DA_LLONG);
+}
+
+}  // namespace
+
+BaseContainer::BaseContainer(const BaseContainer &other) : BaseContainer(other.id_) {
+    if (other.body_ && Table()) Table()->copy(ToTable(this), ToTable(&other), NULL);
+}
+
+BaseContainer::~BaseContainer() {
+    if (body_ && Table()) Table()->release(ToTable(this));
+}
+
+BaseContainer &BaseContainer::operator=(const BaseContainer &other) {
+    other.CopyTo(this, COPYFLAGS_0, NULL);
+    return *this;
+}
+
+BaseContainer *BaseContainer::GetClone(COPYFLAGS flags, AliasTrans *translation) const {
+    BaseContainer *clone = gNew BaseContainer;
+    if (clone) CopyTo(clone, flags, translation);
+    return clone;
+}
+
+Bool BaseContainer::CopyTo(BaseContainer *destination, COPYFLAGS, AliasTrans *translation) const {
+    if (!destination || !Table()) return FALSE;
+    if (destination == this) return TRUE;
+    Table()->copy(ToTable(destination), ToTable(this), ToHost(translation));
+    destination->id_ = id_;
+    return TRUE;
+}
+
+void BaseContainer::FlushAll() {
+    if (body_ && Table()) Table()->flush(ToTable(this));
+}
+
+ULONG BaseContainer::GetDirty() const { return Table() ? Table()->dirty(ToTable(this)) : 0; }
+
+Bool BaseContainer::RemoveData(LONG id) { return Table() && Table()->remove(ToTable(this), id); }
+
+Bool BaseContainer::RemoveIndex(LONG index) { return Table() && Table()->remove_at(ToTable(this), index); }
+
+LONG BaseContainer::FindIndex(LONG id, GeData **data) const {
+    const LONG index = Table() ? Table()->index_of(ToTable(this), id) : NOTOK;
+    if (data) *data = index == NOTOK ? NULL : GetIndexData(index);
+    return index;
+}
+
+LONG BaseContainer::GetIndexId(LONG index) const { return Table() ? Table()->id_at(ToTable(this), index) : NOTOK; }
+
+GeData *BaseContainer::GetIndexData(LONG index) const {
+    return Table() ? FromTable(Table()->data_at(ToTable(this), index)) : NULL;
+}
+
+const GeData *BaseContainer::GetDataPointer(LONG id) const { return Find(this, id); }
+
+const GeData &BaseContainer::GetData(LONG id) const {
+    static const GeData none;
+    const GeData *data = Find(this, id);
+    return data ? *data : none;
+}
+
+GeData *BaseContainer::SetData(LONG id, const GeData &data) {
+    return Table() ? FromTable(Table()->set(ToTable(this), id, ToTable(&data))) : NULL;
+}
+
+GeData *BaseContainer::InsData(LONG id, const GeData &data) {
+    return Table() ? FromTable(Table()->append(ToTable(this), id, ToTable(&data))) : NULL;
+}
+
+Bool BaseContainer::operator==(const BaseContainer &other) const {
+    return Table() ? Table()->equal(ToTable(this), ToTable(&other)) : body_ == other.body_;
+}
+
+LONG BaseContainer::GetType(LONG id) const { return GetData(id).GetType(); }
+
+void BaseContainer::MergeContainer(const BaseContainer &source) {
+    if (this == &source || !Table()) return;
+    const LONG count = Table()->count(ToTable(&source));
+    for (LONG i = 0; i < count; ++i) {
+        const GeData *data = source.GetIndexData(i);
+        if (data) SetData(source.GetIndexId(i), *data);
+    }
+}
+
+void BaseContainer::Sort() {
+    if (Table()) Table()->sort(ToTable(this));
+}
+
+Bool BaseContainer::GetParameter(const DescID &id, GeData &data) const {
+    return Table() && Table()->get_parameter(ToTable(this), ToTable(&id), ToTable(&data));
+}
+
+Bool BaseContainer::SetParameter(const DescID &id, const GeData &data) {
+    return Table() && Table()->set_parameter(ToTable(this), ToTable(&id), ToTable(&data));
+}
+
+Bool BaseContainer::GetBool(LONG id, Bool preset) const {
+    const GeData *data = Find(this, id);
+    // Not by way of GetLong: half of TRUE is still not FALSE.
+    if (HasType(data, DA_REAL)) return data->GetReal() != 0.0;
+    return IsNumber(data) ? data->GetLLong() != 0 : preset;
+}
+
+LONG BaseContainer::GetLong(LONG id, LONG preset) const {
+    const GeData *data = Find(this, id);
+    return IsNumber(data) ? data->GetLong() : preset;
+}
+
+ULONG BaseContainer::GetULong(LONG id, ULONG preset) const {
+    const GeData *data = Find(this, id);
+    return IsNumber(data) ? static_cast<ULONG>(data->GetLong()) : preset;
+}
+
+LLONG BaseContainer::GetLLong(LONG id, LLONG preset) const {
+    const GeData *data = Find(this, id);
+    return IsNumber(data) ? data->GetLLong() : preset;
+}
+
+Real BaseContainer::GetReal(LONG id, Real preset) const {
+    const GeData *data = Find(this, id);
+    return IsNumber(data) ? data->GetReal() : preset;
+}
+
+void *BaseContainer::GetVoid(LONG id, void *preset) const {
+    const GeData *data = Find(this, id);
+    return HasType(data, DA_VOID) ? data->GetVoid() : preset;
+}
+
+Vector BaseContainer::GetVector(LONG id, const Vector &preset) const {
+    const GeData *data = Find(this, id);
+    return HasType(data, DA_VECTOR) ? data->GetVector() : preset;
+}
+
+Matrix BaseContainer::GetMatrix(LONG id, const Matrix &preset) const {
+    const GeData *data = Find(this, id);
+    return HasType(data, DA_MATRIX) ? data->GetMatrix() : preset;
+}
+
+String BaseContainer::GetString(LONG id, const String &preset) const {
+    const GeData *data = Find(this, id);
+    return HasType(data, DA_STRING) ? data->GetString() : preset;
+}
+
+Filename BaseContainer::GetFilename(LONG id, const Filename &preset) const {
+    const GeData *data = Find(this, id);
+    return HasType(data, DA_FILENAME) ? data->GetFilename() : preset;
+}
+
+BaseTime BaseContainer::GetTime(LONG id, const BaseTime &preset) const {
+    const GeData *data = Find(this, id);
+    return HasType(data, DA_TIME) ? data->GetTime() : preset;
+}
+
+BaseContainer BaseContainer::GetContainer(LONG id) const {
+    const BaseContainer *container = GetContainerInstance(id);
+    return container ? *container : BaseContainer();
+}
+
+BaseContainer *BaseContainer::GetContainerInstance(LONG id) const {
+    const GeData *data = Find(this, id);
+    return data ? data->GetContainer() : NULL;
+}
+
+BaseLink *BaseContainer::GetBaseLink(LONG id) const {
+    const GeData *data = Find(this, id);
+    return data ? data->GetBaseLink() : NULL;
+}
+
+const CustomDataType *BaseContainer::GetCustomDataType(LONG id, LONG type) const {
+    const GeData *data = Find(this, id);
+    return data ? data->GetCustomDataType(type) : NULL;
+}
+
+BaseList2D *BaseContainer::GetLink(LONG id, const BaseDocument *doc, LONG instanceof) const {
+    const BaseLink *link = GetBaseLink(id);
+    return link ? link->GetLink(doc, instanceof) : NULL;
+}
+
+BaseObject *BaseContainer::GetObjectLink(LONG id, const BaseDocument *doc) const {
+    return static_cast<BaseObject *>(GetLink(id, doc, Obase));
+}
+
+void BaseContainer::SetLong(LONG id, LONG value) { SetData(id, GeData(value)); }
+
+void BaseContainer::SetULong(LONG id, ULONG value) { SetData(id, GeData(static_cast<LONG>(value))); }
+
+void BaseContainer::SetLLong(LONG id, LLONG value) { SetData(id, GeData(value, LLONGVALUE)); }
+
+void BaseContainer::SetReal(LONG id, Real value) {
+    if (Table()) Table()->set_real(ToTable(this), id, value);
+}
+
+void BaseContainer::SetVoid(LONG id, void *value) { Store(this, id, DA_VOID, value); }
+
+void BaseContainer::SetVector(LONG id, const Vector &value) {
+    if (Table()) Table()->set_vector(ToTable(this), id, ToTable(&value));
+}
+
+void BaseContainer::SetMatrix(LONG id, const Matrix &value) { Store(this, id, DA_MATRIX, &value); }
+
+void BaseContainer::SetString(LONG id, const String &value) { Store(this, id, DA_STRING, &value); }
+
+void BaseContainer::SetFilename(LONG id, const Filename &value) { Store(this, id, DA_FILENAME, &value); }
+
+void BaseContainer::SetTime(LONG id, const BaseTime &value) { Store(this, id, DA_TIME, &value); }
+
+void BaseContainer::SetContainer(LONG id, const BaseContainer &value) { Store(this, id, DA_CONTAINER, &value); }
+
+void BaseContainer::SetLink(LONG id, C4DAtomGoal *target) { SetData(id, GeData(static_cast<BaseList2D *>(target))); }

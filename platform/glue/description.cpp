@@ -1,0 +1,60 @@
+#include "lib_description.h"
+#include "platform/glue/handles.h"
+
+namespace {
+
+const DescriptionTable *Table() { return host_table->description; }
+
+// What BrowseInit hands out.
+struct Browse {
+    LONG index;
+};
+
+}  // namespace
+
+Description *Description::Alloc() { return FromHost(Table()->create()); }
+
+void Description::Free(Description *&description) {
+    if (description) Table()->release(ToHost(description));
+    description = NULL;
+}
+
+Bool Description::LoadDescription(LONG id) { return Table()->load(ToHost(this), id); }
+
+Bool Description::LoadDescription(const String &id) { return Table()->load_name(ToHost(this), ToTable(&id)); }
+
+const BaseContainer *Description::GetParameter(const DescID &id, BaseContainer &, AtomArray *) const {
+    return FromTable(Table()->find(ToHost(this), ToTable(&id)));
+}
+
+BaseContainer *Description::GetParameterI(const DescID &id, AtomArray *) {
+    return FromTable(Table()->find(ToHost(this), ToTable(&id)));
+}
+
+Bool Description::SetParameter(const DescID &id, const BaseContainer &param, const DescID &groupid) {
+    return Table()->set(ToHost(this), ToTable(&id), ToTable(&param), ToTable(&groupid));
+}
+
+void *Description::BrowseInit() { return gNew Browse; }
+
+Bool Description::GetNext(void *handle, const BaseContainer **bc, DescID &id, DescID &groupid) {
+    Browse *browse = static_cast<Browse *>(handle);
+    if (!browse) return FALSE;
+    const TableContainer *settings = NULL;
+    if (!Table()->entry(ToHost(this), browse->index, &settings, ToTable(&id), ToTable(&groupid))) return FALSE;
+    ++browse->index;
+    if (bc) *bc = FromTable(settings);
+    return TRUE;
+}
+
+void Description::BrowseFree(void *&handle) {
+    Browse *browse = static_cast<Browse *>(handle);
+    gDelete(browse);
+    handle = NULL;
+}
+
+const DescID *Description::GetSingleDescID() { return FromTable(Table()->single_id(ToHost(this))); }
+
+void Description::SetSingleDescriptionMode(const DescID &descid) {
+    Table()->set_single_id(ToHost(this), ToTable(&descid));
+}

@@ -1,0 +1,40 @@
+// Files and folders.
+#include "c4d_file.h"
+#include "platform/glue/handles.h"
+
+namespace {
+
+// GeneralTable::path: the application's folder.
+const LONG kApplication = 0;
+
+}  // namespace
+
+Bool GeFExist(const Filename &name, Bool isdir) { return host_table->file->exists(ToTable(&name), isdir); }
+
+Bool GeFCreateDir(const Filename &name) { return host_table->file->create_folder(ToTable(&name)); }
+
+Bool GeFKill(const Filename &name, LONG flags) { return host_table->file->remove(ToTable(&name), flags); }
+
+Bool GeFCopyFile(const Filename &source, const Filename &destination, LONG flags) {
+    return host_table->file->copy(ToTable(&source), ToTable(&destination), flags);
+}
+
+Bool GeFRename(const Filename &source, const Filename &destination) {
+    return host_table->file->rename(ToTable(&source), ToTable(&destination));
+}
+
+Bool GeExecuteFile(const Filename &name) { return host_table->general->execute_file(ToTable(&name)); }
+
+Bool ShowInFinder(const Filename &name, Bool open) { return host_table->general->show_in_finder(ToTable(&name), open); }
+
+const Filename GeGetPluginPath() { return module_file ? module_file->GetDirectory() : Filename(); }
+
+const Filename GeGetStartupPath() { return GeGetC4DPath(kApplication); }
+
+const Filename GeGetStartupWritePath() { return GeGetC4DPath(C4D_PATH_STARTUPWRITE); }
+
+const Filename GeGetC4DPath(LONG which) {
+    Filename path;
+    host_table->general->path(which, ToTable(&path));
+    return path;
+}

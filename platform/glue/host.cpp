@@ -1,0 +1,4 @@
+#include "platform/glue/host.h"
+
+const HostTable *host_table = NULL;
+Filename *module_file = NULL;

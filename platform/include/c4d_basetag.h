@@ -1,0 +1,20 @@
+#pragma once
+
+#include "c4d_baselist.h"
+
+class BaseTag : public BaseList2D {
+  public:
+    // On no object; NULL for an unknown type, and when the tag's Init failed.
+    static BaseTag *Alloc(LONG type);
+    // Takes it off its object first.
+    static void Free(BaseTag *&tag);
+
+    BaseTag *GetNext() { return static_cast<BaseTag *>(GeListNode::GetNext()); }
+    BaseTag *GetPred() { return static_cast<BaseTag *>(GeListNode::GetPred()); }
+    // NULL when it is on none.
+    BaseObject *GetObject();
+
+  private:
+    BaseTag();
+    ~BaseTag();
+};

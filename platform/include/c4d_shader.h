@@ -1,0 +1,11 @@
+// Noise: smooth, the same on every run, with a lattice of spacing 1.
+#pragma once
+
+#include "ge_vector.h"
+
+// [-1, 1]; `t` is a fourth dimension.
+Real SNoise(const Vector &p);
+Real SNoise(const Vector &p, Real t);
+// [0, 1]
+Real Noise(const Vector &p);
+Real Noise(const Vector &p, Real t);

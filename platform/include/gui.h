@@ -1,0 +1,3 @@
+#pragma once
+
+#include "c4d_gui.h"

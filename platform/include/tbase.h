@@ -1,0 +1,4 @@
+// Parameters of every tag.
+#pragma once
+
+enum { ID_TAGPROPERTIES = 803 };

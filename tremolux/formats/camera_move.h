@@ -1,0 +1,41 @@
+// A camera move: what every format is read into and written from.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "host/value/vector.h"
+
+namespace tremolux {
+
+// One frame of a camera in the scene: left-handed, Y up, looking along +Z.
+struct CameraSample {
+    host::Vector position{0, 0, 0};  // scene units (centimetres)
+    host::Vector angles{0, 0, 0};    // heading, pitch, bank; radians
+    double focal_length = 36;        // millimetres
+    double focus_distance = 2000;    // scene units
+};
+
+struct CameraMove {
+    std::int64_t first_frame = 0;
+    int frames_per_second = 30;         // what the format implies where the file does not say
+    std::vector<CameraSample> samples;  // one for each frame from the first on
+    std::int64_t LastFrame() const { return first_frame + static_cast<std::int64_t>(samples.size()) - 1; }
+};
+
+// Width of the film back, millimetres: the scene's cameras keep the host's default.
+constexpr double kApertureWidth = 36;
+
+// What a file may hold.
+constexpr std::size_t kMaxFrames = 1000000;
+constexpr std::int64_t kMaxFrameNumber = 10000000;  // either side of 0: as far as a run-up to a frame goes
+constexpr double kMaxNumber = 1e12;
+constexpr double kMinFocalLength = 1, kMaxFocalLength = 10000;  // millimetres
+
+constexpr double kRadiansPerDegree = 0.017453292519943295;
+
+// Replaces angles by those of the same rotation that lie closest to the frame before, so that no channel leaps by a
+// turn. The first frame keeps its own.
+void MakeContinuous(std::vector<CameraSample> *samples);
+
+}  // namespace tremolux

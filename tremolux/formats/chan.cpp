@@ -1,0 +1,106 @@
+#include "tremolux/formats/chan.h"
+
+#include <cmath>
+
+#include "tremolux/formats/frame_order.h"
+#include "tremolux/formats/numbers.h"
+#include "tremolux/formats/source_text.h"
+
+namespace tremolux {
+namespace {
+
+constexpr std::size_t kFrame = 0, kPosition = 1, kRotation = 4, kFieldOfView = 7;
+constexpr const char *kNames[] = {"frame", "tx", "ty", "tz", "rx", "ry", "rz", "vfov"};
+constexpr double kHalfTurn = 180;  // degrees: beyond any lens
+
+// Half the height of the film back, millimetres; pixels are square.
+double HalfAperture(const FormatOptions &options) { return kApertureWidth * options.height / options.width / 2; }
+
+double FieldOfView(double focal_length, const FormatOptions &options) {
+    return 2 * std::atan(HalfAperture(options) / focal_length) / kRadiansPerDegree;
+}
+
+double FocalLength(double field_of_view, const FormatOptions &options) {
+    return HalfAperture(options) / std::tan(field_of_view / 2 * kRadiansPerDegree);
+}
+
+std::string ColumnCount(std::size_t count) {
+    std::string list;
+    for (std::size_t i = 0; i < count; ++i) list += (i > 0 ? " " : "") + std::string(kNames[i]);
+    return std::to_string(count) + " columns (" + list + ")";
+}
+
+// The first row says whether there is a field of view.
+void CheckCount(const SourceText &source, const Line &line, const std::vector<Field> &fields, std::size_t *count) {
+    if (*count == 0 && (fields.size() == kFieldOfView || fields.size() == kFieldOfView + 1)) *count = fields.size();
+    if (fields.size() == *count) return;
+    const std::size_t expected = *count == 0 ? kFieldOfView + 1 : *count;
+    const std::size_t column = fields.size() > expected ? fields[expected].column : line.text.size() + 1;
+    source.Refuse(line.number, column, std::to_string(fields.size()) + " columns", ColumnCount(expected));
+}
+
+double ReadFocalLength(const SourceText &source, const Line &line, const Field &field, const FormatOptions &options) {
+    const double degrees = source.Number(line, field, kNames[kFieldOfView], 0, kHalfTurn);
+    const double focal_length = FocalLength(degrees, options);
+    if (degrees > 0 && focal_length >= kMinFocalLength && focal_length <= kMaxFocalLength) return focal_length;
+    source.RefuseField(line, field,
+                       "a vertical field of view from " + FormatNumber(FieldOfView(kMaxFocalLength, options)) + " to " +
+                           FormatNumber(FieldOfView(kMinFocalLength, options)) + " degrees");
+}
+
+CameraSample ReadRow(const SourceText &source, const Line &line, const std::vector<Field> &fields,
+                     const FormatOptions &options) {
+    const auto number = [&](std::size_t column) {
+        return source.Number(line, fields[column], kNames[column], -kMaxNumber, kMaxNumber);
+    };
+    CameraSample sample;
+    sample.position =
+        host::Vector{number(kPosition), number(kPosition + 1), -number(kPosition + 2)} * options.length_unit;
+    sample.angles = host::Vector{number(kRotation + 1), number(kRotation), -number(kRotation + 2)} * kRadiansPerDegree;
+    if (fields.size() > kFieldOfView) {
+        sample.focal_length = ReadFocalLength(source, line, fields[kFieldOfView], options);
+    }
+    return sample;
+}
+
+bool IsComment(const Line &line) {
+    const std::string_view text = Trimmed(line.text);
+    return !text.empty() && text.front() == '#';
+}
+
+}  // namespace
+
+CameraMove ReadChan(const std::string &file, std::string_view bytes, const FormatOptions &options) {
+    const SourceText source(file, bytes);
+    if (source.Lines().empty()) source.Refuse(1, 1, "an empty file", ColumnCount(kFieldOfView + 1));
+    CameraMove move;
+    FrameOrder order(source);
+    std::size_t count = 0;
+    for (const Line &line : source.Lines()) {
+        if (IsComment(line)) continue;
+        const std::vector<Field> fields = BlankFields(line.text);
+        CheckCount(source, line, fields, &count);
+        order.Add(line, fields[kFrame]);
+        move.samples.push_back(ReadRow(source, line, fields, options));
+    }
+    order.Finish(&move);
+    return move;
+}
+
+std::string WriteChan(const CameraMove &move, const FormatOptions &options) {
+    std::string text;
+    std::int64_t frame = move.first_frame;
+    for (const CameraSample &sample : move.samples) {
+        const host::Vector position = sample.position * (1 / options.length_unit);
+        const host::Vector degrees = sample.angles * (1 / kRadiansPerDegree);
+        text += std::to_string(frame++);
+        for (const double value : {position.x, position.y, -position.z, degrees.y, degrees.x, -degrees.z,
+                                   FieldOfView(sample.focal_length, options)}) {
+            text += ' ' + FormatNumber(value);
+        }
+        text += '\n';
+    }
+    return text;
+}
+
+}  // namespace tremolux

@@ -1,0 +1,21 @@
+// Numbers in files: the same on every platform and in every locale.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tremolux {
+
+// The whole text as a finite number, "1.5", "+2", "-3e-4"; nothing else, neither blanks nor "nan" nor "inf".
+std::optional<double> ParseNumber(std::string_view text);
+// The whole text as a whole number without a fraction or an exponent.
+std::optional<std::int64_t> ParseWhole(std::string_view text);
+// 15 significant digits, the most that any decimal number keeps through a double. What is closer to 0 than any camera
+// can show is 0, so that rounding noise does not look like motion.
+std::string FormatNumber(double value);
+// `text` without blanks and tabs on both sides.
+std::string_view Trimmed(std::string_view text);
+
+}  // namespace tremolux

@@ -1,0 +1,19 @@
+// Tracked recordings of hand-held cameras: metres and radians in the camera's own right-handed frame (x right, y up,
+// z backwards), rotations about x, then y, then z, 24 frames a second.
+#pragma once
+
+#include "tremolux/formats/camera_move.h"
+#include "tremolux/formats/csv_header.h"
+#include "tremolux/formats/source_text.h"
+
+namespace tremolux {
+
+extern const CsvColumns kRecordingColumns;  // the frame is the first one
+constexpr int kRecordingFramesPerSecond = 24;
+
+bool IsRecordingHeader(const SourceText &source);
+CameraSample ReadRecordingRow(const CsvRow &row);
+// Angles that were computed from a rotation come as positive ones: a small turn to the left would start at 359 degrees.
+void StartNearZero(CameraSample *first);
+
+}  // namespace tremolux

@@ -1,0 +1,87 @@
+#include "tremolux/formats/source_text.h"
+
+#include <optional>
+
+#include "tremolux/failure.h"
+#include "tremolux/formats/numbers.h"
+
+namespace tremolux {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t kLongestQuote = 40;
+
+}  // namespace
+
+SourceText::SourceText(std::string file, std::string_view bytes) : file_(std::move(file)) {
+    if (bytes.substr(0, kByteOrderMark.size()) == kByteOrderMark) bytes.remove_prefix(kByteOrderMark.size());
+    while (!bytes.empty()) {
+        const std::size_t end = bytes.find('\n');
+        std::string_view line = bytes.substr(0, end);
+        ended_ = end != std::string_view::npos;
+        bytes.remove_prefix(ended_ ? end + 1 : bytes.size());
+        if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+        lines_.push_back({lines_.size() + 1, line});
+    }
+    while (!lines_.empty() && Trimmed(lines_.back().text).empty()) {
+        lines_.pop_back();
+        ended_ = true;
+    }
+}
+
+void SourceText::CheckEnd() const {
+    if (ended_) return;
+    Refuse(lines_.back().number, lines_.back().text.size() + 1, "the end of the file",
+           "a line end (the file may be cut off)");
+}
+
+void SourceText::Refuse(std::size_t line, std::size_t column, const std::string &found,
+                        const std::string &expected) const {
+    throw Failure(kExitInput, file_ + ":" + std::to_string(line) + ":" + std::to_string(column) + ": found " + found +
+                                  ", expected " + expected);
+}
+
+void SourceText::RefuseField(const Line &line, const Field &field, const std::string &expected) const {
+    Refuse(line.number, field.column, Quoted(field.text), expected);
+}
+
+double SourceText::Number(const Line &line, const Field &field, std::string_view name, double minimum,
+                          double maximum) const {
+    const std::optional<double> value = ParseNumber(field.text);
+    if (value && *value >= minimum && *value <= maximum) return *value;
+    RefuseField(line, field,
+                "a number from " + FormatNumber(minimum) + " to " + FormatNumber(maximum) + " for " +
+                    std::string(name));
+}
+
+std::vector<Field> CommaFields(std::string_view line) {
+    std::vector<Field> fields;
+    std::size_t start = 0;
+    while (true) {
+        const std::size_t comma = line.find(',', start);
+        const std::string_view whole = line.substr(start, comma == std::string_view::npos ? comma : comma - start);
+        const std::string_view text = Trimmed(whole);
+        fields.push_back({text, start + static_cast<std::size_t>(text.data() - whole.data()) + 1});
+        if (comma == std::string_view::npos) return fields;
+        start = comma + 1;
+    }
+}
+
+std::vector<Field> BlankFields(std::string_view line) {
+    std::vector<Field> fields;
+    std::size_t start = line.find_first_not_of(" \t");
+    while (start != std::string_view::npos) {
+        const std::size_t end = line.find_first_of(" \t", start);
+        fields.push_back({line.substr(start, end == std::string_view::npos ? end : end - start), start + 1});
+        start = line.find_first_not_of(" \t", end);
+    }
+    return fields;
+}
+
+std::string Quoted(std::string_view text) {
+    std::string quoted = "'";
+    for (const char c : text.substr(0, kLongestQuote)) quoted += c >= ' ' && c <= '~' ? c : '?';
+    return quoted + (text.size() > kLongestQuote ? "...'" : "'");
+}
+
+}  // namespace tremolux

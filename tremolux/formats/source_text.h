@@ -1,0 +1,50 @@
+// The text of an input file as lines and fields that know their place, and how it is refused.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tremolux {
+
+struct Field {
+    std::string_view text;
+    std::size_t column;  // of its first byte, from 1
+};
+
+struct Line {
+    std::size_t number;  // from 1
+    std::string_view text;
+};
+
+class SourceText {
+  public:
+    // `bytes` must live as long as this. A byte order mark and carriage returns at line ends are dropped, and blank
+    // lines at the end.
+    SourceText(std::string file, std::string_view bytes);
+
+    const std::vector<Line> &Lines() const { return lines_; }
+    // Refuses a text whose last line has no line end: it was cut off, perhaps in the middle of a number.
+    void CheckEnd() const;
+    // Throws the Failure "file:line:column: found ..., expected ...".
+    [[noreturn]] void Refuse(std::size_t line, std::size_t column, const std::string &found,
+                             const std::string &expected) const;
+    [[noreturn]] void RefuseField(const Line &line, const Field &field, const std::string &expected) const;
+    // A field as a number of [minimum, maximum]; `name` is that of its column.
+    double Number(const Line &line, const Field &field, std::string_view name, double minimum, double maximum) const;
+
+  private:
+    std::string file_;
+    std::vector<Line> lines_;
+    bool ended_ = true;
+};
+
+// Fields between commas, without the blanks around them; there is always at least one.
+std::vector<Field> CommaFields(std::string_view line);
+// Fields between blanks and tabs.
+std::vector<Field> BlankFields(std::string_view line);
+// In quotes, shortened, with everything that is not printable replaced: safe inside a one-line message.
+std::string Quoted(std::string_view text);
+
+}  // namespace tremolux
