@@ -35,7 +35,7 @@ struct Parameter {
     DataKind kind;
     const char *name;
     std::int32_t group;
-    double preset = 0;     // of every component
+    double preset = 0;      // of every component
     std::int32_t unit = 0;  // 0: the kind's own
     double least = -kNoLimit, most = kNoLimit;
     const char *const *choices = nullptr;  // of a cycle: texts of 0, 1, ...; ends with a null
@@ -45,7 +45,7 @@ constexpr const char *kVisibility[] = {"On", "Off", "Default", nullptr};
 constexpr const char *kUseColor[] = {"Off", "Automatic", "Always", "Layer", nullptr};
 constexpr const char *kOrders[] = {"YXZ (Global)", "YZX (Global)", "ZYX (Global)", "ZXY (Global)",
                                    "XZY (Global)", "XYZ (Global)", "HPB",          nullptr};
-constexpr const char *kProjections[] = {"Perspective", "Parallel",  "Left",      "Right", "Front",
+constexpr const char *kProjections[] = {"Perspective", "Parallel",  "Left",      "Right",    "Front",
                                         "Back",        "Top",       "Bottom",    "Military", "Frog",
                                         "Bird",        "Gentleman", "Isometric", "Dimetric", nullptr};
 
@@ -112,10 +112,14 @@ constexpr Type kDocumentType = {kTypeDocument, "Ddoc"};
 Data ValueOf(const Parameter &parameter, double number) {
     switch (parameter.kind) {
         case kVector:
-        case kColor: return Data(Vector{number, number, number});
-        case kTime: return Data(MakeTime(number, 1));
-        case kReal: return Data(number);
-        default: return Data(static_cast<std::int32_t>(number));
+        case kColor:
+            return Data(Vector{number, number, number});
+        case kTime:
+            return Data(MakeTime(number, 1));
+        case kReal:
+            return Data(number);
+        default:
+            return Data(static_cast<std::int32_t>(number));
     }
 }
 

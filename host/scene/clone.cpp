@@ -5,48 +5,9 @@
 namespace host {
 namespace {
 
-void TurnLink(HostLink *link, const HostAliasTrans &translation) {
-    if (link == nullptr || link->goal == nullptr || link->goal->node == nullptr) return;
-    const auto copy = translation.copies.find(link->goal->node);
-    if (copy != translation.copies.end() && copy->second != nullptr && copy->second->node != nullptr) {
-        link->goal = copy->second;
-    }
-}
-
-void TurnLinks(TableData *data, const HostAliasTrans &translation);
-
-void TurnLinks(const Container &container, const HostAliasTrans &translation) {
-    for (std::int32_t i = 0; i < container.Count(); ++i) TurnLinks(container.DataAt(i), translation);
-}
-
-void TurnLinks(TableData *data, const HostAliasTrans &translation) {
-    if (data == nullptr) return;
-    if (data->type == kDataLink) TurnLink(data->value.link, translation);
-    if (data->type == kDataContainer && data->value.container != nullptr) {
-        TurnLinks(AsContainer(data->value.container), translation);
-    }
-}
-
 // Keys are numerous, and nothing links to them: they are left out of the translation.
 bool CanBeLinked(const Node &node) {
     return node.Classification() != kTypeKey && node.Classification() != kTypeCurve;
-}
-
-void TurnLinksOfTracks(const Node &node, const HostAliasTrans &translation) {
-    for (const Track *track : node.Tracks()) {
-        for (std::int32_t i = 0; i < track->GetCurve()->KeyCount(); ++i) {
-            TurnLinks(&track->GetCurve()->KeyAt(i)->data, translation);
-        }
-    }
-}
-
-// Once more over all copies: a link may have been copied before its goal was.
-void TurnLinksOfCopies(const HostAliasTrans &translation) {
-    for (const auto &[original, copy] : translation.copies) {
-        if (copy == nullptr || copy->node == nullptr) continue;
-        TurnLinks(copy->node->Data(), translation);
-        TurnLinksOfTracks(*copy->node, translation);
-    }
 }
 
 }  // namespace
@@ -78,7 +39,8 @@ Node *Node::Clone(std::int32_t flags, HostAliasTrans *translation) const {
     HostAliasTrans own;
     if (translation == nullptr) translation = &own;
     Node *copy = CloneTree(flags, translation);
-    if (copy != nullptr) TurnLinksOfCopies(*translation);
+    // A link may have been copied before its goal was.
+    if (copy != nullptr) TurnLinks(*translation, true);
     return copy;
 }
 
@@ -93,7 +55,7 @@ bool Node::CopyInto(Node *destination, std::int32_t flags, HostAliasTrans *trans
     if ((flags & kCopyNoHierarchy) == 0) destination->DestroyChildren();
     if (!CopyState(destination, flags, translation)) return false;
     destination->SetDirty(kDirtyData | kDirtyMatrix);
-    TurnLinksOfCopies(*translation);
+    TurnLinks(*translation, true);
     return true;
 }
 

@@ -1,8 +1,5 @@
 #include "host/scene/object.h"
 
-#include <cmath>
-#include <iterator>
-
 #include "host/scene/tag.h"
 
 namespace host {
@@ -48,7 +45,7 @@ constexpr WholeDefault kCameraWholes[] = {{kCameraProjection, 0}, {1007, 1}, {kC
 
 void SetObjectDefaults(Container *data) {
     for (const WholeDefault &entry : kObjectWholes) data->Set(entry.id, Data(entry.value));
-    data->Set(kParamColor, Data(Vector{1, 1, 1}));
+    data->Set(kParamColor, Data(Vector{0.8, 0.8, 0.8}));
 }
 
 void SetCameraDefaults(Container *data) {

@@ -24,6 +24,12 @@ void Flush(TableContainer *container) {
     if (container != nullptr) Guarded([&] { AsContainer(container).Flush(); });
 }
 
+void ReleaseEntry(TableContainer *container) {
+    if (container == nullptr) return;
+    delete container->body;
+    container->body = nullptr;
+}
+
 std::uint32_t Dirty(const TableContainer *container) { return OrEmpty(container).Dirty(); }
 
 std::int32_t Count(const TableContainer *container) { return OrEmpty(container).Count(); }
@@ -76,9 +82,8 @@ std::int32_t Equal(const TableContainer *a, const TableContainer *b) {
 
 std::int32_t GetParameter(const TableContainer *container, const TableDescID *id, TableData *out) {
     if (container == nullptr || id == nullptr || out == nullptr) return 0;
-    return Guarded<std::int32_t>(0, [&] {
-        return AsContainer(container).GetParameter(*id, static_cast<Data *>(out)) ? 1 : 0;
-    });
+    return Guarded<std::int32_t>(
+        0, [&] { return AsContainer(container).GetParameter(*id, static_cast<Data *>(out)) ? 1 : 0; });
 }
 
 std::int32_t SetParameter(TableContainer *container, const TableDescID *id, const TableData *data) {
@@ -89,9 +94,9 @@ std::int32_t SetParameter(TableContainer *container, const TableDescID *id, cons
 }  // namespace
 
 const ContainerTable *ContainerEntries() {
-    static const ContainerTable table = {Copy,      Flush,  Dirty,  Count,    Find, IndexOf, IdAt,         DataAt,
-                                         Set,       SetReal, SetVector, Append, Remove, RemoveAt, Sort,     Equal,
-                                         GetParameter, SetParameter};
+    static const ContainerTable table = {Copy,     Flush,  ReleaseEntry, Dirty,        Count,       Find,   IndexOf,
+                                         IdAt,     DataAt, Set,          SetReal,      SetVector,   Append, Remove,
+                                         RemoveAt, Sort,   Equal,        GetParameter, SetParameter};
     return &table;
 }
 

@@ -95,10 +95,9 @@ void PriorityGet(const HostCustomData *data, std::int32_t value_id, TableData *o
 }  // namespace
 
 const CustomDataTable *CustomDataEntries() {
-    static const CustomDataTable table = {Create,     ReleaseEntry, TypeOf,     DefaultSettingsEntry,
-                                          KnotCount,  Knot,         InsertKnot, DeleteKnot,
-                                          DeleteAll,  Point,        Linear,     PrioritySet,
-                                          PriorityGet};
+    static const CustomDataTable table = {
+        Create,    ReleaseEntry, TypeOf, DefaultSettingsEntry, KnotCount,  Knot, InsertKnot, DeleteKnot,
+        DeleteAll, Point,        Linear, PrioritySet,          PriorityGet};
     return &table;
 }
 

@@ -36,8 +36,7 @@ TableContainer *Find(HostDescription *description, const TableDescID *id) {
 std::int32_t Set(HostDescription *description, const TableDescID *id, const TableContainer *settings,
                  const TableDescID *group) {
     if (description == nullptr || id == nullptr || settings == nullptr || group == nullptr) return 0;
-    return Guarded<std::int32_t>(0,
-                                 [&] { return As(description)->Set(*id, AsContainer(settings), *group) ? 1 : 0; });
+    return Guarded<std::int32_t>(0, [&] { return As(description)->Set(*id, AsContainer(settings), *group) ? 1 : 0; });
 }
 
 std::int32_t Count(const HostDescription *description) {

@@ -44,9 +44,9 @@ void Translate(HostAliasTrans *translation, std::int32_t connect_old_goals) {
 }  // namespace
 
 const LinkTable *LinkEntries() {
-    static const LinkTable table = {Create,  ReleaseLink,       Clone,
-                                    Resolve, ResolveAnywhere,   Set,
-                                    CreateTranslation, ReleaseTranslation, InitTranslation, Translate};
+    static const LinkTable table = {
+        Create,          ReleaseLink, Clone, Resolve, ResolveAnywhere, Set, CreateTranslation, ReleaseTranslation,
+        InitTranslation, Translate};
     return &table;
 }
 

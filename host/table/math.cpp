@@ -9,9 +9,7 @@ namespace host {
 
 namespace {
 
-double Noise3(const TableVector *point) {
-    return point == nullptr ? 0 : SignedNoise(point->x, point->y, point->z);
-}
+double Noise3(const TableVector *point) { return point == nullptr ? 0 : SignedNoise(point->x, point->y, point->z); }
 
 double Noise4(const TableVector *point, double time) {
     return point == nullptr ? 0 : SignedNoise(point->x, point->y, point->z, time);

@@ -1,13 +1,13 @@
 // Handles of the table turned into nodes.
 #pragma once
 
-#include <cmath>
 #include <vector>
 
 #include "host/animation/track.h"
 #include "host/scene/document.h"
 #include "host/scene/object.h"
 #include "host/scene/tag.h"
+#include "host/table/guard.h"
 
 struct HostAtomArray {
     std::vector<HostAtom *> atoms;
@@ -36,25 +36,5 @@ inline Curve *AsCurve(HostAtom *atom) { return AsKind<Curve>(atom, kTypeCurve); 
 inline const Curve *AsCurve(const HostAtom *atom) { return AsCurve(const_cast<HostAtom *>(atom)); }
 inline Key *AsKey(HostAtom *atom) { return AsKind<Key>(atom, kTypeKey); }
 inline const Key *AsKey(const HostAtom *atom) { return AsKey(const_cast<HostAtom *>(atom)); }
-
-// Runs an entry's body; what it throws ends here, as the answer `otherwise`.
-template <typename Answer, typename Body>
-Answer Guarded(Answer otherwise, Body body) noexcept {
-    try {
-        return body();
-    } catch (...) {
-        return otherwise;
-    }
-}
-
-template <typename Body>
-void Guarded(Body body) noexcept {
-    try {
-        body();
-    } catch (...) {
-        // Out of memory: the entry did nothing.
-        return;
-    }
-}
 
 }  // namespace host

@@ -72,10 +72,14 @@ bool IsNumber(const Data *data) {
 // The component that an id level names, or null.
 double *Component(Vector *vector, std::int32_t id) {
     switch (id) {
-        case kVectorX: return &vector->x;
-        case kVectorY: return &vector->y;
-        case kVectorZ: return &vector->z;
-        default: return nullptr;
+        case kVectorX:
+            return &vector->x;
+        case kVectorY:
+            return &vector->y;
+        case kVectorZ:
+            return &vector->z;
+        default:
+            return nullptr;
     }
 }
 
@@ -93,9 +97,13 @@ Container &Container::operator=(const Container &other) {
 
 Container &Container::operator=(Container &&other) noexcept {
     Container taken(std::move(other));
-    const std::uint32_t writes = Dirty();
-    std::swap<TableContainer>(*this, taken);
-    if (body != nullptr) body->dirty += writes + 1;
+    if (taken.body == nullptr) {
+        id = taken.id;
+        Flush();
+    } else {
+        taken.body->dirty += Dirty() + 1;
+        std::swap<TableContainer>(*this, taken);
+    }
     return *this;
 }
 
@@ -111,16 +119,14 @@ void Container::CopyFrom(const TableContainer &other, HostAliasTrans *translatio
 }
 
 void Container::Flush() {
-    if (body == nullptr || body->entries.empty()) return;
+    if (body == nullptr) return;
     HostContainer old;
     old.entries.swap(body->entries);
     body->first_with_id.clear();
     ++body->dirty;
 }
 
-std::int32_t Container::Count() const {
-    return body == nullptr ? 0 : static_cast<std::int32_t>(body->entries.size());
-}
+std::int32_t Container::Count() const { return body == nullptr ? 0 : static_cast<std::int32_t>(body->entries.size()); }
 
 Data *Container::Find(std::int32_t entry) const {
     if (body == nullptr) return nullptr;
@@ -283,8 +289,8 @@ bool Container::SetParameter(const TableDescID &id, const Data &data) {
         }
         Data *inner = container->Find(here.id);
         // What a level without an entry stands for is known from its data type alone.
-        const bool vector = inner != nullptr ? inner->type == kDataVector
-                                             : here.dtype == kDataVector || here.dtype == kColor;
+        const bool vector =
+            inner != nullptr ? inner->type == kDataVector : here.dtype == kDataVector || here.dtype == kColor;
         if (vector) {
             Vector changed = inner == nullptr ? Vector{0, 0, 0} : inner->GetVector();
             double *component = Component(&changed, id.level[level + 1].id);

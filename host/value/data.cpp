@@ -99,7 +99,8 @@ void CopyData(TableData *destination, const TableData &source, HostAliasTrans *t
         case kDataVoid:
         case kDataWhole:
         case kDataReal:
-        case kDataWhole64: break;
+        case kDataWhole64:
+            break;
         case kDataTime:
             if (source.value.time == nullptr) return;
             copy.value.time = NewPayload(*source.value.time);
@@ -131,7 +132,9 @@ void CopyData(TableData *destination, const TableData &source, HostAliasTrans *t
             copy.value.container = box.release();
             break;
         }
-        case kDataLink: copy.value.link = CloneLink(source.value.link, translation); break;
+        case kDataLink:
+            copy.value.link = CloneLink(source.value.link, translation);
+            break;
         default:
             // A type that the host does not know cannot be owned: it arrives empty.
             if (!IsCustom(source.type) || source.value.custom == nullptr) return;
@@ -149,14 +152,25 @@ void ReleaseData(TableData *data) {
         case kDataVoid:
         case kDataWhole:
         case kDataReal:
-        case kDataWhole64: break;
+        case kDataWhole64:
+            break;
         case kDataTime:
         case kDataVector:
-        case kDataMatrix: Release(old.value.pointer); break;
-        case kDataString: StringBox(old.value.string).reset(); break;
-        case kDataFilename: FilenameBox(old.value.filename).reset(); break;
-        case kDataContainer: ContainerBox(old.value.container).reset(); break;
-        case kDataLink: ReleaseLink(old.value.link); break;
+        case kDataMatrix:
+            Release(old.value.pointer);
+            break;
+        case kDataString:
+            StringBox(old.value.string).reset();
+            break;
+        case kDataFilename:
+            FilenameBox(old.value.filename).reset();
+            break;
+        case kDataContainer:
+            ContainerBox(old.value.container).reset();
+            break;
+        case kDataLink:
+            ReleaseLink(old.value.link);
+            break;
         default:
             if (IsCustom(old.type)) delete old.value.custom;
             break;
@@ -166,23 +180,30 @@ void ReleaseData(TableData *data) {
 bool EqualData(const TableData &a, const TableData &b) {
     if (a.type != b.type) return false;
     switch (a.type) {
-        case kDataNil: return true;
-        case kDataVoid: return a.value.pointer == b.value.pointer;
-        case kDataWhole: return a.value.whole == b.value.whole;
-        case kDataWhole64: return a.value.whole64 == b.value.whole64;
-        case kDataReal: return SameNumber(a.value.real, b.value.real);
-        case kDataTime: return SamePayload(a.value.time, b.value.time, SameTime);
-        case kDataVector: return SamePayload(a.value.vector, b.value.vector, SameVector);
-        case kDataMatrix: return SamePayload(a.value.matrix, b.value.matrix, SameMatrix);
-        case kDataString: return SamePayload(a.value.string, b.value.string, SameText);
+        case kDataNil:
+            return true;
+        case kDataVoid:
+            return a.value.pointer == b.value.pointer;
+        case kDataWhole:
+            return a.value.whole == b.value.whole;
+        case kDataWhole64:
+            return a.value.whole64 == b.value.whole64;
+        case kDataReal:
+            return SameNumber(a.value.real, b.value.real);
+        case kDataTime:
+            return SamePayload(a.value.time, b.value.time, SameTime);
+        case kDataVector:
+            return SamePayload(a.value.vector, b.value.vector, SameVector);
+        case kDataMatrix:
+            return SamePayload(a.value.matrix, b.value.matrix, SameMatrix);
+        case kDataString:
+            return SamePayload(a.value.string, b.value.string, SameText);
         case kDataFilename:
-            return SamePayload(a.value.filename, b.value.filename, [](const TableFilename &x, const TableFilename &y) {
-                return SameText(x.path, y.path);
-            });
+            return SamePayload(a.value.filename, b.value.filename,
+                               [](const TableFilename &x, const TableFilename &y) { return SameText(x.path, y.path); });
         case kDataContainer:
-            return SamePayload(a.value.container, b.value.container, [](const auto &x, const auto &y) {
-                return AsContainer(&x) == AsContainer(&y);
-            });
+            return SamePayload(a.value.container, b.value.container,
+                               [](const auto &x, const auto &y) { return AsContainer(&x) == AsContainer(&y); });
         case kDataLink:
             return SamePayload(a.value.link, b.value.link,
                                [](const HostLink &x, const HostLink &y) { return x.goal == y.goal; });
@@ -201,14 +222,30 @@ bool SetDefaultData(TableData *data, std::int32_t type) {
         case kDataVoid:
         case kDataWhole:
         case kDataReal:
-        case kDataWhole64: value.value.whole64 = 0; break;
-        case kDataTime: value.value.time = NewPayload(Time{0, 1}); break;
-        case kDataVector: value.value.vector = NewPayload(Vector{0, 0, 0}); break;
-        case kDataMatrix: value.value.matrix = NewPayload(kIdentity); break;
-        case kDataString: value.value.string = NewString().release(); break;
-        case kDataFilename: value.value.filename = NewFilename().release(); break;
-        case kDataContainer: value.value.container = NewContainer().release(); break;
-        case kDataLink: value.value.link = CreateLink(); break;
+        case kDataWhole64:
+            value.value.whole64 = 0;
+            break;
+        case kDataTime:
+            value.value.time = NewPayload(Time{0, 1});
+            break;
+        case kDataVector:
+            value.value.vector = NewPayload(Vector{0, 0, 0});
+            break;
+        case kDataMatrix:
+            value.value.matrix = NewPayload(kIdentity);
+            break;
+        case kDataString:
+            value.value.string = NewString().release();
+            break;
+        case kDataFilename:
+            value.value.filename = NewFilename().release();
+            break;
+        case kDataContainer:
+            value.value.container = NewContainer().release();
+            break;
+        case kDataLink:
+            value.value.link = CreateLink();
+            break;
         default:
             value.value.custom = CreateCustomData(type);
             if (value.value.custom == nullptr) return false;
@@ -221,19 +258,27 @@ bool SetDefaultData(TableData *data, std::int32_t type) {
 
 std::int32_t WholeOf(const TableData &data) {
     switch (data.type) {
-        case kDataWhole: return data.value.whole;
-        case kDataWhole64: return TruncatedWhole(static_cast<double>(data.value.whole64));
-        case kDataReal: return TruncatedWhole(data.value.real);
-        default: return 0;
+        case kDataWhole:
+            return data.value.whole;
+        case kDataWhole64:
+            return TruncatedWhole(static_cast<double>(data.value.whole64));
+        case kDataReal:
+            return TruncatedWhole(data.value.real);
+        default:
+            return 0;
     }
 }
 
 double RealOf(const TableData &data) {
     switch (data.type) {
-        case kDataWhole: return data.value.whole;
-        case kDataWhole64: return static_cast<double>(data.value.whole64);
-        case kDataReal: return data.value.real;
-        default: return 0;
+        case kDataWhole:
+            return data.value.whole;
+        case kDataWhole64:
+            return static_cast<double>(data.value.whole64);
+        case kDataReal:
+            return data.value.real;
+        default:
+            return 0;
     }
 }
 

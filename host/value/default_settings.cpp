@@ -17,21 +17,21 @@ struct Preset {
 };
 
 constexpr Preset kPresets[] = {
-    {19, 19, Animation::kOn, Default::kReal, kUnitReal},                        // real
-    {15, 15, Animation::kOn, Default::kWhole, kUnitWhole},                      // whole number
-    {400006001, 400006001, Animation::kOn, Default::kWhole, kNoUnit},           // Bool
-    {22, 22, Animation::kOn, Default::kTime, kNoUnit},                          // time
-    {23, 23, Animation::kOn, Default::kNone, kNoUnit},                          // vector
-    {3, 1000492, Animation::kOn, Default::kNone, kNoUnit},                      // colour
-    {130, 130, Animation::kUnsaid, Default::kNone, kNoUnit},                    // text
-    {131, 131, Animation::kUnsaid, Default::kNone, kNoUnit},                    // file name
-    {133, 1009415, Animation::kUnsaid, Default::kNone, kNoUnit},                // link
-    {8, 8, Animation::kOff, Default::kNone, kNoUnit},                           // button
-    {11, 11, Animation::kOff, Default::kNone, kNoUnit},                         // separator
-    {12, 12, Animation::kOff, Default::kNone, kNoUnit},                         // static text
-    {13, 13, Animation::kOff, Default::kNone, kNoUnit},                         // popup
-    {kDataSpline, 1009059, Animation::kUnsaid, Default::kNone, kNoUnit},        // spline
-    {kDataPriority, 1009364, Animation::kUnsaid, Default::kNone, kNoUnit},      // priority
+    {19, 19, Animation::kOn, Default::kReal, kUnitReal},                    // real
+    {15, 15, Animation::kOn, Default::kWhole, kUnitWhole},                  // whole number
+    {400006001, 400006001, Animation::kOn, Default::kWhole, kNoUnit},       // Bool
+    {22, 22, Animation::kOn, Default::kTime, kNoUnit},                      // time
+    {23, 23, Animation::kOn, Default::kNone, kNoUnit},                      // vector
+    {3, 1000492, Animation::kOn, Default::kNone, kNoUnit},                  // colour
+    {130, 130, Animation::kUnsaid, Default::kNone, kNoUnit},                // text
+    {131, 131, Animation::kUnsaid, Default::kNone, kNoUnit},                // file name
+    {133, 1009415, Animation::kUnsaid, Default::kNone, kNoUnit},            // link
+    {8, 8, Animation::kOff, Default::kNone, kNoUnit},                       // button
+    {11, 11, Animation::kOff, Default::kNone, kNoUnit},                     // separator
+    {12, 12, Animation::kOff, Default::kNone, kNoUnit},                     // static text
+    {13, 13, Animation::kOff, Default::kNone, kNoUnit},                     // popup
+    {kDataSpline, 1009059, Animation::kUnsaid, Default::kNone, kNoUnit},    // spline
+    {kDataPriority, 1009364, Animation::kUnsaid, Default::kNone, kNoUnit},  // priority
 };
 constexpr std::int32_t kGroup = 1;
 

@@ -6,7 +6,7 @@ namespace host {
 
 namespace {
 
-constexpr std::int32_t kLastMode = 4;       // 0 initial, 1 animation, 2 expression, 3 dynamics, 4 generators
+constexpr std::int32_t kLastMode = 4;        // 0 initial, 1 animation, 2 expression, 3 dynamics, 4 generators
 constexpr std::int32_t kMostPriority = 499;  // stages lie 1000 apart and must not overlap
 
 }  // namespace
@@ -25,9 +25,14 @@ bool Priority::Set(std::int32_t value_id, const TableData &value) {
             if (number < 0 || number > kLastMode) return false;
             values_[kMode] = number;
             return true;
-        case kPriority: values_[kPriority] = std::clamp(number, -kMostPriority, kMostPriority); return true;
-        case kCameraDependent: values_[kCameraDependent] = number != 0 ? 1 : 0; return true;
-        default: return false;
+        case kPriority:
+            values_[kPriority] = std::clamp(number, -kMostPriority, kMostPriority);
+            return true;
+        case kCameraDependent:
+            values_[kCameraDependent] = number != 0 ? 1 : 0;
+            return true;
+        default:
+            return false;
     }
 }
 

@@ -84,7 +84,8 @@ std::int32_t Spline::Insert(double x, double y, std::int32_t flags) {
     knot.position = {x, y, 0};
     knot.flags = flags;
     const auto place = std::find_if(knots.begin(), knots.end(), [&](const auto &k) { return k.position.x > x; });
-    return static_cast<std::int32_t>(knots.insert(place, knot) - knots.begin());
+    const auto inserted = knots.insert(place, knot);  // moves the other knots, and so their beginning
+    return static_cast<std::int32_t>(inserted - knots.begin());
 }
 
 bool Spline::Delete(std::int32_t index) {

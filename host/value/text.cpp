@@ -125,7 +125,8 @@ void Assign(TableString *text, std::string_view utf8) {
 
 void Assign(TableString *destination, const TableString &source) {
     if (destination == &source) return;
-    const std::size_t length = source.text == nullptr || source.length < 0 ? 0 : static_cast<std::size_t>(source.length);
+    const std::size_t length =
+        source.text == nullptr || source.length < 0 ? 0 : static_cast<std::size_t>(source.length);
     TakeOver(destination, CopyUnits(source.text, length), length);
 }
 

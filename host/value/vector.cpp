@@ -53,9 +53,7 @@ Matrix Inverse(const Matrix &m) {
     return inverse;
 }
 
-Matrix WithNormalizedAxes(const Matrix &m) {
-    return {m.off, Normalized(m.v1), Normalized(m.v2), Normalized(m.v3)};
-}
+Matrix WithNormalizedAxes(const Matrix &m) { return {m.off, Normalized(m.v1), Normalized(m.v2), Normalized(m.v3)}; }
 
 bool IsFinite(const Matrix &m) { return IsFinite(m.off) && IsFinite(m.v1) && IsFinite(m.v2) && IsFinite(m.v3); }
 

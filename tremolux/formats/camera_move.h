@@ -8,6 +8,10 @@
 
 namespace tremolux {
 
+// The scene's vectors are plain structs: their operators are found here.
+using host::operator*;
+using host::operator-;
+
 // One frame of a camera in the scene: left-handed, Y up, looking along +Z.
 struct CameraSample {
     host::Vector position{0, 0, 0};  // scene units (centimetres)

@@ -36,7 +36,7 @@ void CheckCount(const SourceText &source, const Line &line, const std::vector<Fi
     if (fields.size() == *count) return;
     const std::size_t expected = *count == 0 ? kFieldOfView + 1 : *count;
     const std::size_t column = fields.size() > expected ? fields[expected].column : line.text.size() + 1;
-    source.Refuse(line.number, column, std::to_string(fields.size()) + " columns", ColumnCount(expected));
+    source.Refuse(line.number, column, CountText(line, fields.size()), ColumnCount(expected));
 }
 
 double ReadFocalLength(const SourceText &source, const Line &line, const Field &field, const FormatOptions &options) {

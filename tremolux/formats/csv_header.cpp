@@ -51,8 +51,8 @@ CsvRow::CsvRow(const CsvHeader &header, const Line &line)
     if (fields_.size() == header.fields_) return;
     const std::size_t column =
         fields_.size() > header.fields_ ? fields_[header.fields_].column : line.text.size() + 1;
-    header.source_.Refuse(line.number, column, std::to_string(fields_.size()) + " columns",
-                          std::to_string(header.fields_) + " as in the header line");
+    header.source_.Refuse(line.number, column, CountText(line, fields_.size()),
+                          std::to_string(header.fields_) + " columns as in the header line");
 }
 
 bool CsvRow::Has(std::size_t column) const { return header_.field_of_column_[column] != kAbsent; }

@@ -14,8 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// No move of the greatest length comes near it; larger files are something else.
-constexpr std::uintmax_t kMaxFileBytes = std::uintmax_t{1} << 30;
+// A move of the greatest length, every number in full, stays below; larger files are something else.
+constexpr std::uintmax_t kMaxFileBytes = std::uintmax_t{1} << 28;
 
 std::string LowerCase(std::string text) {
     for (char &c : text) {

@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kLongestQuote = 40;
+constexpr std::size_t kMaxLines = 4000000;  // a file of nothing but line ends must not fill the memory
 
 }  // namespace
 
@@ -22,6 +23,9 @@ SourceText::SourceText(std::string file, std::string_view bytes) : file_(std::mo
         bytes.remove_prefix(ended_ ? end + 1 : bytes.size());
         if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
         lines_.push_back({lines_.size() + 1, line});
+        if (lines_.size() > kMaxLines) {
+            Refuse(lines_.size(), 1, "another line", "the end of the file (at most " + std::to_string(kMaxLines) + " lines)");
+        }
     }
     while (!lines_.empty() && Trimmed(lines_.back().text).empty()) {
         lines_.pop_back();
@@ -76,6 +80,11 @@ std::vector<Field> BlankFields(std::string_view line) {
         start = line.find_first_not_of(" \t", end);
     }
     return fields;
+}
+
+std::string CountText(const Line &line, std::size_t fields) {
+    if (Trimmed(line.text).empty()) return "an empty line";
+    return fields == 1 ? "1 column" : std::to_string(fields) + " columns";
 }
 
 std::string Quoted(std::string_view text) {

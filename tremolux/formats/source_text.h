@@ -44,6 +44,8 @@ class SourceText {
 std::vector<Field> CommaFields(std::string_view line);
 // Fields between blanks and tabs.
 std::vector<Field> BlankFields(std::string_view line);
+// "3 columns"; "an empty line" for a line without any text.
+std::string CountText(const Line &line, std::size_t fields);
 // In quotes, shortened, with everything that is not printable replaced: safe inside a one-line message.
 std::string Quoted(std::string_view text);
 

@@ -1,0 +1,573 @@
+#include "host/files/hyperfile.h"
+
+#include <cmath>
+#include <cstring>
+
+#include "host/files/safe_write.h"
+#include "host/value/custom.h"
+#include "host/value/link.h"
+#include "host/value/text.h"
+
+namespace host {
+
+namespace {
+
+constexpr char kMagic[] = {'T', 'X', 'H', 'F', 0, 0, 0, 1};
+constexpr std::size_t kMagicSize = sizeof(kMagic);
+// Deeper than anyone nests, shallow enough for every stack.
+constexpr int kDeepestNesting = 64;
+
+enum ValueType : std::int32_t {
+    kStart = 1,
+    kStop = 2,
+    kChar = 11,
+    kWhole = 15,
+    kWholeUnsigned = 16,
+    kWhole64 = 17,
+    kReal = 19,
+    kLongReal = 20,
+    kBool = 21,
+    kTime = 22,
+    kVector = 23,
+    kLongVector = 24,
+    kMatrix = 25,
+    kLongMatrix = 26,
+    kShortReal = 29,
+    kText = 130,
+    kFilename = 131,
+    kContainer = 132,
+    kLink = 138,
+    kMemory = 139,
+    kAnyData = 200
+};
+
+bool IsWhole(std::int32_t type) { return (type >= kChar && type <= kWholeUnsigned) || type == kBool; }
+
+// ---- Big-endian bytes
+
+template <typename Number>
+void Put(std::string *bytes, Number number) {
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &number, sizeof(number));  // little-endian machines only: both that we build for
+    for (std::size_t i = sizeof(number); i-- > 0;) bytes->push_back(static_cast<char>(bits >> (8 * i) & 0xFF));
+}
+
+// Reads within bounds; once something was cut off, everything after it is.
+class Source {
+  public:
+    Source(const std::string &bytes, std::size_t *position) : bytes_(bytes), position_(*position) {}
+    std::size_t Left() const { return bytes_.size() - position_; }
+
+    template <typename Number>
+    bool Get(Number *number) {
+        if (Left() < sizeof(Number)) return false;
+        std::uint64_t bits = 0;
+        for (std::size_t i = 0; i < sizeof(Number); ++i)
+            bits = bits << 8 | static_cast<unsigned char>(bytes_[position_++]);
+        std::memcpy(number, &bits, sizeof(Number));
+        return true;
+    }
+
+    bool Get(std::string *text) {
+        std::uint32_t size = 0;
+        if (!Get(&size) || size > Left()) return false;
+        text->assign(bytes_, position_, size);
+        position_ += size;
+        return true;
+    }
+
+  private:
+    const std::string &bytes_;
+    std::size_t &position_;
+};
+
+void Put(std::string *bytes, const std::string &text) {
+    Put(bytes, static_cast<std::uint32_t>(text.size()));
+    bytes->append(text);
+}
+
+void Put(std::string *bytes, const Vector &v) {
+    Put(bytes, v.x);
+    Put(bytes, v.y);
+    Put(bytes, v.z);
+}
+
+bool Get(Source *source, Vector *v) { return source->Get(&v->x) && source->Get(&v->y) && source->Get(&v->z); }
+
+void Put(std::string *bytes, const Matrix &m) {
+    for (const Vector *v : {&m.off, &m.v1, &m.v2, &m.v3}) Put(bytes, *v);
+}
+
+bool Get(Source *source, Matrix *m) {
+    return Get(source, &m->off) && Get(source, &m->v1) && Get(source, &m->v2) && Get(source, &m->v3);
+}
+
+// ---- Values with their type
+
+class Writer {
+  public:
+    Writer(std::string *bytes, HyperFile::LinkNumbers *links) : bytes_(bytes), links_(links) {}
+
+    bool Write(const TableData &data, int depth) {
+        if (depth > kDeepestNesting) return false;
+        Put(bytes_, data.type);
+        switch (data.type) {
+            case kDataNil:
+            case kDataVoid:  // an address means nothing in another run
+                return true;
+            case kDataWhole:
+                Put(bytes_, data.value.whole);
+                return true;
+            case kDataWhole64:
+                Put(bytes_, data.value.whole64);
+                return true;
+            case kDataReal:
+                Put(bytes_, data.value.real);
+                return true;
+            case kDataVector:
+                Put(bytes_, *data.value.vector);
+                return true;
+            case kDataMatrix:
+                Put(bytes_, *data.value.matrix);
+                return true;
+            case kDataTime:
+                Put(bytes_, data.value.time->numerator);
+                Put(bytes_, data.value.time->denominator);
+                return true;
+            case kDataString:
+                Put(bytes_, ToUtf8(data.value.string));
+                return true;
+            case kDataFilename:
+                Put(bytes_, ToUtf8(&data.value.filename->path));
+                return true;
+            case kDataContainer:
+                return Write(AsContainer(data.value.container), depth + 1);
+            case kDataLink:
+                Put(bytes_, NumberOf(data.value.link));
+                return true;
+            default:
+                return WriteCustom(data.value.custom);
+        }
+    }
+
+    bool Write(const Container &container, int depth) {
+        if (depth > kDeepestNesting) return false;
+        Put(bytes_, container.id);
+        Put(bytes_, container.Count());
+        for (std::int32_t i = 0; i < container.Count(); ++i) {
+            Put(bytes_, container.IdAt(i));
+            if (!Write(*container.DataAt(i), depth)) return false;
+        }
+        return true;
+    }
+
+  private:
+    std::int32_t NumberOf(const HostLink *link) const {
+        HostAtom *goal = ResolveAnywhere(link);
+        return goal == nullptr || links_ == nullptr ? -1 : links_->NumberOf(goal);
+    }
+
+    bool WriteCustom(const HostCustomData *custom) {
+        if (custom == nullptr) return false;
+        if (custom->Type() == kDataSpline) {
+            const auto &spline = static_cast<const Spline &>(*custom);
+            Put(bytes_, static_cast<std::uint32_t>(spline.knots.size()));
+            for (const TableSplineKnot &knot : spline.knots) {
+                for (const Vector *v : {&knot.position, &knot.tangent_left, &knot.tangent_right}) Put(bytes_, *v);
+                Put(bytes_, knot.flags);
+                Put(bytes_, knot.selected);
+                Put(bytes_, knot.interpolation);
+            }
+            return true;
+        }
+        if (custom->Type() != kDataPriority) return false;
+        const auto &priority = static_cast<const Priority &>(*custom);
+        for (std::int32_t value : {Priority::kMode, Priority::kPriority, Priority::kCameraDependent})
+            Put(bytes_, priority.Get(value));
+        return true;
+    }
+
+    std::string *bytes_;
+    HyperFile::LinkNumbers *links_;
+};
+
+class Reader {
+  public:
+    Reader(Source source, HyperFile::LinkNumbers *links) : source_(source), links_(links) {}
+
+    bool Read(Data *data, int depth) {
+        std::int32_t type = 0;
+        if (depth > kDeepestNesting || !source_.Get(&type)) return false;
+        switch (type) {
+            case kDataNil:
+            case kDataVoid:
+                *data = Data();
+                return true;
+            case kDataWhole:
+                return ReadAs<std::int32_t>(data);
+            case kDataWhole64: {
+                *data = Data::OfType(kDataWhole64);
+                return source_.Get(&data->value.whole64);
+            }
+            case kDataReal:
+                return ReadAs<double>(data);
+            case kDataVector:
+                return ReadPlain<Vector>(data);
+            case kDataMatrix:
+                return ReadPlain<Matrix>(data);
+            case kDataTime: {
+                Time time{};
+                if (!source_.Get(&time.numerator) || !source_.Get(&time.denominator)) return false;
+                *data = Data(time);
+                return true;
+            }
+            case kDataString:
+            case kDataFilename: {
+                std::string text;
+                if (!source_.Get(&text)) return false;
+                *data = type == kDataString ? Data(text) : Data::Filename(text);
+                return true;
+            }
+            case kDataContainer:
+                // Read in place: a copy would leave the links that wait to be connected behind.
+                *data = Data::OfType(kDataContainer);
+                return Read(data->GetContainer(), depth + 1);
+            case kDataLink: {
+                std::int32_t number = -1;
+                if (!source_.Get(&number)) return false;
+                *data = Data::LinkTo(nullptr);
+                if (links_ != nullptr && number >= 0) links_->Connect(data->value.link, number);
+                return true;
+            }
+            default:
+                return ReadCustom(type, data);
+        }
+    }
+
+    bool Read(Container *container, int depth) {
+        std::int32_t own_id = 0, count = 0;
+        if (depth > kDeepestNesting || !source_.Get(&own_id) || !source_.Get(&count) || count < 0) return false;
+        container->Flush();
+        container->id = own_id;
+        for (std::int32_t i = 0; i < count; ++i) {
+            std::int32_t id = 0;
+            Data data;
+            if (!source_.Get(&id) || !Read(&data, depth)) return false;
+            // Moved in, so that a link that waits to be connected keeps its address.
+            *container->Append(id, Data()) = std::move(data);
+        }
+        return true;
+    }
+
+  private:
+    template <typename Number>
+    bool ReadAs(Data *data) {
+        Number number{};
+        if (!source_.Get(&number)) return false;
+        *data = Data(number);
+        return true;
+    }
+
+    template <typename Plain>
+    bool ReadPlain(Data *data) {
+        Plain plain{};
+        if (!Get(&source_, &plain)) return false;
+        *data = Data(plain);
+        return true;
+    }
+
+    bool ReadCustom(std::int32_t type, Data *data) {
+        if (type == kDataPriority) {
+            auto priority = std::make_unique<Priority>();
+            for (std::int32_t id : {Priority::kMode, Priority::kPriority, Priority::kCameraDependent}) {
+                std::int32_t value = 0;
+                if (!source_.Get(&value)) return false;
+                priority->Set(id, Data(value));
+            }
+            *data = Data::Custom(priority.release());
+            return true;
+        }
+        if (type != kDataSpline) return false;
+        std::uint32_t count = 0;
+        if (!source_.Get(&count)) return false;
+        auto spline = std::make_unique<Spline>();
+        for (std::uint32_t i = 0; i < count; ++i) {
+            TableSplineKnot knot{};
+            if (!Get(&source_, &knot.position) || !Get(&source_, &knot.tangent_left) ||
+                !Get(&source_, &knot.tangent_right) || !source_.Get(&knot.flags) || !source_.Get(&knot.selected) ||
+                !source_.Get(&knot.interpolation))
+                return false;
+            spline->knots.push_back(knot);
+        }
+        *data = Data::Custom(spline.release());
+        return true;
+    }
+
+    Source source_;
+    HyperFile::LinkNumbers *links_;
+};
+
+}  // namespace
+
+bool HyperFile::Open(std::int32_t ident, const std::filesystem::path &file, FileMode mode) {
+    Close();
+    if (mode == FileMode::kWrite) {
+        std::error_code ignored;
+        if (file.filename().empty() ||
+            !std::filesystem::is_directory(std::filesystem::absolute(file).parent_path(), ignored)) {
+            error_ = kFileOpen;
+            return false;
+        }
+        OpenForWriting(ident);
+        file_ = file;
+        return true;
+    }
+    std::string bytes, reason;
+    if (!ReadFile(file, &bytes, &reason)) {
+        error_ = kFileOpen;
+        return false;
+    }
+    return OpenForReading(ident, std::move(bytes));
+}
+
+void HyperFile::OpenForWriting(std::int32_t ident) {
+    Close();
+    bytes_.assign(kMagic, kMagicSize);
+    Put(&bytes_, ident);
+    writing_ = open_ = true;
+    error_ = kFileOk;
+    file_.clear();
+    chunks_.clear();
+}
+
+bool HyperFile::OpenForReading(std::int32_t ident, std::string bytes) {
+    Close();
+    bytes_ = std::move(bytes);
+    position_ = kMagicSize;
+    writing_ = false;
+    chunks_.clear();
+    std::int32_t found = 0;
+    open_ = bytes_.compare(0, kMagicSize, kMagic, kMagicSize) == 0 && Source(bytes_, &position_).Get(&found) &&
+            found == ident;
+    error_ = open_ ? kFileOk : kFileInvalid;
+    return open_;
+}
+
+bool HyperFile::Close() {
+    if (!open_) return error_ == kFileOk;
+    open_ = false;
+    if (!writing_ || file_.empty()) return error_ == kFileOk;
+    // A file that could not be made whole does not replace one that was.
+    std::string reason;
+    if (error_ == kFileOk && !WriteFileSafely(file_, bytes_, &reason)) error_ = kFileClose;
+    return error_ == kFileOk;
+}
+
+bool HyperFile::Write(std::int32_t type, const void *value) {
+    if (!open_ || !writing_ || value == nullptr) {
+        error_ = kFileWrite;
+        return false;
+    }
+    Put(&bytes_, type);
+    if (IsWhole(type)) {
+        Put(&bytes_, *static_cast<const std::int32_t *>(value));
+        return true;
+    }
+    switch (type) {
+        case kWhole64:
+            Put(&bytes_, *static_cast<const std::int64_t *>(value));
+            return true;
+        case kReal:
+        case kLongReal:
+        case kShortReal:
+            Put(&bytes_, *static_cast<const double *>(value));
+            return true;
+        case kTime:
+            Put(&bytes_, static_cast<const Time *>(value)->numerator);
+            Put(&bytes_, static_cast<const Time *>(value)->denominator);
+            return true;
+        case kVector:
+        case kLongVector:
+            Put(&bytes_, *static_cast<const Vector *>(value));
+            return true;
+        case kMatrix:
+        case kLongMatrix:
+            Put(&bytes_, *static_cast<const Matrix *>(value));
+            return true;
+        case kText:
+            Put(&bytes_, ToUtf8(static_cast<const TableString *>(value)));
+            return true;
+        case kFilename:
+            Put(&bytes_, ToUtf8(&static_cast<const TableFilename *>(value)->path));
+            return true;
+        case kContainer:
+            if (Writer(&bytes_, links).Write(AsContainer(static_cast<const TableContainer *>(value)), 0)) return true;
+            break;
+        default:
+            break;
+    }
+    error_ = kFileWrongValue;
+    return false;
+}
+
+bool HyperFile::Read(std::int32_t type, void *value) {
+    if (!open_ || writing_ || value == nullptr) {
+        error_ = kFileRead;
+        return false;
+    }
+    Source source(bytes_, &position_);
+    const auto done = [&](bool read) {
+        if (!read) error_ = kFileEnd;
+        return read;
+    };
+    const std::size_t start = position_;
+    std::int32_t found = 0;
+    if (!source.Get(&found)) return done(false);
+    if (found != type) {
+        position_ = start;
+        error_ = kFileWrongValue;
+        return false;
+    }
+    if (IsWhole(type)) return done(source.Get(static_cast<std::int32_t *>(value)));
+    std::string text;
+    switch (type) {
+        case kWhole64:
+            return done(source.Get(static_cast<std::int64_t *>(value)));
+        case kReal:
+        case kLongReal:
+        case kShortReal:
+            return done(source.Get(static_cast<double *>(value)));
+        case kTime:
+            return done(source.Get(&static_cast<Time *>(value)->numerator) &&
+                        source.Get(&static_cast<Time *>(value)->denominator));
+        case kVector:
+        case kLongVector:
+            return done(Get(&source, static_cast<Vector *>(value)));
+        case kMatrix:
+        case kLongMatrix:
+            return done(Get(&source, static_cast<Matrix *>(value)));
+        case kText:
+            if (!done(source.Get(&text))) return false;
+            Assign(static_cast<TableString *>(value), text);
+            return true;
+        case kFilename:
+            if (!done(source.Get(&text))) return false;
+            Assign(&static_cast<TableFilename *>(value)->path, text);
+            return true;
+        case kContainer: {
+            Container container;
+            if (!done(Reader(source, links).Read(&container, 0))) return false;
+            AsContainer(static_cast<TableContainer *>(value)) = std::move(container);
+            return true;
+        }
+        default:
+            error_ = kFileWrongValue;
+            return false;
+    }
+}
+
+bool HyperFile::WriteData(const TableData &data) {
+    if (!open_ || !writing_) return false;
+    const std::int32_t type = kAnyData;
+    Put(&bytes_, type);
+    if (Writer(&bytes_, links).Write(data, 0)) return true;
+    error_ = kFileWrongValue;
+    return false;
+}
+
+bool HyperFile::ReadData(Data *data) {
+    if (!open_ || writing_) return false;
+    Source source(bytes_, &position_);
+    std::int32_t type = 0;
+    Data read;
+    if (!source.Get(&type) || type != kAnyData || !Reader(source, links).Read(&read, 0)) {
+        error_ = kFileEnd;
+        return false;
+    }
+    *data = std::move(read);
+    return true;
+}
+
+bool HyperFile::WriteText(const std::string &utf8) {
+    if (!open_ || !writing_) return false;
+    const std::int32_t type = kText;
+    Put(&bytes_, type);
+    Put(&bytes_, utf8);
+    return true;
+}
+
+bool HyperFile::ReadText(std::string *utf8) {
+    TableString text{};
+    if (!Read(kText, &text)) return false;
+    *utf8 = ToUtf8(&text);
+    ReleaseText(&text);
+    return true;
+}
+
+bool HyperFile::WriteWhole(std::int32_t value) { return Write(kWhole, &value); }
+bool HyperFile::ReadWhole(std::int32_t *value) { return Read(kWhole, value); }
+bool HyperFile::WriteReal(double value) { return Write(kReal, &value); }
+bool HyperFile::ReadReal(double *value) { return Read(kReal, value); }
+
+bool HyperFile::WriteMemory(const void *memory, std::int64_t size) {
+    if (!open_ || !writing_ || size < 0 || size > INT32_MAX || (memory == nullptr && size > 0)) return false;
+    const std::int32_t type = kMemory;
+    Put(&bytes_, type);
+    Put(&bytes_, std::string(static_cast<const char *>(memory), static_cast<std::size_t>(size)));
+    return true;
+}
+
+bool HyperFile::ReadMemory(std::string *bytes) {
+    if (!open_ || writing_) return false;
+    Source source(bytes_, &position_);
+    std::int32_t type = 0;
+    if (source.Get(&type) && type == kMemory && source.Get(bytes)) return true;
+    error_ = kFileEnd;
+    return false;
+}
+
+bool HyperFile::WriteChunkStart(std::int32_t id, std::int32_t level) {
+    if (!open_ || !writing_) return false;
+    const std::int32_t type = kStart;
+    Put(&bytes_, type);
+    Put(&bytes_, id);
+    Put(&bytes_, level);
+    chunks_.push_back(bytes_.size());
+    Put(&bytes_, std::uint32_t{0});  // the size, when it is known
+    return true;
+}
+
+bool HyperFile::WriteChunkEnd() {
+    if (!open_ || !writing_ || chunks_.empty()) return false;
+    const std::size_t place = chunks_.back();
+    chunks_.pop_back();
+    std::string size;
+    Put(&size, static_cast<std::uint32_t>(bytes_.size() - place - 4));
+    bytes_.replace(place, 4, size);
+    return true;
+}
+
+bool HyperFile::ReadChunkStart(std::int32_t *id, std::int32_t *level) {
+    if (!open_ || writing_) return false;
+    Source source(bytes_, &position_);
+    const std::size_t start = position_;
+    std::int32_t type = 0;
+    std::uint32_t size = 0;
+    if (source.Get(&type) && type == kStart && source.Get(id) && source.Get(level) && source.Get(&size) &&
+        size <= source.Left()) {
+        chunks_.push_back(position_ + size);
+        return true;
+    }
+    position_ = start;
+    error_ = kFileEnd;
+    return false;
+}
+
+bool HyperFile::ReadChunkEnd() {
+    if (!open_ || writing_ || chunks_.empty()) return false;
+    position_ = chunks_.back();
+    chunks_.pop_back();
+    return true;
+}
+
+}  // namespace host

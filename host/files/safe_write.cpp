@@ -1,0 +1,67 @@
+#include "host/files/safe_write.h"
+
+#include <fstream>
+#include <system_error>
+
+#include "host/services/platform.h"
+#include "host/value/text.h"
+
+namespace host {
+
+namespace {
+
+// Beside the target, so that taking its place is one step; two programs at once do not meet.
+std::filesystem::path FreeNameBeside(const std::filesystem::path &file) {
+    std::error_code ignored;
+    for (int i = 0;; ++i) {
+        std::filesystem::path name = file;
+        name += ".new-" + std::to_string(ProcessId()) + "-" + std::to_string(i);
+        if (!std::filesystem::exists(std::filesystem::symlink_status(name, ignored))) return name;
+    }
+}
+
+bool WriteAll(const std::filesystem::path &file, std::string_view bytes) {
+    std::ofstream out(file, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    out.close();
+    return out.good();
+}
+
+}  // namespace
+
+bool WriteFileSafely(const std::filesystem::path &file, std::string_view bytes, std::string *error) {
+    std::error_code ignored;
+    const auto fail = [&](const char *words) {
+        *error = PathText(file) + ": " + words;
+        return false;
+    };
+    if (file.filename().empty() || std::filesystem::is_directory(file, ignored))
+        return fail("is a folder, expected a file to write");
+    const std::filesystem::path fresh = FreeNameBeside(file);
+    if (!WriteAll(fresh, bytes)) {
+        std::filesystem::remove(fresh, ignored);
+        return fail("cannot be written, expected a folder that is there and can be written");
+    }
+    if (!ReplaceFile(fresh, file)) {
+        std::filesystem::remove(fresh, ignored);
+        return fail("cannot be replaced, expected a file that may be changed");
+    }
+    return true;
+}
+
+bool ReadFile(const std::filesystem::path &file, std::string *bytes, std::string *error) {
+    std::error_code ignored;
+    const auto fail = [&](const char *words) {
+        *error = PathText(file) + ": " + words;
+        return false;
+    };
+    if (!std::filesystem::exists(file, ignored)) return fail("there is no such file");
+    if (std::filesystem::is_directory(file, ignored)) return fail("is a folder, expected a file");
+    std::ifstream in(file, std::ios::binary);
+    if (!in) return fail("cannot be opened");
+    bytes->assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    if (in.bad()) return fail("cannot be read");
+    return true;
+}
+
+}  // namespace host

@@ -1,0 +1,91 @@
+#include "host/services/module.h"
+
+#include <system_error>
+
+#include "host/application.h"
+#include "host/services/platform.h"
+#include "host/value/text.h"
+
+namespace host {
+
+namespace {
+
+enum Action : std::int32_t {
+    kActionInitSystem = 1,
+    kActionInit = 2,
+    kActionEnd = 3,
+    kActionVersion = 4,
+    kActionMessage = 6
+};
+constexpr std::int32_t kInterfaceVersion = 5;
+
+enum ModuleMessage : std::int32_t {
+    kMessagePriority = 0,
+    kMessageInitSystem = 1,
+    kMessageStartActivity = 1000,
+    kMessageEndActivity = 1001,
+    kMessageEndProgram = 1001084,
+    kMessageBuildMenu = 1001188,
+    kMessageEndPlugins = 1026848
+};
+
+std::int32_t Send(ModuleMain main, ModuleMessage message, void *data = nullptr) {
+    return main(kActionMessage, reinterpret_cast<void *>(static_cast<std::intptr_t>(message)), data, nullptr);
+}
+
+}  // namespace
+
+std::unique_ptr<LoadedModule> LoadedModule::Load(const std::filesystem::path &file, std::string *error) {
+    std::error_code ignored;
+    const std::string name = PathText(file);
+    const auto fail = [&](const std::string &words) {
+        *error = name + ": " + words;
+        return nullptr;
+    };
+    if (!std::filesystem::exists(file, ignored)) return fail("there is no such file, expected a plug-in module");
+    if (!std::filesystem::is_regular_file(file, ignored)) return fail("is no file, expected a plug-in module");
+
+    std::unique_ptr<LoadedModule> module(new LoadedModule);
+    // Absolute: the module finds its own folder by it, and no search path shall step in.
+    module->file_ = std::filesystem::absolute(file, ignored);
+    std::string reason;
+    module->library_ = OpenLibrary(module->file_, &reason);
+    if (module->library_ == nullptr) return fail("is no library that this system can load (" + reason + ")");
+    module->main_ = reinterpret_cast<ModuleMain>(FindSymbol(module->library_, "c4d_main"));
+    if (module->main_ == nullptr) return fail("has no entry c4d_main, expected a plug-in module");
+
+    const std::int32_t version = module->Call(kActionVersion, nullptr, nullptr, nullptr);
+    if (version != kInterfaceVersion)
+        return fail("speaks plug-in interface version " + std::to_string(version) + ", expected " +
+                    std::to_string(kInterfaceVersion));
+    TableFilename own_name{};
+    Assign(&own_name, module->file_);
+    const std::int32_t started =
+        module->Call(kActionInitSystem, const_cast<HostTable *>(Application::Table()), nullptr, &own_name);
+    ReleaseText(&own_name.path);
+    if (started != 1) return fail("refused this host's function table (" + std::to_string(started) + ")");
+    module->initialized_ = true;
+
+    std::int32_t priority = 0;
+    Send(module->main_, kMessagePriority, &priority);
+    if (Send(module->main_, kMessageInitSystem) != 1)
+        return fail("could not start, expected its resources in the folder \"res\" beside it");
+    if (module->Call(kActionInit, nullptr, nullptr, nullptr) != 1)
+        return fail("did not start, expected its registrations to succeed (are its icons in \"res\"?)");
+    module->started_ = true;
+    Send(module->main_, kMessageStartActivity);
+    Send(module->main_, kMessageBuildMenu);
+    return module;
+}
+
+LoadedModule::~LoadedModule() {
+    if (started_)
+        for (ModuleMessage message : {kMessageEndProgram, kMessageEndActivity, kMessageEndPlugins})
+            Send(main_, message);
+    // What it registered goes while its code is still there.
+    if (initialized_ && Application::Current() != nullptr) Application::Current()->registry.Clear();
+    if (initialized_) Call(kActionEnd, nullptr, nullptr, nullptr);
+    if (library_ != nullptr) CloseLibrary(library_);
+}
+
+}  // namespace host

@@ -1,0 +1,23 @@
+// Where Linux and Windows differ: libraries, the own program file, replacing a file in one step.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace host {
+
+// A handle of the loaded library; null with the system's own words in `reason`.
+void *OpenLibrary(const std::filesystem::path &file, std::string *reason);
+void *FindSymbol(void *library, const char *name);
+void CloseLibrary(void *library);
+// File suffix of a module, with its dot.
+const char *ModuleSuffix();
+
+std::filesystem::path ProgramFile();
+// `from` takes the place of `to` in one step, or nothing changes.
+bool ReplaceFile(const std::filesystem::path &from, const std::filesystem::path &to);
+long ProcessId();
+// The code that GeGetCurrentOS answers: Windows 1, OS X 2, UNIX 3.
+int OperatingSystemCode();
+
+}  // namespace host

@@ -1,0 +1,75 @@
+#!/usr/bin/env python3
+"""Makes the two sample moves, 30 frames a second, beside this script: the same bytes at every run.
+
+Scene: left-handed, Y up, centimetres; a camera with heading and pitch 0 looks along +Z, a positive heading turns it to
+the left, a positive pitch raises it. Angles in degrees, focal lengths in millimetres.
+"""
+import math
+import pathlib
+
+HEADER = "frame,x,y,z,h,p,b,focal_length,focus_distance\n"
+
+
+def ease(frame, start, end):
+    """0 before `start`, 1 after `end`; speed and acceleration are 0 at both ends."""
+    t = min(max((frame - start) / (end - start), 0.0), 1.0)
+    return t * t * t * (t * (6 * t - 15) + 10)
+
+
+def mix(a, b, share):
+    if isinstance(a, tuple):
+        return tuple(mix(p, q, share) for p, q in zip(a, b))
+    return a + (b - a) * share
+
+
+def aim(eye, goal):
+    """Heading and pitch from one point to another, and the distance."""
+    x, y, z = (g - e for g, e in zip(goal, eye))
+    flat = math.hypot(x, z)
+    return math.degrees(math.atan2(-x, z)), math.degrees(math.atan2(y, flat)), math.hypot(flat, y)
+
+
+def push_in(frame):
+    """A dolly from the doorway towards somebody at a table. The pan starts on the lamp and settles on the face, the
+    focus follows a little late, and once the dolly slows down the lens goes on to a close-up."""
+    lamp, face = (190.0, 115.0, 210.0), (25.0, 128.0, 60.0)
+    eye = mix((-70.0, 158.0, -430.0), (-20.0, 136.0, -150.0), ease(frame, 25, 250))
+    heading, pitch, _ = aim(eye, mix(lamp, face, ease(frame, 15, 150)))
+    focus = mix(aim(eye, lamp)[2], aim(eye, face)[2], ease(frame, 45, 165))
+    return eye, (heading, pitch, 0.0), mix(28.0, 50.0, ease(frame, 160, 285)), focus
+
+
+# First frame of the whip, its length in frames, heading and pitch where it stops, distance of what is there.
+WHIPS = [(38, 9, 62.0, 4.0, 540.0), (92, 7, 8.0, -9.0, 210.0), (133, 11, -84.0, 3.0, 410.0), (190, 8, 17.0, -2.0, 690.0),
+         (236, 6, 41.0, 1.0, 330.0)]
+
+
+def whip(frame):
+    """An operator turns on the spot from one thing to the next, with hard stops, and steps aside before the last ones.
+    The camera is carried in front of the body, leans into every turn, and finds focus just after it stops."""
+    heading, pitch, bank, focus = -35.0, -4.0, 0.0, 320.0
+    for start, length, to_heading, to_pitch, distance in WHIPS:
+        share = ease(frame, start, start + length)
+        lean = 4.0 * share * (1.0 - share)
+        bank += lean * (2.5 if to_heading > heading else -2.5)
+        heading, pitch = mix(heading, to_heading, share), mix(pitch, to_pitch, share)
+        focus = mix(focus, distance, ease(frame, start + length - 2, start + length + 10))
+    feet = mix((0.0, 0.0, 0.0), (55.0, 0.0, 30.0), ease(frame, 150, 185))
+    reach, eye_height = 28.0, 164.0
+    turn = math.radians(heading)
+    eye = (feet[0] - reach * math.sin(turn), eye_height, feet[2] + reach * math.cos(turn))
+    return eye, (heading, pitch, bank), 24.0, focus
+
+
+def write(name, move, frames):
+    rows = []
+    for frame in range(frames):
+        eye, angles, focal_length, focus = move(frame)
+        numbers = (f"{value:.4f}" for value in (*eye, *angles, focal_length, focus))
+        rows.append(",".join([str(frame), *numbers]).replace("-0.0000", "0.0000") + "\n")
+    path = pathlib.Path(__file__).resolve().parent / name
+    path.write_text(HEADER + "".join(rows), encoding="ascii", newline="\n")
+
+
+write("push_in.csv", push_in, 300)
+write("whip.csv", whip, 270)

@@ -1,0 +1,51 @@
+// The module's own code inside the test program, with a running host behind it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <random>
+#include <string>
+
+#include "c4d.h"
+#include "host/application.h"
+#include "host/value/text.h"
+
+class WithGlue : public testing::Test {
+  protected:
+    WithGlue() : WithGlue(TREMOLUX_MODULE_FILE) {}
+
+    explicit WithGlue(const std::filesystem::path &module_file)
+        : folder_(std::filesystem::temp_directory_path() /
+                  ("tremolux-engine-" + std::to_string(std::random_device{}()))),
+          application_(Settings(folder_)) {
+        TableFilename name{};
+        host::Assign(&name, module_file);
+        started_ = c4d_main(C4DPL_INIT_SYS, const_cast<HostTable *>(host::Application::Table()), nullptr, &name);
+        host::ReleaseText(&name.path);
+    }
+
+    ~WithGlue() override {
+        if (started_ == 1) c4d_main(C4DPL_END, nullptr, nullptr, nullptr);
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+
+    void SetUp() override { ASSERT_EQ(started_, 1); }
+
+    host::Application &application() { return application_; }
+    const std::filesystem::path &folder() const { return folder_; }
+
+  private:
+    static host::ApplicationSettings Settings(const std::filesystem::path &folder) {
+        std::filesystem::create_directories(folder / "user");
+        host::ApplicationSettings settings;
+        settings.application_folder = folder;
+        settings.user_folder = folder / "user";
+        return settings;
+    }
+
+    std::filesystem::path folder_;
+    host::Application application_;
+    LONG started_ = 0;
+};

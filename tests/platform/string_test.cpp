@@ -1,0 +1,223 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "tests/platform/bare_host.h"
+
+namespace {
+
+std::string Bytes(const String &text, STRINGENCODING encoding = STRINGENCODING_UTF8) {
+    char buffer[1000];
+    text.GetCString(buffer, sizeof(buffer), encoding);
+    return buffer;
+}
+
+class StringTest : public testing::Test {
+    BareHost host_;
+};
+
+TEST_F(StringTest, IsEmptyAtFirst) {
+    const String text;
+    EXPECT_EQ(text.GetLength(), 0);
+    EXPECT_FALSE(text.Content());
+    EXPECT_EQ(text[0], 0);
+    EXPECT_EQ(text.GetCStringCopy(), nullptr);
+}
+
+TEST_F(StringTest, CopiesAreIndependent) {
+    String a("shake"), b(a);
+    b[0] = 'S';
+    EXPECT_EQ(Bytes(a), "shake");
+    EXPECT_EQ(Bytes(b), "Shake");
+    const String &same = a;
+    a = same;
+    EXPECT_EQ(Bytes(a), "shake");
+    a = String();
+    EXPECT_FALSE(a.Content());
+}
+
+TEST_F(StringTest, JoinsWithLiteralsOnEitherSide) {
+    EXPECT_EQ(Bytes("a" + String("b") + "c"), "abc");
+    String text("ab");
+    text += text;
+    EXPECT_EQ(Bytes(text), "abab");
+}
+
+TEST_F(StringTest, WritesOutsideOfTheTextAreIgnored) {
+    String text("ab");
+    text[2] = 'x';
+    text[-1] = 'x';
+    EXPECT_EQ(Bytes(text), "ab");
+}
+
+TEST_F(StringTest, CutsPartsAtItsEnds) {
+    const String text("camera");
+    EXPECT_EQ(Bytes(text.SubStr(2, 3)), "mer");
+    EXPECT_EQ(Bytes(text.SubStr(4, 100)), "ra");
+    EXPECT_EQ(Bytes(text.SubStr(-2, 4)), "ca");
+    EXPECT_EQ(Bytes(text.SubStr(9, 1)), "");
+    EXPECT_EQ(Bytes(text.Left(3)), "cam");
+    EXPECT_EQ(Bytes(text.Right(3)), "era");
+    EXPECT_EQ(Bytes(text.Right(99)), "camera");
+}
+
+TEST_F(StringTest, DeletesAndInsertsInPlace) {
+    String text("camera");
+    text.Delete(1, 2);
+    EXPECT_EQ(Bytes(text), "cera");
+    text.Insert(1, String("am"));
+    EXPECT_EQ(Bytes(text), "camera");
+    text.Insert(6, '!');
+    EXPECT_EQ(Bytes(text), "camera!");
+    text.Delete(0, 99);
+    EXPECT_FALSE(text.Content());
+}
+
+TEST_F(StringTest, FindsForwardAndBackward) {
+    const String text("Presets/Calm/Presets");
+    LONG position = 77;
+    EXPECT_TRUE(text.FindFirst("Presets", &position, 1));
+    EXPECT_EQ(position, 13);
+    EXPECT_TRUE(text.FindLast("Presets", &position, 12));
+    EXPECT_EQ(position, 0);
+    EXPECT_TRUE(text.FindLast('/', &position));
+    EXPECT_EQ(position, 12);
+    EXPECT_TRUE(text.FindFirstUpper("PRESETS", &position));
+    EXPECT_EQ(position, 0);
+    position = 77;
+    EXPECT_FALSE(text.FindFirst("wild", &position));
+    EXPECT_EQ(position, 77);
+}
+
+TEST_F(StringTest, ComparesByCodeUnitAndWithoutCase) {
+    EXPECT_TRUE(String("B") < String("a"));
+    EXPECT_GT(String("B").LexCompare("a"), 0);
+    EXPECT_EQ(String("CALM").LexCompare("calm"), 0);
+    EXPECT_TRUE(String("ab") < String("abc"));
+    EXPECT_TRUE(String("ab") == "ab");
+    EXPECT_TRUE(String("ab") != "abc");
+}
+
+TEST_F(StringTest, RelCompareReadsNumbers) {
+    EXPECT_LT(String("Take 9").RelCompare("take 10"), 0);
+    EXPECT_EQ(String("Take 007").RelCompare("Take 7"), 0);
+    EXPECT_GT(String("Take 10b").RelCompare("Take 10"), 0);
+}
+
+TEST_F(StringTest, ChangesTheCaseOfAccentedGreekAndCyrillicLetters) {
+    EXPECT_EQ(Bytes(String("àéöÿžš λάμδα камера ё").ToUpper()), "ÀÉÖŸŽŠ ΛΆΜΔΑ КАМЕРА Ё");
+    EXPECT_EQ(Bytes(String("ÀÉÖŸŽŠ ΛΆΜΔΑ КАМЕРА Ё").ToLower()), "àéöÿžš λάμδα камера ё");
+    EXPECT_EQ(Bytes(String("×÷ß1_").ToUpper()), "×÷ß1_");
+}
+
+TEST_F(StringTest, KeepsUtf8OfEveryLength) {
+    const char *text = "a\xC3\xA9\xE2\x82\xAC\xF0\x9F\x8E\xA5";  // a, e acute, euro, film camera
+    const String kept(text);
+    EXPECT_EQ(kept.GetLength(), 5);  // the last one takes two units
+    EXPECT_EQ(kept[3], 0xD83C);      // U+1F3A5 - 0x10000 = 0xF3A5: 0xD800 + 0x3C, 0xDC00 + 0x3A5
+    EXPECT_EQ(kept[4], 0xDFA5);
+    EXPECT_EQ(Bytes(kept), text);
+    EXPECT_EQ(kept.GetCStringLen(), 10);
+}
+
+TEST_F(StringTest, ReplacesWhatIsNoUtf8) {
+    const std::string mark = "\xEF\xBF\xBD";
+    EXPECT_EQ(Bytes(String("a\xFFz")), "a" + mark + "z");
+    EXPECT_EQ(Bytes(String("\xC0\xAF")), mark + mark);                        // overlong
+    EXPECT_EQ(Bytes(String("\xED\xA0\x80")), mark + mark + mark);             // a surrogate
+    EXPECT_EQ(Bytes(String("\xE2\x82z")), mark + "z");                        // cut off
+    EXPECT_EQ(Bytes(String("\xF4\x90\x80\x80")), mark + mark + mark + mark);  // beyond U+10FFFF
+    EXPECT_EQ(Bytes(String(1, 0xD83C)), mark);                                // half a pair
+}
+
+TEST_F(StringTest, ReadsAndWritesOneByteALetter) {
+    const String latin("\xE9", STRINGENCODING_8BIT);
+    EXPECT_EQ(latin[0], 0xE9);
+    EXPECT_EQ(Bytes(latin, STRINGENCODING_8BIT), "\xE9");
+    EXPECT_EQ(Bytes(latin, STRINGENCODING_7BIT), "?");
+}
+
+TEST_F(StringTest, NeverCutsALetterInHalf) {
+    char buffer[3];
+    EXPECT_EQ(String("a\xC3\xA9").GetCString(buffer, 3), 1);
+    EXPECT_STREQ(buffer, "a");
+}
+
+TEST_F(StringTest, ReadsOnlyTheCountedBytes) {
+    String text;
+    text.SetCString("camera", 3);
+    EXPECT_EQ(Bytes(text), "cam");
+}
+
+TEST_F(StringTest, IsEmptyWhenThereIsNoMemory) {
+    BareHost::exhausted() = true;
+    const String text("camera"), filled(5, 'x');
+    BareHost::exhausted() = false;
+    EXPECT_FALSE(text.Content());
+    EXPECT_FALSE(filled.Content());
+}
+
+TEST_F(StringTest, WithoutAHostIsEmptyAndHarmless) {
+    const HostTable *table = host_table;
+    host_table = nullptr;
+    String text("camera");
+    text += "x";
+    LONG error = 0;
+    EXPECT_EQ(text.ToLong(&error), 0);
+    EXPECT_NE(error, 0);
+    host_table = table;
+    EXPECT_FALSE(text.Content());
+}
+
+TEST_F(StringTest, ToLongCutsToItsRange) {
+    const auto read = [](double value) {
+        BareHost::parsed() = value;
+        return String("x").ToLong();
+    };
+    EXPECT_EQ(read(2.9), 2);
+    EXPECT_EQ(read(-2.9), -2);
+    EXPECT_EQ(read(1e300), 2147483647);
+    EXPECT_EQ(read(-1e300), -2147483647 - 1);
+    EXPECT_EQ(read(std::nan("")), 0);
+}
+
+TEST_F(StringTest, ToRealReportsWhatIsNoNumber) {
+    LONG error = 0;
+    BareHost::parses() = false;
+    BareHost::parsed() = 5.0;
+    EXPECT_EQ(String("x").ToReal(&error), 0.0);
+    EXPECT_NE(error, 0);
+    BareHost::parses() = true;
+    EXPECT_EQ(String("5").ToReal(&error), 5.0);
+    EXPECT_EQ(error, 0);
+}
+
+TEST_F(StringTest, NumbersAreWrittenPlainly) {
+    EXPECT_EQ(Bytes(LongToString(-2147483647 - 1)), "-2147483648");
+    EXPECT_EQ(Bytes(LLongToString(9007199254740993LL)), "9007199254740993");
+    EXPECT_EQ(Bytes(RealToString(1.015)), "1.015");
+    EXPECT_EQ(Bytes(RealToString(1.5)), "1.5");
+    EXPECT_EQ(Bytes(RealToString(3.0)), "3");
+    EXPECT_EQ(Bytes(RealToString(100.0)), "100");
+    EXPECT_EQ(Bytes(RealToString(0.12345)), "0.123");
+    EXPECT_EQ(Bytes(RealToString(-0.0001)), "0");
+}
+
+TEST_F(StringTest, NumbersCanBePadded) {
+    EXPECT_EQ(Bytes(RealToString(7.0, 3, 0)), "007");
+    EXPECT_EQ(Bytes(RealToString(-7.25, 3, 2)), "-007.25");
+    EXPECT_EQ(Bytes(RealToString(1234.0, 2, 1)), "1234.0");
+    EXPECT_EQ(Bytes(RealToString(7.0, 3, 0, FALSE, ' ')), "  7");
+}
+
+TEST_F(StringTest, ExtremeNumbersAreWrittenSafely) {
+    EXPECT_EQ(RealToString(1e308).GetLength(), 309);
+    EXPECT_EQ(Bytes(RealToString(1e20, -1, -1, TRUE)), "1e+20");
+    EXPECT_EQ(Bytes(RealToString(2.5e-7, -1, -1, TRUE)), "2.5e-07");
+    EXPECT_EQ(Bytes(RealToString(std::nan(""))), "nan");
+    EXPECT_EQ(Bytes(RealToString(-HUGE_VAL)), "-inf");
+    EXPECT_GT(RealToString(1e308, 100000, 100000).GetLength(), 309);
+}
+
+}  // namespace

@@ -1,0 +1,29 @@
+#include "tremolux/commands/commands.h"
+
+#include "host/value/text.h"
+#include "tremolux/commands/move_options.h"
+#include "tremolux/embedded_host.h"
+#include "tremolux/output_files.h"
+
+namespace tremolux {
+namespace {
+
+void Info(const HostOptions &options) {
+    const EmbeddedHost host(options.ModuleFile(), options.Home());
+    std::string text;
+    for (const std::string &line : host.Application().console.lines) text += line + "\n";
+    text += "module     " + host::PathText(host.ModuleFile()) + "\n";
+    for (const std::string &registered : host.Application().registry.Order()) text += "registered " + registered + "\n";
+    Print(text);
+}
+
+}  // namespace
+
+void AddInfoCommand(CLI::App *program, Action *action) {
+    const auto options = std::make_shared<HostOptions>();
+    CLI::App *command = program->add_subcommand("info", "Prints the module's version line and what it registers");
+    AddHostOptions(command, options.get());
+    command->callback([=] { *action = [options] { Info(*options); }; });
+}
+
+}  // namespace tremolux

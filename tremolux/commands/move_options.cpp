@@ -1,0 +1,115 @@
+#include "tremolux/commands/move_options.h"
+
+#include "tremolux/embedded_host.h"
+#include "tremolux/failure.h"
+#include "tremolux/formats/numbers.h"
+#include "tremolux/formats/source_text.h"
+#include "tremolux/system.h"
+
+namespace tremolux {
+namespace {
+
+constexpr std::int64_t kMaxFramesPerSecond = 2500, kMaxSeed = 99999, kMaxPixels = 1000000;
+
+struct LengthUnit {
+    const char *name;
+    double scene_units;
+};
+constexpr LengthUnit kLengthUnits[] = {{"cm", 1}, {"m", 100}, {"mm", 0.1}, {"in", 2.54}, {"ft", 30.48}};
+
+[[noreturn]] void Refuse(const char *option, const std::string &found, const std::string &expected) {
+    throw Failure(kExitInput, std::string(option) + ": found " + Quoted(found) + ", expected " + expected);
+}
+
+std::int64_t WholeOption(const char *option, const std::string &text, std::int64_t minimum, std::int64_t maximum) {
+    const std::optional<std::int64_t> value = ParseWhole(text);
+    if (value && *value >= minimum && *value <= maximum) return *value;
+    Refuse(option, text, "a whole number from " + std::to_string(minimum) + " to " + std::to_string(maximum));
+}
+
+// Two whole numbers with `separator` between them.
+std::optional<std::pair<std::int64_t, std::int64_t>> Pair(const std::string &text, char separator) {
+    const std::size_t middle = text.find(separator);
+    if (middle == std::string::npos) return std::nullopt;
+    const std::optional<std::int64_t> first = ParseWhole(std::string_view(text).substr(0, middle));
+    const std::optional<std::int64_t> second = ParseWhole(std::string_view(text).substr(middle + 1));
+    if (!first || !second) return std::nullopt;
+    return std::make_pair(*first, *second);
+}
+
+double LengthUnitOf(const std::string &name) {
+    std::string known;
+    for (const LengthUnit &unit : kLengthUnits) {
+        if (name == unit.name) return unit.scene_units;
+        known += (known.empty() ? "" : ", ") + std::string(unit.name);
+    }
+    Refuse("--unit", name, "one of " + known);
+}
+
+}  // namespace
+
+std::filesystem::path HostOptions::ModuleFile() const {
+    return module_file.empty() ? DefaultModuleFile() : std::filesystem::path(module_file);
+}
+
+std::filesystem::path HostOptions::Home() const { return home.empty() ? DefaultHome() : std::filesystem::path(home); }
+
+std::vector<std::string> MoveOptions::AllSettings() const {
+    std::vector<std::string> all = settings;
+    if (!seed.empty()) all.push_back("Seed=" + std::to_string(WholeOption("--seed", seed, 0, kMaxSeed)));
+    return all;
+}
+
+std::optional<std::pair<std::int64_t, std::int64_t>> MoveOptions::FrameRange() const {
+    if (frames.empty()) return std::nullopt;
+    const auto range = Pair(frames, ':');
+    if (!range || range->first > range->second) {
+        Refuse("--frames", frames, "FIRST:LAST, whole numbers in rising order");
+    }
+    return range;
+}
+
+std::optional<int> MoveOptions::FramesPerSecond() const {
+    if (frames_per_second.empty()) return std::nullopt;
+    return static_cast<int>(WholeOption("--fps", frames_per_second, 1, kMaxFramesPerSecond));
+}
+
+FormatOptions MoveOptions::Formats() const {
+    FormatOptions formats;
+    formats.length_unit = LengthUnitOf(unit);
+    const auto size = Pair(resolution, 'x');
+    if (!size || size->first < 1 || size->second < 1 || size->first > kMaxPixels || size->second > kMaxPixels) {
+        Refuse("--resolution", resolution, "WIDTHxHEIGHT in pixels, each from 1 to " + std::to_string(kMaxPixels));
+    }
+    formats.width = static_cast<int>(size->first);
+    formats.height = static_cast<int>(size->second);
+    return formats;
+}
+
+void AddHostOptions(CLI::App *command, HostOptions *options) {
+    command->add_option("--module", options->module_file, "the module's file; else the one beside this program");
+    command->add_option("--home", options->home, "folder of the user's settings; else the system's");
+}
+
+void AddMoveOptions(CLI::App *command, MoveOptions *options) {
+    command->add_option("INPUT", options->input, "camera move to read, .csv or .chan")->required();
+    command
+        ->add_option("--set", options->settings,
+                     "LABEL=VALUE or ID=VALUE: a parameter of the tag; may be given more than once. Percentages: 150% or "
+                     "the fraction 1.5; angles: 12deg or 12 (degrees); times: 12f or 12 (frames), 0.5s, 1:04 "
+                     "(seconds:frames); switches: on, off, true, false, 1, 0")
+        ->expected(1)
+        ->take_all();
+    command->add_option("--seed", options->seed, "the shake's seed, 0 to 99999: short for --set Seed=");
+    command->add_option("--frames", options->frames,
+                        "FIRST:LAST: the frames to write; playback still starts at the move's first frame");
+    command->add_option("--fps", options->frames_per_second,
+                        "frames per second, 1 to 2500; else 30, and 24 for recordings");
+    command->add_option("--unit", options->unit, "length unit of .chan files: cm, m, mm, in, ft")->capture_default_str();
+    command->add_option("--resolution", options->resolution, "size of the picture, for the field of view of .chan files")
+        ->capture_default_str();
+    command->add_flag("--quiet", options->quiet, "show no progress");
+    AddHostOptions(command, &options->host);
+}
+
+}  // namespace tremolux

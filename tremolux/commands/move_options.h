@@ -1,0 +1,40 @@
+// The options that every command on a camera move takes.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tremolux/formats/format.h"
+
+namespace tremolux {
+
+// Where the module and the user's settings lie; empty: the default.
+struct HostOptions {
+    std::string module_file, home;
+    std::filesystem::path ModuleFile() const;
+    std::filesystem::path Home() const;
+};
+
+struct MoveOptions {
+    HostOptions host;
+    std::string input;
+    std::vector<std::string> settings;
+    std::string seed, frames, frames_per_second, unit = "cm", resolution = "1920x1080";
+    bool quiet = false;
+
+    // The texts above as values; each throws a Failure.
+    std::vector<std::string> AllSettings() const;  // the seed last
+    std::optional<std::pair<std::int64_t, std::int64_t>> FrameRange() const;
+    std::optional<int> FramesPerSecond() const;
+    FormatOptions Formats() const;
+};
+
+void AddHostOptions(CLI::App *command, HostOptions *options);
+void AddMoveOptions(CLI::App *command, MoveOptions *options);
+
+}  // namespace tremolux

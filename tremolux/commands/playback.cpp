@@ -1,0 +1,44 @@
+#include "tremolux/commands/playback.h"
+
+#include "tremolux/failure.h"
+#include "tremolux/formats/source_text.h"
+#include "tremolux/interrupt.h"
+#include "tremolux/parameters/settings.h"
+#include "tremolux/progress.h"
+
+namespace tremolux {
+
+Playback::Playback(const MoveOptions &options)
+    : formats_(options.Formats()),
+      settings_(options.AllSettings()),
+      host_options_(options.host),
+      quiet_(options.quiet) {
+    const auto range = options.FrameRange();
+    const std::optional<int> frames_per_second = options.FramesPerSecond();
+    move_ = ReadMove(options.input, formats_);
+    frames_per_second_ = frames_per_second.value_or(move_.frames_per_second);
+    first_frame_ = range ? range->first : move_.first_frame;
+    last_frame_ = range ? range->second : move_.LastFrame();
+    if (first_frame_ >= move_.first_frame && last_frame_ <= move_.LastFrame()) return;
+    throw Failure(kExitInput, "--frames: found " + Quoted(options.frames) + ", expected frames of the move, " +
+                                  std::to_string(move_.first_frame) + " to " + std::to_string(move_.LastFrame()));
+}
+
+void Playback::Start() {
+    host_ = std::make_unique<EmbeddedHost>(host_options_.ModuleFile(), host_options_.Home());
+    stage_ = std::make_unique<Stage>(move_, frames_per_second_);
+    ApplySettings(settings_, frames_per_second_, &stage_->CameraTag());
+}
+
+void Playback::Play(const std::function<void(std::int64_t)> &at_frame) {
+    Progress progress(last_frame_ - move_.first_frame + 1, quiet_);
+    for (std::int64_t frame = move_.first_frame; frame <= last_frame_; ++frame) {
+        CheckForInterrupt();
+        stage_->PlayFrame(frame);
+        if (frame >= first_frame_) at_frame(frame);
+        progress.Done(frame - move_.first_frame + 1);
+    }
+    CheckForInterrupt();
+}
+
+}  // namespace tremolux

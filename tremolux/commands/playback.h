@@ -1,0 +1,45 @@
+// A move played through the module, from its first frame on.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tremolux/commands/move_options.h"
+#include "tremolux/embedded_host.h"
+#include "tremolux/stage.h"
+
+namespace tremolux {
+
+class Playback {
+  public:
+    // Reads and checks everything that can be without the module; throws a Failure.
+    explicit Playback(const MoveOptions &options);
+    // Starts the module and sets the parameters; throws a Failure.
+    void Start();
+    // Plays up to the last wanted frame and calls `at_frame` after each wanted one. Throws a Failure.
+    void Play(const std::function<void(std::int64_t)> &at_frame);
+
+    const CameraMove &Move() const { return move_; }
+    std::int64_t FirstFrame() const { return first_frame_; }  // wanted
+    std::int64_t LastFrame() const { return last_frame_; }
+    int FramesPerSecond() const { return frames_per_second_; }
+    const std::vector<std::string> &Settings() const { return settings_; }
+    const FormatOptions &Formats() const { return formats_; }
+    Stage &GetStage() { return *stage_; }
+
+  private:
+    FormatOptions formats_;
+    std::vector<std::string> settings_;
+    CameraMove move_;
+    std::int64_t first_frame_, last_frame_;
+    int frames_per_second_;
+    HostOptions host_options_;
+    bool quiet_;
+    std::unique_ptr<EmbeddedHost> host_;
+    std::unique_ptr<Stage> stage_;  // after the host: it must go first
+};
+
+}  // namespace tremolux

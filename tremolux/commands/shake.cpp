@@ -1,0 +1,57 @@
+#include <chrono>
+
+#include "tremolux/commands/commands.h"
+#include "tremolux/commands/playback.h"
+#include "tremolux/output_files.h"
+#include "tremolux/report.h"
+
+namespace tremolux {
+namespace {
+
+struct ShakeOptions {
+    MoveOptions move;
+    std::vector<std::string> outputs;
+    bool report = false;
+};
+
+void Shake(const ShakeOptions &options) {
+    using Clock = std::chrono::steady_clock;
+    for (const std::string &file : options.outputs) FormatOf(file);
+    Playback playback(options.move);
+    OutputFiles files(options.outputs, options.move.input);
+    playback.Start();
+
+    CameraMove input, output;
+    input.first_frame = output.first_frame = playback.FirstFrame();
+    const Clock::time_point start = Clock::now();
+    playback.Play([&](std::int64_t) {
+        input.samples.push_back(playback.GetStage().Input());
+        output.samples.push_back(playback.GetStage().Output());
+    });
+    const double microseconds = std::chrono::duration<double, std::micro>(Clock::now() - start).count();
+
+    std::vector<std::string> texts;
+    for (const std::string &file : options.outputs) texts.push_back(FormatOf(file).write(output, playback.Formats()));
+    files.Write(texts);
+    if (!options.report) return;
+    const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);
+    Print(ReportText({options.move.input, files.Files(), playback.Settings(), playback.FramesPerSecond(),
+                      microseconds / played},
+                     input, output));
+}
+
+}  // namespace
+
+void AddShakeCommand(CLI::App *program, Action *action) {
+    const auto options = std::make_shared<ShakeOptions>();
+    CLI::App *command = program->add_subcommand("shake", "Makes a camera move hand-held and writes the shaken camera");
+    AddMoveOptions(command, &options->move);
+    command->add_option("-o,--output", options->outputs, "camera file to write, .csv or .chan; may be given again")
+        ->required()
+        ->expected(1)
+        ->take_all();
+    command->add_flag("--report", options->report, "print what was done and how far the camera strayed");
+    command->callback([=] { *action = [options] { Shake(*options); }; });
+}
+
+}  // namespace tremolux

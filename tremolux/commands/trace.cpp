@@ -1,0 +1,48 @@
+#include <optional>
+
+#include "tremolux/commands/commands.h"
+#include "tremolux/commands/playback.h"
+#include "tremolux/output_files.h"
+#include "tremolux/trace/frame_record.h"
+
+namespace tremolux {
+namespace {
+
+struct TraceOptions {
+    MoveOptions move;
+    std::vector<std::string> outputs;  // at most one; none: the standard output
+};
+
+// Text that is not UTF-8 must not break the line.
+std::string JsonLine(const Json &record) {
+    return record.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+void Trace(const TraceOptions &options) {
+    Playback playback(options.move);
+    OutputFiles files(options.outputs, options.move.input);
+    playback.Start();
+    PrivateState state(playback.GetStage().CameraTag());
+    std::string text;
+    playback.Play([&](std::int64_t frame) {
+        const std::string line = JsonLine(FrameRecord(frame, &playback.GetStage(), &state));
+        if (options.outputs.empty()) {
+            Print(line);
+        } else {
+            text += line;
+        }
+    });
+    if (!options.outputs.empty()) files.Write({text});
+}
+
+}  // namespace
+
+void AddTraceCommand(CLI::App *program, Action *action) {
+    const auto options = std::make_shared<TraceOptions>();
+    CLI::App *command = program->add_subcommand("trace", "Prints what happens at each frame, one JSON object a line");
+    AddMoveOptions(command, &options->move);
+    command->add_option("-o,--output", options->outputs, "file to write; else the standard output")->expected(1);
+    command->callback([=] { *action = [options] { Trace(*options); }; });
+}
+
+}  // namespace tremolux

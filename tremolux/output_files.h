@@ -1,0 +1,30 @@
+// Results: either all of them replace what was there, or none does.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace tremolux {
+
+class OutputFiles {
+  public:
+    // Checks what can be known before the work: throws a Failure for a file that is named twice or is the input itself,
+    // and for one that cannot be written where it is to lie. Touches nothing.
+    OutputFiles(const std::vector<std::string> &files, const std::string &input);
+    ~OutputFiles();  // leaves no unfinished file behind
+    OutputFiles(const OutputFiles &) = delete;
+    OutputFiles &operator=(const OutputFiles &) = delete;
+
+    // One text for each file. Throws a Failure.
+    void Write(const std::vector<std::string> &texts);
+    const std::vector<std::filesystem::path> &Files() const { return files_; }
+
+  private:
+    std::vector<std::filesystem::path> files_, unfinished_;
+};
+
+// To the standard output, at once; throws a Failure.
+void Print(const std::string &text);
+
+}  // namespace tremolux

@@ -1,0 +1,18 @@
+// Finding a parameter by what a user typed.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "tremolux/parameters/parameter.h"
+
+namespace tremolux {
+
+// By id, or by label whatever its case and the blanks around it. Throws a Failure for a label that several parameters
+// share, with their ids, and for an unknown one, with the nearest.
+const Parameter &FindParameter(const std::vector<Parameter> &parameters, std::string_view name);
+
+// How many letters have to be added, removed or changed to turn one text into the other (Levenshtein).
+std::size_t EditDistance(std::string_view a, std::string_view b);
+
+}  // namespace tremolux

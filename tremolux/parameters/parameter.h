@@ -1,0 +1,29 @@
+// A parameter of the tag as its description declares it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "host/scene/tag.h"
+
+namespace tremolux {
+
+enum class ParameterKind { kReal, kBool, kTime, kText, kChoice, kLink, kButton, kOther };
+enum class ParameterUnit { kNone, kPercent, kDegrees, kFrames };
+
+struct Parameter {
+    std::int32_t id = 0;
+    std::string label;  // without blanks around it; may be empty
+    ParameterKind kind = ParameterKind::kOther;
+    ParameterUnit unit = ParameterUnit::kNone;
+    std::optional<double> minimum, maximum;                     // in the stored unit
+    std::vector<std::pair<std::int32_t, std::string>> choices;  // of a choice: value and label
+};
+
+// In the order of the panel; throws a Failure when the tag does not describe itself.
+std::vector<Parameter> DescribedParameters(const host::Tag &tag);
+
+}  // namespace tremolux

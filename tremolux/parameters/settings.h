@@ -1,0 +1,15 @@
+// Parameters from the command line, written into a tag.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/scene/tag.h"
+
+namespace tremolux {
+
+// Each of the form "LABEL=VALUE" or "ID=VALUE". All are checked before the first is written; of several for one
+// parameter the last holds. Throws a Failure.
+void ApplySettings(const std::vector<std::string> &settings, int frames_per_second, host::Tag *tag);
+
+}  // namespace tremolux

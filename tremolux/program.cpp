@@ -1,0 +1,47 @@
+#include "tremolux/program.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+#include <string>
+
+#include "tremolux/commands/commands.h"
+#include "tremolux/failure.h"
+#include "tremolux/interrupt.h"
+
+namespace tremolux {
+namespace {
+
+int Complain(int status, std::string line) {
+    for (char &c : line) {
+        if (c == '\n' || c == '\r') c = ' ';
+    }
+    std::fprintf(stderr, "%s\n", line.c_str());
+    return status;
+}
+
+}  // namespace
+
+int RunProgram(int argc, char **argv) {
+    CLI::App program{"Makes camera moves hand-held with the TremoluxCam module, in an embedded host.", "tremolux"};
+    program.require_subcommand(1);
+    Action action;
+    AddShakeCommand(&program, &action);
+    AddTraceCommand(&program, &action);
+    AddInfoCommand(&program, &action);
+    try {
+        program.parse(argc, argv);
+        WatchForInterrupt();
+        action();
+        return 0;
+    } catch (const CLI::ParseError &error) {
+        if (error.get_exit_code() == 0) return program.exit(error);  // help was asked for
+        return Complain(kExitInput, std::string("tremolux: ") + error.what());
+    } catch (const Failure &failure) {
+        return Complain(failure.Status(), failure.what());
+    } catch (const std::exception &error) {
+        return Complain(kExitInternal, std::string("tremolux: ") + error.what());
+    }
+}
+
+}  // namespace tremolux

@@ -1,0 +1,39 @@
+// The scene that a move is played in: an input camera that follows it, and a second camera with the module's tag.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "host/scene/document.h"
+#include "host/scene/tag.h"
+#include "tremolux/formats/camera_move.h"
+
+namespace tremolux {
+
+class Stage {
+  public:
+    // In the running host; its document begins with the move's first frame. The tag has had its first evaluation,
+    // which only sets it up and evaluates nothing: parameters that are set from now on hold. Throws a Failure when
+    // the module has no such tag.
+    Stage(const CameraMove &move, int frames_per_second);
+
+    // Evaluates one frame of playback. Frames are played one after the other, from the document's first.
+    void PlayFrame(std::int64_t frame);
+    host::Tag &CameraTag() { return *tag_; }
+    const host::Document &Document() const { return *document_; }
+    CameraSample Input() const;
+    // As evaluated; its angles are those closest to the frame before, and on the first frame to the input's.
+    CameraSample Output() const { return output_sample_; }
+
+  private:
+    struct KillDocument {
+        void operator()(host::Document *document) const;
+    };
+    void Evaluate(std::int64_t frame);
+    std::unique_ptr<host::Document, KillDocument> document_;  // the running host's; the cameras and the tag are in it
+    host::Object *input_, *output_;
+    host::Tag *tag_ = nullptr;
+    CameraSample output_sample_;
+};
+
+}  // namespace tremolux

@@ -1,0 +1,17 @@
+// What the program asks of the operating system.
+#pragma once
+
+#include <filesystem>
+
+namespace tremolux {
+
+// Where the running program's file lies; empty when the system does not say.
+std::filesystem::path ProgramFolder();
+// Whether somebody watches the standard error output.
+bool ErrorOutputIsTerminal();
+// Where the user's settings lie unless another folder is asked for: tremolux/ in the user's configuration folder.
+std::filesystem::path DefaultHome();
+// "TremoluxCam.so" or "TremoluxCam.cdl64"
+const char *ModuleFileName();
+
+}  // namespace tremolux
