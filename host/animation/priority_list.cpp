@@ -15,8 +15,8 @@ void HostPriorityList::Sort() {
     // Nearly always few and in order already; a stable sort would fetch memory for every evaluation.
     if (std::is_sorted(entries.begin(), entries.end(), is_earlier)) return;
     for (std::size_t i = 1; i < entries.size(); ++i) {
-        const auto place = std::upper_bound(entries.begin(), entries.begin() + static_cast<std::ptrdiff_t>(i), entries[i],
-                                            is_earlier);
+        const auto place =
+            std::upper_bound(entries.begin(), entries.begin() + static_cast<std::ptrdiff_t>(i), entries[i], is_earlier);
         std::rotate(place, entries.begin() + static_cast<std::ptrdiff_t>(i),
                     entries.begin() + static_cast<std::ptrdiff_t>(i) + 1);
     }

@@ -54,8 +54,8 @@ double ValueOnSegment(const SplineSegment &s, double time) {
     constexpr double kEven = 1e-9;
     const bool even = std::fabs(first - 1.0 / 3) < kEven && std::fabs(last - 2.0 / 3) < kEven;
     const double u = even ? share : ShareAt(first, last, share);
-    return Bezier(s.start_value, s.start_value + s.right_tangent_value, s.end_value + s.left_tangent_value,
-                  s.end_value, u);
+    return Bezier(s.start_value, s.start_value + s.right_tangent_value, s.end_value + s.left_tangent_value, s.end_value,
+                  u);
 }
 
 }  // namespace host

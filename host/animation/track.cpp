@@ -16,7 +16,8 @@ std::int32_t CategoryOf(const Node &node, const TableDescID &id) {
     if (!node.GetParameter(id, &value)) return 0;
     DescribedParameter described;
     switch (value.type) {
-        case kDataReal: return kCategoryNumbers;
+        case kDataReal:
+            return kCategoryNumbers;
         case kDataWhole:
             // Only the description can tell a switch from a number.
             return FindDescribed(&node, id, &described) && described.described_type == kDescribedBool
@@ -25,8 +26,10 @@ std::int32_t CategoryOf(const Node &node, const TableDescID &id) {
         case kDataNil:
         case kDataVoid:
         case kDataVector:
-        case kDataMatrix: return 0;
-        default: return kCategoryData;
+        case kDataMatrix:
+            return 0;
+        default:
+            return kCategoryData;
     }
 }
 

@@ -111,7 +111,7 @@ class Track : public Node {
     double ValueAt(const Time &time) const;
     // false: the loop mode leaves the parameter alone at that time, or there are no keys.
     bool Governs(const Time &time) const;
-    const Key *KeyBefore(const Time &time) const;  // the last one before or at; else the first; null without keys
+    const Key *KeyBefore(const Time &time) const;      // the last one before or at; else the first; null without keys
     const host::Data *DataAt(const Time &time) const;  // of category 2: the last key's before or at; null without keys
     bool FillKey(Node *node, Key *key) const;          // the parameter's present value
 

@@ -6,9 +6,7 @@ namespace host {
 namespace {
 
 // Keys are numerous, and nothing links to them: they are left out of the translation.
-bool CanBeLinked(const Node &node) {
-    return node.Classification() != kTypeKey && node.Classification() != kTypeCurve;
-}
+bool CanBeLinked(const Node &node) { return node.Classification() != kTypeKey && node.Classification() != kTypeCurve; }
 
 }  // namespace
 

@@ -10,7 +10,6 @@
 namespace host {
 namespace {
 
-constexpr std::int32_t kDocumentSettings = 2;  // the settings' type
 constexpr std::int32_t kDefaultFps = 30, kMaxFps = 2500;
 constexpr double kDefaultLastFrame = 90;
 
@@ -211,7 +210,8 @@ void Document::SetActiveTag(Tag *tag, std::int32_t mode) {
     if (tag == nullptr) return;
     SetActive(tag, mode != kSelectSubtract);
     // A selected tag is shown with its object.
-    if (mode != kSelectSubtract && (tag->GetObject()->Bits() & kBitActive) == 0) SetActiveObject(tag->GetObject(), mode);
+    if (mode != kSelectSubtract && (tag->GetObject()->Bits() & kBitActive) == 0)
+        SetActiveObject(tag->GetObject(), mode);
 }
 
 // ---- Copies

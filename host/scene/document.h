@@ -78,7 +78,7 @@ class Document : public Node {
     friend class NodeState;
     friend class UndoPlace;
     void CopyView(Document *copy, std::int32_t flags, const HostAliasTrans &translation) const;
-    void SetActive(Node *node, bool active);  // part of an open undo step
+    void SetActive(Node *node, bool active);                                     // part of an open undo step
     std::vector<std::pair<std::int32_t, std::unique_ptr<Container>>> settings_;  // by type, type 2 first
     NodeList objects_;
     UndoStack undo_{this};

@@ -1,7 +1,7 @@
 #include "host/scene/messages.h"
 
-#include "host/scene/document.h"
 #include "host/animation/track.h"
+#include "host/scene/document.h"
 #include "host/scene/tag.h"
 
 namespace host {
@@ -41,12 +41,15 @@ bool SendAlong(Node *node, std::int32_t route, std::int32_t type, void *data) {
             while (node->Up() != nullptr) node = node->Up();
             receivers.push_back(node->Anchor());
             break;
-        case kRouteDown: AddWithBranches(node, &receivers); break;
+        case kRouteDown:
+            AddWithBranches(node, &receivers);
+            break;
         case kRouteBroadcast:
             if (Document *document = node->GetDocument()) return Broadcast(document, type, data);
             AddWithBranches(node, &receivers);
             break;
-        default: return node->SendMessage(type, data);
+        default:
+            return node->SendMessage(type, data);
     }
     return Send(receivers, type, data);
 }

@@ -36,12 +36,20 @@ struct RealDefault {
 constexpr WholeDefault kObjectWholes[] = {
     {901, kUndefinedVisibility}, {902, kUndefinedVisibility}, {906, 1}, {kParamUseColor, 0}, {909, 0}};
 // Lengths of the lens in millimetres, distances in scene units.
-constexpr RealDefault kCameraReals[] = {
-    {kCameraFocalLength, 36}, {kCameraZoom, 1}, {kCameraAperture, 36}, {kCameraFocusDistance, 2000},
-    {1112, 0},                {1113, 1000},     {1115, 0},             {1116, 1000},
-    {1118, 0},                {1119, 0},        {1122, 0},             {1128, 0}};
-constexpr WholeDefault kCameraWholes[] = {{kCameraProjection, 0}, {1007, 1}, {kCameraUseTarget, 0}, {1111, 0},
-                                          {1114, 0},              {1123, 0}, {1129, 0}};
+constexpr RealDefault kCameraReals[] = {{kCameraFocalLength, 36},
+                                        {kCameraZoom, 1},
+                                        {kCameraAperture, 36},
+                                        {kCameraFocusDistance, 2000},
+                                        {1112, 0},
+                                        {1113, 1000},
+                                        {1115, 0},
+                                        {1116, 1000},
+                                        {1118, 0},
+                                        {1119, 0},
+                                        {1122, 0},
+                                        {1128, 0}};
+constexpr WholeDefault kCameraWholes[] = {
+    {kCameraProjection, 0}, {1007, 1}, {kCameraUseTarget, 0}, {1111, 0}, {1114, 0}, {1123, 0}, {1129, 0}};
 
 void SetObjectDefaults(Container *data) {
     for (const WholeDefault &entry : kObjectWholes) data->Set(entry.id, Data(entry.value));

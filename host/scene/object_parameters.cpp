@@ -15,35 +15,52 @@ bool IsNumber(const Data &data) { return data.type == kDataReal || data.type == 
 // The number that a component's id names; null for an id that names none.
 double *ComponentOf(Vector *v, std::int32_t component) {
     switch (component) {
-        case kVectorX: return &v->x;
-        case kVectorY: return &v->y;
-        case kVectorZ: return &v->z;
-        default: return nullptr;
+        case kVectorX:
+            return &v->x;
+        case kVectorY:
+            return &v->y;
+        case kVectorZ:
+            return &v->z;
+        default:
+            return nullptr;
     }
 }
 
 // The plain vectors of a transform; null for any other parameter.
 Vector *StoredVector(Transform *transform, std::int32_t id) {
     switch (id) {
-        case kParamRelPosition: return &transform->position;
-        case kParamRelRotation: return &transform->rotation;
-        case kParamRelScale: return &transform->scale;
-        case kParamFrozenPosition: return &transform->frozen_position;
-        case kParamFrozenRotation: return &transform->frozen_rotation;
-        case kParamFrozenScale: return &transform->frozen_scale;
-        default: return nullptr;
+        case kParamRelPosition:
+            return &transform->position;
+        case kParamRelRotation:
+            return &transform->rotation;
+        case kParamRelScale:
+            return &transform->scale;
+        case kParamFrozenPosition:
+            return &transform->frozen_position;
+        case kParamFrozenRotation:
+            return &transform->frozen_rotation;
+        case kParamFrozenScale:
+            return &transform->frozen_scale;
+        default:
+            return nullptr;
     }
 }
 
 std::optional<Vector> ComputedVector(const Object &object, std::int32_t id) {
     const Transform &transform = object.GetTransform();
     switch (id) {
-        case kParamGlobalPosition: return object.GlobalMatrix().off;
-        case kParamGlobalRotation: return MatrixToHpb(object.GlobalMatrix(), transform.order);
-        case kParamAbsPosition: return transform.AbsPosition();
-        case kParamAbsRotation: return transform.AbsRotation();
-        case kParamAbsScale: return transform.AbsScale();
-        default: return std::nullopt;
+        case kParamGlobalPosition:
+            return object.GlobalMatrix().off;
+        case kParamGlobalRotation:
+            return MatrixToHpb(object.GlobalMatrix(), transform.order);
+        case kParamAbsPosition:
+            return transform.AbsPosition();
+        case kParamAbsRotation:
+            return transform.AbsRotation();
+        case kParamAbsScale:
+            return transform.AbsScale();
+        default:
+            return std::nullopt;
     }
 }
 
@@ -61,10 +78,17 @@ void SetComputedVector(Object *object, std::int32_t id, const Vector &v) {
                                      turned.v3 * Length(global.v3)});
             return;
         }
-        case kParamAbsPosition: transform.SetAbsPosition(v); break;
-        case kParamAbsRotation: transform.SetAbsRotation(v); break;
-        case kParamAbsScale: transform.SetAbsScale(v); break;
-        default: return;
+        case kParamAbsPosition:
+            transform.SetAbsPosition(v);
+            break;
+        case kParamAbsRotation:
+            transform.SetAbsRotation(v);
+            break;
+        case kParamAbsScale:
+            transform.SetAbsScale(v);
+            break;
+        default:
+            return;
     }
     object->SetTransform(transform);
 }
@@ -79,8 +103,8 @@ bool IsTransformVector(std::int32_t id) {
 
 bool Object::IsVirtualParameter(const TableDescID &id) const {
     const std::int32_t first = LevelId(id, 0);
-    return IsTransformVector(first) || first == kParamRotationOrder ||
-           (first == kCameraFov && Type() == kTypeCamera) || Node::IsVirtualParameter(id);
+    return IsTransformVector(first) || first == kParamRotationOrder || (first == kCameraFov && Type() == kTypeCamera) ||
+           Node::IsVirtualParameter(id);
 }
 
 bool Object::GetVirtualParameter(const TableDescID &id, host::Data *out) const {

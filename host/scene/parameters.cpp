@@ -1,4 +1,6 @@
 // Reading and writing a node's parameters.
+#include "host/scene/parameters.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -6,7 +8,6 @@
 #include "host/scene/messages.h"
 #include "host/scene/node.h"
 #include "host/scene/object.h"
-#include "host/scene/parameters.h"
 #include "host/value/descid.h"
 
 namespace host {
@@ -74,8 +75,10 @@ bool DescribedDefault(const Node *node, const TableDescID &id, Data *out) {
 std::int32_t ValueTypeOf(std::int32_t described_type) {
     switch (described_type) {
         case kDescribedColor:
-        case kDescribedNormal: return kDataVector;
-        case kDescribedBool: return kDataWhole;
+        case kDescribedNormal:
+            return kDataVector;
+        case kDescribedBool:
+            return kDataWhole;
         case kDataWhole:
         case kDataReal:
         case kDataTime:
@@ -83,8 +86,10 @@ std::int32_t ValueTypeOf(std::int32_t described_type) {
         case kDataMatrix:
         case kDataString:
         case kDataFilename:
-        case kDataLink: return described_type;
-        default: return described_type > kDataCustom ? described_type : kDataNil;
+        case kDataLink:
+            return described_type;
+        default:
+            return described_type > kDataCustom ? described_type : kDataNil;
     }
 }
 
@@ -176,7 +181,8 @@ bool Node::WriteAnimated(const TableDescID &id, double value) {
     if (id.depth == 1) {
         // A whole number stays one: what reads it may ask for its type.
         const host::Data *present = data_.Find(id.level[0].id);
-        if (present != nullptr && present->type == kDataWhole) return WriteAnimated(id, host::Data(TruncatedWhole(value)));
+        if (present != nullptr && present->type == kDataWhole)
+            return WriteAnimated(id, host::Data(TruncatedWhole(value)));
     }
     return WriteAnimated(id, host::Data(value));
 }

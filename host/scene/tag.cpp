@@ -17,7 +17,8 @@ constexpr std::int32_t kStageDistance = 1000, kFirstStage = 0, kLastStage = 4;
 
 }  // namespace
 
-Tag::Tag(const TagPlugin &registration) : Node(registration.id), registration_(registration) {
+Tag::Tag(const TagPlugin &registration, std::unique_ptr<TagPlugin> own)
+    : Node(registration.id), own_registration_(std::move(own)), registration_(registration) {
     Data() = Container(registration.id);
     SetName(registration.name);
 }
@@ -35,6 +36,13 @@ std::unique_ptr<Tag> Tag::Create(std::int32_t type) {
     return tag;
 }
 
+std::unique_ptr<Tag> Tag::CreateMissing(std::int32_t type) {
+    auto registration = std::make_unique<TagPlugin>();
+    registration->id = type;
+    const TagPlugin &known = *registration;
+    return std::unique_ptr<Tag>(new Tag(known, std::move(registration)));
+}
+
 Tag::~Tag() {
     Detach();
     if (plugin_ == nullptr) return;
@@ -44,7 +52,7 @@ Tag::~Tag() {
     if (registration_.node.destroy != nullptr) registration_.node.destroy(plugin);
 }
 
-Node *Tag::CreateSameKind() const { return Create(Type()).release(); }
+Node *Tag::CreateSameKind() const { return (own_registration_ ? CreateMissing(Type()) : Create(Type())).release(); }
 
 bool Tag::IsInstanceOf(std::int32_t type) const { return Node::IsInstanceOf(type); }
 

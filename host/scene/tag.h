@@ -17,6 +17,8 @@ class Tag : public Node {
     // A free tag: plug-in object made, attached, container given the type's id, Init called. null when the type is
     // not registered, when the plug-in gives no object, or when Init says no.
     static std::unique_ptr<Tag> Create(std::int32_t type);
+    // Stands for a tag of a type that nobody registered: it keeps its data and does nothing.
+    static std::unique_ptr<Tag> CreateMissing(std::int32_t type);
     ~Tag() override;
 
     std::int32_t Classification() const override { return kTypeTag; }
@@ -33,7 +35,8 @@ class Tag : public Node {
     std::int32_t ExecutionPriority() const;
 
   protected:
-    explicit Tag(const TagPlugin &registration);
+    // `own`: the registration where the tag has to keep it itself.
+    explicit Tag(const TagPlugin &registration, std::unique_ptr<TagPlugin> own = nullptr);
     bool GetVirtualParameter(const TableDescID &id, host::Data *out) const override;
     Node *CreateSameKind() const override;
     bool CopyOwnState(Node *copy, std::int32_t flags, HostAliasTrans *translation) const override;
@@ -41,6 +44,7 @@ class Tag : public Node {
     bool SetPluginParameter(const TableDescID &id, const host::Data &data, std::int32_t flags) override;
 
   private:
+    std::unique_ptr<TagPlugin> own_registration_;
     const TagPlugin &registration_;
     ModuleObject *plugin_ = nullptr;
 };

@@ -26,21 +26,30 @@ class UndoStack::Entry {
   public:
     Entry(std::int32_t type, Node *node) : type_(type), keep_(node) {
         switch (type) {
-            case kUndoNew: break;
+            case kUndoNew:
+                break;
             case kUndoDelete:
                 place_.emplace(node);
                 keep_.LeaveToUndo();
                 break;
             case kUndoBits:
             case kUndoActivate:
-            case kUndoDeactivate: bits_ = node->Bits(); break;
+            case kUndoDeactivate:
+                bits_ = node->Bits();
+                break;
             case kUndoHierarchy:
                 place_.emplace(node);
                 states_.emplace_back(node, false);
                 break;
-            case kUndoChange: Store(Changing(node), true, true); break;
-            case kUndoChangeNoChildren: Store(Changing(node), true, false); break;
-            default: states_.emplace_back(Changing(node), false); break;
+            case kUndoChange:
+                Store(Changing(node), true, true);
+                break;
+            case kUndoChangeNoChildren:
+                Store(Changing(node), true, false);
+                break;
+            default:
+                states_.emplace_back(Changing(node), false);
+                break;
         }
     }
 
@@ -50,8 +59,12 @@ class UndoStack::Entry {
         Node *node = keep_.Get();
         if (node == nullptr) return;
         switch (type_) {
-            case kUndoNew: backwards ? TakeOut(node) : PutIn(node); break;
-            case kUndoDelete: backwards ? PutIn(node) : TakeOut(node); break;
+            case kUndoNew:
+                backwards ? TakeOut(node) : PutIn(node);
+                break;
+            case kUndoDelete:
+                backwards ? PutIn(node) : TakeOut(node);
+                break;
             case kUndoBits:
             case kUndoActivate:
             case kUndoDeactivate: {
@@ -67,7 +80,8 @@ class UndoStack::Entry {
                 place_ = present;
                 break;
             }
-            default: break;
+            default:
+                break;
         }
         for (UndoBranches &branches : branches_) branches.Exchange();
         for (NodeState &state : states_) state.Exchange();

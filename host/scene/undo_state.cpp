@@ -13,14 +13,19 @@ namespace host {
 NodeState::NodeState(Node *node, bool with_tracks)
     : node_(node->Anchor()), data_(node->data_), name_(node->name_), bits_(node->bits_), with_tracks_(with_tracks) {
     switch (node->Classification()) {
-        case kTypeObject: transform_ = static_cast<Object *>(node)->transform_; break;
+        case kTypeObject:
+            transform_ = static_cast<Object *>(node)->transform_;
+            break;
         case kTypeDocument:
             for (const auto &[type, settings] : static_cast<Document *>(node)->settings_) {
                 settings_.emplace_back(type, std::make_unique<Container>(*settings));
             }
             break;
-        case kTypeTrack: own_.reset(static_cast<Track *>(node->Clone(0, nullptr))); break;
-        default: break;
+        case kTypeTrack:
+            own_.reset(static_cast<Track *>(node->Clone(0, nullptr)));
+            break;
+        default:
+            break;
     }
     if (!with_tracks) return;
     for (Track *track : node->tracks_) {
@@ -67,15 +72,20 @@ void NodeState::Exchange() {
     std::swap(node->name_, name_);
     std::swap(node->bits_, bits_);
     switch (node->Classification()) {
-        case kTypeObject: std::swap(static_cast<Object *>(node)->transform_, transform_); break;
+        case kTypeObject:
+            std::swap(static_cast<Object *>(node)->transform_, transform_);
+            break;
         case kTypeDocument: {
             Document *document = static_cast<Document *>(node);
             // Modules hold the settings' addresses: their contents are exchanged, not they themselves.
             for (auto &[type, settings] : settings_) std::swap(document->Settings(type), *settings);
             break;
         }
-        case kTypeTrack: ExchangeTrack(static_cast<Track *>(node), own_.get()); break;
-        default: break;
+        case kTypeTrack:
+            ExchangeTrack(static_cast<Track *>(node), own_.get());
+            break;
+        default:
+            break;
     }
     if (with_tracks_) ExchangeTracks(node);
     node->SetDirty(kDirtyData | kDirtyMatrix | kDirtyDescription);
@@ -104,9 +114,15 @@ void UndoPlace::Restore(Node *node) const {
     if (node == nullptr || owner == nullptr || owner == node) return;
     if (previous != nullptr && OwnerOf(previous) != owner) previous = nullptr;
     switch (node->Classification()) {
-        case kTypeTrack: owner->InsertTrack(static_cast<Track *>(node)); break;
-        case kTypeKey: static_cast<Curve *>(owner)->InsertKey(static_cast<Key *>(node)); break;
-        case kTypeTag: static_cast<Object *>(owner)->InsertTag(static_cast<Tag *>(node), static_cast<Tag *>(previous)); break;
+        case kTypeTrack:
+            owner->InsertTrack(static_cast<Track *>(node));
+            break;
+        case kTypeKey:
+            static_cast<Curve *>(owner)->InsertKey(static_cast<Key *>(node));
+            break;
+        case kTypeTag:
+            static_cast<Object *>(owner)->InsertTag(static_cast<Tag *>(node), static_cast<Tag *>(previous));
+            break;
         case kTypeObject:
             if (previous != nullptr) {
                 node->InsertAfter(previous);
@@ -116,7 +132,8 @@ void UndoPlace::Restore(Node *node) const {
                 node->InsertUnder(owner);
             }
             break;
-        default: break;
+        default:
+            break;
     }
 }
 

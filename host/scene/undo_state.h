@@ -29,9 +29,9 @@ class NodeState {
     Container data_;
     std::string name_;
     std::int32_t bits_ = 0;
-    Transform transform_;                                                 // of an object
+    Transform transform_;                                                        // of an object
     std::vector<std::pair<std::int32_t, std::unique_ptr<Container>>> settings_;  // of a document
-    std::unique_ptr<Track> own_;                                          // of a track: loops and keys
+    std::unique_ptr<Track> own_;                                                 // of a track: loops and keys
     bool with_tracks_;
     std::vector<std::unique_ptr<Track>> tracks_;
 };

@@ -5,9 +5,8 @@ namespace host {
 namespace {
 
 HostAtom *CreateTrack(HostAtom *node, const TableDescID *id) {
-    return Guarded<HostAtom *>(nullptr, [=]() -> HostAtom * {
-        return id != nullptr ? Track::Create(AsNode(node), *id).release() : nullptr;
-    });
+    return Guarded<HostAtom *>(
+        nullptr, [=]() -> HostAtom * { return id != nullptr ? Track::Create(AsNode(node), *id).release() : nullptr; });
 }
 void TrackId(const HostAtom *atom, TableDescID *out) {
     if (out == nullptr) return;
@@ -149,12 +148,36 @@ HostAtom *KeyCurve(const HostAtom *atom) {
     return key != nullptr ? key->GetCurve() : nullptr;
 }
 
-const AnimationTable kEntries = {CreateTrack, TrackId,    TrackObject,      TrackCurve,          TrackCategory,
-                                 TrackValue,  TrackLoop,  SetTrackLoop,     FillKey,             KeyCount,
-                                 KeyAt,       FindKey,    AddKey,           InsertKey,           DeleteKey,
-                                 FlushKeys,   CurveValue, CurveTrack,       CreateKey,           KeyTime,
-                                 KeyValue,    SetKeyTime, SetKeyValue,      KeyTangent,          SetKeyTangent,
-                                 KeyInterpolation, SetKeyInterpolation, KeyData, SetKeyData,     KeyCurve};
+const AnimationTable kEntries = {CreateTrack,
+                                 TrackId,
+                                 TrackObject,
+                                 TrackCurve,
+                                 TrackCategory,
+                                 TrackValue,
+                                 TrackLoop,
+                                 SetTrackLoop,
+                                 FillKey,
+                                 KeyCount,
+                                 KeyAt,
+                                 FindKey,
+                                 AddKey,
+                                 InsertKey,
+                                 DeleteKey,
+                                 FlushKeys,
+                                 CurveValue,
+                                 CurveTrack,
+                                 CreateKey,
+                                 KeyTime,
+                                 KeyValue,
+                                 SetKeyTime,
+                                 SetKeyValue,
+                                 KeyTangent,
+                                 SetKeyTangent,
+                                 KeyInterpolation,
+                                 SetKeyInterpolation,
+                                 KeyData,
+                                 SetKeyData,
+                                 KeyCurve};
 
 }  // namespace
 

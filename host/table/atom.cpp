@@ -25,15 +25,13 @@ std::int32_t MultiMessage(HostAtom *atom, std::int32_t route, std::int32_t type,
 }
 
 HostAtom *Clone(HostAtom *atom, std::int32_t flags, HostAliasTrans *translation) {
-    return Guarded<HostAtom *>(nullptr, [=]() -> HostAtom * {
-        return atom != nullptr ? AsNode(atom)->Clone(flags, translation) : nullptr;
-    });
+    return Guarded<HostAtom *>(
+        nullptr, [=]() -> HostAtom * { return atom != nullptr ? AsNode(atom)->Clone(flags, translation) : nullptr; });
 }
 
 std::int32_t CopyTo(HostAtom *atom, HostAtom *destination, std::int32_t flags, HostAliasTrans *translation) {
-    return Guarded(0, [=] {
-        return atom != nullptr && AsNode(atom)->CopyInto(AsNode(destination), flags, translation) ? 1 : 0;
-    });
+    return Guarded(
+        0, [=] { return atom != nullptr && AsNode(atom)->CopyInto(AsNode(destination), flags, translation) ? 1 : 0; });
 }
 
 std::int32_t GetDescription(HostAtom *atom, HostDescription *description, std::int32_t flags) {
@@ -112,10 +110,10 @@ void ArrayFlush(HostAtomArray *array) {
     if (array != nullptr) array->atoms.clear();
 }
 
-const AtomTable kEntries = {Type,         Classification, IsInstanceOf, SendTo,      MultiMessage, Clone,
-                            CopyTo,       GetDescription, GetParameter, SetParameter, GetEnabling, Dirty,
-                            SetDirty,     CreateArray,    ReleaseArray, ArrayCount,  ArrayAt,      ArrayAppend,
-                            ArrayRemove,  ArrayFlush};
+const AtomTable kEntries = {Type,        Classification, IsInstanceOf,   SendTo,       MultiMessage,
+                            Clone,       CopyTo,         GetDescription, GetParameter, SetParameter,
+                            GetEnabling, Dirty,          SetDirty,       CreateArray,  ReleaseArray,
+                            ArrayCount,  ArrayAt,        ArrayAppend,    ArrayRemove,  ArrayFlush};
 
 }  // namespace
 

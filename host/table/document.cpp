@@ -87,12 +87,18 @@ void SetActiveTag(HostAtom *atom, HostAtom *tag, std::int32_t mode) {
 // 0: there is no such time.
 std::int32_t SettingOf(std::int32_t which) {
     switch (which) {
-        case TABLE_DOCUMENT_TIME: return kDocumentTime;
-        case TABLE_DOCUMENT_MIN: return kDocumentMinTime;
-        case TABLE_DOCUMENT_MAX: return kDocumentMaxTime;
-        case TABLE_DOCUMENT_LOOP_MIN: return kDocumentLoopMinTime;
-        case TABLE_DOCUMENT_LOOP_MAX: return kDocumentLoopMaxTime;
-        default: return 0;
+        case TABLE_DOCUMENT_TIME:
+            return kDocumentTime;
+        case TABLE_DOCUMENT_MIN:
+            return kDocumentMinTime;
+        case TABLE_DOCUMENT_MAX:
+            return kDocumentMaxTime;
+        case TABLE_DOCUMENT_LOOP_MIN:
+            return kDocumentLoopMinTime;
+        case TABLE_DOCUMENT_LOOP_MAX:
+            return kDocumentLoopMaxTime;
+        default:
+            return 0;
     }
 }
 void GetTime(const HostAtom *atom, std::int32_t which, TableTime *out) {
@@ -233,41 +239,13 @@ std::int32_t PriorityListAdd(HostPriorityList *list, HostAtom *node, std::int32_
     return Guarded(0, [=] { return list != nullptr && list->Add(AsNode(node), priority, flags) ? 1 : 0; });
 }
 
-const DocumentTable kEntries = {Create,
-                                Settings,
-                                FirstObject,
-                                InsertObject,
-                                SearchObject,
-                                ActiveObject,
-                                ActiveTag,
-                                ActiveObjects,
-                                SetActiveObject,
-                                SetActiveTag,
-                                GetTime,
-                                SetTime,
-                                Fps,
-                                SetFps,
-                                StartUndo,
-                                EndUndo,
-                                AddUndo,
-                                Undo,
-                                Redo,
-                                FlushUndo,
-                                RunPasses,
-                                AnimateObject,
-                                ActiveView,
-                                Changed,
-                                SetChanged,
-                                ActiveDocument,
-                                InsertDocument,
-                                SetActiveDocument,
-                                KillDocument,
-                                SetDocumentTime,
-                                ViewHasCamera,
-                                ViewSceneCamera,
-                                ViewSetSceneCamera,
-                                ViewEditorCamera,
-                                PriorityListAdd};
+const DocumentTable kEntries = {
+    Create,        Settings,        FirstObject,        InsertObject,      SearchObject,   ActiveObject,
+    ActiveTag,     ActiveObjects,   SetActiveObject,    SetActiveTag,      GetTime,        SetTime,
+    Fps,           SetFps,          StartUndo,          EndUndo,           AddUndo,        Undo,
+    Redo,          FlushUndo,       RunPasses,          AnimateObject,     ActiveView,     Changed,
+    SetChanged,    ActiveDocument,  InsertDocument,     SetActiveDocument, KillDocument,   SetDocumentTime,
+    ViewHasCamera, ViewSceneCamera, ViewSetSceneCamera, ViewEditorCamera,  PriorityListAdd};
 
 }  // namespace
 

@@ -87,10 +87,14 @@ void InsertTrack(HostAtom *atom, HostAtom *track) {
     });
 }
 
-const ListTable kEntries = {Next,       Previous,       Up,      Down,         DownLast,  InsertBefore,
-                            InsertAfter, InsertUnder,   InsertUnderLast, Remove, DocumentOf, ModuleObjectOf,
-                            Release,    Main,           DataOf,  Name,         SetName,   Bits,
-                            SetBits,    FirstTrack,     FindTrack, InsertTrack};
+const ListTable kEntries = {Next,        Previous,    Up,
+                            Down,        DownLast,    InsertBefore,
+                            InsertAfter, InsertUnder, InsertUnderLast,
+                            Remove,      DocumentOf,  ModuleObjectOf,
+                            Release,     Main,        DataOf,
+                            Name,        SetName,     Bits,
+                            SetBits,     FirstTrack,  FindTrack,
+                            InsertTrack};
 
 }  // namespace
 

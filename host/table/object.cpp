@@ -13,16 +13,36 @@ void GetVector(const HostAtom *atom, std::int32_t which, TableVector *out) {
     const Object *object = AsObject(atom);
     const Transform transform = object != nullptr ? object->GetTransform() : Transform();
     switch (which) {
-        case TABLE_ABS_POSITION: *out = transform.AbsPosition(); break;
-        case TABLE_ABS_SCALE: *out = transform.AbsScale(); break;
-        case TABLE_ABS_ROTATION: *out = transform.AbsRotation(); break;
-        case TABLE_FROZEN_POSITION: *out = transform.frozen_position; break;
-        case TABLE_FROZEN_SCALE: *out = transform.frozen_scale; break;
-        case TABLE_FROZEN_ROTATION: *out = transform.frozen_rotation; break;
-        case TABLE_REL_POSITION: *out = transform.position; break;
-        case TABLE_REL_SCALE: *out = transform.scale; break;
-        case TABLE_REL_ROTATION: *out = transform.rotation; break;
-        default: *out = {0, 0, 0}; break;
+        case TABLE_ABS_POSITION:
+            *out = transform.AbsPosition();
+            break;
+        case TABLE_ABS_SCALE:
+            *out = transform.AbsScale();
+            break;
+        case TABLE_ABS_ROTATION:
+            *out = transform.AbsRotation();
+            break;
+        case TABLE_FROZEN_POSITION:
+            *out = transform.frozen_position;
+            break;
+        case TABLE_FROZEN_SCALE:
+            *out = transform.frozen_scale;
+            break;
+        case TABLE_FROZEN_ROTATION:
+            *out = transform.frozen_rotation;
+            break;
+        case TABLE_REL_POSITION:
+            *out = transform.position;
+            break;
+        case TABLE_REL_SCALE:
+            *out = transform.scale;
+            break;
+        case TABLE_REL_ROTATION:
+            *out = transform.rotation;
+            break;
+        default:
+            *out = {0, 0, 0};
+            break;
     }
 }
 
@@ -31,16 +51,35 @@ void SetVector(HostAtom *atom, std::int32_t which, const TableVector *value) {
     if (object == nullptr || value == nullptr) return;
     Transform transform = object->GetTransform();
     switch (which) {
-        case TABLE_ABS_POSITION: transform.SetAbsPosition(*value); break;
-        case TABLE_ABS_SCALE: transform.SetAbsScale(*value); break;
-        case TABLE_ABS_ROTATION: transform.SetAbsRotation(*value); break;
-        case TABLE_FROZEN_POSITION: transform.frozen_position = *value; break;
-        case TABLE_FROZEN_SCALE: transform.frozen_scale = *value; break;
-        case TABLE_FROZEN_ROTATION: transform.frozen_rotation = *value; break;
-        case TABLE_REL_POSITION: transform.position = *value; break;
-        case TABLE_REL_SCALE: transform.scale = *value; break;
-        case TABLE_REL_ROTATION: transform.rotation = *value; break;
-        default: return;
+        case TABLE_ABS_POSITION:
+            transform.SetAbsPosition(*value);
+            break;
+        case TABLE_ABS_SCALE:
+            transform.SetAbsScale(*value);
+            break;
+        case TABLE_ABS_ROTATION:
+            transform.SetAbsRotation(*value);
+            break;
+        case TABLE_FROZEN_POSITION:
+            transform.frozen_position = *value;
+            break;
+        case TABLE_FROZEN_SCALE:
+            transform.frozen_scale = *value;
+            break;
+        case TABLE_FROZEN_ROTATION:
+            transform.frozen_rotation = *value;
+            break;
+        case TABLE_REL_POSITION:
+            transform.position = *value;
+            break;
+        case TABLE_REL_SCALE:
+            transform.scale = *value;
+            break;
+        case TABLE_REL_ROTATION:
+            transform.rotation = *value;
+            break;
+        default:
+            return;
     }
     object->SetTransform(transform);
 }
@@ -104,9 +143,9 @@ HostAtom *TagObject(const HostAtom *atom) {
     return tag != nullptr ? tag->GetObject() : nullptr;
 }
 
-const ObjectTable kEntries = {Create,       GetVector,       SetVector,    LocalMatrix, SetLocalMatrix, GlobalMatrix,
-                              SetGlobalMatrix, ParentMatrix, CopyMatrix,   RotationOrder, SetRotationOrder, FirstTag,
-                              FindTag,      InsertTag,       CreateTag,    TagObject};
+const ObjectTable kEntries = {Create,          GetVector,    SetVector,  LocalMatrix,   SetLocalMatrix,   GlobalMatrix,
+                              SetGlobalMatrix, ParentMatrix, CopyMatrix, RotationOrder, SetRotationOrder, FirstTag,
+                              FindTag,         InsertTag,    CreateTag,  TagObject};
 
 }  // namespace
 

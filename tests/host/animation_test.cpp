@@ -132,7 +132,8 @@ RC_GTEST_PROP(Curves, AreExactAtEveryKey, ()) {
         written.emplace_back(frame, value);
     }
     for (auto entry = written.begin(); entry != written.end(); ++entry) {
-        const bool is_last = std::none_of(entry + 1, written.end(), [&](const auto &o) { return o.first == entry->first; });
+        const bool is_last =
+            std::none_of(entry + 1, written.end(), [&](const auto &o) { return o.first == entry->first; });
         if (is_last) RC_ASSERT(curve.ValueAt(MakeTime(entry->first, 30)) == entry->second);
     }
     for (std::int32_t i = 1; i < curve.KeyCount(); ++i) {
@@ -144,23 +145,28 @@ RC_GTEST_PROP(Curves, AreExactAtEveryKey, ()) {
 RC_GTEST_PROP(Segments, PassThroughTheBezierCurveInTimeAndValue, ()) {
     const auto number = [](int least, int most) { return *rc::gen::inRange(least, most + 1) / 100.0; };
     const double start = number(-500, 500), length = number(50, 500);
-    const SplineSegment s{start,           number(-900, 900),          start + length,   number(-900, 900),
-                          length * number(1, 100), number(-900, 900), -length * number(1, 100), number(-900, 900)};
+    const SplineSegment s{start,
+                          number(-900, 900),
+                          start + length,
+                          number(-900, 900),
+                          length * number(1, 100),
+                          number(-900, 900),
+                          -length * number(1, 100),
+                          number(-900, 900)};
     const double u = number(2, 98), v = 1 - u;
     const double time = v * v * v * s.start_time + 3 * v * v * u * (s.start_time + s.right_tangent_time) +
                         3 * v * u * u * (s.end_time + s.left_tangent_time) + u * u * u * s.end_time;
     const double value = v * v * v * s.start_value + 3 * v * v * u * (s.start_value + s.right_tangent_value) +
                          3 * v * u * u * (s.end_value + s.left_tangent_value) + u * u * u * s.end_value;
     // Where the curve stands nearly upright in time, a rounding of the time moves the value far: compare by its slope.
-    const double dt = 3 * (v * v * s.right_tangent_time + 2 * v * u * (length + s.left_tangent_time - s.right_tangent_time) -
-                           u * u * s.left_tangent_time);
+    const double dt =
+        3 * (v * v * s.right_tangent_time + 2 * v * u * (length + s.left_tangent_time - s.right_tangent_time) -
+             u * u * s.left_tangent_time);
     RC_PRE(dt > 0.01 * length);
     RC_ASSERT(std::fabs(ValueOnSegment(s, time) - value) < 1e-8);
 }
 
-TEST(Segments, OfNoLengthGiveTheEnd) {
-    EXPECT_EQ(ValueOnSegment({1, 2, 1, 3, 0, 0, 0, 0}, 1), 3);
-}
+TEST(Segments, OfNoLengthGiveTheEnd) { EXPECT_EQ(ValueOnSegment({1, 2, 1, 3, 0, 0, 0, 0}, 1), 3); }
 
 TEST(Segments, OverlongTangentsAreCutToTheSegment) {
     const SplineSegment s{0, 0, 1, 1, 50, 0, -50, 0};

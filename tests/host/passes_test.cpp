@@ -1,4 +1,5 @@
 #include "host/animation/passes.h"
+
 #include "host/animation/priority_list.h"
 #include "host/animation/track.h"
 #include "host/table/internal.h"

@@ -17,9 +17,12 @@ Matrix Turn(int axis, double angle) {
     // Heading turns the view (+Z) toward -X, pitch raises it, bank turns the up axis toward +X.
     const double c = std::cos(angle), s = std::sin(angle);
     switch (axis) {
-        case 0: return {{0, 0, 0}, {1, 0, 0}, {0, c, -s}, {0, s, c}};
-        case 1: return {{0, 0, 0}, {c, 0, s}, {0, 1, 0}, {-s, 0, c}};
-        default: return {{0, 0, 0}, {c, -s, 0}, {s, c, 0}, {0, 0, 1}};
+        case 0:
+            return {{0, 0, 0}, {1, 0, 0}, {0, c, -s}, {0, s, c}};
+        case 1:
+            return {{0, 0, 0}, {c, 0, s}, {0, 1, 0}, {-s, 0, c}};
+        default:
+            return {{0, 0, 0}, {c, -s, 0}, {s, c, 0}, {0, 0, 1}};
     }
 }
 

@@ -115,8 +115,7 @@ TEST_F(Parameters, AUsersWriteIsHeldToTypeAndLimits) {
     EXPECT_TRUE(tag->SetParameter(MakeId(testing::kCount), Data(-3.7), kSetUserInteraction));
     EXPECT_EQ(tag->Data().Find(testing::kCount)->type, kDataWhole);
     EXPECT_EQ(tag->Data().Whole(testing::kCount), 0);
-    EXPECT_TRUE(
-        tag->SetParameter(MakeId(testing::kSpeed), Data(500.0), kSetUserInteraction | kSetDontCheckLimits));
+    EXPECT_TRUE(tag->SetParameter(MakeId(testing::kSpeed), Data(500.0), kSetUserInteraction | kSetDontCheckLimits));
     EXPECT_EQ(tag->Data().Real(testing::kSpeed), 500);
     EXPECT_FALSE(tag->SetParameter(MakeId(testing::kButton), Data(1), kSetUserInteraction));
 }

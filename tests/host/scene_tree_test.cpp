@@ -290,12 +290,24 @@ RC_GTEST_PROP(Trees, StayWholeUnderRandomMoves, ()) {
     for (int i = 0; i < moves; ++i) {
         Object *a = objects[*rc::gen::inRange<std::size_t>(0, 8)], *b = objects[*rc::gen::inRange<std::size_t>(0, 8)];
         switch (*rc::gen::inRange(0, 6)) {
-            case 0: a->InsertBefore(b); break;
-            case 1: a->InsertAfter(b); break;
-            case 2: a->InsertUnder(b); break;
-            case 3: a->InsertUnderLast(b); break;
-            case 4: document.InsertObject(a, b); break;
-            default: document.InsertObject(a); break;
+            case 0:
+                a->InsertBefore(b);
+                break;
+            case 1:
+                a->InsertAfter(b);
+                break;
+            case 2:
+                a->InsertUnder(b);
+                break;
+            case 3:
+                a->InsertUnderLast(b);
+                break;
+            case 4:
+                document.InsertObject(a, b);
+                break;
+            default:
+                document.InsertObject(a);
+                break;
         }
     }
     std::vector<Object *> found = document.AllObjects();

@@ -1,0 +1,58 @@
+#include "tremolux/parameters/lookup.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/program/parameter_support.h"
+#include "tremolux/failure.h"
+
+namespace tremolux {
+namespace {
+
+std::string Refusal(std::string_view name) {
+    try {
+        return "found " + std::to_string(FindParameter(ExamplePanel(), name).id);
+    } catch (const Failure &failure) {
+        EXPECT_EQ(failure.Status(), kExitInput);
+        return failure.what();
+    }
+}
+
+TEST(ParameterLookup, FindsLabelsWhateverTheirCaseAndBlanks) {
+    for (const char *name : {"Shake Speed", "shake speed", "  SHAKE SPEED\t"}) EXPECT_EQ(Refusal(name), "found 10");
+}
+
+TEST(ParameterLookup, FindsIds) {
+    EXPECT_EQ(Refusal("12"), "found 12");
+    EXPECT_EQ(Refusal(" 22 "), "found 22");
+}
+
+TEST(ParameterLookup, RefusesSharedLabelsWithTheirIds) {
+    EXPECT_EQ(Refusal("overshoot fade"),
+              "--set: found 2 parameters 'overshoot fade', expected one of their ids: 11 or 12");
+}
+
+TEST(ParameterLookup, NamesTheNearestLabelsFirst) {
+    // "shake speed" is one letter away; every other label needs more.
+    EXPECT_EQ(Refusal("Shak Speed").rfind(
+                  "--set: found no parameter 'Shak Speed', expected a label or an id; nearest: 'Shake Speed', ", 0),
+              0u);
+    EXPECT_EQ(Refusal("Zom").rfind("--set: found no parameter 'Zom', expected a label or an id; nearest: 'Zoom', ", 0),
+              0u);
+}
+
+TEST(ParameterLookup, RefusesUnknownIdsAndEmptyNames) {
+    EXPECT_EQ(Refusal("99").rfind("--set: found no parameter '99', expected a label or an id", 0), 0u);
+    EXPECT_EQ(Refusal("").rfind("--set: found no parameter ''", 0), 0u);
+    EXPECT_EQ(Refusal(std::string(100000, 'x')).rfind("--set: found no parameter 'xxx", 0), 0u);
+}
+
+TEST(EditDistance, CountsAddedRemovedAndChangedLetters) {
+    EXPECT_EQ(EditDistance("", ""), 0u);
+    EXPECT_EQ(EditDistance("", "abc"), 3u);
+    EXPECT_EQ(EditDistance("abc", ""), 3u);
+    EXPECT_EQ(EditDistance("kitten", "sitting"), 3u);  // k to s, e to i, a g more
+    EXPECT_EQ(EditDistance("flaw", "lawn"), 2u);       // without the f, with an n
+}
+
+}  // namespace
+}  // namespace tremolux
