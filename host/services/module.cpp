@@ -45,7 +45,9 @@ std::unique_ptr<LoadedModule> LoadedModule::Load(const std::filesystem::path &fi
     if (!std::filesystem::exists(file, ignored)) return fail("there is no such file, expected a plug-in module");
     if (!std::filesystem::is_regular_file(file, ignored)) return fail("is no file, expected a plug-in module");
 
+    if (Application::Current() == nullptr) return fail("needs a running host");
     std::unique_ptr<LoadedModule> module(new LoadedModule);
+    module->application_ = Application::Current();
     // Absolute: the module finds its own folder by it, and no search path shall step in.
     module->file_ = std::filesystem::absolute(file, ignored);
     std::string reason;
@@ -83,7 +85,7 @@ LoadedModule::~LoadedModule() {
         for (ModuleMessage message : {kMessageEndProgram, kMessageEndActivity, kMessageEndPlugins})
             Send(main_, message);
     // What it registered goes while its code is still there.
-    if (initialized_ && Application::Current() != nullptr) Application::Current()->registry.Clear();
+    if (initialized_) application_->registry.Clear();
     if (initialized_) Call(kActionEnd, nullptr, nullptr, nullptr);
     if (library_ != nullptr) CloseLibrary(library_);
 }

@@ -9,6 +9,8 @@
 
 namespace host {
 
+class Application;
+
 // Exists exactly as long as the module is started: the destructor sends the end messages, destroys what the module
 // registered, then unloads it. Documents with its tags must be gone before.
 class LoadedModule {
@@ -22,6 +24,7 @@ class LoadedModule {
 
   private:
     LoadedModule() = default;
+    Application *application_ = nullptr;  // where it registers
     std::filesystem::path file_;
     void *library_ = nullptr;
     ModuleMain main_ = nullptr;

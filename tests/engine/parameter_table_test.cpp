@@ -92,8 +92,8 @@ struct LabelRow {
     const char *label;
 };
 
-const LabelRow kToggles[] = {{6010, "Pos X"},  {6011, "Pos Y"}, {6012, "Pos Z"},  {6013, "Rot H"},  {6014, "Rot P "},
-                             {6015, "Rot B"},  {6016, "Zoom "}, {6017, "Focus "}, {6018, "Target"}, {6145, "Jolt"}};
+const LabelRow kToggles[] = {{6010, "Pos X"}, {6011, "Pos Y"}, {6012, "Pos Z"},  {6013, "Rot H"},  {6014, "Rot P "},
+                             {6015, "Rot B"}, {6016, "Zoom "}, {6017, "Focus "}, {6018, "Target"}, {6145, "Jolt"}};
 const LabelRow kLinks[] = {{6001, "Input Camera"}, {6068, "Target Object"}, {6057, "Focus Object"}};
 const LabelRow kCycles[] = {{5806, "Category"}, {10028, "Preset"}};
 const LabelRow kButtons[] = {{6172, "?"},
@@ -121,10 +121,10 @@ const LabelRow kButtons[] = {{6172, "?"},
 
 // What the reset operation writes; all but the toggles as reals.
 const std::map<LONG, double> kResets = {
-    {6020, 1},    {6021, 1},    {6022, 1},     {6028, 0},    {6029, 0},    {6030, 0},    {6034, 0.55}, {6035, 0.2},
-    {6049, 0},    {6071, 0.65}, {6072, 0.25},  {6076, 1},    {6077, 1},    {6078, 1},    {6100, 1},    {6101, 1},
-    {6102, 1},    {6119, 0.15}, {6132, 1},     {6140, 0.1},  {6142, 12345}, {6149, 0.25}, {6151, 0},   {6152, 1},
-    {6158, 0.25}, {6165, 0.25}, {6170, 0.5}};
+    {6020, 1},    {6021, 1}, {6022, 1},    {6028, 0},    {6029, 0},    {6030, 0},   {6034, 0.55},
+    {6035, 0.2},  {6049, 0}, {6071, 0.65}, {6072, 0.25}, {6076, 1},    {6077, 1},   {6078, 1},
+    {6100, 1},    {6101, 1}, {6102, 1},    {6119, 0.15}, {6132, 1},    {6140, 0.1}, {6142, 12345},
+    {6149, 0.25}, {6151, 0}, {6152, 1},    {6158, 0.25}, {6165, 0.25}, {6170, 0.5}};
 
 bool IsToggle(LONG id) {
     for (const LabelRow &row : kToggles)

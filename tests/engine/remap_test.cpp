@@ -161,7 +161,8 @@ RC_GTEST_FIXTURE_PROP(RemapValue, AgreesWithItsRulesWrittenDownAgain, ()) {
     const double in_low = eighths(-40, 40), in_high = in_low + eighths(-24, 24);
     const double out_low = eighths(-40, 40), out_high = out_low + eighths(0, 24);
     const double x = eighths(-200, 200);
-    const int mode = *rc::gen::inRange(-1, 4), clamp_low = *rc::gen::inRange(0, 3), clamp_high = *rc::gen::inRange(0, 3);
+    const int mode = *rc::gen::inRange(-1, 4), clamp_low = *rc::gen::inRange(0, 3),
+              clamp_high = *rc::gen::inRange(0, 3);
     const bool curve = *rc::gen::arbitrary<bool>();
     const Real got = curve ? RemapAlong(x, in_low, in_high, out_low, out_high, mode, clamp_low, clamp_high)
                            : Remap(x, in_low, in_high, out_low, out_high, mode, clamp_low, clamp_high);

@@ -167,7 +167,8 @@ TEST_F(Sampling, ASeedChangesEveryLayerButTheFastOneOfTheZoom) {
     const Weights layers[3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
     for (const Weights &layer : layers) {
         for (int axis = 0; axis < 3; ++axis) {
-            EXPECT_NE(Position(axis, 12345, 0, layer, 1, 1, 1, 1, 200), Position(axis, 54321, 0, layer, 1, 1, 1, 1, 200));
+            EXPECT_NE(Position(axis, 12345, 0, layer, 1, 1, 1, 1, 200),
+                      Position(axis, 54321, 0, layer, 1, 1, 1, 1, 200));
             EXPECT_NE(Rotation(axis, 12345, 0, layer, 1, 1, 1, 200), Rotation(axis, 54321, 0, layer, 1, 1, 1, 200));
         }
         EXPECT_NE(Focus(200, 0, layer, 12345, 1, 1, 100), Focus(200, 0, layer, 54321, 1, 1, 100));

@@ -37,8 +37,8 @@ class Reset : public WithProbe {
 };
 
 TEST_F(Reset, PutsTheClocksTheListedRealsAndTheFlagAtZero) {
-    const LONG reals[] = {20000, 10051, 10052, 10053, 10054, 10055, 10056, 10044, 10045, 10046, 10047, 10048,
-                          10042, 10043, 10025, 10026, 11004, 10059, 5008,  5013,  5015};
+    const LONG reals[] = {20000, 10051, 10052, 10053, 10054, 10055, 10056, 10044, 10045, 10046, 10047,
+                          10048, 10042, 10043, 10025, 10026, 11004, 10059, 5008,  5013,  5015};
     for (const LONG key : reals) State().SetReal(key, kFar);
     State().Set(kCatchingUp, 1);
     ResetNow();

@@ -10,7 +10,8 @@ namespace fs = std::filesystem;
 class Folder {
   public:
     explicit Folder(const char *name)
-        : path_(fs::temp_directory_path() / (std::string("tremolux-start-") + name + std::to_string(std::random_device{}()))) {
+        : path_(fs::temp_directory_path() /
+                (std::string("tremolux-start-") + name + std::to_string(std::random_device{}()))) {
         fs::create_directories(path_);
         fs::copy(fs::path(TREMOLUX_SOURCE_DIR) / "res", path_ / "res", fs::copy_options::recursive);
     }

@@ -63,7 +63,8 @@ class Library {
         for (std::uint64_t i = 1; i < section.sh_size / sizeof(Elf64_Sym); ++i) {
             const auto symbol = At<Elf64_Sym>(section.sh_offset + i * sizeof(Elf64_Sym));
             if (!symbol) return;
-            const auto version = versions ? At<Elf64_Versym>(versions->sh_offset + i * sizeof(Elf64_Versym)) : std::nullopt;
+            const auto version =
+                versions ? At<Elf64_Versym>(versions->sh_offset + i * sizeof(Elf64_Versym)) : std::nullopt;
             symbols.push_back({Text(section, symbol->st_name), symbol->st_shndx != SHN_UNDEF,
                                ELF64_ST_BIND(symbol->st_info) == STB_WEAK,
                                version && (*version & 0x7fff) > VER_NDX_GLOBAL});

@@ -22,10 +22,10 @@ class Frame : public WithScene {
     host::Vector PositionShake(double offset) {
         double shake[3];
         for (int axis = 0; axis < 3; ++axis)
-            shake[axis] = model::PositionShake(
-                axis, std::trunc(scene().Real(kSeed)), offset,
-                {2 * scene().Real(6024), scene().Real(6025), scene().Real(6026)}, scene().Real(6076 + axis),
-                scene().Real(6020), 0.15 * scene().Real(6022), scene().Real(kSpeed), scene().Real(10051));
+            shake[axis] = model::PositionShake(axis, std::trunc(scene().Real(kSeed)), offset,
+                                               {2 * scene().Real(6024), scene().Real(6025), scene().Real(6026)},
+                                               scene().Real(6076 + axis), scene().Real(6020), 0.15 * scene().Real(6022),
+                                               scene().Real(kSpeed), scene().Real(10051));
         return {shake[0], shake[1], shake[2]};
     }
     host::Vector RotationShake(std::int32_t offset) {
@@ -94,8 +94,8 @@ TEST_F(Frame, ShakesOnlyTheAxesAndAnglesThatAreSwitchedOn) {
         scene().Show(0);
         scene().Show(30);
         const host::Vector position = PositionShake(0), angles = RotationShake(0);
-        ExpectNear(scene().Position(), {off == 6010 ? 0 : position.x, off == 6011 ? 0 : position.y,
-                                        off == 6012 ? 0 : position.z});
+        ExpectNear(scene().Position(),
+                   {off == 6010 ? 0 : position.x, off == 6011 ? 0 : position.y, off == 6012 ? 0 : position.z});
         ExpectNear(Angles(), {0.4 + (off == 6013 ? 0 : angles.x), -0.3 + (off == 6014 ? 0 : angles.y),
                               0.1 + (off == 6015 ? 0 : angles.z)});
     }
@@ -281,10 +281,9 @@ TEST_F(Frame, WithoutAnyMemoryForCurvesIsHarmlessInRestartsAndJumps) {
 }
 
 TEST_F(Frame, ReadsAParameterThatIsNotFiniteAsItsDefault) {
-    const std::pair<std::int32_t, double> defaults[] = {{6020, 1},      {6021, 1}, {6022, 1},        {6024, 0},
-                                                        {6028, 0},      {6152, 1}, {6132, 1},        {6138, 1},
-                                                        {kSeed, 12345}, {6149, 0}, {kTimeOffset, 0}, {6076, 1},
-                                                        {6100, 1}};
+    const std::pair<std::int32_t, double> defaults[] = {
+        {6020, 1}, {6021, 1},      {6022, 1}, {6024, 0},        {6028, 0}, {6152, 1}, {6132, 1},
+        {6138, 1}, {kSeed, 12345}, {6149, 0}, {kTimeOffset, 0}, {6076, 1}, {6100, 1}};
     for (const auto &[id, value] : defaults) {
         scene().Shake();
         scene().Set(id, value);

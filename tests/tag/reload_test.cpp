@@ -123,6 +123,7 @@ TEST_F(SavedScene, IsOnlyCheckedAtItsFirstEvaluation) {
 
 TEST_F(SavedScene, PointsAtThisMachinesPresetFolderAgain) {
     const std::string here = scene().State().Text(5026);
+    scene().State().Set(5026, host::Data::Filename("/another/machine/res/Presets"));
     Save();
     std::string error;
     std::unique_ptr<host::Document> document = host::LoadDocument(File(), &error);

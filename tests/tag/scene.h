@@ -12,8 +12,15 @@
 #include "host/scene/object.h"
 #include "host/scene/tag.h"
 #include "host/services/module.h"
+#include "host/value/descid.h"
 
 namespace tag_test {
+
+// The host's vectors are plain structs of the border: their operators are not found by themselves.
+using host::operator==;
+using host::operator+;
+using host::operator-;
+using host::operator*;
 
 constexpr std::int32_t kTag = 1039736;
 constexpr double kPi = 3.14159265358979323846, kDegree = kPi / 180;
@@ -57,8 +64,8 @@ class Session {
   private:
     TemporaryFolder folder_;
     std::unique_ptr<host::Application> application_;
-    std::unique_ptr<host::LoadedModule> module_;
     std::string error_;
+    std::unique_ptr<host::LoadedModule> module_;
 };
 
 // Everything that a frame shows.

@@ -31,10 +31,10 @@ class FirstEvaluation : public testing::Test {
 
 TEST_F(FirstEvaluation, WritesTheResetValues) {
     const std::pair<std::int32_t, double> reset[] = {
-        {6020, 1},    {6021, 1},    {6028, 0},     {6029, 0},    {6030, 0},   {6034, 0.55}, {6035, 0.2}, {6049, 0},
-        {6071, 0.65}, {6072, 0.25}, {6076, 1},     {6077, 1},    {6078, 1},   {6100, 1},    {6101, 1},   {6102, 1},
-        {6119, 0.15}, {6132, 1},    {6140, 0.1},   {6142, 12345}, {6149, 0.25}, {6151, 0},  {6152, 1},   {6158, 0.25},
-        {6165, 0.25}, {6170, 0.5}};
+        {6020, 1}, {6021, 1},    {6028, 0},    {6029, 0},    {6030, 0},   {6034, 0.55},  {6035, 0.2},
+        {6049, 0}, {6071, 0.65}, {6072, 0.25}, {6076, 1},    {6077, 1},   {6078, 1},     {6100, 1},
+        {6101, 1}, {6102, 1},    {6119, 0.15}, {6132, 1},    {6140, 0.1}, {6142, 12345}, {6149, 0.25},
+        {6151, 0}, {6152, 1},    {6158, 0.25}, {6165, 0.25}, {6170, 0.5}};
     for (const auto &[id, value] : reset) scene().Set(id, -77);
     for (std::int32_t id = 6010; id <= 6018; ++id) scene().State().Set(id, 0);
     scene().State().Set(6145, 0);
@@ -130,11 +130,11 @@ TEST_F(FirstEvaluation, HappensWithoutAnInputCameraToo) {
 }
 
 TEST_F(FirstEvaluation, IsFollowedByARunUpAwayFromTheStartFrame) {
+    scene().Evaluate();
     scene().Shake();
     scene().Play(0, 25);
     const Shot played = scene().Camera();
     scene().State().Set(kFirstRun, 1);
-    scene().Set(6149, 0.25);
     scene().Show(25);
     scene().Shake();  // the set-up takes the rotation layers back
     scene().Show(25);

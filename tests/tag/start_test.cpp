@@ -26,9 +26,19 @@ std::vector<std::string> PrintedBy(std::int32_t version, std::int32_t version_ty
 using Lines = std::vector<std::string>;
 
 TEST(Banner, NamesEveryVersionType) {
-    const char *const names[] = {"Prime",     "Bodypaint", "Studio",     "Visualize",    "Broadcast",
-                                 "Benchmark", "Updater",   "Installer",  "New Client",   "Net Server 3",
-                                 "Net Server Unlimited",   "Unknown",    "License Server"};
+    const char *const names[] = {"Prime",
+                                 "Bodypaint",
+                                 "Studio",
+                                 "Visualize",
+                                 "Broadcast",
+                                 "Benchmark",
+                                 "Updater",
+                                 "Installer",
+                                 "New Client",
+                                 "Net Server 3",
+                                 "Net Server Unlimited",
+                                 "Unknown",
+                                 "License Server"};
     for (std::int32_t code = 0; code <= 12; ++code)
         EXPECT_EQ(PrintedBy(14042, code, 1),
                   Lines{std::string("TremoluxCam V(1.015), 14042 ") + names[code] + ", Windows"});
@@ -52,6 +62,10 @@ TEST(Banner, EndsInACommaAndABlankOnAnUnknownOperatingSystem) {
 
 TEST(Banner, ShowsTheHostsVersionUnchanged) {
     EXPECT_EQ(PrintedBy(14001, 0, 2), Lines{"TremoluxCam V(1.015), 14001 Prime, OS X"});
+}
+
+TEST(Banner, IsPrintedOnceForEveryStart) {
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(PrintedBy(14042, 2, 3).size(), 1u);
 }
 
 class Start : public WithModule {};
@@ -89,19 +103,10 @@ TEST_F(Start, AnswersTheActionsOfItsOneEntry) {
     host::LoadedModule &module = session_.Module();
     EXPECT_EQ(module.Call(4, nullptr, nullptr, nullptr), 5) << "the interface version";
     EXPECT_EQ(module.Call(99, nullptr, nullptr, nullptr), -1) << "an unknown action";
-    const auto send = [&](std::intptr_t id) {
-        return module.Call(6, reinterpret_cast<void *>(id), nullptr, nullptr);
-    };
+    const auto send = [&](std::intptr_t id) { return module.Call(6, reinterpret_cast<void *>(id), nullptr, nullptr); };
     EXPECT_EQ(send(0), 1) << "the priority query";
     EXPECT_EQ(send(1), 1) << "the start message";
     EXPECT_EQ(send(1001188), -1) << "a message that it does not know";
-}
-
-TEST_F(Start, StartsAgainAfterItsEnd) {
-    for (int i = 0; i < 2; ++i) {
-        const auto lines = PrintedBy(14042, 2, 3);
-        EXPECT_EQ(lines.size(), 1u);
-    }
 }
 
 // What is left of a start in a folder that `spoil` has changed.
@@ -152,8 +157,7 @@ TEST(FailedStart, HappensWhenTheHostRefusesTheCommand) {
     EXPECT_EQ(host::LoadedModule::Load(ModuleFile(), &error), nullptr);
     EXPECT_NE(error, "");
     EXPECT_EQ(application.registry.FindTag(1039736), nullptr);
-    for (const std::string &line : application.console.lines)
-        EXPECT_EQ(line.find("TremoluxCam V("), std::string::npos);
+    for (const std::string &line : application.console.lines) EXPECT_EQ(line.find("TremoluxCam V("), std::string::npos);
 }
 
 TEST(FailedStart, HappensWhenTheHostRefusesTheTag) {
