@@ -146,4 +146,64 @@ TEST_F(Driver, AReplayToItsStartLeavesTheClocksAtZero) {
     EXPECT_EQ(State().Real(kClockStep), 0);
 }
 
+class DirectEvaluation : public WithProbe {
+  protected:
+    void SetUp() override {
+        WithProbe::SetUp();
+        for (const LONG id : {6024, 6025, 6026}) State().SetReal(id, 1);
+        for (int frame = 0; frame <= 10; ++frame) Show(frame);
+    }
+};
+
+TEST_F(DirectEvaluation, OfTheFrameThatIsShownChangesNothing) {
+    const host::Container before = State();
+    const host::Matrix shown = camera_->GlobalMatrix();
+    probe_->EvaluateFrame(Data(), Camera());
+    probe_->EvaluateFrame(Data(), Camera());
+    EXPECT_TRUE(State() == before);
+    EXPECT_TRUE(host::operator==(camera_->GlobalMatrix(), shown));
+}
+
+TEST_F(DirectEvaluation, LeavesTheLastFrameToItsCaller) {
+    document_->SetFrame(11);
+    const Real clock = State().Real(kShakeClock);
+    probe_->EvaluateFrame(Data(), Camera());
+    EXPECT_GT(State().Real(kShakeClock), clock);
+    EXPECT_EQ(State().Real(kLastFrame), 10);
+}
+
+TEST_F(DirectEvaluation, OfATimeBetweenTwoFramesIsNotTheFrameBefore) {
+    document_->SetTime(host::MakeTime(21, 60));  // frame 10.5
+    const Real clock = State().Real(kShakeClock);
+    probe_->EvaluateFrame(Data(), Camera());
+    EXPECT_GT(State().Real(kShakeClock), clock);
+}
+
+TEST_F(DirectEvaluation, TakesAFrameThatRoundingMissedForTheFrameItself) {
+    document_->SetFps(25);
+    document_->SetFrame(29);  // 29 / 25 * 25 falls a little short of 29
+    State().SetReal(kLastFrame, 29);
+    const host::Container before = State();
+    probe_->EvaluateFrame(Data(), Camera());
+    EXPECT_TRUE(State() == before);
+}
+
+TEST_F(DirectEvaluation, WithoutContainerOrCameraDoesNothing) {
+    document_->SetFrame(11);
+    const host::Container before = State();
+    probe_->EvaluateFrame(NULL, Camera());
+    probe_->EvaluateFrame(Data(), NULL);
+    EXPECT_TRUE(State() == before);
+}
+
+TEST_F(DirectEvaluation, OfATagInNoDocumentDoesNothing) {
+    document_->SetFrame(11);
+    // As in the undo buffer: the camera and its tag live on outside.
+    camera_->Remove();
+    const host::Container before = State();
+    probe_->EvaluateFrame(Data(), Camera());
+    EXPECT_TRUE(State() == before);
+    host::Node::Discard(camera_);
+}
+
 }  // namespace

@@ -274,4 +274,63 @@ TEST_F(Evaluation, HappensOnceForAnEditInThePanel) {
     EXPECT_TRUE(scene().Camera() == shot);
 }
 
+TEST_F(Evaluation, TouchesNothingButItsOwnTagAndCamera) {
+    host::Object *target = scene().AddObject(host::kTypeNull, {1, 2, 3});
+    scene().Link(kTarget, target);
+    scene().Link(kFocusObject, target);
+    host::Application &app = session_.App();
+    const host::Container settings = *app.WorldPluginData(kTag), input = scene().input->Data();
+    const host::Container null_data = target->Data();
+    const host::Matrix input_place = scene().input->GlobalMatrix(), target_place = target->GlobalMatrix();
+    const std::size_t undo_steps = scene().document->Undo().Steps(), printed = app.console.lines.size();
+    const int events = app.requests.events;
+    for (const std::int64_t frame : {0, 1, 2, 40, 41, 0}) scene().Show(frame);
+    EXPECT_TRUE(*app.WorldPluginData(kTag) == settings);
+    EXPECT_TRUE(scene().input->Data() == input);
+    EXPECT_TRUE(target->Data() == null_data);
+    EXPECT_TRUE(scene().input->GlobalMatrix() == input_place);
+    EXPECT_TRUE(target->GlobalMatrix() == target_place);
+    EXPECT_EQ(scene().document->Undo().Steps(), undo_steps);
+    EXPECT_EQ(app.console.lines.size(), printed);
+    EXPECT_EQ(app.requests.events, events);
+    EXPECT_TRUE(app.dialogs.All().empty());
+}
+
+TEST_F(Evaluation, OfTwoScenesInTurnsIsThatOfEachAlone) {
+    Scene other(session_);
+    other.Shake();
+    other.Set(kSeed, 99);
+    other.Set(kSpeed, 2);
+    scene().Play(0, 30);
+    other.Play(0, 30);
+    const Shot first = scene().Camera(), second = other.Camera();
+    for (int frame = 0; frame <= 30; ++frame) {
+        scene().Show(frame);
+        other.Show(30 - frame);
+    }
+    other.Show(30);
+    EXPECT_TRUE(scene().Camera() == first);
+    EXPECT_TRUE(other.Camera() == second);
+}
+
+TEST_F(Evaluation, OfTwoTagsOnTwoCamerasWithOneInputIsThatOfEachAlone) {
+    host::Object *camera = scene().AddObject(host::kTypeCamera, {0, 0, 0});
+    host::Tag *tag = camera->MakeTag(kTag);
+    ASSERT_NE(tag, nullptr);
+    scene().Evaluate();
+    tag->Data().Set(kInput, host::Data::LinkTo(scene().input));
+    for (const std::int32_t id : {6024, 6025, 6026}) tag->Data().SetReal(id, 0.5);
+    for (const std::int32_t id : {6028, 6029, 6030}) tag->Data().SetReal(id, 20 * kDegree);
+    scene().Play(0, 20);
+    EXPECT_TRUE(ShotOf(camera) == scene().Camera()) << "the same settings give the same motion";
+}
+
+TEST_F(Evaluation, DoesNotHappenWhileTheTagIsSwitchedOff) {
+    scene().Play(0, 5);
+    const Shot shot = scene().Camera();
+    ASSERT_TRUE(scene().tag->SetParameter(host::MakeId(host::kParamEnabled), host::Data(std::int32_t{0})));
+    scene().Play(6, 9);
+    EXPECT_TRUE(scene().Camera() == shot);
+}
+
 }  // namespace

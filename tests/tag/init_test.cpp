@@ -165,4 +165,22 @@ TEST_F(NewTag, IsContentWithoutANode) {
 
 TEST_F(NewTag, HasTheNameOfItsRegistration) { EXPECT_EQ(tag_->Name(), "TremoluxCam"); }
 
+TEST_F(NewTag, ShowsItsLabelsWithTheirTrailingBlanks) {
+    host::Description description;
+    ASSERT_TRUE(host::BuildDescription(tag_, nullptr, 0, &description));
+    const std::pair<std::int32_t, const char *> labels[] = {{6001, "Input Camera"},
+                                                            {6014, "Rot P "},
+                                                            {6016, "Zoom "},
+                                                            {6017, "Focus "},
+                                                            {6152, "Shake Speed"},
+                                                            {6102, "B"},
+                                                            {6041, "I'm Feeling Lucky"},
+                                                            {6181, "Custom Trigger"}};
+    for (const auto &[id, label] : labels) {
+        const host::Description::Entry *entry = description.Find(host::MakeId(id));
+        ASSERT_NE(entry, nullptr) << id;
+        EXPECT_EQ(entry->settings.Text(host::kDescName), label);
+    }
+}
+
 }  // namespace
