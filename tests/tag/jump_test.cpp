@@ -135,6 +135,17 @@ TEST_F(Jump, ReadsATrackAtEveryReplayedFrame) {
     EXPECT_DOUBLE_EQ(scene->Real(kStep), 1);
 }
 
+TEST_F(Jump, PassesOverATrackWithoutKeys) {
+    auto scene = StandingScene(30, 0, false);
+    scene->Play(0, 20);
+    const Shot played = scene->Camera();
+    Animate(scene->tag, host::MakeId(kSpeed), 30, {});
+    scene->Show(200);
+    scene->Show(20);
+    EXPECT_TRUE(scene->Camera() == played);
+    EXPECT_EQ(scene->Real(kSpeed), 1);
+}
+
 TEST_F(Jump, LeavesTheTrackedParametersAtTheFramesValue) {
     auto scene = StandingScene(30, 0, false);
     Animate(scene->tag, host::MakeId(kSpeed), 30, {{0, 0}, {100, 2}});
