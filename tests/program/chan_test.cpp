@@ -18,7 +18,8 @@ const std::string kEightColumns = "expected 8 columns (frame tx ty tz rx ry rz v
 
 std::vector<double> Numbers(const std::string &line) {
     std::vector<double> numbers;
-    for (const Field &field : BlankFields(line.substr(0, line.size() - 1))) numbers.push_back(*ParseNumber(field.text));
+    const std::string row = line.substr(0, line.size() - 1);  // the fields point into it
+    for (const Field &field : BlankFields(row)) numbers.push_back(*ParseNumber(field.text));
     return numbers;
 }
 

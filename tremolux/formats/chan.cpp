@@ -1,5 +1,6 @@
 #include "tremolux/formats/chan.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "tremolux/formats/frame_order.h"
@@ -11,7 +12,8 @@ namespace {
 
 constexpr std::size_t kFrame = 0, kPosition = 1, kRotation = 4, kFieldOfView = 7;
 constexpr const char *kNames[] = {"frame", "tx", "ty", "tz", "rx", "ry", "rz", "vfov"};
-constexpr double kHalfTurn = 180;  // degrees: beyond any lens
+constexpr double kHalfTurn = 180;              // degrees: beyond any lens
+constexpr double kFieldOfViewRounding = 1e-9;  // of a focal length, through a field of view with 15 digits
 
 // Half the height of the film back, millimetres; pixels are square.
 double HalfAperture(const FormatOptions &options) { return kApertureWidth * options.height / options.width / 2; }
@@ -42,7 +44,10 @@ void CheckCount(const SourceText &source, const Line &line, const std::vector<Fi
 double ReadFocalLength(const SourceText &source, const Line &line, const Field &field, const FormatOptions &options) {
     const double degrees = source.Number(line, field, kNames[kFieldOfView], 0, kHalfTurn);
     const double focal_length = FocalLength(degrees, options);
-    if (degrees > 0 && focal_length >= kMinFocalLength && focal_length <= kMaxFocalLength) return focal_length;
+    // The limits themselves are rounded when they are written as a field of view.
+    const bool in_limits = focal_length >= kMinFocalLength * (1 - kFieldOfViewRounding) &&
+                           focal_length <= kMaxFocalLength * (1 + kFieldOfViewRounding);
+    if (degrees > 0 && in_limits) return std::clamp(focal_length, kMinFocalLength, kMaxFocalLength);
     source.RefuseField(line, field,
                        "a vertical field of view from " + FormatNumber(FieldOfView(kMaxFocalLength, options)) + " to " +
                            FormatNumber(FieldOfView(kMinFocalLength, options)) + " degrees");

@@ -1,0 +1,34 @@
+// Runs the built program as a user would, with a settings folder of its own.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace program_test {
+
+struct Outcome {
+    int status = -1;
+    std::string out, err;
+};
+
+// A folder that goes with the object.
+class Workplace {
+  public:
+    Workplace();
+    ~Workplace();
+    Workplace(const Workplace &) = delete;
+    Workplace &operator=(const Workplace &) = delete;
+    std::string Path(const std::string &name) const { return (folder_ / name).string(); }
+    std::string Write(const std::string &name, const std::string &text) const;  // its path
+    std::string Read(const std::string &name) const;                            // "(missing)" when it is not there
+    std::vector<std::string> Names() const;                                     // sorted
+
+    // `settings` apart from the files, so that Names shows what the program left among them.
+    Outcome Run(const std::vector<std::string> &arguments) const;
+
+  private:
+    std::filesystem::path folder_, settings_;
+};
+
+}  // namespace program_test
