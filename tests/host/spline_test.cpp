@@ -118,6 +118,15 @@ TEST(Spline, TangentsThatOvershootAreCutToThePiece) {
     EXPECT_NEAR(backward.ValueAt(0.5), 0.5, 1e-15);
 }
 
+TEST(Spline, AnUprightTangentKeepsItsHeight) {
+    // At s = 1/2 the control values weigh 1, 3, 3, 1 eighths: x = (3 * 0 + 3 * 0.75 + 1) / 8 = 0.40625 and
+    // y = (3 * 0.45 + 3 * 0.99 + 1) / 8 = 0.665.
+    const Knot a = {0, 0, 0, 0, 0, 0.45}, b = {1, 1, -0.25, -0.01, 0.25, 0.01};
+    const Spline spline = MakeSpline({a, b});
+    EXPECT_NEAR(spline.ValueAt(0.40625), 0.665, 1e-14);
+    for (double x : {0.001, 0.05, 0.3, 0.8, 0.999}) EXPECT_NEAR(spline.ValueAt(x), Sampled(a, b, x), 1e-6) << x;
+}
+
 TEST(Spline, AVerticalMiddleIsSolvedToo) {
     // Full tangents: x = 3 s - 6 s^2 + 4 s^3 stands still at s = 1/2, where x = y = 1/2.
     const Spline spline = MakeSpline({{0, 0, 0, 0, 1, 0}, {1, 1, -1, 0, 0, 0}});

@@ -203,7 +203,7 @@ TEST_F(Evaluation, WithAnInputThatIsNoCameraLeavesTheCameraAtItsLastFrame) {
 }
 
 TEST_F(Evaluation, WithAnInputOfAnotherDocumentLeavesTheCamera) {
-    Scene other(session_);
+    Scene other(running_);
     scene().Play(0, 5);
     const Shot shot = scene().Camera();
     scene().Link(kInput, other.input);
@@ -226,7 +226,7 @@ TEST_F(Evaluation, OfACloneOfTheDocumentMovesTheClonesCameraAlone) {
     std::unique_ptr<host::Document> loose(
         static_cast<host::Document *>(scene().document->Clone(host::kCopyDocument, nullptr)));
     ASSERT_NE(loose, nullptr);
-    Scene clone(session_, std::move(loose));
+    Scene clone(running_, std::move(loose));
     ASSERT_NE(clone.tag, nullptr);
     ASSERT_NE(clone.tag, scene().tag);
     clone.Play(11, 20);
@@ -269,7 +269,7 @@ TEST_F(Evaluation, HappensOnceForAnEditInThePanel) {
     const double clock = scene().Real(10051);
     const Shot shot = scene().Camera();
     scene().Set(6020, 2);
-    session_.App().SetDocumentTime(scene().document, host::MakeTime(10, 30));
+    running_.App().SetDocumentTime(scene().document, host::MakeTime(10, 30));
     EXPECT_EQ(scene().Real(10051), clock);
     EXPECT_TRUE(scene().Camera() == shot);
 }
@@ -278,7 +278,7 @@ TEST_F(Evaluation, TouchesNothingButItsOwnTagAndCamera) {
     host::Object *target = scene().AddObject(host::kTypeNull, {1, 2, 3});
     scene().Link(kTarget, target);
     scene().Link(kFocusObject, target);
-    host::Application &app = session_.App();
+    host::Application &app = running_.App();
     const host::Container settings = *app.WorldPluginData(kTag), input = scene().input->Data();
     const host::Container null_data = target->Data();
     const host::Matrix input_place = scene().input->GlobalMatrix(), target_place = target->GlobalMatrix();
@@ -297,7 +297,7 @@ TEST_F(Evaluation, TouchesNothingButItsOwnTagAndCamera) {
 }
 
 TEST_F(Evaluation, OfTwoScenesInTurnsIsThatOfEachAlone) {
-    Scene other(session_);
+    Scene other(running_);
     other.Shake();
     other.Set(kSeed, 99);
     other.Set(kSpeed, 2);

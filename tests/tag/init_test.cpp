@@ -16,13 +16,13 @@ class NewTag : public WithModule {
   protected:
     void SetUp() override {
         WithModule::SetUp();
-        document_ = session_.App().NewDocument();
+        document_ = running_.App().NewDocument();
         camera_ = host::Object::Create(host::kTypeCamera).release();
         document_->InsertObject(camera_);
         tag_ = camera_->MakeTag(kTag);
         ASSERT_NE(tag_, nullptr);
     }
-    void TearDown() override { session_.App().KillDocument(document_); }
+    void TearDown() override { running_.App().KillDocument(document_); }
     std::int32_t Init(HostAtom *node) { return tag_->Registration().node.init(tag_->Plugin(), node); }
     void ExpectReal(std::int32_t id, double value) {
         const host::Data *data = tag_->Data().Find(id);
@@ -105,35 +105,35 @@ TEST_F(NewTag, KnowsTheFolderOfTheBuiltInPresets) {
 }
 
 TEST_F(NewTag, MakesTheUsersPresetFolders) {
-    const fs::path folder = session_.UserFolder() / "plugins" / "TremoluxCam";
+    const fs::path folder = running_.UserFolder() / "plugins" / "TremoluxCam";
     EXPECT_TRUE(fs::is_directory(folder / "User"));
     EXPECT_TRUE(fs::is_directory(folder / "Exports"));
 }
 
 TEST_F(NewTag, RemembersTheUsersPresetFolderInTheHostsSettings) {
-    const host::Container *settings = session_.App().WorldPluginData(kTag);
+    const host::Container *settings = running_.App().WorldPluginData(kTag);
     ASSERT_NE(settings, nullptr);
     EXPECT_EQ(host::PathFromText(settings->Text(5037)).lexically_normal(),
-              (session_.UserFolder() / "plugins" / "TremoluxCam" / "User").lexically_normal());
+              (running_.UserFolder() / "plugins" / "TremoluxCam" / "User").lexically_normal());
 }
 
 TEST_F(NewTag, KeepsAFolderThatTheUserHasChosen) {
-    const fs::path chosen = session_.UserFolder() / "mine";
+    const fs::path chosen = running_.UserFolder() / "mine";
     fs::create_directories(chosen);
     host::Container settings;
     settings.Set(5037, host::Data::Filename(host::PathText(chosen)));
-    ASSERT_TRUE(session_.App().SetWorldPluginData(kTag, settings, true));
+    ASSERT_TRUE(running_.App().SetWorldPluginData(kTag, settings, true));
     EXPECT_EQ(Init(tag_), 1);
-    EXPECT_EQ(host::PathFromText(session_.App().WorldPluginData(kTag)->Text(5037)), chosen);
+    EXPECT_EQ(host::PathFromText(running_.App().WorldPluginData(kTag)->Text(5037)), chosen);
 }
 
 TEST_F(NewTag, GoesBackToTheDefaultWhenTheChosenFolderIsGone) {
     host::Container settings;
-    settings.Set(5037, host::Data::Filename(host::PathText(session_.UserFolder() / "gone")));
-    ASSERT_TRUE(session_.App().SetWorldPluginData(kTag, settings, true));
+    settings.Set(5037, host::Data::Filename(host::PathText(running_.UserFolder() / "gone")));
+    ASSERT_TRUE(running_.App().SetWorldPluginData(kTag, settings, true));
     EXPECT_EQ(Init(tag_), 1);
-    EXPECT_EQ(host::PathFromText(session_.App().WorldPluginData(kTag)->Text(5037)).lexically_normal(),
-              (session_.UserFolder() / "plugins" / "TremoluxCam" / "User").lexically_normal());
+    EXPECT_EQ(host::PathFromText(running_.App().WorldPluginData(kTag)->Text(5037)).lexically_normal(),
+              (running_.UserFolder() / "plugins" / "TremoluxCam" / "User").lexically_normal());
 }
 
 TEST_F(NewTag, KeepsWhatItHoldsWhenItIsInitialisedAgain) {

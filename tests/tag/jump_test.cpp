@@ -38,7 +38,7 @@ class Jump : public WithModule {
   protected:
     // An input that stands still, looking roughly along Z: no angle comes near half a turn.
     std::unique_ptr<Scene> StandingScene(int fps, std::int64_t start, bool with_target) {
-        auto scene = std::make_unique<Scene>(session_, fps, start, start + 500);
+        auto scene = std::make_unique<Scene>(running_, fps, start, start + 500);
         scene->Shake();
         scene->PlaceInput({10, 150, -400}, {0.4, -0.2, 0.1});
         if (with_target) scene->Link(kTarget, scene->AddObject(host::kTypeNull, {30, 100, 900}));

@@ -42,12 +42,12 @@ std::vector<std::string> PlayFrames(Scene &scene, std::int64_t first_frame, std:
 
 std::vector<std::string> PlayFile(const std::filesystem::path &file, std::int64_t first_frame,
                                   std::int64_t last_frame) {
-    Session session;
-    if (!session.Started()) return {};
+    RunningHost running;
+    if (!running.Started()) return {};
     std::string error;
     std::unique_ptr<host::Document> document = host::LoadDocument(file, &error);
     if (!document) return {};
-    Scene scene(session, std::move(document));
+    Scene scene(running, std::move(document));
     if (!scene.tag) return {};
     scene.Evaluate();
     return PlayFrames(scene, first_frame, last_frame);

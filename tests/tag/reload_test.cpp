@@ -72,7 +72,7 @@ TEST_F(SavedScene, ThatWasNeverEvaluatedIsSetUpWhereItIsOpened) {
     std::string error;
     std::unique_ptr<host::Document> document = host::LoadDocument(File(), &error);
     ASSERT_NE(document, nullptr) << error;
-    Scene loaded(session_, std::move(document));
+    Scene loaded(running_, std::move(document));
     ASSERT_NE(loaded.tag, nullptr);
     EXPECT_EQ(loaded.State().Whole(kFirstRun), 1);
     loaded.Evaluate();
@@ -87,7 +87,7 @@ TEST_F(SavedScene, KeepsEverySettingOfTheUser) {
     std::string error;
     std::unique_ptr<host::Document> document = host::LoadDocument(File(), &error);
     ASSERT_NE(document, nullptr) << error;
-    Scene loaded(session_, std::move(document));
+    Scene loaded(running_, std::move(document));
     ASSERT_NE(loaded.tag, nullptr);
     loaded.Show(20);
     loaded.Play(0, 5);
@@ -111,7 +111,7 @@ TEST_F(SavedScene, IsOnlyCheckedAtItsFirstEvaluation) {
     std::string error;
     std::unique_ptr<host::Document> document = host::LoadDocument(File(), &error);
     ASSERT_NE(document, nullptr) << error;
-    Scene loaded(session_, std::move(document));
+    Scene loaded(running_, std::move(document));
     ASSERT_NE(loaded.tag, nullptr);
     EXPECT_EQ(loaded.State().Whole(kRecheck), 1);
     const Shot shot = loaded.Camera();
@@ -128,7 +128,7 @@ TEST_F(SavedScene, PointsAtThisMachinesPresetFolderAgain) {
     std::string error;
     std::unique_ptr<host::Document> document = host::LoadDocument(File(), &error);
     ASSERT_NE(document, nullptr) << error;
-    Scene loaded(session_, std::move(document));
+    Scene loaded(running_, std::move(document));
     ASSERT_NE(loaded.tag, nullptr);
     EXPECT_EQ(loaded.State().Text(5026), here);
 }

@@ -39,11 +39,11 @@ host::ApplicationSettings SettingsIn(const fs::path &folder) {
     return settings;
 }
 
-Session::Session(const fs::path &module)
+RunningHost::RunningHost(const fs::path &module)
     : application_(std::make_unique<host::Application>(SettingsIn(folder_.Path()))),
       module_(host::LoadedModule::Load(module, &error_)) {}
 
-Session::~Session() {
+RunningHost::~RunningHost() {
     // Documents hold the module's tags.
     while (!application_->Documents().empty()) application_->KillDocument(application_->Documents().front().get());
     module_.reset();
@@ -69,8 +69,8 @@ double Difference(const Shot &a, const Shot &b) {
     return most;
 }
 
-Scene::Scene(Session &session, int fps, std::int64_t first_frame, std::int64_t last_frame) : session_(session) {
-    document = session.App().NewDocument();
+Scene::Scene(RunningHost &running, int fps, std::int64_t first_frame, std::int64_t last_frame) : running_(running) {
+    document = running.App().NewDocument();
     document->SetFps(fps);
     document->SetRange(first_frame, last_frame);
     input = AddObject(host::kTypeCamera, {0, 0, 0});
@@ -83,14 +83,14 @@ Scene::Scene(Session &session, int fps, std::int64_t first_frame, std::int64_t l
     Link(kInput, input);
 }
 
-Scene::Scene(Session &session, std::unique_ptr<host::Document> loaded) : document(loaded.get()), session_(session) {
-    session.App().InsertDocument(loaded.release());
+Scene::Scene(RunningHost &running, std::unique_ptr<host::Document> loaded) : document(loaded.get()), running_(running) {
+    running.App().InsertDocument(loaded.release());
     input = document->FindObject("Input");
     camera = document->FindObject("Hand");
     if (camera) tag = camera->FindTag(kTag);
 }
 
-Scene::~Scene() { session_.App().KillDocument(document); }
+Scene::~Scene() { running_.App().KillDocument(document); }
 
 void Scene::Show(std::int64_t frame) {
     document->SetFrame(frame);

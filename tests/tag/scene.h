@@ -51,10 +51,10 @@ std::filesystem::path CopyModule(const std::filesystem::path &folder);
 host::ApplicationSettings SettingsIn(const std::filesystem::path &folder);
 
 // A host that runs, with the module started.
-class Session {
+class RunningHost {
   public:
-    explicit Session(const std::filesystem::path &module = ModuleFile());
-    ~Session();
+    explicit RunningHost(const std::filesystem::path &module = ModuleFile());
+    ~RunningHost();
     host::Application &App() { return *application_; }
     const std::filesystem::path &UserFolder() const { return application_->settings.user_folder; }
     const std::string &Error() const { return error_; }
@@ -78,11 +78,11 @@ Shot ShotOf(const host::Object *camera);
 // The largest difference of any number.
 double Difference(const Shot &a, const Shot &b);
 
-// An input camera and a camera with the tag, linked and set up. Lives in the session's application.
+// An input camera and a camera with the tag, linked and set up. Lives in that host's application.
 class Scene {
   public:
-    explicit Scene(Session &session, int fps = 30, std::int64_t first_frame = 0, std::int64_t last_frame = 400);
-    Scene(Session &session, std::unique_ptr<host::Document> loaded);  // by the names of the objects
+    explicit Scene(RunningHost &running, int fps = 30, std::int64_t first_frame = 0, std::int64_t last_frame = 400);
+    Scene(RunningHost &running, std::unique_ptr<host::Document> loaded);  // by the names of the objects
     ~Scene();
     Scene(const Scene &) = delete;
     Scene &operator=(const Scene &) = delete;
@@ -109,20 +109,20 @@ class Scene {
     host::Tag *tag = nullptr;
 
   private:
-    Session &session_;
+    RunningHost &running_;
 };
 
 class WithModule : public testing::Test {
   protected:
-    void SetUp() override { ASSERT_TRUE(session_.Started()) << session_.Error(); }
-    Session session_;
+    void SetUp() override { ASSERT_TRUE(running_.Started()) << running_.Error(); }
+    RunningHost running_;
 };
 
 class WithScene : public WithModule {
   protected:
     void SetUp() override {
         WithModule::SetUp();
-        scene_ = std::make_unique<Scene>(session_);
+        scene_ = std::make_unique<Scene>(running_);
         ASSERT_NE(scene_->tag, nullptr);
     }
     void TearDown() override { scene_.reset(); }

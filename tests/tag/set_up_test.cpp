@@ -12,20 +12,20 @@ class FirstEvaluation : public testing::Test {
     void SetUp() override {
         const std::filesystem::path module = CopyModule(folder_.Path());
         std::filesystem::remove_all(module.parent_path() / "res" / "Presets");
-        session_ = std::make_unique<Session>(module);
-        ASSERT_TRUE(session_->Started()) << session_->Error();
-        scene_ = std::make_unique<Scene>(*session_);
+        running_ = std::make_unique<RunningHost>(module);
+        ASSERT_TRUE(running_->Started()) << running_->Error();
+        scene_ = std::make_unique<Scene>(*running_);
         ASSERT_NE(scene_->tag, nullptr);
         scene_->State().Set(kFirstRun, 1);
     }
     void TearDown() override {
         scene_.reset();
-        session_.reset();
+        running_.reset();
     }
     Scene &scene() { return *scene_; }
 
     TemporaryFolder folder_;
-    std::unique_ptr<Session> session_;
+    std::unique_ptr<RunningHost> running_;
     std::unique_ptr<Scene> scene_;
 };
 
@@ -74,7 +74,7 @@ TEST_F(FirstEvaluation, ShowsTheUsersPresetFolder) {
     scene().Evaluate();
     const auto shown = host::PathFromText(scene().State().Text(6178));
     EXPECT_EQ(shown.lexically_normal(),
-              (session_->UserFolder() / "plugins" / "TremoluxCam" / "User").lexically_normal());
+              (running_->UserFolder() / "plugins" / "TremoluxCam" / "User").lexically_normal());
 }
 
 TEST_F(FirstEvaluation, ColoursTheCameraOrange) {

@@ -71,11 +71,11 @@ TEST(Banner, IsPrintedOnceForEveryStart) {
 class Start : public WithModule {};
 
 TEST_F(Start, RegistersTheCommandAndThenTheTag) {
-    EXPECT_EQ(session_.App().registry.Order(), (Lines{"command 1039960", "tag 1039736"}));
+    EXPECT_EQ(running_.App().registry.Order(), (Lines{"command 1039960", "tag 1039736"}));
 }
 
 TEST_F(Start, RegistersAVisibleExpressionTagWithItsDescriptionAndIcon) {
-    const host::TagPlugin *tag = session_.App().registry.FindTag(1039736);
+    const host::TagPlugin *tag = running_.App().registry.FindTag(1039736);
     ASSERT_NE(tag, nullptr);
     EXPECT_EQ(tag->name, "TremoluxCam");
     EXPECT_EQ(tag->description, "TremoluxCam");
@@ -84,23 +84,23 @@ TEST_F(Start, RegistersAVisibleExpressionTagWithItsDescriptionAndIcon) {
     ASSERT_NE(tag->icon, nullptr);
     EXPECT_EQ(tag->icon->width, 32);
     EXPECT_EQ(tag->icon->height, 32);
-    EXPECT_EQ(session_.App().registry.DescriptionId("TremoluxCam"), 1039736);
+    EXPECT_EQ(running_.App().registry.DescriptionId("TremoluxCam"), 1039736);
 }
 
 TEST_F(Start, RegistersACommandWithTheSameNameAndIconAndNoHelp) {
-    const host::CommandPlugin *command = session_.App().registry.FindCommand(1039960);
+    const host::CommandPlugin *command = running_.App().registry.FindCommand(1039960);
     ASSERT_NE(command, nullptr);
     EXPECT_EQ(command->name, "TremoluxCam");
     EXPECT_EQ(command->help, "");
     EXPECT_EQ(command->info, 0);
-    const host::TagPlugin *tag = session_.App().registry.FindTag(1039736);
+    const host::TagPlugin *tag = running_.App().registry.FindTag(1039736);
     ASSERT_NE(command->icon, nullptr);
     ASSERT_NE(tag, nullptr);
     EXPECT_EQ(command->icon->rgba, tag->icon->rgba);
 }
 
 TEST_F(Start, AnswersTheActionsOfItsOneEntry) {
-    host::LoadedModule &module = session_.Module();
+    host::LoadedModule &module = running_.Module();
     EXPECT_EQ(module.Call(4, nullptr, nullptr, nullptr), 5) << "the interface version";
     EXPECT_EQ(module.Call(99, nullptr, nullptr, nullptr), -1) << "an unknown action";
     const auto send = [&](std::intptr_t id) { return module.Call(6, reinterpret_cast<void *>(id), nullptr, nullptr); };
@@ -115,11 +115,11 @@ void ExpectNoStart(Spoil spoil, const char *why) {
     TemporaryFolder folder;
     const fs::path module = CopyModule(folder.Path());
     spoil(module.parent_path() / "res");
-    Session session(module);
-    EXPECT_FALSE(session.Started()) << why;
-    EXPECT_NE(session.Error(), "") << why;
-    EXPECT_EQ(session.App().registry.FindTag(1039736), nullptr) << why;
-    for (const std::string &line : session.App().console.lines)
+    RunningHost running(module);
+    EXPECT_FALSE(running.Started()) << why;
+    EXPECT_NE(running.Error(), "") << why;
+    EXPECT_EQ(running.App().registry.FindTag(1039736), nullptr) << why;
+    for (const std::string &line : running.App().console.lines)
         EXPECT_EQ(line.find("TremoluxCam V("), std::string::npos) << why;
 }
 
@@ -145,8 +145,8 @@ TEST(FailedStart, DoesNotHappenWithoutTheOtherIcons) {
     const fs::path module = CopyModule(folder.Path());
     fs::remove(module.parent_path() / "res" / "Tremolux_Cam_Icon_Empty.png");
     fs::remove(module.parent_path() / "res" / "Tremolux_Cam_Icon_Baked.png");
-    Session session(module);
-    EXPECT_TRUE(session.Started()) << session.Error();
+    RunningHost running(module);
+    EXPECT_TRUE(running.Started()) << running.Error();
 }
 
 TEST(FailedStart, HappensWhenTheHostRefusesTheCommand) {

@@ -1,0 +1,9 @@
+// Random numbers of the module's buttons; no motion depends on them.
+#pragma once
+
+#include "c4d.h"
+
+// The next number of the module's one sequence, 0 to 32767. It starts anew each time the module is loaded and is the
+// same on every platform. For the main thread.
+// Source: linear congruential generator, state * 214013 + 2531011 modulo 2^32, bits 16 to 30.
+LONG NextRandom();
