@@ -148,7 +148,8 @@ void Application::HandleEvents() {
     const std::int32_t flags = queued_flags_;
     queued_flags_ = -1;
     if (active_ == nullptr) return;
-    ExecutePasses(active_, (flags & kEventAnimate) != 0, (flags & kEventNoExpressions) == 0, true);
+    const bool moved = !SameTime(active_->GetTime(), active_->AnimatedTime());
+    ExecutePasses(active_, moved || (flags & kEventAnimate) != 0, (flags & kEventNoExpressions) == 0, true);
 }
 
 }  // namespace host

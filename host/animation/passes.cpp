@@ -130,7 +130,10 @@ bool ExecutePasses(Document *document, bool animation, bool expressions, bool ca
     const std::int32_t flags =
         (animation ? kWithAnimation : 0) | (expressions ? kWithExpressions : 0) | (caches ? kWithCaches : 0);
     const Time time = document->GetTime();
-    if (animation) CollectAnimated(document);
+    if (animation) {
+        document->SetAnimatedTime(time);
+        CollectAnimated(document);
+    }
     if (expressions) {
         CollectExpressions(document);
         workspace.expressions.Sort();

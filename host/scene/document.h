@@ -65,6 +65,9 @@ class Document : public Node {
     View *ActiveView() { return view_.get(); }
     bool Changed() const { return changed_; }
     void SetChanged(bool changed = true) { changed_ = changed; }
+    // The time that the tracks were last evaluated at; an update only needs them again when the time is another.
+    const Time &AnimatedTime() const { return animated_time_; }
+    void SetAnimatedTime(const Time &time) { animated_time_ = time; }
 
   protected:
     bool GetVirtualParameter(const TableDescID &id, host::Data *out) const override;
@@ -84,6 +87,7 @@ class Document : public Node {
     UndoStack undo_{this};
     std::unique_ptr<View> view_;
     bool changed_ = false;
+    Time animated_time_{1, 0};  // differs from every time: never
 };
 
 }  // namespace host

@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+
+#include "host/files/folders.h"
+#include "host/files/safe_write.h"
+#include "tests/host/temporary_folder.h"
+
+namespace host {
+namespace {
+
+using testing::TemporaryFolder;
+using Names = std::vector<std::string>;
+
+// ---- Writing safely
+
+TEST(SafeWrite, ReplacesAFileByTheNewOne) {
+    const TemporaryFolder folder;
+    folder.Write("a.txt", "old");
+    std::string error;
+    EXPECT_TRUE(WriteFileSafely(folder / "a.txt", "new", &error)) << error;
+    EXPECT_EQ(folder.Read("a.txt"), "new");
+    EXPECT_EQ(folder.Names(), Names{"a.txt"});
+}
+
+TEST(SafeWrite, KeepsBytesAsTheyAre) {
+    const TemporaryFolder folder;
+    const std::string bytes("a\r\n\0b\n", 6);
+    std::string error, read;
+    ASSERT_TRUE(WriteFileSafely(folder / "a", bytes, &error));
+    ASSERT_TRUE(ReadFile(folder / "a", &read, &error));
+    EXPECT_EQ(read, bytes);
+}
+
+TEST(SafeWrite, LeavesNothingBehindWhenItCannotWrite) {
+    const TemporaryFolder folder;
+    folder.Write("file", "precious");
+    std::filesystem::create_directory(folder / "folder");
+    for (const std::string name : {"folder", "nowhere/a.txt", "file/a.txt"}) {
+        std::string error;
+        EXPECT_FALSE(WriteFileSafely(folder / name, "new", &error)) << name;
+        EXPECT_EQ(error.rfind((folder / name).string() + ": ", 0), 0u) << error;
+        EXPECT_EQ(error.find('\n'), std::string::npos);
+    }
+    EXPECT_EQ(folder.Read("file"), "precious");
+    EXPECT_EQ(folder.Names(), (Names{"file", "folder"}));
+}
+
+TEST(ReadFile, SaysWhyItCannot) {
+    const TemporaryFolder folder;
+    std::string bytes, error;
+    EXPECT_FALSE(ReadFile(folder / "missing", &bytes, &error));
+    EXPECT_EQ(error, (folder / "missing").string() + ": there is no such file");
+    EXPECT_FALSE(ReadFile(folder.Path(), &bytes, &error));
+    EXPECT_NE(error.find("is a folder"), std::string::npos);
+}
+
+// ---- Folders
+
+TEST(BrowseFiles, ListsByNameWithoutRegardToCase) {
+    const TemporaryFolder folder;
+    for (const char *name : {"b", "A", "c", "a1", ".hidden"}) folder.Write(name, "12345");
+    std::filesystem::create_directory(folder / "B2");
+    BrowseFiles browse;
+    browse.Init(folder.Path());
+    EXPECT_EQ(browse.Current(), nullptr);
+    Names names;
+    while (browse.Next()) {
+        const BrowseFiles::Entry &entry = *browse.Current();
+        names.push_back(entry.name);
+        EXPECT_EQ(entry.is_folder, entry.name == "B2");
+        EXPECT_EQ(entry.is_hidden, entry.name == ".hidden");
+        EXPECT_EQ(entry.size, entry.is_folder ? 0 : 5);
+    }
+    EXPECT_EQ(names, (Names{".hidden", "A", "a1", "b", "B2", "c"}));
+    EXPECT_FALSE(browse.Next());
+    EXPECT_EQ(browse.Current(), nullptr);
+}
+
+TEST(BrowseFiles, FindsNothingInAFolderThatIsMissing) {
+    const TemporaryFolder folder;
+    BrowseFiles browse;
+    browse.Init(folder / "missing");
+    EXPECT_FALSE(browse.Next());
+}
+
+TEST(Folders, ExistOnlyAsWhatTheyAre) {
+    const TemporaryFolder folder;
+    folder.Write("file", "");
+    EXPECT_TRUE(Exists(folder / "file", false));
+    EXPECT_FALSE(Exists(folder / "file", true));
+    EXPECT_TRUE(Exists(folder.Path(), true));
+    EXPECT_FALSE(Exists(folder.Path(), false));
+}
+
+TEST(Folders, AreMadeOneLevelAtATime) {
+    const TemporaryFolder folder;
+    EXPECT_FALSE(CreateFolder(folder / "a/b"));
+    EXPECT_TRUE(CreateFolder(folder / "a"));
+    EXPECT_TRUE(CreateFolder(folder / "a/b"));
+    EXPECT_FALSE(CreateFolder(folder / "a"));
+}
+
+TEST(Folders, AreRemovedOnlyWhenAskedForThat) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directories(folder / "a/b");
+    EXPECT_FALSE(RemoveFile(folder / "a", 0));
+    EXPECT_FALSE(RemoveFile(folder / "a", kRemoveFolder));  // it is not empty
+    EXPECT_TRUE(RemoveFile(folder / "a", kRemoveFolder | kRemoveRecursive));
+    EXPECT_TRUE(folder.Names().empty());
+    EXPECT_FALSE(RemoveFile(folder / "a", 0));
+}
+
+TEST(Folders, CopyOverAFileOnlyWhenAllowed) {
+    const TemporaryFolder folder;
+    folder.Write("from", "new");
+    folder.Write("to", "old");
+    EXPECT_FALSE(CopyFileTo(folder / "from", folder / "to", false));
+    EXPECT_EQ(folder.Read("to"), "old");
+    EXPECT_TRUE(CopyFileTo(folder / "from", folder / "to", true));
+    EXPECT_EQ(folder.Read("to"), "new");
+    EXPECT_FALSE(CopyFileTo(folder / "missing", folder / "to", true));
+}
+
+TEST(Folders, RenameWithoutOverwriting) {
+    const TemporaryFolder folder;
+    folder.Write("a", "1");
+    folder.Write("b", "2");
+    EXPECT_FALSE(RenameFile(folder / "a", folder / "b"));
+    EXPECT_TRUE(RenameFile(folder / "a", folder / "c"));
+    EXPECT_EQ(folder.Names(), (Names{"b", "c"}));
+}
+
+}  // namespace
+}  // namespace host
