@@ -26,13 +26,26 @@ extern "C" {
 
 // ---- Values -------------------------------------------------------------------------------------------------------
 
-typedef struct TableVector { double x, y, z; } TableVector;
-typedef struct TableMatrix { TableVector off, v1, v2, v3; } TableMatrix;
-typedef struct TableTime { double numerator, denominator; } TableTime;
+typedef struct TableVector {
+    double x, y, z;
+} TableVector;
+typedef struct TableMatrix {
+    TableVector off, v1, v2, v3;
+} TableMatrix;
+typedef struct TableTime {
+    double numerator, denominator;
+} TableTime;
 
 // Owns `text`, which general->allocate made; `text` is NULL for the empty string, and holds `length` units plus a 0.
-typedef struct TableString { int32_t capacity, length; uint16_t *text; void *reserved; } TableString;
-typedef struct TableFilename { TableString path; void *reserved; } TableFilename;
+typedef struct TableString {
+    int32_t capacity, length;
+    uint16_t *text;
+    void *reserved;
+} TableString;
+typedef struct TableFilename {
+    TableString path;
+    void *reserved;
+} TableFilename;
 
 typedef struct HostContainer HostContainer;    // the entries behind a BaseContainer
 typedef struct HostLink HostLink;              // an alias link (BaseLink)
@@ -44,12 +57,16 @@ typedef struct HostDescription HostDescription;
 typedef struct HostHyperFile HostHyperFile;
 typedef struct HostBrowseFiles HostBrowseFiles;
 typedef struct HostBitmap HostBitmap;
-typedef struct HostView HostView;              // BaseDraw
+typedef struct HostView HostView;  // BaseDraw
 typedef struct HostThread HostThread;
 typedef struct HostPriorityList HostPriorityList;
 
 // A BaseContainer is this struct; `body` is made on the first write and may be NULL (an empty container).
-typedef struct TableContainer { HostContainer *body; int32_t id; int32_t reserved; } TableContainer;
+typedef struct TableContainer {
+    HostContainer *body;
+    int32_t id;
+    int32_t reserved;
+} TableContainer;
 
 // A GeData is this struct. `type` is a DA_ code (or a custom type number); whole number, real and the 64-bit number
 // lie in the value itself, everything else behind the pointer, owned.
@@ -59,7 +76,7 @@ typedef struct TableData {
         int32_t whole;
         int64_t whole64;
         double real;
-        void *pointer;                // DA_VOID: not owned
+        void *pointer;  // DA_VOID: not owned
         TableVector *vector;
         TableMatrix *matrix;
         TableTime *time;
@@ -73,8 +90,13 @@ typedef struct TableData {
 
 // A parameter's id: up to eight levels, stored in place.
 #define TABLE_DESC_LEVELS 8
-typedef struct TableDescLevel { int32_t id, dtype, creator; } TableDescLevel;
-typedef struct TableDescID { int32_t depth; TableDescLevel level[TABLE_DESC_LEVELS]; } TableDescID;
+typedef struct TableDescLevel {
+    int32_t id, dtype, creator;
+} TableDescLevel;
+typedef struct TableDescID {
+    int32_t depth;
+    TableDescLevel level[TABLE_DESC_LEVELS];
+} TableDescID;
 
 typedef struct TableSplineKnot {
     TableVector position;
@@ -98,11 +120,12 @@ typedef struct NodeCallbacks {
     void (*free)(ModuleObject *self, HostAtom *node);
     int32_t (*read)(ModuleObject *self, HostAtom *node, HostHyperFile *file, int32_t level);
     int32_t (*write)(ModuleObject *self, HostAtom *node, HostHyperFile *file);
-    int32_t (*copy_to)(ModuleObject *self, ModuleObject *destination, HostAtom *source_node,
-                       HostAtom *destination_node, int32_t flags, HostAliasTrans *translation);
+    int32_t (*copy_to)(ModuleObject *self, ModuleObject *destination, HostAtom *source_node, HostAtom *destination_node,
+                       int32_t flags, HostAliasTrans *translation);
     int32_t (*message)(ModuleObject *self, HostAtom *node, int32_t type, void *data);
     int32_t (*get_description)(ModuleObject *self, HostAtom *node, HostDescription *description, int32_t *flags);
-    int32_t (*get_parameter)(ModuleObject *self, HostAtom *node, const TableDescID *id, TableData *data, int32_t *flags);
+    int32_t (*get_parameter)(ModuleObject *self, HostAtom *node, const TableDescID *id, TableData *data,
+                             int32_t *flags);
     int32_t (*set_parameter)(ModuleObject *self, HostAtom *node, const TableDescID *id, const TableData *data,
                              int32_t *flags);
     int32_t (*get_enabling)(ModuleObject *self, HostAtom *node, const TableDescID *id, const TableData *data,
@@ -135,51 +158,84 @@ typedef struct CommandRegistration {
 // ---- Data of messages ---------------------------------------------------------------------------------------------
 // `data` of a node message points to one of these, in the layout that a plug-in author's header declares.
 
-typedef struct TableDescriptionInitUndo { HostAtom *document; const TableDescID *id; } TableDescriptionInitUndo;
+typedef struct TableDescriptionInitUndo {
+    HostAtom *document;
+    const TableDescID *id;
+} TableDescriptionInitUndo;
 typedef struct TableDescriptionCheckUpdate {
-    HostAtom *document; int32_t draw_flags; int32_t reserved; const TableDescID *id;
+    HostAtom *document;
+    int32_t draw_flags;
+    int32_t reserved;
+    const TableDescID *id;
 } TableDescriptionCheckUpdate;
 typedef struct TableDescriptionCommand {
-    TableDescID id; int32_t reserved; const TableContainer *message; void *gui;
+    TableDescID id;
+    int32_t reserved;
+    const TableContainer *message;
+    void *gui;
 } TableDescriptionCommand;
-typedef struct TableDescriptionPostSetValue { const TableDescID *id; } TableDescriptionPostSetValue;
-typedef struct TableDescriptionValidate { int32_t flags; } TableDescriptionValidate;
+typedef struct TableDescriptionPostSetValue {
+    const TableDescID *id;
+} TableDescriptionPostSetValue;
+typedef struct TableDescriptionValidate {
+    int32_t flags;
+} TableDescriptionValidate;
 typedef struct TableDocumentImported {
-    HostAtom *document; int32_t host_version, file_format, gui_allowed, reserved;
+    HostAtom *document;
+    int32_t host_version, file_format, gui_allowed, reserved;
 } TableDocumentImported;
 typedef struct TableDocumentInfo {
-    int32_t type, file_format; HostAtom *document; TableFilename filename; HostAtom *node; int32_t gui_allowed;
-    int32_t reserved; void *data;
+    int32_t type, file_format;
+    HostAtom *document;
+    TableFilename filename;
+    HostAtom *node;
+    int32_t gui_allowed;
+    int32_t reserved;
+    void *data;
 } TableDocumentInfo;
-typedef struct TableIconData { HostBitmap *bitmap; int32_t x, y, w, h, flags, reserved; } TableIconData;
-typedef struct TableGetCustomIcon { TableIconData *icon; int32_t filled; int32_t reserved; } TableGetCustomIcon;
+typedef struct TableIconData {
+    HostBitmap *bitmap;
+    int32_t x, y, w, h, flags, reserved;
+} TableIconData;
+typedef struct TableGetCustomIcon {
+    TableIconData *icon;
+    int32_t filled;
+    int32_t reserved;
+} TableGetCustomIcon;
 typedef struct TableDragAndDrop {
-    HostAtom *document; HostAtom *sender; uint32_t flags; int32_t type; void *data; int32_t x, y;
-    const TableContainer *message; int32_t result; int32_t reserved;
+    HostAtom *document;
+    HostAtom *sender;
+    uint32_t flags;
+    int32_t type;
+    void *data;
+    int32_t x, y;
+    const TableContainer *message;
+    int32_t result;
+    int32_t reserved;
 } TableDragAndDrop;
 
 // ---- The sub-tables -----------------------------------------------------------------------------------------------
 
 typedef struct GeneralTable {
-    void *(*allocate)(int64_t bytes);            // cleared; NULL when out of memory or bytes < 0
+    void *(*allocate)(int64_t bytes);  // cleared; NULL when out of memory or bytes < 0
     void *(*allocate_uncleared)(int64_t bytes);
     void *(*reallocate)(void *old, int64_t bytes);  // new bytes are not cleared
-    void (*release)(void *memory);               // NULL is fine
+    void (*release)(void *memory);                  // NULL is fine
 
     int32_t (*register_tag)(const TagRegistration *registration);
     int32_t (*register_command)(const CommandRegistration *registration);
     int32_t (*register_description)(int32_t id, const TableString *name);
 
-    int32_t (*host_version)(void);               // release times 1000 plus the update
+    int32_t (*host_version)(void);  // release times 1000 plus the update
     int32_t (*version_type)(void);
     int32_t (*operating_system)(void);
     int32_t (*is_main_thread)(void);
-    double (*milliseconds)(void);                // since the host started
+    double (*milliseconds)(void);  // since the host started
 
-    void (*print)(const TableString *line);      // one line in the console
+    void (*print)(const TableString *line);                          // one line in the console
     int32_t (*message_box)(const TableString *text, int32_t flags);  // GEMB_; answers GEMB_R_
     int32_t (*question)(const TableString *text);
-    int32_t (*rename)(TableString *in_out_text); // TRUE: the text was changed
+    int32_t (*rename)(TableString *in_out_text);  // TRUE: the text was changed
     int32_t (*select_file)(int32_t file_type, int32_t mode, const TableString *title, const TableString *suffix,
                            TableFilename *in_out_name);
     int32_t (*open_web_page)(const TableString *address);
@@ -200,13 +256,13 @@ typedef struct GeneralTable {
     TableContainer *(*world_plugin_data)(int32_t id);  // NULL until something was set; live
     int32_t (*set_world_plugin_data)(int32_t id, const TableContainer *data, int32_t add);
 
-    void (*path)(int32_t which, TableFilename *out);  // a C4D_PATH_ number; 0 = the application's folder
+    void (*path)(int32_t which, TableFilename *out);        // a C4D_PATH_ number; 0 = the application's folder
     int32_t (*load_resource)(const TableFilename *folder);  // FALSE: the folder is no usable resource folder
     void (*resource_string)(const TableFilename *folder, int32_t id, TableString *out);
 } GeneralTable;
 
 typedef struct MathTable {
-    double (*noise3)(const TableVector *point);          // signed, [-1, 1]
+    double (*noise3)(const TableVector *point);  // signed, [-1, 1]
     double (*noise4)(const TableVector *point, double time);
     void (*matrix_to_hpb)(const TableMatrix *matrix, int32_t order, TableVector *out);
     void (*hpb_to_matrix)(const TableVector *hpb, int32_t order, TableMatrix *out);
@@ -217,21 +273,22 @@ typedef struct MathTable {
 
 typedef struct DataTable {
     void (*copy)(TableData *destination, const TableData *source, HostAliasTrans *translation);  // destination: raw
-    void (*release)(TableData *data);                    // leaves DA_NIL
+    void (*release)(TableData *data);                                                            // leaves DA_NIL
     int32_t (*equal)(const TableData *a, const TableData *b);
     int32_t (*set_default)(TableData *data, int32_t type);  // FALSE for an unknown type; data must be valid
-    void (*set_link)(TableData *data, HostAtom *target); // makes it an alias link; data must be valid
+    void (*set_link)(TableData *data, HostAtom *target);    // makes it an alias link; data must be valid
 } DataTable;
 
 typedef struct ContainerTable {
-    void (*copy)(TableContainer *destination, const TableContainer *source, HostAliasTrans *translation);  // dest: valid
-    void (*flush)(TableContainer *container);            // removes all entries; own id and dirty counter stay
-    void (*release)(TableContainer *container);          // frees the body and leaves `body` NULL: the destructor's call
+    void (*copy)(TableContainer *destination, const TableContainer *source,
+                 HostAliasTrans *translation);   // dest: valid
+    void (*flush)(TableContainer *container);    // removes all entries; own id and dirty counter stay
+    void (*release)(TableContainer *container);  // frees the body and leaves `body` NULL: the destructor's call
     uint32_t (*dirty)(const TableContainer *container);
     int32_t (*count)(const TableContainer *container);
-    TableData *(*find)(const TableContainer *container, int32_t id);  // first with that id, or NULL; live
-    int32_t (*index_of)(const TableContainer *container, int32_t id); // or -1
-    int32_t (*id_at)(const TableContainer *container, int32_t index); // or -1
+    TableData *(*find)(const TableContainer *container, int32_t id);        // first with that id, or NULL; live
+    int32_t (*index_of)(const TableContainer *container, int32_t id);       // or -1
+    int32_t (*id_at)(const TableContainer *container, int32_t index);       // or -1
     TableData *(*data_at)(const TableContainer *container, int32_t index);  // or NULL; live
     TableData *(*set)(TableContainer *container, int32_t id, const TableData *data);  // replaces or appends
     // The two commonest writes without a detour over a value; same effect as `set`.
@@ -260,7 +317,7 @@ typedef struct LinkTable {
 } LinkTable;
 
 typedef struct CustomDataTable {
-    HostCustomData *(*create)(int32_t type);             // NULL for an unknown type, or when out of memory
+    HostCustomData *(*create)(int32_t type);  // NULL for an unknown type, or when out of memory
     void (*release)(HostCustomData *data);
     int32_t (*type_of)(const HostCustomData *data);
     void (*default_settings)(int32_t data_type, TableContainer *out);  // GetCustomDataTypeDefault
@@ -279,7 +336,7 @@ typedef struct CustomDataTable {
 
 typedef struct AtomTable {
     int32_t (*type)(const HostAtom *atom);
-    int32_t (*classification)(const HostAtom *atom);     // Obase, Tbase, CTbase, ...
+    int32_t (*classification)(const HostAtom *atom);  // Obase, Tbase, CTbase, ...
     int32_t (*is_instance_of)(const HostAtom *atom, int32_t type);
     int32_t (*message)(HostAtom *atom, int32_t type, void *data);
     int32_t (*multi_message)(HostAtom *atom, int32_t route, int32_t type, void *data);
@@ -310,30 +367,39 @@ typedef struct ListTable {
     HostAtom *(*down_last)(const HostAtom *node);
     void (*insert_before)(HostAtom *node, HostAtom *sibling);
     void (*insert_after)(HostAtom *node, HostAtom *sibling);
-    void (*insert_under)(HostAtom *node, HostAtom *parent);       // as its first child
+    void (*insert_under)(HostAtom *node, HostAtom *parent);  // as its first child
     void (*insert_under_last)(HostAtom *node, HostAtom *parent);
-    void (*remove)(HostAtom *node);                               // the caller owns it afterwards
+    void (*remove)(HostAtom *node);  // the caller owns it afterwards
     HostAtom *(*document)(const HostAtom *node);
-    ModuleObject *(*module_object)(const HostAtom *node);         // the NodeData of a plug-in node
-    void (*release)(HostAtom *node);                              // removes it first where it is in a list
+    ModuleObject *(*module_object)(const HostAtom *node);  // the NodeData of a plug-in node
+    void (*release)(HostAtom *node);                       // removes it first where it is in a list
 
-    HostAtom *(*main)(const HostAtom *node);                      // what a tag, track, curve or key belongs to
-    TableContainer *(*data)(HostAtom *node);                      // the live container
+    HostAtom *(*main)(const HostAtom *node);  // what a tag, track, curve or key belongs to
+    TableContainer *(*data)(HostAtom *node);  // the live container
     void (*name)(const HostAtom *node, TableString *out);
     void (*set_name)(HostAtom *node, const TableString *name);
     int32_t (*bits)(const HostAtom *node);
     void (*set_bits)(HostAtom *node, int32_t bits);
     HostAtom *(*first_track)(HostAtom *node);
     HostAtom *(*find_track)(HostAtom *node, const TableDescID *id);
-    void (*insert_track)(HostAtom *node, HostAtom *track);        // the node owns it afterwards
+    void (*insert_track)(HostAtom *node, HostAtom *track);  // the node owns it afterwards
 } ListTable;
 
 // Which of an object's vectors `get_vector` and `set_vector` mean.
-enum { TABLE_ABS_POSITION, TABLE_ABS_SCALE, TABLE_ABS_ROTATION, TABLE_FROZEN_POSITION, TABLE_FROZEN_SCALE,
-       TABLE_FROZEN_ROTATION, TABLE_REL_POSITION, TABLE_REL_SCALE, TABLE_REL_ROTATION };
+enum {
+    TABLE_ABS_POSITION,
+    TABLE_ABS_SCALE,
+    TABLE_ABS_ROTATION,
+    TABLE_FROZEN_POSITION,
+    TABLE_FROZEN_SCALE,
+    TABLE_FROZEN_ROTATION,
+    TABLE_REL_POSITION,
+    TABLE_REL_SCALE,
+    TABLE_REL_ROTATION
+};
 
 typedef struct ObjectTable {
-    HostAtom *(*create)(int32_t type);                            // NULL for an unknown type
+    HostAtom *(*create)(int32_t type);  // NULL for an unknown type
     void (*get_vector)(const HostAtom *object, int32_t which, TableVector *out);
     void (*set_vector)(HostAtom *object, int32_t which, const TableVector *value);
     void (*local_matrix)(const HostAtom *object, TableMatrix *out);
@@ -347,7 +413,7 @@ typedef struct ObjectTable {
     HostAtom *(*first_tag)(const HostAtom *object);
     HostAtom *(*tag)(const HostAtom *object, int32_t type, int32_t number);
     void (*insert_tag)(HostAtom *object, HostAtom *tag, HostAtom *predecessor);  // NULL: first of all
-    HostAtom *(*create_tag)(int32_t type);                        // free; NULL when the type is unknown or its Init failed
+    HostAtom *(*create_tag)(int32_t type);  // free; NULL when the type is unknown or its Init failed
     HostAtom *(*tag_object)(const HostAtom *tag);
 } ObjectTable;
 
@@ -379,7 +445,7 @@ typedef struct DocumentTable {
     int32_t (*execute_passes)(HostAtom *document, HostThread *thread, int32_t animation, int32_t expressions,
                               int32_t caches, int32_t flags);
     void (*animate_object)(HostAtom *document, HostAtom *node, const TableTime *time, int32_t flags);
-    HostView *(*active_view)(HostAtom *document);                 // NULL in a document without views
+    HostView *(*active_view)(HostAtom *document);  // NULL in a document without views
     int32_t (*changed)(const HostAtom *document);
     void (*set_changed)(HostAtom *document);
 
@@ -398,7 +464,7 @@ typedef struct DocumentTable {
 } DocumentTable;
 
 typedef struct AnimationTable {
-    HostAtom *(*create_track)(HostAtom *node, const TableDescID *id);     // free; NULL when it cannot be animated
+    HostAtom *(*create_track)(HostAtom *node, const TableDescID *id);  // free; NULL when it cannot be animated
     void (*track_id)(const HostAtom *track, TableDescID *out);
     HostAtom *(*track_object)(const HostAtom *track);
     HostAtom *(*track_curve)(HostAtom *track, int32_t type, int32_t create);
@@ -412,7 +478,7 @@ typedef struct AnimationTable {
     HostAtom *(*key_at)(HostAtom *curve, int32_t index);
     HostAtom *(*find_key)(HostAtom *curve, const TableTime *time, int32_t *out_index, int32_t match);
     HostAtom *(*add_key)(HostAtom *curve, const TableTime *time, int32_t *out_index);
-    int32_t (*insert_key)(HostAtom *curve, HostAtom *key);                // takes the key over
+    int32_t (*insert_key)(HostAtom *curve, HostAtom *key);  // takes the key over
     int32_t (*delete_key)(HostAtom *curve, int32_t index);
     void (*flush_keys)(HostAtom *curve);
     double (*curve_value)(const HostAtom *curve, const TableTime *time, int32_t fps);
@@ -436,7 +502,7 @@ typedef struct AnimationTable {
 typedef struct DescriptionTable {
     HostDescription *(*create)(void);
     void (*release)(HostDescription *description);
-    int32_t (*load)(HostDescription *description, int32_t id);            // replaces what is there
+    int32_t (*load)(HostDescription *description, int32_t id);  // replaces what is there
     int32_t (*load_name)(HostDescription *description, const TableString *name);
     TableContainer *(*find)(HostDescription *description, const TableDescID *id);  // NULL when absent; live
     int32_t (*set)(HostDescription *description, const TableDescID *id, const TableContainer *settings,
@@ -450,8 +516,8 @@ typedef struct DescriptionTable {
 
 typedef struct FileTable {
     int32_t (*exists)(const TableFilename *name, int32_t is_folder);
-    int32_t (*create_folder)(const TableFilename *name);                  // one level
-    int32_t (*remove)(const TableFilename *name, int32_t flags);          // GE_FKILL_
+    int32_t (*create_folder)(const TableFilename *name);                                            // one level
+    int32_t (*remove)(const TableFilename *name, int32_t flags);                                    // GE_FKILL_
     int32_t (*copy)(const TableFilename *source, const TableFilename *destination, int32_t flags);  // GE_FCOPY_
     int32_t (*rename)(const TableFilename *source, const TableFilename *destination);
 
@@ -462,10 +528,10 @@ typedef struct FileTable {
     int32_t (*browse_is_folder)(HostBrowseFiles *browse);
     int32_t (*browse_is_hidden)(HostBrowseFiles *browse);
     int64_t (*browse_size)(HostBrowseFiles *browse);
-    void (*browse_name)(HostBrowseFiles *browse, TableFilename *out);     // the name alone
+    void (*browse_name)(HostBrowseFiles *browse, TableFilename *out);  // the name alone
 
     HostHyperFile *(*create_hyperfile)(void);
-    void (*release_hyperfile)(HostHyperFile *file);                       // closes
+    void (*release_hyperfile)(HostHyperFile *file);  // closes
     int32_t (*open_hyperfile)(HostHyperFile *file, int32_t ident, const TableFilename *name, int32_t mode,
                               int32_t error_dialog);
     int32_t (*close_hyperfile)(HostHyperFile *file);
@@ -487,13 +553,14 @@ typedef struct FileTable {
 typedef struct BitmapTable {
     HostBitmap *(*create)(void);
     void (*release)(HostBitmap *bitmap);
-    int32_t (*load)(HostBitmap *bitmap, const TableFilename *name, int32_t frame);  // IMAGERESULT_
+    int32_t (*load)(HostBitmap *bitmap, const TableFilename *name, int32_t frame);      // IMAGERESULT_
     int32_t (*init)(HostBitmap *bitmap, int32_t width, int32_t height, int32_t depth);  // IMAGERESULT_
     int32_t (*width)(const HostBitmap *bitmap);
     int32_t (*height)(const HostBitmap *bitmap);
     int32_t (*depth)(const HostBitmap *bitmap);
     HostBitmap *(*clone)(const HostBitmap *bitmap);
-    void (*get_pixel)(const HostBitmap *bitmap, int32_t x, int32_t y, uint16_t *out_r, uint16_t *out_g, uint16_t *out_b);
+    void (*get_pixel)(const HostBitmap *bitmap, int32_t x, int32_t y, uint16_t *out_r, uint16_t *out_g,
+                      uint16_t *out_b);
 } BitmapTable;
 
 // The table itself. `api_version` stands first and never moves: it is read before anything else is trusted.

@@ -113,9 +113,8 @@ TEST(Chan, RefusesFieldsOfViewThatNoLensHas) {
                   "move:1:15: found '" + text + "', expected a number from 0 to 180 for vfov");
     }
     for (const std::string text : {"0", "180", "179.999", "1e-9"}) {
-        EXPECT_EQ(Refusal("0 1 2 3 4 5 6 " + text + "\n").rfind("move:1:15: found '" + text +
-                                                                   "', expected a vertical field of view from ",
-                                                               0),
+        EXPECT_EQ(Refusal("0 1 2 3 4 5 6 " + text + "\n")
+                      .rfind("move:1:15: found '" + text + "', expected a vertical field of view from ", 0),
                   0u)
             << text;
     }

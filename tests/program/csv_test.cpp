@@ -120,8 +120,7 @@ TEST(Csv, RefusesLensesThatNobodyBuilds) {
 TEST(Csv, RefusesMoreThanAMillionFrames) {
     std::string text = kShortHeader;
     for (int frame = 0; frame <= 1000000; ++frame) text += std::to_string(frame) + ",0,0,0,0,0,0\n";
-    EXPECT_EQ(Refusal(text),
-              "move:1000002:1: found '1000000', expected the end of the file (at most 1000000 frames)");
+    EXPECT_EQ(Refusal(text), "move:1000002:1: found '1000000', expected the end of the file (at most 1000000 frames)");
 }
 
 TEST(Csv, ShowsUnprintableInputWithoutPrintingIt) {

@@ -33,9 +33,10 @@ TEST(ParameterLookup, RefusesSharedLabelsWithTheirIds) {
 
 TEST(ParameterLookup, NamesTheNearestLabelsFirst) {
     // "shake speed" is one letter away; every other label needs more.
-    EXPECT_EQ(Refusal("Shak Speed").rfind(
-                  "--set: found no parameter 'Shak Speed', expected a label or an id; nearest: 'Shake Speed', ", 0),
-              0u);
+    EXPECT_EQ(
+        Refusal("Shak Speed")
+            .rfind("--set: found no parameter 'Shak Speed', expected a label or an id; nearest: 'Shake Speed', ", 0),
+        0u);
     EXPECT_EQ(Refusal("Zom").rfind("--set: found no parameter 'Zom', expected a label or an id; nearest: 'Zoom', ", 0),
               0u);
 }

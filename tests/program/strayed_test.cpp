@@ -32,7 +32,8 @@ TEST(TurnBetween, KeepsSmallTurns) {
 TEST(Strayed, GivesRootMeanSquareAndPeak) {
     // Distances 0, 5 (from 3, 4) and 12: RMS sqrt((25 + 144) / 3), peak 12 at the third frame, 7. Turns 0, 0 and 6.
     const CameraMove input = MoveWith({At({0, 0, 0}, {0, 0, 0}), At({1, 1, 1}, {0, 0, 0}), At({0, 0, 0}, {10, 0, 0})});
-    const CameraMove output = MoveWith({At({0, 0, 0}, {0, 0, 0}), At({4, 5, 1}, {0, 0, 0}), At({0, 0, 12}, {16, 0, 0})});
+    const CameraMove output =
+        MoveWith({At({0, 0, 0}, {0, 0, 0}), At({4, 5, 1}, {0, 0, 0}), At({0, 0, 12}, {16, 0, 0})});
     const Strayed strayed = MeasureStrayed(input, output);
     EXPECT_NEAR(strayed.position.rms, std::sqrt(169.0 / 3), 1e-12);
     EXPECT_NEAR(strayed.position.peak, 12, 1e-12);

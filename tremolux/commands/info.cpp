@@ -1,6 +1,5 @@
-#include "tremolux/commands/commands.h"
-
 #include "host/value/text.h"
+#include "tremolux/commands/commands.h"
 #include "tremolux/commands/move_options.h"
 #include "tremolux/embedded_host.h"
 #include "tremolux/output_files.h"

@@ -94,10 +94,11 @@ void AddHostOptions(CLI::App *command, HostOptions *options) {
 void AddMoveOptions(CLI::App *command, MoveOptions *options) {
     command->add_option("INPUT", options->input, "camera move to read, .csv or .chan")->required();
     command
-        ->add_option("--set", options->settings,
-                     "LABEL=VALUE or ID=VALUE: a parameter of the tag; may be given more than once. Percentages: 150% or "
-                     "the fraction 1.5; angles: 12deg or 12 (degrees); times: 12f or 12 (frames), 0.5s, 1:04 "
-                     "(seconds:frames); switches: on, off, true, false, 1, 0")
+        ->add_option(
+            "--set", options->settings,
+            "LABEL=VALUE or ID=VALUE: a parameter of the tag; may be given more than once. Percentages: 150% or "
+            "the fraction 1.5; angles: 12deg or 12 (degrees); times: 12f or 12 (frames), 0.5s, 1:04 "
+            "(seconds:frames); switches: on, off, true, false, 1, 0")
         ->expected(1)
         ->take_all();
     command->add_option("--seed", options->seed, "the shake's seed, 0 to 99999: short for --set Seed=");
@@ -105,8 +106,10 @@ void AddMoveOptions(CLI::App *command, MoveOptions *options) {
                         "FIRST:LAST: the frames to write; playback still starts at the move's first frame");
     command->add_option("--fps", options->frames_per_second,
                         "frames per second, 1 to 2500; else 30, and 24 for recordings");
-    command->add_option("--unit", options->unit, "length unit of .chan files: cm, m, mm, in, ft")->capture_default_str();
-    command->add_option("--resolution", options->resolution, "size of the picture, for the field of view of .chan files")
+    command->add_option("--unit", options->unit, "length unit of .chan files: cm, m, mm, in, ft")
+        ->capture_default_str();
+    command
+        ->add_option("--resolution", options->resolution, "size of the picture, for the field of view of .chan files")
         ->capture_default_str();
     command->add_flag("--quiet", options->quiet, "show no progress");
     AddHostOptions(command, &options->host);

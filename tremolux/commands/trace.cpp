@@ -14,9 +14,7 @@ struct TraceOptions {
 };
 
 // Text that is not UTF-8 must not break the line.
-std::string JsonLine(const Json &record) {
-    return record.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
-}
+std::string JsonLine(const Json &record) { return record.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n"; }
 
 void Trace(const TraceOptions &options) {
     Playback playback(options.move);

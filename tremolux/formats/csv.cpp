@@ -9,9 +9,15 @@
 namespace tremolux {
 namespace {
 
-const CsvColumns kCameraColumns = {{"frame", true}, {"x", true}, {"y", true},
-                                   {"z", true},     {"h", true}, {"p", true},
-                                   {"b", true},     {"focal_length", false}, {"focus_distance", false}};
+const CsvColumns kCameraColumns = {{"frame", true},
+                                   {"x", true},
+                                   {"y", true},
+                                   {"z", true},
+                                   {"h", true},
+                                   {"p", true},
+                                   {"b", true},
+                                   {"focal_length", false},
+                                   {"focus_distance", false}};
 constexpr std::size_t kFrame = 0, kX = 1, kY = 2, kZ = 3, kH = 4, kP = 5, kB = 6, kFocalLength = 7, kFocusDistance = 8;
 
 CameraSample ReadRow(const CsvRow &row) {

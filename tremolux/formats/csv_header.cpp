@@ -49,8 +49,7 @@ CsvHeader::CsvHeader(const SourceText &source, const CsvColumns &columns)
 CsvRow::CsvRow(const CsvHeader &header, const Line &line)
     : header_(header), line_(line), fields_(CommaFields(line.text)) {
     if (fields_.size() == header.fields_) return;
-    const std::size_t column =
-        fields_.size() > header.fields_ ? fields_[header.fields_].column : line.text.size() + 1;
+    const std::size_t column = fields_.size() > header.fields_ ? fields_[header.fields_].column : line.text.size() + 1;
     header.source_.Refuse(line.number, column, CountText(line, fields_.size()),
                           std::to_string(header.fields_) + " columns as in the header line");
 }

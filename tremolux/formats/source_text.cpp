@@ -24,7 +24,8 @@ SourceText::SourceText(std::string file, std::string_view bytes) : file_(std::mo
         if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
         lines_.push_back({lines_.size() + 1, line});
         if (lines_.size() > kMaxLines) {
-            Refuse(lines_.size(), 1, "another line", "the end of the file (at most " + std::to_string(kMaxLines) + " lines)");
+            Refuse(lines_.size(), 1, "another line",
+                   "the end of the file (at most " + std::to_string(kMaxLines) + " lines)");
         }
     }
     while (!lines_.empty() && Trimmed(lines_.back().text).empty()) {
@@ -53,9 +54,9 @@ double SourceText::Number(const Line &line, const Field &field, std::string_view
                           double maximum) const {
     const std::optional<double> value = ParseNumber(field.text);
     if (value && *value >= minimum && *value <= maximum) return *value;
-    RefuseField(line, field,
-                "a number from " + FormatNumber(minimum) + " to " + FormatNumber(maximum) + " for " +
-                    std::string(name));
+    RefuseField(
+        line, field,
+        "a number from " + FormatNumber(minimum) + " to " + FormatNumber(maximum) + " for " + std::string(name));
 }
 
 std::vector<Field> CommaFields(std::string_view line) {

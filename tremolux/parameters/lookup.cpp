@@ -71,8 +71,8 @@ const Parameter &FindParameter(const std::vector<Parameter> &parameters, std::st
     }
     if (found.size() == 1) return *found.front();
     if (found.empty()) {
-        throw Failure(kExitInput, "--set: found no parameter " + Quoted(name) + ", expected a label or an id; nearest: " +
-                                      NearestNames(parameters, name));
+        throw Failure(kExitInput, "--set: found no parameter " + Quoted(name) +
+                                      ", expected a label or an id; nearest: " + NearestNames(parameters, name));
     }
     throw Failure(kExitInput, "--set: found " + std::to_string(found.size()) + " parameters " + Quoted(name) +
                                   ", expected one of their ids: " + Ids(found));

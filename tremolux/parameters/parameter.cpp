@@ -12,23 +12,35 @@ constexpr std::int32_t kUnitPercent = 1718641524, kUnitDegree = 1717856114, kUni
 
 ParameterKind KindOf(std::int32_t described_type) {
     switch (described_type) {
-        case host::kDataReal: return ParameterKind::kReal;
-        case host::kDescribedBool: return ParameterKind::kBool;
-        case host::kDataTime: return ParameterKind::kTime;
-        case host::kDataString: return ParameterKind::kText;
-        case host::kDataWhole: return ParameterKind::kChoice;
-        case host::kDataLink: return ParameterKind::kLink;
-        case host::kDescribedButton: return ParameterKind::kButton;
-        default: return ParameterKind::kOther;
+        case host::kDataReal:
+            return ParameterKind::kReal;
+        case host::kDescribedBool:
+            return ParameterKind::kBool;
+        case host::kDataTime:
+            return ParameterKind::kTime;
+        case host::kDataString:
+            return ParameterKind::kText;
+        case host::kDataWhole:
+            return ParameterKind::kChoice;
+        case host::kDataLink:
+            return ParameterKind::kLink;
+        case host::kDescribedButton:
+            return ParameterKind::kButton;
+        default:
+            return ParameterKind::kOther;
     }
 }
 
 ParameterUnit UnitOf(std::int32_t code) {
     switch (code) {
-        case kUnitPercent: return ParameterUnit::kPercent;
-        case kUnitDegree: return ParameterUnit::kDegrees;
-        case kUnitFrames: return ParameterUnit::kFrames;
-        default: return ParameterUnit::kNone;
+        case kUnitPercent:
+            return ParameterUnit::kPercent;
+        case kUnitDegree:
+            return ParameterUnit::kDegrees;
+        case kUnitFrames:
+            return ParameterUnit::kFrames;
+        default:
+            return ParameterUnit::kNone;
     }
 }
 

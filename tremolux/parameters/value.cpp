@@ -27,10 +27,14 @@ std::string LowerCase(std::string_view text) {
 
 std::string WithUnit(const Parameter &parameter, double stored) {
     switch (parameter.unit) {
-        case ParameterUnit::kPercent: return FormatNumber(stored * 100) + "%";
-        case ParameterUnit::kDegrees: return FormatNumber(stored / kRadiansPerDegree) + "deg";
-        case ParameterUnit::kFrames: return FormatNumber(stored) + "f";
-        case ParameterUnit::kNone: break;
+        case ParameterUnit::kPercent:
+            return FormatNumber(stored * 100) + "%";
+        case ParameterUnit::kDegrees:
+            return FormatNumber(stored / kRadiansPerDegree) + "deg";
+        case ParameterUnit::kFrames:
+            return FormatNumber(stored) + "f";
+        case ParameterUnit::kNone:
+            break;
     }
     return FormatNumber(stored) + (parameter.kind == ParameterKind::kTime ? "s" : "");
 }
@@ -46,17 +50,26 @@ std::string LimitText(const Parameter &parameter) {
 
 std::string Expected(const Parameter &parameter) {
     switch (parameter.kind) {
-        case ParameterKind::kBool: return "on or off";
-        case ParameterKind::kTime: return "a time (12f, 0.5s, 1:04)" + LimitText(parameter);
-        case ParameterKind::kChoice: return "one of its choices";
-        case ParameterKind::kReal: break;
-        default: return "a value";
+        case ParameterKind::kBool:
+            return "on or off";
+        case ParameterKind::kTime:
+            return "a time (12f, 0.5s, 1:04)" + LimitText(parameter);
+        case ParameterKind::kChoice:
+            return "one of its choices";
+        case ParameterKind::kReal:
+            break;
+        default:
+            return "a value";
     }
     switch (parameter.unit) {
-        case ParameterUnit::kPercent: return "a percentage (150% or 1.5)" + LimitText(parameter);
-        case ParameterUnit::kDegrees: return "an angle (12deg or 12)" + LimitText(parameter);
-        case ParameterUnit::kFrames: return "frames (12f or 12) or seconds (0.5s)" + LimitText(parameter);
-        case ParameterUnit::kNone: break;
+        case ParameterUnit::kPercent:
+            return "a percentage (150% or 1.5)" + LimitText(parameter);
+        case ParameterUnit::kDegrees:
+            return "an angle (12deg or 12)" + LimitText(parameter);
+        case ParameterUnit::kFrames:
+            return "frames (12f or 12) or seconds (0.5s)" + LimitText(parameter);
+        case ParameterUnit::kNone:
+            break;
     }
     return "a number" + LimitText(parameter);
 }
@@ -97,8 +110,10 @@ std::optional<double> RealOf(const Parameter &parameter, std::string_view text, 
         case ParameterUnit::kDegrees:
             if (unit.empty() || unit == "deg" || unit == "\xC2\xB0") return measure->number * kRadiansPerDegree;
             return std::nullopt;
-        case ParameterUnit::kFrames: return Frames(*measure, frames_per_second);
-        case ParameterUnit::kNone: break;
+        case ParameterUnit::kFrames:
+            return Frames(*measure, frames_per_second);
+        case ParameterUnit::kNone:
+            break;
     }
     return unit.empty() ? std::optional<double>(measure->number) : std::nullopt;
 }
@@ -158,10 +173,14 @@ host::Data ParseValue(const Parameter &parameter, std::string_view text, int fra
         case ParameterKind::kChoice:
             if (const auto choice = ChoiceOf(parameter, value)) return host::Data(*choice);
             break;
-        case ParameterKind::kText: return host::Data(text);
-        case ParameterKind::kLink: Refuse(parameter, "a link", "a parameter that holds a value");
-        case ParameterKind::kButton: Refuse(parameter, "a button", "a parameter that holds a value");
-        case ParameterKind::kOther: Refuse(parameter, "no value", "a parameter that holds a value");
+        case ParameterKind::kText:
+            return host::Data(text);
+        case ParameterKind::kLink:
+            Refuse(parameter, "a link", "a parameter that holds a value");
+        case ParameterKind::kButton:
+            Refuse(parameter, "a button", "a parameter that holds a value");
+        case ParameterKind::kOther:
+            Refuse(parameter, "no value", "a parameter that holds a value");
     }
     Refuse(parameter, Quoted(text), Expected(parameter));
 }

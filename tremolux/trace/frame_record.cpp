@@ -8,9 +8,8 @@ struct NamedClock {
     std::int32_t id;
 };
 // In frames at speed 1; the step is how far they go at the next frame.
-constexpr NamedClock kClocks[] = {{"step", 20000},       {"shake", 10051}, {"focus", 10052},
-                                  {"zoom_drift", 10053}, {"jolt", 10054},  {"auxiliary", 10055},
-                                  {"zoom", 10056}};
+constexpr NamedClock kClocks[] = {{"step", 20000}, {"shake", 10051},     {"focus", 10052}, {"zoom_drift", 10053},
+                                  {"jolt", 10054}, {"auxiliary", 10055}, {"zoom", 10056}};
 
 Json JsonCamera(const CameraSample &sample) {
     return {{"position", JsonVector(sample.position)},

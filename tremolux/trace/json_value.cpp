@@ -41,17 +41,27 @@ Json JsonVector(const host::Vector &vector) {
 
 Json JsonValue(const host::Data &data, const HostAtom *document) {
     switch (data.type) {
-        case host::kDataNil: return Json();
-        case host::kDataWhole: return data.Whole();
-        case host::kDataReal: return JsonNumber(data.Real());
-        case host::kDataTime: return JsonNumber(host::Seconds(data.GetTime()));
-        case host::kDataVector: return JsonVector(data.GetVector());
-        case host::kDataMatrix: return JsonMatrix(data);
+        case host::kDataNil:
+            return Json();
+        case host::kDataWhole:
+            return data.Whole();
+        case host::kDataReal:
+            return JsonNumber(data.Real());
+        case host::kDataTime:
+            return JsonNumber(host::Seconds(data.GetTime()));
+        case host::kDataVector:
+            return JsonVector(data.GetVector());
+        case host::kDataMatrix:
+            return JsonMatrix(data);
         case host::kDataString:
-        case host::kDataFilename: return data.Text();
-        case host::kDataLink: return JsonLink(data, document);
-        case host::kDataContainer: return JsonContainer(*data.GetContainer(), document);
-        default: return "type " + std::to_string(data.type);
+        case host::kDataFilename:
+            return data.Text();
+        case host::kDataLink:
+            return JsonLink(data, document);
+        case host::kDataContainer:
+            return JsonContainer(*data.GetContainer(), document);
+        default:
+            return "type " + std::to_string(data.type);
     }
 }
 
