@@ -1,5 +1,6 @@
 #include "tremolux/embedded_host.h"
 
+#include "host/services/platform.h"
 #include "tremolux/failure.h"
 #include "tremolux/system.h"
 
@@ -32,6 +33,8 @@ EmbeddedHost::~EmbeddedHost() {
     application_->SaveWorldSettings();
 }
 
-std::filesystem::path DefaultModuleFile() { return ProgramFolder() / "plugins" / "TremoluxCam" / ModuleFileName(); }
+std::filesystem::path DefaultModuleFile() { 
+    return ProgramFolder() / "plugins" / "TremoluxCam" / (std::string("TremoluxCam") + host::ModuleSuffix());
+}
 
 }  // namespace tremolux

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "host/files/safe_write.h"
+#include "host/services/platform.h"
 #include "host/value/text.h"
 #include "tremolux/failure.h"
 
@@ -65,12 +66,12 @@ void OutputFiles::Write(const std::vector<std::string> &texts) {
     for (std::size_t i = 0; i < files_.size(); ++i) {
         unfinished_.push_back(UnfinishedName(files_[i]));
         std::string reason;
-        if (!host::WriteFileSafely(unfinished_.back(), texts[i], &reason)) RefuseOutput(files_[i], reason);
+        if (!host::WriteFileSafely(unfinished_.back(), texts[i], &reason)) {
+            RefuseOutput(files_[i], "expected a folder that takes new files");
+        }
     }
     for (std::size_t i = 0; i < files_.size(); ++i) {
-        std::error_code error;
-        fs::rename(unfinished_[i], files_[i], error);
-        if (error) RefuseOutput(files_[i], error.message());
+        if (!host::ReplaceFile(unfinished_[i], files_[i])) RefuseOutput(files_[i], "expected a file that may be changed");
     }
     unfinished_.clear();
 }

@@ -4,10 +4,11 @@
 
 #ifdef _WIN32
 #include <io.h>
-#include <windows.h>
 #else
 #include <unistd.h>
 #endif
+
+#include "host/services/platform.h"
 
 namespace tremolux {
 namespace {
@@ -22,30 +23,15 @@ fs::path FolderFromEnvironment(const char *variable) {
 
 }  // namespace
 
+fs::path ProgramFolder() { return host::ProgramFile().parent_path(); }
+
+bool ErrorOutputIsTerminal() {
 #ifdef _WIN32
-
-fs::path ProgramFolder() {
-    wchar_t file[32768];
-    const DWORD length = GetModuleFileNameW(nullptr, file, 32768);
-    return length > 0 && length < 32768 ? fs::path(std::wstring(file, length)).parent_path() : fs::path();
-}
-
-bool ErrorOutputIsTerminal() { return _isatty(2) != 0; }
-
-const char *ModuleFileName() { return "TremoluxCam.cdl64"; }
-
+    return _isatty(2) != 0;
 #else
-
-fs::path ProgramFolder() {
-    std::error_code error;
-    return fs::read_symlink("/proc/self/exe", error).parent_path();
-}
-
-bool ErrorOutputIsTerminal() { return isatty(STDERR_FILENO) != 0; }
-
-const char *ModuleFileName() { return "TremoluxCam.so"; }
-
+    return isatty(STDERR_FILENO) != 0;
 #endif
+}
 
 fs::path DefaultHome() {
     if (const fs::path folder = FolderFromEnvironment("APPDATA"); !folder.empty()) return folder / "tremolux";

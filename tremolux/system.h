@@ -11,7 +11,5 @@ std::filesystem::path ProgramFolder();
 bool ErrorOutputIsTerminal();
 // Where the user's settings lie unless another folder is asked for: tremolux/ in the user's configuration folder.
 std::filesystem::path DefaultHome();
-// "TremoluxCam.so" or "TremoluxCam.cdl64"
-const char *ModuleFileName();
 
 }  // namespace tremolux

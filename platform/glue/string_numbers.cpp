@@ -43,8 +43,9 @@ void WriteReal(Real value, LONG after, bool exponent, Parts *parts) {
     for (char *c = parts->digits; *c; ++c) {
         if (*c == '.') point = c;
         if (*c != 'e') continue;
-        std::strncpy(parts->exponent, c, sizeof(parts->exponent) - 1);
-        parts->exponent[sizeof(parts->exponent) - 1] = 0;
+        std::size_t length = 0;
+        for (const char *e = c; *e && length + 1 < sizeof(parts->exponent); ++e) parts->exponent[length++] = *e;
+        parts->exponent[length] = 0;
         *c = 0;
         end = c;
         break;

@@ -160,6 +160,7 @@ TEST_F(Program, TracesOneJsonObjectAFrame) {
 struct BadInput {
     std::string name, text, place;
 };
+void PrintTo(const BadInput &input, std::ostream *out) { *out << input.name; }
 
 class BadInputs : public Program, public testing::WithParamInterface<BadInput> {};
 
