@@ -33,7 +33,7 @@ EmbeddedHost::~EmbeddedHost() {
     application_->SaveWorldSettings();
 }
 
-std::filesystem::path DefaultModuleFile() { 
+std::filesystem::path DefaultModuleFile() {
     return ProgramFolder() / "plugins" / "TremoluxCam" / (std::string("TremoluxCam") + host::ModuleSuffix());
 }
 
