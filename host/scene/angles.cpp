@@ -10,6 +10,8 @@ constexpr double kPi = 3.14159265358979323846;
 constexpr double kTurn = 2 * kPi;
 // Below this share of a viewing direction lies in the horizontal plane, heading cannot be told from bank.
 constexpr double kStraightUp = 0.00001;
+// Radians by which the other solution must be nearer: rounding alone never turns a camera upside down.
+constexpr double kTie = 1e-12;
 
 // An order by the axes (0 x, 1 y, 2 z) in which the parent's axes are turned about; index = order 0 to 5.
 struct AxisOrder {
@@ -105,7 +107,7 @@ Vector OptimalAngle(const Vector &old_hpb, const Vector &new_hpb, std::int32_t o
         return Vector{NearestTurn(d.x), NearestTurn(d.y), NearestTurn(d.z)};
     };
     const Vector first = step(new_hpb), second = step(other);
-    return old_hpb + (SumOfParts(second) < SumOfParts(first) ? second : first);
+    return old_hpb + (SumOfParts(second) < SumOfParts(first) - kTie ? second : first);
 }
 
 }  // namespace host

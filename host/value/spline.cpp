@@ -16,6 +16,7 @@ struct Cubic {
     Cubic(double p1, double p2, double end) : a(end - 3 * p2 + 3 * p1), b(3 * p2 - 6 * p1), c(3 * p1) {}
     double At(double s) const { return ((a * s + b) * s + c) * s; }
     double SlopeAt(double s) const { return (3 * a * s + 2 * b) * s + c; }
+    double BendAt(double s) const { return 6 * a * s + 2 * b; }
 };
 
 // The part of a tangent of length `along` that lies inside a piece of length 1: x(s) is monotone when both tangents
@@ -25,17 +26,18 @@ double InsideShare(double along) {
     return along > 1 ? 1 / along : 1;
 }
 
-// s in [0, 1] with x(s) = u, for a monotone x with x(1) = 1 and 0 < u < 1. Newton's method, kept inside a bracket that
-// every step narrows; it ends where doubles end.
+// s in [0, 1] with x(s) = u, for a monotone x with x(1) = 1 and 0 < u < 1. Halley's method, kept inside a bracket that
+// every step narrows; it ends a few roundings away from u.
 double Solve(const Cubic &x, double u) {
-    constexpr double kRounding = 1.2e-16;
+    constexpr double kRounding = 5e-16;
     constexpr int kMostSteps = 128;  // halving alone reaches neighbouring doubles in fewer
     double low = 0, high = 1, s = u;
     for (int step = 0; step < kMostSteps; ++step) {
         const double error = x.At(s) - u;
         if (std::fabs(error) <= kRounding * u) break;
         (error < 0 ? low : high) = s;
-        double next = s - error / x.SlopeAt(s);
+        const double slope = x.SlopeAt(s);
+        double next = s - 2 * error * slope / (2 * slope * slope - error * x.BendAt(s));
         if (!(next > low && next < high)) next = low + (high - low) * 0.5;
         if (!(next > low && next < high)) break;
         s = next;
@@ -83,6 +85,7 @@ std::int32_t Spline::Insert(double x, double y, std::int32_t flags) {
     TableSplineKnot knot{};
     knot.position = {x, y, 0};
     knot.flags = flags;
+    if (knots.empty()) knots.reserve(4);
     const auto place = std::find_if(knots.begin(), knots.end(), [&](const auto &k) { return k.position.x > x; });
     const auto inserted = knots.insert(place, knot);  // moves the other knots, and so their beginning
     return static_cast<std::int32_t>(inserted - knots.begin());

@@ -5,6 +5,7 @@
 #include "ddoc.h"
 #include "engine/clocks.h"
 #include "engine/curves.h"
+#include "engine/filter.h"
 #include "engine/rotation.h"
 #include "lib_description.h"
 #include "ocamera.h"
@@ -15,8 +16,16 @@
 namespace {
 
 constexpr Real kWholeFrameTolerance = 1e-6;
+// The scene's size against the slider: 15 % of it.
+constexpr Real kScaleShare = 0.15;
+constexpr Real kSlowPositionShare = 2.0;
+constexpr Real kJoltTimeScale = 1.25;
+constexpr Real kFalloffShare = 0.1;
 
-Bool IsFinite(const Vector &v) { return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z); }
+Vector ReadSoundVector(const BaseContainer &data, LONG key) {
+    const Vector v = data.GetVector(key);
+    return IsFinite(v) ? v : Vector();
+}
 
 }  // namespace
 
@@ -82,18 +91,56 @@ void TremoluxCamClass::EvaluateFrame(BaseContainer *data, BaseObject *camera) {
     const Curve ease_curve(kLayerEaseCurve);
     if (!ease_curve) return;
 
+    const auto real = [data](LONG id) { return ReadReal(*data, id); };
+    const auto flag = [data](LONG id) { return (LONG)data->GetBool(id); };
     const Matrix input_matrix = input->GetMg();
-    const Real focal_length = EvaluateZoom(data, ReadLens(input, CAMERA_FOCUS));
-    Vector position = EvaluatePosition(data, input_matrix.off);
-    Vector angles = EvaluateRotation(data, AnglesOf(input_matrix));
-    const Real focus_distance = EvaluateFocus(data, ReadLens(input, CAMERAOBJECT_TARGETDISTANCE));
-    EvaluateJolts(data);
+    const LONG seed = ReadTruncated(*data, kSeed);
+    const Real time_offset = real(kTimeOffset), speed = real(kShakeSpeed);
+    const Real position_intensity = real(kPositionIntensity), rotation_intensity = real(kRotationIntensity);
+    const Real scale = kScaleShare * real(kOverallScale);
+    const Real frames_per_second = settings->GetReal(DOCUMENT_FPS);
+
+    const Real focal_length =
+        EvaluateZoom(data, time_offset, (Real)seed, flag(kUseZoom), real(kZoomSpeed), real(kZoomDriftSlow),
+                     real(kZoomDriftMedium), real(kZoomDriftFast), speed, real(kZoomDriftSmooth), real(kZoomSmooth),
+                     real(kZoomOvershoot), real(kZoomOvershootFade), ReadLens(input, CAMERA_FOCUS), frame,
+                     clocks.zoom_drift, clocks.zoom, FrameOfTime(data->GetTime(kZoomHiddenTime), frames_per_second),
+                     real(kZoomHidden1), real(kZoomHidden2), real(kZoomHidden3), real(kZoomHidden4));
+
+    Vector position =
+        EvaluatePosition(data, input_matrix.off, real(kInitialPositionSmooth), time_offset,
+                         kSlowPositionShare * real(kPositionSlow), real(kPositionMedium), real(kPositionFast), frame,
+                         real(kInitialPositionOvershoot), real(kPositionOvershootFade), real(kShakeSmooth), (Real)seed,
+                         flag(kUsePositionX), flag(kUsePositionY), flag(kUsePositionZ), position_intensity, scale,
+                         real(kRatioX), real(kRatioY), real(kRatioZ), speed, clocks.shake);
+
+    BaseObject *target = ResolveGuide(*data, kTargetObject, camera);
+    Vector angles = EvaluateRotation(
+        data, target ? flag(kUseTarget) : 0, target ? target->GetMg().off : Vector(), position, real(kTargetSmooth),
+        time_offset, real(kTargetOvershoot), real(kTargetOvershootFade), AnglesOf(input_matrix),
+        real(kInitialRotationSmooth), real(kInitialRotationOvershoot), real(kRotationOvershootFade), (Real)seed,
+        flag(kUseRotationH), flag(kUseRotationP), flag(kUseRotationB), rotation_intensity, scale, real(kRatioH),
+        real(kRatioP), real(kRatioB), speed, clocks.shake, real(kShakeSmooth), real(kRotationSlow),
+        real(kRotationMedium), real(kRotationFast), frame);
+
+    BaseObject *focus = ResolveGuide(*data, kFocusObject, camera);
+    const Real focus_distance =
+        EvaluateFocus(data, ReadLens(input, CAMERAOBJECT_TARGETDISTANCE), focus, real(kFocusSmoothing),
+                      real(kFocusOvershoot), real(kFocusOvershootFade), focus ? focus->GetMg().off : Vector(), position,
+                      real(kFocusDriftSmooth), flag(kUseFocus), time_offset, real(kFocusDriftSlow),
+                      real(kFocusDriftMedium), real(kFocusDriftFast), seed, real(kFocusSpeed), speed, frame);
+
+    EvaluateJolts(data, kJoltTimeScale, (Real)seed, FrameOfTime(data->GetTime(kJoltInterval), frames_per_second),
+                  frames_per_second, Truncate(clocks.jolt), time_offset, real(kJoltPositionIntensity),
+                  real(kJoltRotationIntensity), real(kJoltSmooth), flag(kUseJolt), scale, position_intensity, speed,
+                  real(kRatioX), real(kRatioY), real(kRatioZ), real(kRatioH), real(kRatioP), real(kRatioB),
+                  rotation_intensity, kFalloffShare * real(kJoltFalloff), Truncate(frame), 1);
+
     position += data->GetVector(kJoltPositionOffset);
     angles += data->GetVector(kJoltRotationOffset);
-    if (!IsFinite(position) || !IsFinite(angles) || !std::isfinite(focal_length) || !std::isfinite(focus_distance))
-        return;
+    if (!IsFinite(position) || !IsFinite(angles) || !IsFinite(focal_length) || !IsFinite(focus_distance)) return;
 
-    const Vector reference = frame == 0.0 ? Vector() : data->GetVector(kPreviousRotation);
+    const Vector reference = frame == 0.0 ? Vector() : ReadSoundVector(*data, kPreviousRotation);
     angles = GetOptimalAngle(reference, angles, ROTATIONORDER_HPB);
 
     Matrix output = HPBToMatrix(angles, ROTATIONORDER_HPB);

@@ -1,15 +1,11 @@
 // Where and when the noise is sampled, and how much of each layer goes into the shake and the drifts.
-#include "c4d.h"
+#include "engine/noise.h"
+
 #include "engine/curves.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
 
 namespace {
-
-// A point of the noise: the seed plus a base, and three offsets from there.
-struct SamplePoint {
-    Real base, x, y, z;
-};
 
 // The three layers of one channel: slow, medium, fast.
 struct ChannelPoints {
@@ -45,11 +41,6 @@ constexpr ChannelPoints kFocus = {{{2960, 0, 154789, 478932}, {2000, 0, 24789, 3
 constexpr SamplePoint kZoomSlow = {2960, 19758, 25100, 0}, kZoomMedium = {2000, 130569, 10356, 0},
                       kZoomFast = {0, 87456, 48962, 0};
 
-Real Sample(Real seed, const SamplePoint &point, Real time) {
-    const Real base = seed + point.base;
-    return SNoise(Vector(base + point.x, base + point.y, base + point.z), time);
-}
-
 Real PositionShake(const ChannelPoints &points, Real seed, Real time_offset, Real slow, Real medium, Real fast,
                    Real ratio, Real intensity, Real scale, Real speed, Real clock) {
     const Real time = time_offset + clock;
@@ -77,6 +68,11 @@ Real RotationShake(const ChannelPoints &points, Real seed, LONG time_offset, Rea
 }
 
 }  // namespace
+
+Real Sample(Real seed, const SamplePoint &point, Real time) {
+    const Real base = seed + point.base;
+    return SNoise(Vector(base + point.x, base + point.y, base + point.z), time);
+}
 
 Real TremoluxCamClass::ShakePositionX(Real seed, Real time_offset, Real slow, Real medium, Real fast, Real ratio, LONG,
                                       Real intensity, Real scale, Real speed, Real clock) {

@@ -1,36 +1,32 @@
-#include "engine/clocks.h"
-#include "tag/parameters.h"
+#include "engine/filter.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
 
 namespace {
 
-// The scene's size against the slider: 15 % of it.
-constexpr Real kScaleShare = 0.15;
-constexpr Real kSlowShare = 2.0;
+constexpr FilterKeys kInputFilter = {kPositionCarry, kPositionValue};
+constexpr FilterKeys kShakeFilter = {kPositionShakeCarry, kPositionShakeValue};
 
 }  // namespace
 
-Vector TremoluxCamClass::EvaluatePosition(BaseContainer *data, const Vector &input_position) {
-    const Real seed = (Real)ReadTruncated(*data, kSeed);
-    const Real time_offset = ReadReal(*data, kTimeOffset);
-    const Real slow = kSlowShare * ReadReal(*data, kPositionSlow);
-    const Real medium = ReadReal(*data, kPositionMedium);
-    const Real fast = ReadReal(*data, kPositionFast);
-    const Real intensity = ReadReal(*data, kPositionIntensity);
-    const Real scale = kScaleShare * ReadReal(*data, kOverallScale);
-    const Real speed = ReadReal(*data, kShakeSpeed);
-    const Real clock = ReadClock(*data, kShakeClock);
+Vector TremoluxCamClass::EvaluatePosition(BaseContainer *data, const Vector &input, Real smooth, Real time_offset,
+                                          Real slow, Real medium, Real fast, Real frame, Real overshoot, Real fade,
+                                          Real shake_smooth, Real seed, LONG use_x, LONG use_y, LONG use_z,
+                                          Real intensity, Real scale, Real ratio_x, Real ratio_y, Real ratio_z,
+                                          Real speed, Real clock) {
+    const Bool restart = HasNoPast(*data, frame);
+    Coefficients c;
+    InputSmoothing(smooth, &c.a, &c.b);
+    const Vector smoothed = FilterVector(kInputFilter, c, input, restart, data);
+    const Vector position = OvershootOrRest(smoothed, overshoot, fade, data, kOvershootPosition, 0);
+    if (!use_x && !use_y && !use_z) return position;
 
     Vector shake;
-    if (data->GetBool(kUsePositionX))
-        shake.x = ShakePositionX(seed, time_offset, slow, medium, fast, ReadReal(*data, kRatioX), 1, intensity, scale,
-                                 speed, clock);
-    if (data->GetBool(kUsePositionY))
-        shake.y = ShakePositionY(seed, time_offset, slow, medium, fast, ReadReal(*data, kRatioY), 1, intensity, scale,
-                                 speed, clock);
-    if (data->GetBool(kUsePositionZ))
-        shake.z = ShakePositionZ(seed, time_offset, slow, medium, fast, ReadReal(*data, kRatioZ), 1, intensity, scale,
-                                 speed, clock);
-    return input_position + shake;
+    if (use_x)
+        shake.x = ShakePositionX(seed, time_offset, slow, medium, fast, ratio_x, 1, intensity, scale, speed, clock);
+    if (use_y)
+        shake.y = ShakePositionY(seed, time_offset, slow, medium, fast, ratio_y, 1, intensity, scale, speed, clock);
+    if (use_z)
+        shake.z = ShakePositionZ(seed, time_offset, slow, medium, fast, ratio_z, 1, intensity, scale, speed, clock);
+    return position + FilterShake(kShakeFilter, shake_smooth, shake, restart, data);
 }

@@ -4,6 +4,7 @@
 #include "engine/clocks.h"
 #include "engine/curves.h"
 #include "engine/frame.h"
+#include "engine/overshoot.h"
 #include "engine/rotation.h"
 #include "lib_description.h"
 #include "ocamera.h"
@@ -39,10 +40,11 @@ constexpr LONG kClearedReals[] = {10058,
                                   kJoltPositionPrevious,
                                   kJoltPositionEnvelope,
                                   kJoltRotationEnvelope};
-constexpr LONG kClearedVectors[] = {kJoltRotationOffset, kJoltPositionOffset, kJoltRotationFilter, kPositionCarry,
-                                    kPositionValue,      kRotationCarry,      kRotationValue,      kPositionShakeCarry,
-                                    kPositionShakeValue, kRotationShakeCarry, kRotationShakeValue, kJoltRotationMemory,
-                                    kJoltPositionMemory, kJoltPositionFilter, kPreviousRotation};
+constexpr LONG kClearedVectors[] = {kJoltRotationOffset,      kJoltPositionOffset,      kJoltRotationFilterCarry,
+                                    kPositionCarry,           kPositionValue,           kRotationCarry,
+                                    kRotationValue,           kPositionShakeCarry,      kPositionShakeValue,
+                                    kRotationShakeCarry,      kRotationShakeValue,      kJoltRotationFilterValue,
+                                    kJoltPositionFilterValue, kJoltPositionFilterCarry, kPreviousRotation};
 
 void ClearSimulation(BaseContainer *data) {
     WriteClocks(Clocks(), data);
@@ -50,14 +52,6 @@ void ClearSimulation(BaseContainer *data) {
     for (LONG id : kClearedVectors) data->SetVector(id, Vector());
     data->SetBool(kCatchingUp, FALSE);
     data->SetContainer(kWorkContainer, BaseContainer());
-}
-
-// At rest on `value`: it was the last output and the last input, and nothing moves.
-void SeedOvershoot(LONG base, const Vector &value, BaseContainer *data) {
-    for (LONG entry = 1; entry <= kOvershootBlockEnd; entry++) data->SetReal(base + entry, 0.0);
-    data->SetVector(base + kOvershootVelocity, Vector());
-    data->SetVector(base + kOvershootOutput, value);
-    data->SetVector(base + kOvershootInput, value);
 }
 
 // Where the channels of the motion start: on the input camera.
@@ -71,7 +65,7 @@ Seeds SeedsFrom(const BaseContainer &data, BaseObject *camera, BaseObject *input
     const Matrix matrix = input->GetMg();
     seeds.position = matrix.off;
     BaseObject *target = data.GetBool(kUseTarget) ? ResolveGuide(data, kTargetObject, camera) : NULL;
-    seeds.angles = target ? AimAngles(matrix.off, target->GetMg().off) : AnglesOf(matrix);
+    if (!target || !AimAngles(matrix.off, target->GetMg().off, &seeds.angles)) seeds.angles = AnglesOf(matrix);
     seeds.focal_length = ReadLens(input, CAMERA_FOCUS);
     BaseObject *focus = ResolveGuide(data, kFocusObject, camera);
     seeds.focus_distance = focus ? Len(focus->GetMg().off - matrix.off) : ReadLens(input, CAMERAOBJECT_TARGETDISTANCE);
@@ -79,10 +73,10 @@ Seeds SeedsFrom(const BaseContainer &data, BaseObject *camera, BaseObject *input
 }
 
 void SeedMovingOvershoot(const Seeds &seeds, BaseContainer *data) {
-    SeedOvershoot(kOvershootTarget, seeds.angles, data);
-    SeedOvershoot(kOvershootPosition, seeds.position, data);
-    SeedOvershoot(kOvershootRotation, seeds.angles, data);
-    SeedOvershoot(kOvershootZoom, Vector(seeds.focal_length, 0.0, 0.0), data);
+    RestOvershoot(kOvershootTarget, seeds.angles, data);
+    RestOvershoot(kOvershootPosition, seeds.position, data);
+    RestOvershoot(kOvershootRotation, seeds.angles, data);
+    RestOvershoot(kOvershootZoom, Vector(seeds.focal_length, 0.0, 0.0), data);
 }
 
 // A focus object that the camera links by itself becomes the tag's: two masters would fight over the distance.
@@ -150,7 +144,7 @@ void TremoluxCamClass::ResetSimulation(BaseContainer *data, BaseObject *camera, 
     if (!data || !camera) return;
     ClearSimulation(data);
     data->SetReal(kFocusDriftCarry, 0.0);
-    SeedOvershoot(kOvershootSpare, Vector(), data);
+    RestOvershoot(kOvershootSpare, Vector(), data);
 
     BaseObject *input = ResolveObject(*data, kInputCamera, doc);
     if (!input) return;
@@ -162,7 +156,7 @@ void TremoluxCamClass::ResetSimulation(BaseContainer *data, BaseObject *camera, 
     data->SetReal(kZoomValue, seeds.focal_length);
     data->SetReal(kFocusValue, seeds.focus_distance);
     SeedMovingOvershoot(seeds, data);
-    SeedOvershoot(kOvershootFocus, Vector(seeds.focus_distance, 0.0, 0.0), data);
+    RestOvershoot(kOvershootFocus, Vector(seeds.focus_distance, 0.0, 0.0), data);
 }
 
 void TremoluxCamClass::SimulateToFrame(Real frame, BaseContainer *data, BaseObject *camera) {

@@ -32,8 +32,8 @@ void DropJolts(BaseContainer *data) {
     for (LONG id : {kJoltRotationPrevious, kJoltRotationEnvelope, kJoltPositionTarget, kJoltRotationTarget,
                     kJoltPositionPrevious, kJoltPositionEnvelope, kJoltRotationCarry, kJoltPositionCarry})
         data->SetReal(id, 0.0);
-    data->SetVector(kJoltRotationMemory, Vector());
-    data->SetVector(kJoltPositionMemory, Vector());
+    data->SetVector(kJoltRotationFilterValue, Vector());
+    data->SetVector(kJoltPositionFilterValue, Vector());
 }
 
 void SelectCustomPreset(BaseContainer *data) {

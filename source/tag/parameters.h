@@ -33,6 +33,9 @@ constexpr LONG kFocusObject = 6057, kCreateFocus = 6058, kFocusSmoothing = 6064,
                kFocusSpeed = 6132, kFocusDriftSmooth = 6059;
 constexpr LONG kSeed = 6142, kTimeOffset = 6151, kShakeSpeed = 6152, kSpeedVariation = 6149;
 constexpr LONG kRatioX = 6076, kRatioY = 6077, kRatioZ = 6078, kRatioH = 6100, kRatioP = 6101, kRatioB = 6102;
+// Handed to the zoom layer, shown nowhere.
+constexpr LONG kZoomHiddenTime = 6203, kZoomHidden1 = 6204, kZoomHidden2 = 6206, kZoomHidden3 = 6207,
+               kZoomHidden4 = 6205;
 constexpr LONG kExportCurrent = 6171, kExportAll = 10033, kChoosePresetFolder = 6176, kResetPresetFolder = 6182,
                kUserPresetFolder = 6178;
 

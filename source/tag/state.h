@@ -34,23 +34,29 @@ constexpr LONG kFocusDriftCarry = 5015, kFocusDriftValue = 5016;
 constexpr LONG kZoomDriftCarry = 11004, kZoomDriftValue = 10059;
 
 // Overshoot: one block of entries after each base
-constexpr LONG kOvershootTarget = 30002;  // angles
+constexpr LONG kOvershootRotation = 30002;  // angles
 constexpr LONG kOvershootPosition = 30022;
-constexpr LONG kOvershootRotation = 30042;  // angles
+constexpr LONG kOvershootTarget = 30042;  // angles
 constexpr LONG kOvershootZoom = 30062;
 constexpr LONG kOvershootSpare = 30082;
 constexpr LONG kOvershootFocus = 30102;
-constexpr LONG kOvershootOutput = 1, kOvershootInput = 2, kOvershootVelocity = 8;  // vectors
-constexpr LONG kOvershootBlockEnd = 10;
+constexpr LONG kOvershootOutput = 1, kOvershootInput = 2;  // vectors
+constexpr LONG kOvershootDistance = 3;                     // the input's last step, 0 for a small one
+constexpr LONG kOvershootRamp = 4;
+constexpr LONG kOvershootStiffnessFade = 5, kOvershootDampingFade = 6;
+constexpr LONG kOvershootMoving = 7;            // whole number, 1: the input is on its way
+constexpr LONG kOvershootVelocity = 8;          // vector
+constexpr LONG kOvershootPreviousDistance = 9;  // the input's last step
+constexpr LONG kOvershootRampIncrement = 10;
 
 // Jolts
 constexpr LONG kJoltPositionTarget = 10045, kJoltRotationTarget = 10046;
 constexpr LONG kJoltPositionEnvelope = 10047, kJoltRotationEnvelope = 10048;
 constexpr LONG kJoltPositionCarry = 10026, kJoltRotationCarry = 10025;
 constexpr LONG kJoltPositionPrevious = 10043, kJoltRotationPrevious = 10042;
-constexpr LONG kJoltPositionFilter = 20003, kJoltPositionMemory = 11001;  // vectors
-constexpr LONG kJoltRotationFilter = 20002, kJoltRotationMemory = 11000;  // vectors
-constexpr LONG kJoltPositionOffset = 10061, kJoltRotationOffset = 10060;  // vectors
+constexpr LONG kJoltPositionFilterCarry = 20003, kJoltPositionFilterValue = 11001;  // vectors
+constexpr LONG kJoltRotationFilterCarry = 20002, kJoltRotationFilterValue = 11000;  // vectors
+constexpr LONG kJoltPositionOffset = 10061, kJoltRotationOffset = 10060;            // vectors
 
 // Presets
 constexpr LONG kLibraryCategories = 3000, kLibraryIndices = 3001, kLibraryPresets = 3002;  // containers

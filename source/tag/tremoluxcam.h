@@ -8,8 +8,8 @@
 
 #include "c4d.h"
 #include "engine/clocks.h"
-
-class SplineData;
+#include "engine/curves.h"
+#include "engine/filter.h"
 
 class TremoluxCamClass : public TagData {
     INSTANCEOF(TremoluxCamClass, TagData)
@@ -75,17 +75,60 @@ class TremoluxCamClass : public TagData {
     // Writes the fixed reset value of one parameter; other ids are left alone. Always TRUE.
     virtual Bool ResetParameter(LONG id, BaseContainer *data);
 
+    // From a smoothing amount, held to [0, 1], to the filter's coefficients: a in [0, 0.95], b in [0.15, 1] (input) or
+    // [0, 0.25] (shake and drift). Without memory for a curve the filter lets its goal through: a = 0, b = 1.
+    virtual void InputSmoothing(Real amount, Real *a, Real *b);      // position, zoom, focus
+    virtual void InputSmoothingTwin(Real amount, Real *a, Real *b);  // rotation, jolts
+    virtual void ShakeSmoothing(Real amount, Real *a, Real *b);
+    // A spring that follows `input` and swings past it when it slows down: the output. The channel's memory stands in
+    // the container behind `base`.
+    //   amount, fade  [0, 1]: looseness, 0 = no spring; how fast the swing dies out
+    //   mode          0: plain values, 1: angles (HPB, radians), continued without jumps over whole turns
+    virtual Vector Overshoot(const Vector &input, Real amount, Real fade, BaseContainer *data, LONG base, LONG mode);
+
     // Replays the clocks from the start of playback up to the frame before `frame`, without evaluating any motion.
     virtual void SimulateToFrame(Real frame, BaseContainer *data, BaseObject *camera);
     // Puts the motion at rest on the input camera: clocks and jolts at 0, filters and overshoot seeded.
     virtual void ResetSimulation(BaseContainer *data, BaseObject *camera, BaseDocument *doc);
 
-    // The layers. Angles are HPB in radians, positions global, the focal length in millimetres.
-    virtual Real EvaluateFocus(BaseContainer *data, Real input_distance);
-    virtual void EvaluateJolts(BaseContainer *data);
-    virtual Vector EvaluatePosition(BaseContainer *data, const Vector &input_position);
-    virtual Real EvaluateZoom(BaseContainer *data, Real input_focal_length);
-    virtual Vector EvaluateRotation(BaseContainer *data, const Vector &input_angles);
+    // The layers. Angles are HPB in radians, positions and distances global scene units, the focal length millimetres,
+    // smoothing, overshoot and fade amounts [0, 1], offsets, clocks and frames in frames. A layer whose result is not
+    // finite adds nothing on that frame and starts again from rest.
+
+    // The focus distance: towards `object`, at `object_position`, from the new camera position, or as the input's where
+    // there is none; drift added.
+    virtual Real EvaluateFocus(BaseContainer *data, Real input_distance, BaseObject *object, Real smooth,
+                               Real overshoot, Real fade, const Vector &object_position, const Vector &camera_position,
+                               Real drift_smooth, LONG use_drift, Real time_offset, Real slow, Real medium, Real fast,
+                               LONG seed, Real rate, Real speed, Real frame);
+    // Leaves two offsets in the container, for the position and for the rotation.
+    //   interval      whole frames between two knocks, below 1 = none
+    //   clock         the jolt clock, cut to a whole number
+    //   falloff_step  what a knock loses each frame
+    //   use_list      1: the listed frames hit too
+    virtual void EvaluateJolts(BaseContainer *data, Real time_scale, Real seed, LONG interval, Real frames_per_second,
+                               LONG clock, Real time_offset, Real position_intensity, Real rotation_intensity,
+                               Real smooth, LONG flag, Real scale, Real shake_position_intensity, Real speed,
+                               Real ratio_x, Real ratio_y, Real ratio_z, Real ratio_h, Real ratio_p, Real ratio_b,
+                               Real shake_rotation_intensity, Real falloff_step, LONG frame, LONG use_list);
+    // The input's position, smoothed, with its swing and the shake.
+    virtual Vector EvaluatePosition(BaseContainer *data, const Vector &input, Real smooth, Real time_offset, Real slow,
+                                    Real medium, Real fast, Real frame, Real overshoot, Real fade, Real shake_smooth,
+                                    Real seed, LONG use_x, LONG use_y, LONG use_z, Real intensity, Real scale,
+                                    Real ratio_x, Real ratio_y, Real ratio_z, Real speed, Real clock);
+    // The focal length, smoothed, with its swing and drift. The zoom clock and what follows it belong to no formula.
+    virtual Real EvaluateZoom(BaseContainer *data, Real time_offset, Real seed, LONG use_drift, Real rate, Real slow,
+                              Real medium, Real fast, Real speed, Real drift_smooth, Real smooth, Real overshoot,
+                              Real fade, Real focal_length, Real frame, Real drift_clock, Real zoom_clock,
+                              LONG hidden_frames, Real hidden_1, Real hidden_2, Real hidden_3, Real hidden_4);
+    // The input's angles, or those of the look from `position` to `target` when use_target is 1: smoothed, with their
+    // swing and the shake.
+    virtual Vector EvaluateRotation(BaseContainer *data, LONG use_target, const Vector &target, const Vector &position,
+                                    Real target_smooth, Real time_offset, Real target_overshoot, Real target_fade,
+                                    const Vector &input, Real smooth, Real overshoot, Real fade, Real seed, LONG use_h,
+                                    LONG use_p, LONG use_b, Real intensity, Real scale, Real ratio_h, Real ratio_p,
+                                    Real ratio_b, Real speed, Real clock, Real shake_smooth, Real slow, Real medium,
+                                    Real fast, Real frame);
 
     virtual void LoadPresetLibrary(BaseContainer *data);
     virtual void CollectCategoryPresets(BaseContainer *data);
@@ -111,6 +154,20 @@ class TremoluxCamClass : public TagData {
 
     // ---- Clocks
     void AdvanceClocks(Clocks *clocks, const ClockRates &rates, Real frame, SplineData *warp_curve);
+
+    // ---- Filters
+    // Along a curve from (0, 0) to (1, 1); FALSE without memory for it.
+    Bool BendAmount(Real amount, const CurveShape &shape, Real *bent);
+    // One step of a filter whose memory stands in the container; restarted, or not finite: at rest on the goal.
+    Vector FilterVector(const FilterKeys &keys, const Coefficients &coefficients, const Vector &goal, Bool restart,
+                        BaseContainer *data);
+    // The same for a shake; one that is not finite is none.
+    Vector FilterShake(const FilterKeys &keys, Real smooth, const Vector &raw, Bool restart, BaseContainer *data);
+    // The overshoot stage, put at rest when what comes out of it is not finite.
+    Vector OvershootOrRest(const Vector &value, Real amount, Real fade, BaseContainer *data, LONG base, LONG mode);
+    // A lens value: smoothed and overshot; the filter remembers what came out.
+    Real FollowLens(const FilterKeys &keys, LONG overshoot_base, Real goal, Real smooth, Real overshoot, Real fade,
+                    BaseContainer *data);
 
     void ParseTrigger(BaseContainer *data, LONG parameter, std::vector<LONG> *frames);
     void RefreshTrigger(BaseContainer *data, LONG parameter, const std::vector<LONG> &frames);

@@ -319,8 +319,8 @@ TEST_F(Evaluation, OfTwoTagsOnTwoCamerasWithOneInputIsThatOfEachAlone) {
     ASSERT_NE(tag, nullptr);
     scene().Evaluate();
     tag->Data().Set(kInput, host::Data::LinkTo(scene().input));
-    for (const std::int32_t id : {6024, 6025, 6026}) tag->Data().SetReal(id, 0.5);
-    for (const std::int32_t id : {6028, 6029, 6030}) tag->Data().SetReal(id, 20 * kDegree);
+    for (std::int32_t id = 6001; id <= 6210; ++id)
+        if (const host::Data *setting = scene().State().Find(id)) tag->Data().Set(id, *setting);
     scene().Play(0, 20);
     EXPECT_TRUE(ShotOf(camera) == scene().Camera()) << "the same settings give the same motion";
 }

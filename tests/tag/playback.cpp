@@ -1,5 +1,6 @@
 #include "tests/tag/playback.h"
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -38,6 +39,23 @@ std::vector<std::string> PlayFrames(Scene &scene, std::int64_t first_frame, std:
         lines.push_back(FrameLine(scene));
     }
     return lines;
+}
+
+double Difference(const std::vector<std::string> &a, const std::vector<std::string> &b) {
+    if (a.size() != b.size()) return HUGE_VAL;
+    double largest = 0;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        const char *left = a[i].c_str(), *right = b[i].c_str();
+        while (true) {
+            char *left_end, *right_end;
+            const double difference = std::fabs(std::strtod(left, &left_end) - std::strtod(right, &right_end));
+            if ((left_end == left) != (right_end == right)) return HUGE_VAL;
+            if (left_end == left) break;
+            largest = std::fmax(largest, difference);
+            left = left_end, right = right_end;
+        }
+    }
+    return largest;
 }
 
 std::vector<std::string> PlayFile(const std::filesystem::path &file, std::int64_t first_frame,

@@ -13,6 +13,9 @@ namespace tag_test {
 std::string FrameLine(Scene &scene);
 std::vector<std::string> PlayFrames(Scene &scene, std::int64_t first_frame, std::int64_t last_frame);
 
+// The largest difference of any number of any line; infinite when lines or numbers are missing.
+double Difference(const std::vector<std::string> &a, const std::vector<std::string> &b);
+
 // Opens the document as an application does, with one evaluation at the time it was saved at, and plays the frames.
 // Empty when it cannot be opened.
 std::vector<std::string> PlayFile(const std::filesystem::path &file, std::int64_t first_frame, std::int64_t last_frame);

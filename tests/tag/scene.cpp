@@ -110,6 +110,12 @@ std::int32_t Scene::Execute() {
 void Scene::Shake() {
     for (const std::int32_t id : {6024, 6025, 6026}) Set(id, 0.5);
     for (const std::int32_t id : {6028, 6029, 6030}) Set(id, 20 * kDegree);
+    StopFilters();
+}
+
+void Scene::StopFilters() {
+    for (const std::int32_t smooth : {6155, 6156, 6158, 6161, 6162, 6165, 6064, 6059}) Set(smooth, 0);
+    for (const std::int32_t overshoot : {6153, 6034, 6071, 6053, 6063}) Set(overshoot, 0);
 }
 
 void Scene::PlaceInput(const host::Vector &position, const host::Vector &angles) {

@@ -94,8 +94,10 @@ class Scene {
     std::int32_t Execute();
     void Set(std::int32_t id, double value) { State().SetReal(id, value); }
     void Link(std::int32_t id, host::Object *object) { State().Set(id, host::Data::LinkTo(object)); }
-    // Weights of all layers; the toggles are on already.
+    // Weights of all layers, and nothing that smooths: the shake as it is made. The toggles are on already.
     void Shake();
+    // Every smoothing and overshoot amount at 0: what goes in comes out at once.
+    void StopFilters();
     void PlaceInput(const host::Vector &position, const host::Vector &angles);
     host::Object *AddObject(std::int32_t type, const host::Vector &position, host::Object *parent = nullptr);
 
