@@ -13,16 +13,31 @@
 namespace bench {
 namespace {
 
-constexpr std::int32_t kTagType = 1039736, kInputCamera = 6001;
+constexpr std::int32_t kTagType = 1039736, kInputCamera = 6001, kInterval = 6038, kTarget = 6068, kFocusObject = 6057,
+                       kSpeedVariation = 6149;
 constexpr double kDegree = 3.14159265358979323846 / 180.0;
 constexpr int kFps = 30, kLastKey = 1000, kFramesBetweenKeys = 20;
 
 struct Amount {
     std::int32_t parameter;
-    double value;  // a share, or radians
+    double value;  // a share, radians or scene units
 };
-constexpr Amount kHandHeld[] = {{6024, 0.005},         {6025, 0.009},         {6026, 0.013},
-                                {6028, 5.4 * kDegree}, {6029, 5.0 * kDegree}, {6030, 24.0 * kDegree}};
+// Every layer at work: shake, drifts, jolts, target and focus object, with all filters and overshoots.
+constexpr Amount kEveryLayer[] = {{6024, 0.005},         {6025, 0.009},
+                                  {6026, 0.013},         {6028, 5.4 * kDegree},
+                                  {6029, 5.0 * kDegree}, {6030, 24.0 * kDegree},
+                                  {6134, 0.02},          {6135, 0.02},
+                                  {6136, 0.02},          {6128, 0.02},
+                                  {6129, 0.02},          {6130, 0.02},
+                                  {6155, 0.25},          {6153, 0.25},
+                                  {6156, 0.25},          {6034, 0.55},
+                                  {6158, 0.25},          {6161, 0.25},
+                                  {6071, 0.65},          {6162, 0.25},
+                                  {6053, 0.25},          {6165, 0.25},
+                                  {6064, 0.25},          {6063, 0.25},
+                                  {6059, 0.25},          {kSpeedVariation, 0.25},
+                                  {6037, 0.05},          {6144, 0.15}};
+constexpr int kJoltInterval = 20;
 
 [[noreturn]] void Fail(const std::string &why) {
     std::fprintf(stderr, "tremolux_bench: %s\n", why.c_str());
@@ -77,7 +92,14 @@ Scene::Scene() : folder_(NewTemporaryFolder()) {
     tag_ = camera_->MakeTag(kTagType);
     if (tag_ == nullptr) Fail("the module gives no tag");
     tag_->Data().Set(kInputCamera, host::Data::LinkTo(input));
-    for (const Amount &amount : kHandHeld) tag_->Data().SetReal(amount.parameter, amount.value);
+    Evaluate(0);  // sets the tag up
+    host::Object *subject = host::Object::Create(host::kTypeNull).release();
+    document_->InsertObject(subject);
+    AnimateComponent(subject, host::kParamRelPosition, host::kVectorX, 0, 150, 60);
+    tag_->Data().Set(kTarget, host::Data::LinkTo(subject));
+    tag_->Data().Set(kFocusObject, host::Data::LinkTo(subject));
+    tag_->Data().Set(kInterval, host::Data(host::MakeTime(kJoltInterval, kFps)));
+    for (const Amount &amount : kEveryLayer) tag_->Data().SetReal(amount.parameter, amount.value);
     Evaluate(0);
 }
 

@@ -27,9 +27,9 @@ double InsideShare(double along) {
 }
 
 // s in [0, 1] with x(s) = u, for a monotone x with x(1) = 1 and 0 < u < 1. Halley's method, kept inside a bracket that
-// every step narrows; it ends a few roundings away from u.
+// every step narrows. Each step triples the digits, so after a small one nothing is left to find.
 double Solve(const Cubic &x, double u) {
-    constexpr double kRounding = 5e-16;
+    constexpr double kRounding = 5e-16, kSmallStep = 2e-6;
     constexpr int kMostSteps = 128;  // halving alone reaches neighbouring doubles in fewer
     double low = 0, high = 1, s = u;
     for (int step = 0; step < kMostSteps; ++step) {
@@ -38,8 +38,12 @@ double Solve(const Cubic &x, double u) {
         (error < 0 ? low : high) = s;
         const double slope = x.SlopeAt(s);
         double next = s - 2 * error * slope / (2 * slope * slope - error * x.BendAt(s));
-        if (!(next > low && next < high)) next = low + (high - low) * 0.5;
-        if (!(next > low && next < high)) break;
+        if (next > low && next < high) {
+            if (std::fabs(next - s) <= kSmallStep * s) return next;
+        } else {
+            next = low + (high - low) * 0.5;
+            if (!(next > low && next < high)) break;
+        }
         s = next;
     }
     return s;
