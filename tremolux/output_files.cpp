@@ -43,10 +43,11 @@ fs::path UnfinishedName(const fs::path &file) {
 
 }  // namespace
 
-OutputFiles::OutputFiles(const std::vector<std::string> &files, const std::string &input) {
+OutputFiles::OutputFiles(const std::vector<std::string> &files, const std::vector<std::string> &inputs) {
     for (const std::string &name : files) {
         const fs::path file(name);
-        if (SameFile(file, fs::path(input))) {
+        for (const std::string &input : inputs) {
+            if (!SameFile(file, fs::path(input))) continue;
             throw Failure(kExitInput, name + ": found the input itself, expected another file for the output");
         }
         for (const fs::path &other : files_) {

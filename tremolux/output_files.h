@@ -9,9 +9,9 @@ namespace tremolux {
 
 class OutputFiles {
   public:
-    // Checks what can be known before the work: throws a Failure for a file that is named twice or is the input itself,
+    // Checks what can be known before the work: throws a Failure for a file that is named twice or is an input itself,
     // and for one that cannot be written where it is to lie. Touches nothing.
-    OutputFiles(const std::vector<std::string> &files, const std::string &input);
+    OutputFiles(const std::vector<std::string> &files, const std::vector<std::string> &inputs);
     ~OutputFiles();  // leaves no unfinished file behind
     OutputFiles(const OutputFiles &) = delete;
     OutputFiles &operator=(const OutputFiles &) = delete;

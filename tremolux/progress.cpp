@@ -2,11 +2,12 @@
 
 #include <cstdio>
 
-#include "tremolux/system.h"
+#include "host/services/platform.h"
 
 namespace tremolux {
 
-Progress::Progress(std::int64_t frames, bool quiet) : frames_(frames), shown_(!quiet && ErrorOutputIsTerminal()) {}
+Progress::Progress(std::int64_t frames, bool quiet)
+    : frames_(frames), shown_(!quiet && host::ErrorOutputIsTerminal()) {}
 
 Progress::~Progress() {
     if (shown_) std::fputs("\r                              \r", stderr);

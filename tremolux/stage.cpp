@@ -13,7 +13,7 @@ namespace tremolux {
 namespace {
 
 constexpr std::int32_t kTremoluxCamTag = 1039736;
-constexpr std::int32_t kInputCameraLink = 6001;
+constexpr std::int32_t kInputCameraLink = 6001, kTargetLink = 6068, kFocusObjectLink = 6057;
 
 using Channel = std::function<double(const CameraSample &)>;
 
@@ -25,10 +25,10 @@ bool IsConstant(const CameraMove &move, const Channel &channel) {
 }
 
 // A linear key on every frame; a channel that never changes gets one key, which holds for all time.
-void Animate(host::Object *camera, const TableDescID &id, const CameraMove &move, int frames_per_second,
+void Animate(host::Object *object, const TableDescID &id, const CameraMove &move, int frames_per_second,
              const Channel &channel) {
-    std::unique_ptr<host::Track> track = host::Track::Create(camera, id);
-    if (!track) throw Failure(kExitInternal, "the input camera cannot be animated");
+    std::unique_ptr<host::Track> track = host::Track::Create(object, id);
+    if (!track) throw Failure(kExitInternal, object->Name() + " cannot be animated");
     const std::size_t keys = IsConstant(move, channel) ? 1 : move.samples.size();
     for (std::size_t i = 0; i < keys; ++i) {
         const double frame = static_cast<double>(move.first_frame + static_cast<std::int64_t>(i));
@@ -36,13 +36,13 @@ void Animate(host::Object *camera, const TableDescID &id, const CameraMove &move
         key->SetInterpolation(host::kInterpolationLinear);
         key->SetValue(channel(move.samples[i]));
     }
-    camera->InsertTrack(track.release());
+    object->InsertTrack(track.release());
 }
 
-void AnimateVector(host::Object *camera, std::int32_t parameter, const CameraMove &move, int frames_per_second,
+void AnimateVector(host::Object *object, std::int32_t parameter, const CameraMove &move, int frames_per_second,
                    host::Vector CameraSample::*vector) {
     const auto animate = [&](std::int32_t component, double host::Vector::*number) {
-        Animate(camera, host::MakeId(parameter, component), move, frames_per_second,
+        Animate(object, host::MakeId(parameter, component), move, frames_per_second,
                 [=](const CameraSample &sample) { return sample.*vector.*number; });
     };
     animate(host::kVectorX, &host::Vector::x);
@@ -59,11 +59,11 @@ void AnimateCamera(host::Object *camera, const CameraMove &move, int frames_per_
             [](const CameraSample &sample) { return sample.focus_distance; });
 }
 
-host::Object *InsertCamera(host::Document *document, const char *name) {
-    std::unique_ptr<host::Object> camera = host::Object::Create(host::kTypeCamera);
-    camera->SetName(name);
-    document->InsertObject(camera.get());
-    return camera.release();
+host::Object *InsertObject(host::Document *document, std::int32_t type, const char *name) {
+    std::unique_ptr<host::Object> object = host::Object::Create(type);
+    object->SetName(name);
+    document->InsertObject(object.get());
+    return object.release();
 }
 
 double Lens(const host::Object &camera, std::int32_t parameter) {
@@ -85,8 +85,8 @@ CameraSample SampleOf(const host::Object &camera, const host::Vector &nearby_ang
 
 Stage::Stage(const CameraMove &move, int frames_per_second)
     : document_(host::Application::Current()->NewDocument()),
-      input_(InsertCamera(document_.get(), "Input Camera")),
-      output_(InsertCamera(document_.get(), "Camera")) {
+      input_(InsertObject(document_.get(), host::kTypeCamera, "Input Camera")),
+      output_(InsertObject(document_.get(), host::kTypeCamera, "Camera")) {
     document_->SetFps(frames_per_second);
     document_->SetRange(move.first_frame, move.LastFrame());
     AnimateCamera(input_, move, frames_per_second);
@@ -109,6 +109,19 @@ void Stage::Evaluate(std::int64_t frame) {
     if (!host::ExecutePasses(document_.get(), true, true, true)) {
         throw Failure(kExitModule, "the module broke off at frame " + std::to_string(frame));
     }
+}
+
+host::Object *Stage::AddGuide(const char *name, std::int32_t link, const CameraMove &points) {
+    host::Object *object = InsertObject(document_.get(), host::kTypeNull, name);
+    AnimateVector(object, host::kParamRelPosition, points, document_->Fps(), &CameraSample::position);
+    tag_->SetParameter(host::MakeId(link), host::Data::LinkTo(object));
+    return object;
+}
+
+void Stage::AddTarget(const CameraMove &points) { target_ = AddGuide("Target", kTargetLink, points); }
+
+void Stage::AddFocusObject(const CameraMove &points) {
+    focus_object_ = AddGuide("Focus Object", kFocusObjectLink, points);
 }
 
 void Stage::PlayFrame(std::int64_t frame) {

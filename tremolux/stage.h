@@ -17,11 +17,19 @@ class Stage {
     // the module has no such tag.
     Stage(const CameraMove &move, int frames_per_second);
 
+    // A null object with these positions, linked to the tag as what the camera turns to or focuses on; a single sample
+    // holds for all time.
+    void AddTarget(const CameraMove &points);
+    void AddFocusObject(const CameraMove &points);
+
     // Evaluates one frame of playback. Frames are played one after the other, from the document's first.
     void PlayFrame(std::int64_t frame);
-    host::Tag &CameraTag() { return *tag_; }
+    host::Tag &CameraTag() const { return *tag_; }
     const host::Document &Document() const { return *document_; }
     CameraSample Input() const;
+    // Null when there is none.
+    const host::Object *Target() const { return target_; }
+    const host::Object *FocusObject() const { return focus_object_; }
     // As evaluated; its angles are those closest to the frame before, and on the first frame to the input's.
     CameraSample Output() const { return output_sample_; }
 
@@ -30,8 +38,10 @@ class Stage {
         void operator()(host::Document *document) const;
     };
     void Evaluate(std::int64_t frame);
+    host::Object *AddGuide(const char *name, std::int32_t link, const CameraMove &points);
     std::unique_ptr<host::Document, KillDocument> document_;  // the running host's; the cameras and the tag are in it
     host::Object *input_, *output_;
+    host::Object *target_ = nullptr, *focus_object_ = nullptr;
     host::Tag *tag_ = nullptr;
     CameraSample output_sample_;
 };

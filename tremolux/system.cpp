@@ -2,12 +2,6 @@
 
 #include <cstdlib>
 
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
 #include "host/services/platform.h"
 
 namespace tremolux {
@@ -24,14 +18,6 @@ fs::path FolderFromEnvironment(const char *variable) {
 }  // namespace
 
 fs::path ProgramFolder() { return host::ProgramFile().parent_path(); }
-
-bool ErrorOutputIsTerminal() {
-#ifdef _WIN32
-    return _isatty(2) != 0;
-#else
-    return isatty(STDERR_FILENO) != 0;
-#endif
-}
 
 fs::path DefaultHome() {
     if (const fs::path folder = FolderFromEnvironment("APPDATA"); !folder.empty()) return folder / "tremolux";

@@ -7,8 +7,6 @@ namespace tremolux {
 
 // Where the running program's file lies; empty when the system does not say.
 std::filesystem::path ProgramFolder();
-// Whether somebody watches the standard error output.
-bool ErrorOutputIsTerminal();
 // Where the user's settings lie unless another folder is asked for: tremolux/ in the user's configuration folder.
 std::filesystem::path DefaultHome();
 

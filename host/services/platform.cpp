@@ -1,8 +1,11 @@
 #include "host/services/platform.h"
 
 #ifdef _WIN32
+#include <fcntl.h>
+#include <io.h>
 #include <windows.h>
 
+#include <cstdio>
 #include <vector>
 #else
 #include <dlfcn.h>
@@ -43,6 +46,10 @@ long ProcessId() { return static_cast<long>(GetCurrentProcessId()); }
 
 int OperatingSystemCode() { return 1; }
 
+bool ErrorOutputIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
+
+void MakeStandardOutputBinary() { _setmode(_fileno(stdout), _O_BINARY); }
+
 #else
 
 void *OpenLibrary(const std::filesystem::path &file, std::string *reason) {
@@ -70,6 +77,10 @@ bool ReplaceFile(const std::filesystem::path &from, const std::filesystem::path 
 }
 
 long ProcessId() { return static_cast<long>(getpid()); }
+
+bool ErrorOutputIsTerminal() { return isatty(STDERR_FILENO) != 0; }
+
+void MakeStandardOutputBinary() {}
 
 int OperatingSystemCode() {
 #ifdef __APPLE__

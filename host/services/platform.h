@@ -1,4 +1,5 @@
-// Where Linux and Windows differ: libraries, the own program file, replacing a file in one step.
+// Where Linux and Windows differ: libraries, the own program file, replacing a file in one step, the
+// standard streams.
 #pragma once
 
 #include <filesystem>
@@ -17,6 +18,10 @@ std::filesystem::path ProgramFile();
 // `from` takes the place of `to` in one step, or nothing changes.
 bool ReplaceFile(const std::filesystem::path &from, const std::filesystem::path &to);
 long ProcessId();
+// Whether somebody watches the standard error output.
+bool ErrorOutputIsTerminal();
+// Bytes go to the standard output as they are, line ends included.
+void MakeStandardOutputBinary();
 // The code that GeGetCurrentOS answers: Windows 1, OS X 2, UNIX 3.
 int OperatingSystemCode();
 

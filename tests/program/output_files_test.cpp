@@ -17,7 +17,7 @@ class OutputFilesTest : public testing::Test {
     // The status of the refusal; 0 when the files are accepted.
     int StatusOf(const std::vector<std::string> &files) {
         try {
-            tremolux::OutputFiles(files, workplace_.Path("in.csv"));
+            tremolux::OutputFiles(files, std::vector<std::string>{workplace_.Path("in.csv")});
             return 0;
         } catch (const tremolux::Failure &failure) {
             return failure.Status();
@@ -28,7 +28,7 @@ class OutputFilesTest : public testing::Test {
 
 TEST_F(OutputFilesTest, ReplacesEveryFileAndLeavesNothingElse) {
     workplace_.Write("a.csv", "old");
-    tremolux::OutputFiles files({workplace_.Path("a.csv"), workplace_.Path("b.chan")}, workplace_.Path("in.csv"));
+    tremolux::OutputFiles files({workplace_.Path("a.csv"), workplace_.Path("b.chan")}, {workplace_.Path("in.csv")});
     EXPECT_EQ(workplace_.Read("a.csv"), "old");
     files.Write({"new a", "new b"});
     EXPECT_EQ(workplace_.Read("a.csv"), "new a");
@@ -40,7 +40,7 @@ TEST_F(OutputFilesTest, LeavesEveryFileAloneWhenOneFolderIsGone) {
     workplace_.Write("a.csv", "old");
     fs::create_directory(workplace_.Path("folder"));
     tremolux::OutputFiles files({workplace_.Path("a.csv"), workplace_.Path("folder") + "/b.csv"},
-                                workplace_.Path("in.csv"));
+                                {workplace_.Path("in.csv")});
     fs::remove(workplace_.Path("folder"));
     EXPECT_THROW(files.Write({"new a", "new b"}), tremolux::Failure);
     EXPECT_EQ(workplace_.Read("a.csv"), "old");
@@ -49,7 +49,7 @@ TEST_F(OutputFilesTest, LeavesEveryFileAloneWhenOneFolderIsGone) {
 TEST_F(OutputFilesTest, TakesAnUnfinishedFileOfAnotherNameForTheUsersOwn) {
     workplace_.Write("a.csv.part", "the user's");
     {
-        tremolux::OutputFiles files({workplace_.Path("a.csv")}, workplace_.Path("in.csv"));
+        tremolux::OutputFiles files({workplace_.Path("a.csv")}, {workplace_.Path("in.csv")});
         files.Write({"new"});
     }
     EXPECT_EQ(workplace_.Read("a.csv.part"), "the user's");

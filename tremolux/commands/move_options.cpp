@@ -86,6 +86,13 @@ FormatOptions MoveOptions::Formats() const {
     return formats;
 }
 
+std::vector<std::string> MoveOptions::InputFiles() const {
+    std::vector<std::string> files = {input};
+    for (const std::string &guide : {target, focus_object})
+        if (!guide.empty()) files.push_back(guide);
+    return files;
+}
+
 void AddHostOptions(CLI::App *command, HostOptions *options) {
     command->add_option("--module", options->module_file, "the module's file; else the one beside this program");
     command->add_option("--home", options->home, "folder of the user's settings; else the system's");
@@ -101,6 +108,12 @@ void AddMoveOptions(CLI::App *command, MoveOptions *options) {
             "(seconds:frames); switches: on, off, true, false, 1, 0")
         ->expected(1)
         ->take_all();
+    command->add_option(
+        "--target", options->target,
+        "x,y,z or FILE: a point in scene units, or a moving one (.csv, .chan), that the camera turns to");
+    command->add_option(
+        "--focus-object", options->focus_object,
+        "x,y,z or FILE: a point in scene units, or a moving one (.csv, .chan), that the camera focuses on");
     command->add_option("--seed", options->seed, "the shake's seed, 0 to 99999: short for --set Seed=");
     command->add_option("--frames", options->frames,
                         "FIRST:LAST: the frames to write; playback still starts at the move's first frame");

@@ -24,6 +24,7 @@ struct MoveOptions {
     HostOptions host;
     std::string input;
     std::vector<std::string> settings;
+    std::string target, focus_object;  // points or files; empty: none
     std::string seed, frames, frames_per_second, unit = "cm", resolution = "1920x1080";
     bool quiet = false;
 
@@ -32,6 +33,7 @@ struct MoveOptions {
     std::optional<std::pair<std::int64_t, std::int64_t>> FrameRange() const;
     std::optional<int> FramesPerSecond() const;
     FormatOptions Formats() const;
+    std::vector<std::string> InputFiles() const;  // that no output may replace
 };
 
 void AddHostOptions(CLI::App *command, HostOptions *options);

@@ -1,5 +1,6 @@
 #include "tremolux/commands/playback.h"
 
+#include "tremolux/commands/guide.h"
 #include "tremolux/failure.h"
 #include "tremolux/formats/source_text.h"
 #include "tremolux/interrupt.h"
@@ -16,6 +17,9 @@ Playback::Playback(const MoveOptions &options)
     const auto range = options.FrameRange();
     const std::optional<int> frames_per_second = options.FramesPerSecond();
     move_ = ReadMove(options.input, formats_);
+    if (!options.target.empty()) target_ = ReadGuide("--target", options.target, move_, formats_);
+    if (!options.focus_object.empty())
+        focus_object_ = ReadGuide("--focus-object", options.focus_object, move_, formats_);
     frames_per_second_ = frames_per_second.value_or(move_.frames_per_second);
     first_frame_ = range ? range->first : move_.first_frame;
     last_frame_ = range ? range->second : move_.LastFrame();
@@ -27,6 +31,8 @@ Playback::Playback(const MoveOptions &options)
 void Playback::Start() {
     host_ = std::make_unique<EmbeddedHost>(host_options_.ModuleFile(), host_options_.Home());
     stage_ = std::make_unique<Stage>(move_, frames_per_second_);
+    if (target_) stage_->AddTarget(*target_);
+    if (focus_object_) stage_->AddFocusObject(*focus_object_);
     ApplySettings(settings_, frames_per_second_, &stage_->CameraTag());
 }
 

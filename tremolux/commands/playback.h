@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,7 @@ class Playback {
     FormatOptions formats_;
     std::vector<std::string> settings_;
     CameraMove move_;
+    std::optional<CameraMove> target_, focus_object_;
     std::int64_t first_frame_, last_frame_;
     int frames_per_second_;
     HostOptions host_options_;

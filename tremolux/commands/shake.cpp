@@ -18,7 +18,7 @@ void Shake(const ShakeOptions &options) {
     using Clock = std::chrono::steady_clock;
     for (const std::string &file : options.outputs) FormatOf(file);
     Playback playback(options.move);
-    OutputFiles files(options.outputs, options.move.input);
+    OutputFiles files(options.outputs, options.move.InputFiles());
     playback.Start();
 
     CameraMove input, output;

@@ -10,6 +10,7 @@ namespace tremolux {
 
 // The scene's vectors are plain structs: their operators are found here.
 using host::operator*;
+using host::operator+;
 using host::operator-;
 
 // One frame of a camera in the scene: left-handed, Y up, looking along +Z.

@@ -18,13 +18,24 @@ const CsvColumns kCameraColumns = {{"frame", true},
                                    {"b", true},
                                    {"focal_length", false},
                                    {"focus_distance", false}};
+// A moving point: any camera table is one too.
+const CsvColumns kPointColumns = {{"frame", true},
+                                  {"x", true},
+                                  {"y", true},
+                                  {"z", true},
+                                  {"h", false},
+                                  {"p", false},
+                                  {"b", false},
+                                  {"focal_length", false},
+                                  {"focus_distance", false}};
 constexpr std::size_t kFrame = 0, kX = 1, kY = 2, kZ = 3, kH = 4, kP = 5, kB = 6, kFocalLength = 7, kFocusDistance = 8;
 
 CameraSample ReadRow(const CsvRow &row) {
     const auto number = [&row](std::size_t column) { return row.Number(column, -kMaxNumber, kMaxNumber); };
     CameraSample sample;
     sample.position = {number(kX), number(kY), number(kZ)};
-    sample.angles = host::Vector{number(kH), number(kP), number(kB)} * kRadiansPerDegree;
+    const auto angle = [&](std::size_t column) { return row.Has(column) ? number(column) : 0.0; };
+    sample.angles = host::Vector{angle(kH), angle(kP), angle(kB)} * kRadiansPerDegree;
     if (row.Has(kFocalLength)) sample.focal_length = row.Number(kFocalLength, kMinFocalLength, kMaxFocalLength);
     if (row.Has(kFocusDistance)) sample.focus_distance = row.Number(kFocusDistance, 0, kMaxNumber);
     return sample;
@@ -32,10 +43,11 @@ CameraSample ReadRow(const CsvRow &row) {
 
 }  // namespace
 
-CameraMove ReadCsv(const std::string &file, std::string_view bytes, const FormatOptions &) {
+CameraMove ReadCsv(const std::string &file, std::string_view bytes, const FormatOptions &options) {
     const SourceText source(file, bytes);
     const bool recorded = IsRecordingHeader(source);
-    const CsvHeader header(source, recorded ? kRecordingColumns : kCameraColumns);
+    const CsvColumns &columns = options.only_positions ? kPointColumns : kCameraColumns;
+    const CsvHeader header(source, recorded ? kRecordingColumns : columns);
     CameraMove move;
     if (recorded) move.frames_per_second = kRecordingFramesPerSecond;
     FrameOrder order(source);

@@ -14,6 +14,7 @@ namespace tremolux {
 struct FormatOptions {
     double length_unit = 1;           // scene units (centimetres) in one length of a .chan file
     int width = 1920, height = 1080;  // of the picture in pixels: makes the vertical field of view
+    bool only_positions = false;      // a moving point is wanted: a table may lack the angles
 };
 
 struct MoveFormat {

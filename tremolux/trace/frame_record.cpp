@@ -1,5 +1,7 @@
 #include "tremolux/trace/frame_record.h"
 
+#include "tremolux/trace/layers.h"
+
 namespace tremolux {
 namespace {
 
@@ -27,6 +29,7 @@ Json FrameRecord(std::int64_t frame, Stage *stage, PrivateState *state) {
             {"time", JsonNumber(host::Seconds(stage->Document().GetTime()))},
             {"input", JsonCamera(stage->Input())},
             {"output", JsonCamera(stage->Output())},
+            {"layers", Layers(*stage)},
             {"clocks", clocks},
             {"changed", state->Changes()}};
 }
