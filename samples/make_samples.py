@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes the two sample moves, 30 frames a second, beside this script: the same bytes at every run.
+"""Makes the sample moves and the moving point, 30 frames a second, beside this script: the same bytes at every run.
 
 Scene: left-handed, Y up, centimetres; a camera with heading and pitch 0 looks along +Z, a positive heading turns it to
 the left, a positive pitch raises it. Angles in degrees, focal lengths in millimetres.
@@ -7,7 +7,8 @@ the left, a positive pitch raises it. Angles in degrees, focal lengths in millim
 import math
 import pathlib
 
-HEADER = "frame,x,y,z,h,p,b,focal_length,focus_distance\n"
+CAMERA = "frame,x,y,z,h,p,b,focal_length,focus_distance\n"
+POINT = "frame,x,y,z\n"
 
 
 def ease(frame, start, end):
@@ -39,6 +40,13 @@ def push_in(frame):
     return eye, (heading, pitch, 0.0), mix(28.0, 50.0, ease(frame, 160, 285)), focus
 
 
+def subject(frame):
+    """The face at the table of the push-in: leans back, gets up and takes a step aside, and settles again."""
+    seated, leaning, standing = (25.0, 128.0, 60.0), (32.0, 122.0, 78.0), (58.0, 166.0, 52.0)
+    point = mix(seated, leaning, ease(frame, 60, 84) - ease(frame, 118, 140))
+    return mix(point, standing, ease(frame, 176, 205) - ease(frame, 244, 272))
+
+
 # First frame of the whip, its length in frames, heading and pitch where it stops, distance of what is there.
 WHIPS = [(38, 9, 62.0, 4.0, 540.0), (92, 7, 8.0, -9.0, 210.0), (133, 11, -84.0, 3.0, 410.0), (190, 8, 17.0, -2.0, 690.0),
          (236, 6, 41.0, 1.0, 330.0)]
@@ -61,15 +69,23 @@ def whip(frame):
     return eye, (heading, pitch, bank), 24.0, focus
 
 
-def write(name, move, frames):
+def write(name, header, row, frames):
     rows = []
     for frame in range(frames):
-        eye, angles, focal_length, focus = move(frame)
-        numbers = (f"{value:.4f}" for value in (*eye, *angles, focal_length, focus))
+        numbers = (f"{value:.4f}" for value in row(frame))
         rows.append(",".join([str(frame), *numbers]).replace("-0.0000", "0.0000") + "\n")
     path = pathlib.Path(__file__).resolve().parent / name
-    path.write_text(HEADER + "".join(rows), encoding="ascii", newline="\n")
+    path.write_text(header + "".join(rows), encoding="ascii", newline="\n")
 
 
-write("push_in.csv", push_in, 300)
-write("whip.csv", whip, 270)
+def camera(move):
+    def row(frame):
+        eye, angles, focal_length, focus = move(frame)
+        return (*eye, *angles, focal_length, focus)
+
+    return row
+
+
+write("push_in.csv", CAMERA, camera(push_in), 300)
+write("whip.csv", CAMERA, camera(whip), 270)
+write("subject.csv", POINT, subject, 300)
