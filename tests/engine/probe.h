@@ -60,9 +60,10 @@ inline ProbeTag *ProbeTag::last = nullptr;
 // A document of 30 frames a second with an input camera and a camera that carries the tag, set up already.
 class WithProbe : public WithGlue {
   protected:
+    explicit WithProbe(NodeData *(*alloc)() = ProbeTag::Alloc) : alloc_(alloc) {}
     void SetUp() override {
         WithGlue::SetUp();
-        ASSERT_TRUE(RegisterTagPlugin(kTremoluxCamId, "TremoluxCam", TAG_VISIBLE | TAG_EXPRESSION, ProbeTag::Alloc,
+        ASSERT_TRUE(RegisterTagPlugin(kTremoluxCamId, "TremoluxCam", TAG_VISIBLE | TAG_EXPRESSION, alloc_,
                                       "TremoluxCam", NULL, 0));
         document_ = application().NewDocument();
         document_->SetFps(30);
@@ -98,4 +99,7 @@ class WithProbe : public WithGlue {
     host::Object *input_ = nullptr, *camera_ = nullptr;
     host::Tag *tag_ = nullptr;
     ProbeTag *probe_ = nullptr;
+
+  private:
+    NodeData *(*alloc_)();
 };
