@@ -12,10 +12,13 @@ namespace {
 constexpr Real kMostLoose = 0.99;
 constexpr Real kMostRamp = 0.05, kLeastRamp = 0.005;
 constexpr Real kFadeStep = 0.02;
-// A step of the input below this counts as none.
 constexpr Real kStillPlain = 1.0, kStillAngle = 0.01;
-// By how much a step must be shorter than the one before for the input to be slowing down.
 constexpr Real kTolerancePlain = 0.025, kToleranceFine = 0.001;
+
+struct Measures {
+    Real still;      // a step of the input below this counts as none
+    Real tolerance;  // by which a step must be shorter than the one before for the input to be slowing down
+};
 
 // What a channel remembers from one frame to the next.
 struct Spring {
@@ -42,7 +45,6 @@ Spring ReadSpring(const BaseContainer &data, LONG base) {
     return spring;
 }
 
-// All but the ramp's increment, which nothing changes.
 void WriteSpring(const Spring &spring, LONG base, BaseContainer *data) {
     data->SetVector(base + kOvershootOutput, spring.output);
     data->SetVector(base + kOvershootInput, spring.input);
@@ -50,6 +52,7 @@ void WriteSpring(const Spring &spring, LONG base, BaseContainer *data) {
     data->SetReal(base + kOvershootDistance, spring.distance);
     data->SetReal(base + kOvershootPreviousDistance, spring.previous_distance);
     data->SetReal(base + kOvershootRamp, spring.ramp);
+    data->SetReal(base + kOvershootRampIncrement, spring.ramp_increment);
     data->SetReal(base + kOvershootStiffnessFade, spring.stiffness_fade);
     data->SetReal(base + kOvershootDampingFade, spring.damping_fade);
     data->SetLong(base + kOvershootMoving, spring.moving);
@@ -67,7 +70,6 @@ Spring AtRest(const Vector &output, const Vector &input) {
 void SwitchOff(const Vector &value, BaseContainer *data, LONG base, Bool angles) {
     WriteSpring(AtRest(Vector(), value), base, data);
     data->RemoveData(base + kOvershootOutput);
-    data->SetReal(base + kOvershootRampIncrement, 0.0);
     if (!angles) return;
     const LONG other = base == kOvershootTarget ? kOvershootRotation : kOvershootTarget;
     data->RemoveData(other + kOvershootOutput);
@@ -82,11 +84,36 @@ Bool IsSound(const Spring &spring) {
            IsFinite(spring.damping_fade);
 }
 
+// Takes note of the input's step, and gives the damping on it: on a move that of the stiffness; where the move slows
+// down none, and from there on the fades grow.
+Real TakeStep(Real step, const Measures &measures, Real stiffness, Real fade_step, Spring *spring) {
+    const Real before = spring->previous_distance;
+    const Real distance = step < measures.still ? 0.0 : step;
+    spring->previous_distance = step;
+    spring->distance = distance;
+
+    const Bool slowing = measures.tolerance + distance < before || distance == 0.0;
+    const Bool just_slowing = slowing && spring->moving == 1 && before > distance;
+    if (just_slowing || (slowing && spring->moving == 0)) {
+        if (just_slowing) spring->ramp = 0.0;
+        spring->moving = 0;
+        spring->stiffness_fade += fade_step * 0.5;
+        spring->damping_fade += fade_step;
+        return 0.0;
+    }
+    if (!slowing) {
+        if (spring->moving == 0) spring->ramp = 0.0;
+        spring->ramp += spring->ramp_increment;
+        spring->moving = 1;
+    }
+    spring->stiffness_fade = spring->damping_fade = 0.0;
+    return stiffness;
+}
+
 }  // namespace
 
 void RestOvershoot(LONG base, const Vector &value, BaseContainer *data) {
     WriteSpring(AtRest(value, value), base, data);
-    data->SetReal(base + kOvershootRampIncrement, 0.0);
 }
 
 Vector TremoluxCamClass::Overshoot(const Vector &input, Real amount, Real fade, BaseContainer *data, LONG base,
@@ -101,35 +128,15 @@ Vector TremoluxCamClass::Overshoot(const Vector &input, Real amount, Real fade, 
 
     const Real loose = RemapValue(amount, 0.0, 1.0, 0.0, kMostLoose, curve, 0, 1, 1);
     const Real stiffness = 1.0 - RemapValue(loose, 0.0, 1.0, 0.0, 1.0, curve, 0, 1, 1);
-    const Real fade_step = FCut01(fade) * kFadeStep;
 
     Spring spring = ReadSpring(*data, base);
     if (!data->GetDataPointer(base + kOvershootOutput) || !IsSound(spring)) spring = AtRest(input, input);
     spring.ramp = (1.0 - FCut01(loose)) * kMostRamp + kLeastRamp;
 
     const Vector value = angles ? GetOptimalAngle(spring.input, input, ROTATIONORDER_HPB) : input;
-    const Real step = Len(value - spring.input);
-    const Real distance = step < (angles ? kStillAngle : kStillPlain) ? 0.0 : step;
-    const Real tolerance = angles || base == kOvershootSpare ? kToleranceFine : kTolerancePlain;
-
-    const Bool slowing = tolerance + distance < spring.previous_distance || distance == 0.0;
-    const Bool just_slowing = slowing && spring.moving == 1 && spring.previous_distance > distance;
-    Real damping = stiffness;
-    if (just_slowing || (slowing && spring.moving == 0)) {
-        if (just_slowing) spring.ramp = 0.0;
-        spring.moving = 0;
-        spring.stiffness_fade += fade_step * 0.5;
-        spring.damping_fade += fade_step;
-        damping = 0.0;
-    } else {
-        if (!slowing) {
-            if (spring.moving == 0) spring.ramp = 0.0;
-            spring.ramp += spring.ramp_increment;
-            spring.moving = 1;
-        }
-        spring.stiffness_fade = spring.damping_fade = 0.0;
-    }
-
+    const Measures measures = {angles ? kStillAngle : kStillPlain,
+                               angles || base == kOvershootSpare ? kToleranceFine : kTolerancePlain};
+    const Real damping = TakeStep(Len(value - spring.input), measures, stiffness, FCut01(fade) * kFadeStep, &spring);
     const Real damping_weight = FMin(spring.ramp + damping + spring.damping_fade, 1.0);
     const Real stiffness_weight = FMin(spring.ramp + stiffness + spring.stiffness_fade, 1.0);
     spring.velocity = (value - spring.output) * stiffness_weight + spring.velocity * (1.0 - damping_weight);
@@ -139,14 +146,11 @@ Vector TremoluxCamClass::Overshoot(const Vector &input, Real amount, Real fade, 
         output = GetOptimalAngle(spring.output, output, ROTATIONORDER_HPB);
         // The two channels of angles go in step, so that switching between them does not jump.
         const Bool aiming = base == kOvershootTarget;
-        Spring other = AtRest(output, value);
-        WriteSpring(other, aiming ? kOvershootRotation : kOvershootTarget, data);
+        WriteSpring(AtRest(output, value), aiming ? kOvershootRotation : kOvershootTarget, data);
         if (aiming) spring.velocity.z = output.z = kept_input.z = 0.0;
     }
     spring.output = output;
     spring.input = kept_input;
-    spring.distance = distance;
-    spring.previous_distance = step;
     WriteSpring(spring, base, data);
     return output;
 }
