@@ -192,7 +192,9 @@ TEST_F(Jolt, PushesTheCameraByItsOffsetsAndLeavesItAtItsPlace) {
         const host::Vector offset = scene().State().GetVector(kPositionOffset);
         EXPECT_LT(host::Length(scene().Position() - host::Vector{10, 20, 30} - offset), 1e-9) << frame;
         farthest = std::fmax(farthest, host::Length(offset));
-        if (frame < 5) EXPECT_EQ(host::Length(offset), 0) << frame;
+        if (frame < 5) {
+            EXPECT_EQ(host::Length(offset), 0) << frame;
+        }
     }
     EXPECT_GT(farthest, 0.1);
     EXPECT_LT(Difference(scene().Camera(), ShotOf(scene().input)), 1e-6);
