@@ -6,8 +6,7 @@
 #include "engine/overshoot.h"
 #include "host/value/memory.h"
 #include "tag/state.h"
-#include "tag/tremoluxcam.h"
-#include "tests/engine/glue.h"
+#include "tests/engine/plain_tag.h"
 
 namespace {
 
@@ -27,16 +26,7 @@ double SmoothingCurve(double x) { return Bezier(0, 0.711, 1 - 0.238, 1 - 0.078, 
 double ShakeCurve(double x) { return Bezier(0, 0.352, 1 - 0.125, 1, x); }
 double OvershootCurve(double x) { return Bezier(0, 0.45, 1 - 0.25, 1 - 0.01, x); }
 
-class Filter : public WithGlue {
-  protected:
-    void SetUp() override {
-        WithGlue::SetUp();
-        tag_ = gNew TremoluxCamClass;
-        ASSERT_NE(tag_, nullptr);
-    }
-    void TearDown() override { gDelete(tag_); }
-    TremoluxCamClass *tag_ = NULL;
-};
+class Filter : public WithPlainTag {};
 
 TEST_F(Filter, InputCoefficientsRunFromNoneToAlmostAll) {
     Real a, b;

@@ -8,8 +8,7 @@
 
 #include "lib_description.h"
 #include "tag/parameters.h"
-#include "tag/tremoluxcam.h"
-#include "tests/engine/glue.h"
+#include "tests/engine/plain_tag.h"
 
 namespace {
 
@@ -235,16 +234,7 @@ TEST(ParameterTable, APresetTouchesSixThousandToSixThousandTwoHundredAndTenButTh
     EXPECT_FALSE(IsPresetParameter(10028));
 }
 
-class ParameterValues : public WithGlue {
-  protected:
-    void SetUp() override {
-        WithGlue::SetUp();
-        tag_ = gNew TremoluxCamClass;
-        ASSERT_NE(tag_, nullptr);
-    }
-    void TearDown() override { gDelete(tag_); }
-    TremoluxCamClass *tag_ = NULL;
-};
+class ParameterValues : public WithPlainTag {};
 
 TEST_F(ParameterValues, ResetWritesTheFixedValueOfEveryIdInItsTable) {
     for (const auto &[id, value] : kResets) {

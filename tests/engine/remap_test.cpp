@@ -4,22 +4,16 @@
 #include <cmath>
 
 #include "customgui_splinecontrol.h"
-#include "tag/tremoluxcam.h"
-#include "tests/engine/glue.h"
+#include "tests/engine/plain_tag.h"
 #include "tests/engine/shake_model.h"
 
 namespace {
 
-class RemapValue : public WithGlue {
+class RemapValue : public WithPlainTag {
   protected:
-    void SetUp() override {
-        WithGlue::SetUp();
-        tag_ = gNew TremoluxCamClass;
-        ASSERT_NE(tag_, nullptr);
-    }
     void TearDown() override {
         SplineData::Free(curve_);
-        gDelete(tag_);
+        WithPlainTag::TearDown();
     }
 
     Real Remap(Real x, Real in_low, Real in_high, Real out_low, Real out_high, LONG mode = 0, LONG clamp_low = 0,
@@ -45,7 +39,6 @@ class RemapValue : public WithGlue {
     }
 
   private:
-    TremoluxCamClass *tag_ = NULL;
     SplineData *curve_ = NULL;
 };
 

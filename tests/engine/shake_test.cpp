@@ -5,23 +5,15 @@
 
 #include "host/value/memory.h"
 #include "tag/state.h"
-#include "tag/tremoluxcam.h"
-#include "tests/engine/glue.h"
+#include "tests/engine/plain_tag.h"
 #include "tests/engine/shake_model.h"
 
 namespace {
 
 using model::Weights;
 
-class Sampling : public WithGlue {
+class Sampling : public WithPlainTag {
   protected:
-    void SetUp() override {
-        WithGlue::SetUp();
-        tag_ = gNew TremoluxCamClass;
-        ASSERT_NE(tag_, nullptr);
-    }
-    void TearDown() override { gDelete(tag_); }
-
     Real Position(int axis, Real seed, Real offset, const Weights &w, Real ratio, Real intensity, Real scale,
                   Real speed, Real clock) {
         switch (axis) {
@@ -58,7 +50,6 @@ class Sampling : public WithGlue {
     TremoluxCamClass &Tag() { return *tag_; }
 
   private:
-    TremoluxCamClass *tag_ = NULL;
 };
 
 // A number with four binary digits, so that no argument of the noise hangs on the order of a product.

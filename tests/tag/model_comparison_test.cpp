@@ -191,8 +191,8 @@ std::string Text(double value) {
 
 class Model : public WithModule {
   protected:
-    // Everything off and still; each test switches on what it is about.
-    static MotionSettings Plain() {
+    // Everything off and still but for what a test is about.
+    static MotionSettings Plain(const std::map<int, double> &values) {
         MotionSettings set;
         for (const int id : {6020, 6021, 6022, 6076, 6077, 6078, 6100, 6101, 6102, 6132, 6138, 6152})
             set.values[id] = 1;
@@ -202,6 +202,7 @@ class Model : public WithModule {
             set.values[id] = 0;
         for (const int id : kSwitches) set.values[id] = 0;
         set.values[6142] = 12345;
+        for (const auto &[id, value] : values) set.values[id] = value;
         return set;
     }
     // Moves in every channel; the heading goes round through 180 degrees, the target passes behind.
@@ -224,62 +225,58 @@ class Model : public WithModule {
 };
 
 TEST_F(Model, MovesThePositionAsTheModuleDoes) {
-    MotionSettings set = Plain();
-    set.values.insert_or_assign(6155, 0.3);
-    set.values.insert_or_assign(6153, 0.4);
-    set.values.insert_or_assign(6154, 0.3);
-    for (const int id : {6024, 6025, 6026, 6158}) set.values[id] = 0.2;
-    for (const int id : {6010, 6011, 6012}) set.values[id] = 1;
-    ExpectEqual(set, Dance());
+    ExpectEqual(Plain({{6155, 0.3},
+                       {6153, 0.4},
+                       {6154, 0.3},
+                       {6024, 0.2},
+                       {6025, 0.2},
+                       {6026, 0.2},
+                       {6158, 0.2},
+                       {6010, 1},
+                       {6011, 1},
+                       {6012, 1}}),
+                Dance());
 }
 
 TEST_F(Model, TurnsTheCameraAsTheModuleDoes) {
-    MotionSettings set = Plain();
-    set.values[6156] = 0.4;
-    set.values[6034] = 0.55;
-    set.values[6035] = 0.2;
-    for (const int id : {6028, 6029, 6030, 6158}) set.values[id] = 0.2;
-    for (const int id : {6013, 6014, 6015}) set.values[id] = 1;
-    ExpectEqual(set, Dance());
+    ExpectEqual(Plain({{6156, 0.4},
+                       {6034, 0.55},
+                       {6035, 0.2},
+                       {6028, 0.2},
+                       {6029, 0.2},
+                       {6030, 0.2},
+                       {6158, 0.2},
+                       {6013, 1},
+                       {6014, 1},
+                       {6015, 1}}),
+                Dance());
 }
 
 TEST_F(Model, FollowsATargetAsTheModuleDoes) {
-    MotionSettings set = Plain();
-    set.values[6161] = 0.4;
-    set.values[6071] = 0.65;
-    set.values[6072] = 0.25;
-    set.values[6018] = 1;
     Move move = Dance();
     move.has_target = true;
-    ExpectEqual(set, move);
+    ExpectEqual(Plain({{6161, 0.4}, {6071, 0.65}, {6072, 0.25}, {6018, 1}}), move);
 }
 
 TEST_F(Model, ZoomsAsTheModuleDoes) {
-    MotionSettings set = Plain();
-    for (const int id : {6162, 6053, 6054, 6165, 6134, 6135, 6136}) set.values[id] = 0.3;
-    set.values[6016] = 1;
-    ExpectEqual(set, Dance());
+    ExpectEqual(
+        Plain({{6162, 0.3}, {6053, 0.3}, {6054, 0.3}, {6165, 0.3}, {6134, 0.3}, {6135, 0.3}, {6136, 0.3}, {6016, 1}}),
+        Dance());
 }
 
 TEST_F(Model, FocusesAsTheModuleDoes) {
-    MotionSettings set = Plain();
-    for (const int id : {6064, 6063, 6163, 6059, 6128, 6129, 6130}) set.values[id] = 0.3;
-    set.values[6017] = 1;
     for (const bool has_focus_object : {false, true}) {
         Move move = Dance();
         move.has_focus_object = has_focus_object;
-        ExpectEqual(set, move);
+        ExpectEqual(
+            Plain(
+                {{6064, 0.3}, {6063, 0.3}, {6163, 0.3}, {6059, 0.3}, {6128, 0.3}, {6129, 0.3}, {6130, 0.3}, {6017, 1}}),
+            move);
     }
 }
 
 TEST_F(Model, JoltsAsTheModuleDoes) {
-    MotionSettings set = Plain();
-    set.values[6037] = 0.3;
-    set.values[6144] = 0.2;
-    set.values[6170] = 0.3;
-    set.values[6140] = 0.4;
-    set.values[6145] = 1;
-    set.values[6149] = 0.5;
+    MotionSettings set = Plain({{6037, 0.3}, {6144, 0.2}, {6170, 0.3}, {6140, 0.4}, {6145, 1}, {6149, 0.5}});
     set.interval = 27;
     set.triggers = {10, 50, 51};
     ExpectEqual(set, Dance());
