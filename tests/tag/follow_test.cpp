@@ -140,11 +140,10 @@ TEST_P(Following, PassesTheSmoothedValueThroughWhenTheOvershootIsTakenAwayInMidS
     EXPECT_NEAR(GetParam().got(scene()), StepSize(), 1e-9);
 }
 
-class StandingStill : public WithScene {};
+class StandingStill : public WithModule {};
 
 RC_GTEST_FIXTURE_PROP(StandingStill, StaysExactlyWhereItIs, ()) {
-    RunningHost running;
-    Scene scene(running);
+    Scene scene(running_);
     const auto number = [](int low, int high) { return *rc::gen::inRange(low * 1000, high * 1000) / 1000.0; };
     scene.PlaceInput({number(-900, 900), number(-900, 900), number(-900, 900)},
                      {number(-3, 3), number(-1, 1), number(-3, 3)});

@@ -74,8 +74,7 @@ TEST_F(Jolt, OfAnIntervalOfOneFrameHitsOnEveryFrame) {
 }
 
 RC_GTEST_FIXTURE_PROP(Jolt, HitsOnceInEveryInterval, ()) {
-    RunningHost running;
-    Scene scene(running);
+    Scene scene(running_);
     Prepare(scene);
     const int interval = *rc::gen::inRange(2, 40);
     const std::int64_t seed = *rc::gen::inRange(0, 100000);

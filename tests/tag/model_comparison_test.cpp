@@ -287,8 +287,7 @@ RC_GTEST_FIXTURE_PROP(Model, AgreesWithTheModuleOnAnySettingsAndMove, ()) {
     const MotionSettings set = RandomSettings(pick);
     const Move move = RandomMove(pick);
     const std::int64_t start = pick(0, 12);
-    RunningHost running;
-    Duel duel(running, set, move, start, 1000);
+    Duel duel(running_, set, move, start, 1000);
     double largest = duel.Play(start, start + 90);
     // In mid-shot the target comes or goes, and springs are switched on or off.
     duel.Set(6018, pick(0, 1));
