@@ -17,17 +17,6 @@ bool TakesValue(const DescribedParameter &described, const Data &value) {
     return value.type == described.value_type;
 }
 
-// The panel greys a control out by the plug-in's word.
-bool IsEnabled(Node *node, const TableDescID &id, const DescribedParameter &described) {
-    if (node->Classification() != kTypeTag) return true;
-    const Tag *tag = static_cast<Tag *>(node);
-    const auto get_enabling = tag->Registration().node.get_enabling;
-    if (tag->Plugin() == nullptr || get_enabling == nullptr) return true;
-    Data present;
-    node->GetParameter(id, &present);
-    return get_enabling(tag->Plugin(), node, &id, &present, 0, &described.settings) != 0;
-}
-
 // One user step: opens the undo step, tells the node, and leaves no step open that a module forgot to end.
 class UserStep {
   public:
@@ -66,10 +55,20 @@ void SendCommand(Node *node, const TableDescID &id) {
 
 }  // namespace
 
+bool IsControlEnabled(Node *node, const TableDescID &id, const Container &settings) {
+    if (node->Classification() != kTypeTag) return true;
+    const Tag *tag = static_cast<Tag *>(node);
+    const auto get_enabling = tag->Registration().node.get_enabling;
+    if (tag->Plugin() == nullptr || get_enabling == nullptr) return true;
+    Data present;
+    node->GetParameter(id, &present);
+    return get_enabling(tag->Plugin(), node, &id, &present, 0, &settings) != 0;
+}
+
 bool EditParameter(Node *node, const TableDescID &id, const Data &value) {
     DescribedParameter described;
     if (node == nullptr || !FindDescribed(node, id, &described)) return false;
-    if (!TakesValue(described, value) || !IsEnabled(node, id, described)) return false;
+    if (!TakesValue(described, value) || !IsControlEnabled(node, id, described.settings)) return false;
 
     // A module may destroy the node or its document in answer to any message.
     const std::shared_ptr<NodeAnchor> anchor = node->Anchor();
@@ -91,7 +90,7 @@ bool EditParameter(Node *node, const TableDescID &id, const Data &value) {
 bool PressButton(Node *node, const TableDescID &id) {
     DescribedParameter described;
     if (node == nullptr || !FindDescribed(node, id, &described)) return false;
-    if (described.described_type != kDescribedButton || !IsEnabled(node, id, described)) return false;
+    if (described.described_type != kDescribedButton || !IsControlEnabled(node, id, described.settings)) return false;
     const std::shared_ptr<NodeAnchor> anchor = node->Anchor();
     UserStep step(anchor, id);
     if (anchor->node != nullptr) SendCommand(node, id);

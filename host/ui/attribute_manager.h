@@ -1,7 +1,7 @@
 // What happens when a user edits a parameter or presses a button: one undo step with the messages of the manager.
 #pragma once
 
-#include "host/value/data.h"
+#include "host/value/container.h"
 #include "platform/table.h"
 
 namespace host {
@@ -12,5 +12,8 @@ class Node;
 // afterwards where the edit or the module asked for it.
 bool EditParameter(Node *node, const TableDescID &id, const Data &value);
 bool PressButton(Node *node, const TableDescID &id);
+
+// Whether the parameter's control answers to the user, by the plug-in's word; `settings` are those of its description.
+bool IsControlEnabled(Node *node, const TableDescID &id, const Container &settings);
 
 }  // namespace host

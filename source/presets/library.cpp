@@ -1,5 +1,23 @@
+#include "presets/library.h"
+
+#include "tag/parameters.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
+
+BaseContainer CategoryEntries(const BaseContainer &) {
+    BaseContainer entries;
+    entries.SetString(kCategoryUser, "User");
+    entries.SetString(kCategoryAll, "All");
+    return entries;
+}
+
+BaseContainer PresetEntries(const BaseContainer &) {
+    BaseContainer entries;
+    entries.SetString(kPresetBlankA, "");
+    entries.SetString(kPresetBlankB, "");
+    entries.SetString(kPresetCustom, "Custom");
+    return entries;
+}
 
 // No preset is known: the library is empty.
 void TremoluxCamClass::LoadPresetLibrary(BaseContainer *data) {

@@ -1,12 +1,12 @@
 #include "c4d_customdatatypeplugin.h"
 #include "lib_description.h"
+#include "presets/library.h"
 #include "tag/cameraloader.h"
+#include "tag/layout.h"
 #include "tag/parameters.h"
 #include "tag/tremoluxcam.h"
 
 namespace {
-
-constexpr LONG kMainGroup = 6000;
 
 // How the host knows a type: its data type, and its gadget where that is not the data type's own.
 struct HostType {
@@ -61,29 +61,63 @@ BaseContainer SettingsOf(const ParameterInfo &parameter, const HostType &type) {
     return settings;
 }
 
-Bool Wanted(const DescID &id, const DescID *single) { return !single || id.IsPartOf(*single, NULL); }
+BaseContainer GroupSettings(const LayoutElement &group) {
+    BaseContainer settings = GetCustomDataTypeDefault(DTYPE_GROUP);
+    if (group.title) settings.SetString(DESC_NAME, group.title);
+    settings.SetLong(DESC_COLUMNS, group.columns);
+    settings.SetLong(DESC_DEFAULT, group.open ? 1 : 0);
+    settings.SetBool(DESC_SCALEH, group.scaled);
+    return settings;
+}
+
+BaseContainer SeparatorSettings(const LayoutElement &separator) {
+    BaseContainer settings = GetCustomDataTypeDefault(DTYPE_SEPARATOR);
+    settings.SetLong(DESC_CUSTOMGUI, CUSTOMGUI_SEPARATOR);
+    if (separator.title) settings.SetString(DESC_NAME, separator.title);
+    settings.SetBool(DESC_SEPARATORLINE, separator.line);
+    return settings;
+}
+
+// An element as the host takes it; FALSE for a row without a parameter.
+Bool Describe(const LayoutElement &element, const BaseContainer &data, DescID *id, BaseContainer *settings) {
+    if (element.kind == LayoutKind::kGroup) {
+        *id = DescLevel(element.id, DTYPE_GROUP, 0);
+        *settings = GroupSettings(element);
+        return TRUE;
+    }
+    if (element.kind == LayoutKind::kSeparator) {
+        *id = DescLevel(element.id, DTYPE_SEPARATOR, 0);
+        *settings = SeparatorSettings(element);
+        return TRUE;
+    }
+    const ParameterInfo *parameter = FindParameter(element.id);
+    if (!parameter) return FALSE;
+    const HostType type = HostTypeOf(*parameter);
+    *id = DescLevel(element.id, type.dtype, 0);
+    *settings = SettingsOf(*parameter, type);
+    if (element.id == kCategory) settings->SetContainer(DESC_CYCLE, CategoryEntries(data));
+    if (element.id == kPreset) settings->SetContainer(DESC_CYCLE, PresetEntries(data));
+    return TRUE;
+}
 
 }  // namespace
 
 Bool TremoluxCamClass::GetDDescription(GeListNode *node, Description *description, DESCFLAGS_DESC &flags) {
     if (!node || !description || !description->LoadDescription(kTremoluxCamId)) return FALSE;
-    if (!((BaseTag *)node)->GetDataInstance()) return FALSE;
+    const BaseContainer *data = ((BaseTag *)node)->GetDataInstance();
+    if (!data) return FALSE;
     const DescID *single = description->GetSingleDescID();
 
-    const DescID group = DescLevel(kMainGroup, DTYPE_GROUP, 0);
-    if (Wanted(group, single)) {
-        BaseContainer settings = GetCustomDataTypeDefault(DTYPE_GROUP);
-        settings.SetString(DESC_NAME, "TremoluxCam");
-        settings.SetLong(DESC_DEFAULT, 1);
-        description->SetParameter(group, settings, DescLevel(kTremoluxCamId));
-    }
     LONG count;
-    const ParameterInfo *parameters = Parameters(&count);
-    for (LONG i = 0; i < count; i++) {
-        if (!parameters[i].label) continue;
-        const HostType type = HostTypeOf(parameters[i]);
-        const DescID id = DescLevel(parameters[i].id, type.dtype, 0);
-        if (Wanted(id, single)) description->SetParameter(id, SettingsOf(parameters[i], type), group);
+    const LayoutElement *layout = PanelLayout(&count);
+    for (const LayoutElement *element = layout; element < layout + count; element++) {
+        DescID id;
+        BaseContainer settings;
+        if (!Describe(*element, *data, &id, &settings)) continue;
+        if (single && !id.IsPartOf(*single, NULL)) continue;
+        const DescID parent = element->parent == kPanelRoot ? DescID(DescLevel(kTremoluxCamId))
+                                                            : DescID(DescLevel(element->parent, DTYPE_GROUP, 0));
+        description->SetParameter(id, settings, parent);
     }
     flags |= DESCFLAGS_DESC_LOADED;
     return TRUE;

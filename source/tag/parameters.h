@@ -25,7 +25,8 @@ constexpr LONG kJoltPositionIntensity = 6037, kJoltRotationIntensity = 6144, kJo
                kCustomTrigger = 6181, kCustomTriggerTwin = 6209, kJoltFalloff = 6140, kJoltSmooth = 6170;
 constexpr LONG kQuickBake = 6046, kBruteForceBake = 6175, kUnBake = 6047;
 constexpr LONG kTargetObject = 6068, kCreateTarget = 6069, kTargetSmooth = 6161, kTargetOvershoot = 6071,
-               kTargetOvershootFade = 6072;
+               kTargetOvershootFade = 6072,
+               kTargetReserved = 6210;  // greyed with the target's amounts, shown nowhere
 constexpr LONG kZoomSmooth = 6162, kZoomOvershoot = 6053, kZoomOvershootFade = 6054, kZoomDriftSlow = 6134,
                kZoomDriftMedium = 6135, kZoomDriftFast = 6136, kZoomSpeed = 6138, kZoomDriftSmooth = 6165;
 constexpr LONG kFocusObject = 6057, kCreateFocus = 6058, kFocusSmoothing = 6064, kFocusOvershoot = 6063,

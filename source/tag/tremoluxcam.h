@@ -23,6 +23,8 @@ class TremoluxCamClass : public TagData {
     virtual Bool Init(GeListNode *node);
     virtual Bool Message(GeListNode *node, LONG type, void *data);
     virtual Bool GetDDescription(GeListNode *node, Description *description, DESCFLAGS_DESC &flags);
+    virtual Bool GetDEnabling(GeListNode *node, const DescID &id, const GeData &value, DESCFLAGS_ENABLE flags,
+                              const BaseContainer *settings);
     virtual EXECUTIONRESULT Execute(BaseTag *tag, BaseDocument *doc, BaseObject *op, BaseThread *bt, LONG priority,
                                     EXECUTIONFLAGS flags);
 
