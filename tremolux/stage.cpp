@@ -14,6 +14,7 @@ namespace {
 
 constexpr std::int32_t kTremoluxCamTag = 1039736;
 constexpr std::int32_t kInputCameraLink = 6001, kTargetLink = 6068, kFocusObjectLink = 6057;
+constexpr std::int32_t kUseTarget = 6018;
 
 using Channel = std::function<double(const CameraSample &)>;
 
@@ -118,7 +119,10 @@ host::Object *Stage::AddGuide(const char *name, std::int32_t link, const CameraM
     return object;
 }
 
-void Stage::AddTarget(const CameraMove &points) { target_ = AddGuide("Target", kTargetLink, points); }
+void Stage::AddTarget(const CameraMove &points) {
+    target_ = AddGuide("Target", kTargetLink, points);
+    tag_->SetParameter(host::MakeId(kUseTarget), host::Data(1));
+}
 
 void Stage::AddFocusObject(const CameraMove &points) {
     focus_object_ = AddGuide("Focus Object", kFocusObjectLink, points);
@@ -128,6 +132,8 @@ void Stage::PlayFrame(std::int64_t frame) {
     Evaluate(frame);
     output_sample_ = SampleOf(*output_, output_sample_.angles);
 }
+
+bool Stage::TurnsToTarget() const { return target_ != nullptr && tag_->Data().Whole(kUseTarget) != 0; }
 
 CameraSample Stage::Input() const { return SampleOf(*input_, input_->GetTransform().rotation); }
 

@@ -18,7 +18,7 @@ class Stage {
     Stage(const CameraMove &move, int frames_per_second);
 
     // A null object with these positions, linked to the tag as what the camera turns to or focuses on; a single sample
-    // holds for all time.
+    // holds for all time. Turning to a target is switched on with it; a parameter that is set later may switch it off.
     void AddTarget(const CameraMove &points);
     void AddFocusObject(const CameraMove &points);
 
@@ -27,8 +27,8 @@ class Stage {
     host::Tag &CameraTag() const { return *tag_; }
     const host::Document &Document() const { return *document_; }
     CameraSample Input() const;
+    bool TurnsToTarget() const;
     // Null when there is none.
-    const host::Object *Target() const { return target_; }
     const host::Object *FocusObject() const { return focus_object_; }
     // As evaluated; its angles are those closest to the frame before, and on the first frame to the input's.
     CameraSample Output() const { return output_sample_; }

@@ -88,8 +88,8 @@ FormatOptions MoveOptions::Formats() const {
 
 std::vector<std::string> MoveOptions::InputFiles() const {
     std::vector<std::string> files = {input};
-    for (const std::string &guide : {target, focus_object})
-        if (!guide.empty()) files.push_back(guide);
+    files.insert(files.end(), target.begin(), target.end());
+    files.insert(files.end(), focus_object.begin(), focus_object.end());
     return files;
 }
 
@@ -108,12 +108,14 @@ void AddMoveOptions(CLI::App *command, MoveOptions *options) {
             "(seconds:frames); switches: on, off, true, false, 1, 0")
         ->expected(1)
         ->take_all();
-    command->add_option(
-        "--target", options->target,
-        "x,y,z or FILE: a point in scene units, or a moving one (.csv, .chan), that the camera turns to");
-    command->add_option(
-        "--focus-object", options->focus_object,
-        "x,y,z or FILE: a point in scene units, or a moving one (.csv, .chan), that the camera focuses on");
+    command
+        ->add_option("--target", options->target,
+                     "x,y,z or FILE: a point in scene units, or a moving one (.csv, .chan), that the camera turns to")
+        ->expected(1);
+    command
+        ->add_option("--focus-object", options->focus_object,
+                     "x,y,z or FILE: a point in scene units, or a moving one (.csv, .chan), that the camera focuses on")
+        ->expected(1);
     command->add_option("--seed", options->seed, "the shake's seed, 0 to 99999: short for --set Seed=");
     command->add_option("--frames", options->frames,
                         "FIRST:LAST: the frames to write; playback still starts at the move's first frame");

@@ -24,7 +24,7 @@ struct MoveOptions {
     HostOptions host;
     std::string input;
     std::vector<std::string> settings;
-    std::string target, focus_object;  // points or files; empty: none
+    std::vector<std::string> target, focus_object;  // a point or a file each; at most one
     std::string seed, frames, frames_per_second, unit = "cm", resolution = "1920x1080";
     bool quiet = false;
 

@@ -17,9 +17,9 @@ Playback::Playback(const MoveOptions &options)
     const auto range = options.FrameRange();
     const std::optional<int> frames_per_second = options.FramesPerSecond();
     move_ = ReadMove(options.input, formats_);
-    if (!options.target.empty()) target_ = ReadGuide("--target", options.target, move_, formats_);
+    if (!options.target.empty()) target_ = ReadGuide("--target", options.target.front(), move_, formats_);
     if (!options.focus_object.empty())
-        focus_object_ = ReadGuide("--focus-object", options.focus_object, move_, formats_);
+        focus_object_ = ReadGuide("--focus-object", options.focus_object.front(), move_, formats_);
     frames_per_second_ = frames_per_second.value_or(move_.frames_per_second);
     first_frame_ = range ? range->first : move_.first_frame;
     last_frame_ = range ? range->second : move_.LastFrame();

@@ -3,7 +3,6 @@
 namespace tremolux {
 namespace {
 
-constexpr std::int32_t kUseTarget = 6018;
 constexpr std::int32_t kTargetOvershoot = 30042;
 constexpr std::int32_t kPreviousRotation = 87651;
 // Behind the base of an overshoot channel.
@@ -61,7 +60,7 @@ Json LensJson(const host::Container &state, const LensChannel &channel, double i
 Json Layers(const Stage &stage) {
     const host::Container &state = stage.CameraTag().Data();
     const CameraSample input = stage.Input(), output = stage.Output();
-    const bool aims = stage.Target() != nullptr && state.Whole(kUseTarget) != 0;
+    const bool aims = stage.TurnsToTarget();
     const VectorLayers position = ReadLayers(state, kPosition, kPosition.overshoot);
     const VectorLayers rotation = ReadLayers(state, kRotation, aims ? kTargetOvershoot : kRotation.overshoot);
     Json rotation_json = VectorJson(input.angles, rotation, state.GetVector(kPreviousRotation), 1 / kRadiansPerDegree);
