@@ -53,3 +53,14 @@ tremolux_add_tests(host embedded_host)
 tremolux_add_tests(engine module_code embedded_host)
 tremolux_add_tests(tag embedded_host)
 tremolux_add_tests(program tremolux_program)
+
+# Pages are opened in a browser, where there is one with its driver; script/test installs both. The driver's bindings are
+# those of the system's Python.
+find_program(chromedriver_program chromedriver)
+if(chromedriver_program)
+    add_test(NAME page.panel COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/page/panel_page_test.py"
+                                     $<TARGET_FILE:tremolux>)
+    set_tests_properties(page.panel PROPERTIES TIMEOUT 600)
+else()
+    message(STATUS "chromedriver is missing: no page tests")
+endif()

@@ -28,6 +28,7 @@ int RunProgram(int argc, char **argv) {
     Action action;
     AddShakeCommand(&program, &action);
     AddTraceCommand(&program, &action);
+    AddPanelCommand(&program, &action);
     AddInfoCommand(&program, &action);
     try {
         program.parse(argc, argv);

@@ -31,10 +31,12 @@ enum DescriptionKey : std::int32_t {
     kDescCycle = 14,
     kDescHide = 15,
     kDescDefault = 16,
+    kDescSeparatorLine = 18,
     kDescCustomGui = 21,
     kDescColumns = 22,
     kDescMinSlider = 27,
-    kDescMaxSlider = 28
+    kDescMaxSlider = 28,
+    kDescScaleH = 30
 };
 
 class Description : public HostDescription {

@@ -1,6 +1,9 @@
 // The panel: its tree, its numbers, and which controls answer.
+#include "host/ui/panel.h"
+
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <map>
 #include <sstream>
 
@@ -308,6 +311,109 @@ TEST_F(Panel, OfATagInNoDocumentAnswersEverywhere) {
     scene().camera->Remove();
     const std::unique_ptr<host::Object> removed(scene().camera);
     for (const std::int32_t id : {6020, 6047, 6071, 6156}) EXPECT_TRUE(Enabled(id)) << id;
+}
+
+// ---- As the host draws it
+
+class DrawnPanel : public Panel {
+  protected:
+    // The control with that id, wherever it stands.
+    static const host::PanelControl *Find(const host::PanelGroup &group, std::int32_t id) {
+        for (const auto &row : group.rows) {
+            for (const host::PanelCell &cell : row) {
+                if (const auto *control = std::get_if<host::PanelControl>(&cell); control && control->key == id)
+                    return control;
+                if (const auto *inner = std::get_if<std::unique_ptr<host::PanelGroup>>(&cell))
+                    if (const host::PanelControl *found = Find(**inner, id)) return found;
+            }
+        }
+        return nullptr;
+    }
+    host::PanelControl Control(std::int32_t id) {
+        for (const host::PanelGroup &tab : host::BuildPanel(scene().tag))
+            if (const host::PanelControl *control = Find(tab, id)) return *control;
+        ADD_FAILURE() << id << " is not shown";
+        return {};
+    }
+    bool Type(std::int32_t id, const char *text) { return host::TypeIntoField(scene().tag, host::MakeId(id), text); }
+};
+
+TEST_F(DrawnPanel, HasTheTabsOfTheTagAfterTheBasicOne) {
+    std::vector<std::string> titles;
+    for (const host::PanelGroup &tab : host::BuildPanel(scene().tag)) titles.push_back(tab.title);
+    EXPECT_EQ(titles, (std::vector<std::string>{"Basic", "TremoluxCam", "Target", "Zoom", "Focus", "Advanced"}));
+}
+
+TEST_F(DrawnPanel, FillsRowsByTheColumnsOfTheirGroup) {
+    for (const host::PanelGroup &tab : host::BuildPanel(scene().tag)) {
+        if (tab.key != 6000) continue;
+        const auto &row = std::get<std::unique_ptr<host::PanelGroup>>(tab.rows[2][0])->rows;
+        ASSERT_EQ(row.size(), 1u);
+        ASSERT_EQ(row[0].size(), 4u);
+        EXPECT_EQ(std::get<host::PanelControl>(row[0][1]).label, "Preset");
+    }
+}
+
+TEST_F(DrawnPanel, ShowsValuesWithTheirUnits) {
+    scene().Set(6020, 1.5);
+    scene().Set(6028, 12.5 * kDegree);
+    scene().State().Set(6038, host::Data(host::MakeTime(40, 30)));
+    EXPECT_EQ(Control(6020).text, "150 %");
+    EXPECT_EQ(Control(6028).text, "12.5\xC2\xB0");
+    EXPECT_EQ(Control(6038).text, "40 F");
+    EXPECT_EQ(Control(6001).text, scene().input->Name());
+    EXPECT_EQ(Control(10028).text, "Custom");
+    EXPECT_EQ(Control(6010).text, "on");
+    EXPECT_EQ(Control(6020).slider_maximum, 2);
+    EXPECT_FALSE(Control(6020).maximum);
+}
+
+TEST_F(DrawnPanel, ShowsTheDefaultOfAParameterThatTheTagDoesNotHold) {
+    scene().State().Remove(6053);
+    EXPECT_EQ(Control(6053).text, "25 %");
+}
+
+TEST_F(DrawnPanel, TakesWhatIsTypedAndHoldsItToItsLimits) {
+    EXPECT_TRUE(Type(6020, "150 %"));
+    EXPECT_EQ(scene().Real(6020), 1.5);
+    EXPECT_TRUE(Type(6155, "150 %"));
+    EXPECT_EQ(scene().Real(6155), 1);
+    EXPECT_TRUE(Type(6059, "20000 %"));
+    EXPECT_EQ(scene().Real(6059), 100);
+    EXPECT_TRUE(Type(6142, "123456"));
+    EXPECT_EQ(scene().Real(6142), 99999);
+    EXPECT_TRUE(Type(6028, "12.5"));
+    EXPECT_NEAR(scene().Real(6028), 12.5 * kDegree, 1e-15);
+    EXPECT_TRUE(Type(6038, "1:04"));
+    EXPECT_NEAR(host::Seconds(scene().State().GetTime(6038)) * 30, 34, 1e-9);
+    EXPECT_TRUE(Type(6181, "3,4"));
+    EXPECT_EQ(scene().State().Text(6181), "3,4");
+}
+
+TEST_F(DrawnPanel, RefusesWhatIsNoValueAndDisabledControls) {
+    const double before = scene().Real(6020);
+    for (const char *text : {"", "much", "150 deg", "nan"}) EXPECT_FALSE(Type(6020, text)) << text;
+    EXPECT_EQ(scene().Real(6020), before);
+    EXPECT_FALSE(Type(6161, "50 %")) << "no target";
+    EXPECT_FALSE(Type(6003, "x")) << "a button";
+    EXPECT_FALSE(Type(6999, "1")) << "unknown";
+}
+
+TEST_F(DrawnPanel, UndoesAnEditInOneStep) {
+    const double before = scene().Real(6020);
+    ASSERT_TRUE(Type(6020, "150 %"));
+    ASSERT_TRUE(scene().document->Undo().Undo());
+    EXPECT_EQ(scene().Real(6020), before);
+}
+
+TEST_F(DrawnPanel, SurvivesValuesOfOtherTypes) {
+    for (const std::int32_t id : {6020, 6028, 6038, 6010, 6001, 10028, 6142}) {
+        for (const host::Data &value :
+             {host::Data("text"), host::Data(1e308), host::Data(std::nan("")), host::Data()}) {
+            scene().State().Set(id, value);
+            Control(id);
+        }
+    }
 }
 
 }  // namespace

@@ -2,13 +2,12 @@
 
 #include "host/description/description.h"
 #include "host/scene/parameters.h"
+#include "host/ui/field_text.h"
 #include "tremolux/failure.h"
 #include "tremolux/formats/numbers.h"
 
 namespace tremolux {
 namespace {
-
-constexpr std::int32_t kUnitPercent = 1718641524, kUnitDegree = 1717856114, kUnitFrames = 1717989997;
 
 ParameterKind KindOf(std::int32_t described_type) {
     switch (described_type) {
@@ -33,11 +32,11 @@ ParameterKind KindOf(std::int32_t described_type) {
 
 ParameterUnit UnitOf(std::int32_t code) {
     switch (code) {
-        case kUnitPercent:
+        case host::kUnitPercent:
             return ParameterUnit::kPercent;
-        case kUnitDegree:
+        case host::kUnitDegree:
             return ParameterUnit::kDegrees;
-        case kUnitFrames:
+        case host::kUnitFrames:
             return ParameterUnit::kFrames;
         default:
             return ParameterUnit::kNone;

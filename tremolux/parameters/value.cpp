@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "host/ui/field_text.h"
 #include "tremolux/failure.h"
 #include "tremolux/formats/camera_move.h"
 #include "tremolux/formats/numbers.h"
@@ -11,11 +12,6 @@ namespace tremolux {
 namespace {
 
 constexpr double kMaxTimeFrames = 2147483647;  // frames are counted in 32 bits
-
-struct Measure {
-    double number;
-    std::string_view unit;  // without blanks; empty for a plain number
-};
 
 std::string LowerCase(std::string_view text) {
     std::string lower(text);
@@ -79,56 +75,34 @@ std::string Expected(const Parameter &parameter) {
                                   ", expected " + expected);
 }
 
-std::optional<Measure> Split(std::string_view text) {
-    // No unit contains what a number can end with.
-    const std::size_t end = text.find_last_of("0123456789.");
-    if (end == std::string_view::npos) return std::nullopt;
-    const std::optional<double> number = ParseNumber(text.substr(0, end + 1));
-    if (!number || std::abs(*number) > kMaxNumber) return std::nullopt;
-    return Measure{*number, Trimmed(text.substr(end + 1))};
-}
-
-bool IsFrames(const std::string &unit) { return unit.empty() || unit == "f" || unit == "frame" || unit == "frames"; }
-bool IsSeconds(const std::string &unit) { return unit == "s" || unit == "sec" || unit == "seconds"; }
-
-std::optional<double> Frames(const Measure &measure, int frames_per_second) {
-    const std::string unit = LowerCase(measure.unit);
-    if (IsFrames(unit)) return measure.number;
-    if (IsSeconds(unit)) return measure.number * frames_per_second;
-    return std::nullopt;
-}
-
-// In the stored unit.
-std::optional<double> RealOf(const Parameter &parameter, std::string_view text, int frames_per_second) {
-    const std::optional<Measure> measure = Split(text);
-    if (!measure) return std::nullopt;
-    const std::string unit = LowerCase(measure->unit);
-    switch (parameter.unit) {
+std::int32_t FieldUnit(ParameterUnit unit) {
+    switch (unit) {
         case ParameterUnit::kPercent:
-            if (unit == "%") return measure->number / 100;
-            break;
+            return host::kUnitPercent;
         case ParameterUnit::kDegrees:
-            if (unit.empty() || unit == "deg" || unit == "\xC2\xB0") return measure->number * kRadiansPerDegree;
-            return std::nullopt;
+            return host::kUnitDegree;
         case ParameterUnit::kFrames:
-            return Frames(*measure, frames_per_second);
+            return host::kUnitFrames;
         case ParameterUnit::kNone:
             break;
     }
-    return unit.empty() ? std::optional<double>(measure->number) : std::nullopt;
+    return 0;
+}
+
+std::optional<double> Bounded(std::optional<double> number) {
+    return number && std::abs(*number) <= kMaxNumber ? number : std::nullopt;
+}
+
+// In the stored unit. On a command line a plain number is that: 1.5 is 150 %; angles are always degrees.
+std::optional<double> RealOf(const Parameter &parameter, std::string_view text, int frames_per_second) {
+    if (parameter.unit == ParameterUnit::kPercent)
+        if (const auto fraction = ParseNumber(text)) return Bounded(fraction);
+    return Bounded(host::ParseField(text, FieldUnit(parameter.unit), frames_per_second));
 }
 
 // In frames.
 std::optional<double> TimeOf(std::string_view text, int frames_per_second) {
-    const std::size_t colon = text.find(':');
-    if (colon == std::string_view::npos) {
-        const std::optional<Measure> measure = Split(text);
-        return measure ? Frames(*measure, frames_per_second) : std::nullopt;
-    }
-    const std::optional<std::int64_t> seconds = ParseWhole(text.substr(0, colon));
-    const std::optional<std::int64_t> frames = ParseWhole(text.substr(colon + 1));
-    if (!seconds || !frames || *seconds < 0 || *frames < 0 || *frames >= frames_per_second) return std::nullopt;
-    return static_cast<double>(*seconds) * frames_per_second + static_cast<double>(*frames);
+    return Bounded(host::ParseField(text, host::kUnitFrames, frames_per_second));
 }
 
 std::optional<bool> SwitchOf(std::string_view text) {

@@ -1,0 +1,61 @@
+#include "host/ui/panel.h"
+
+#include "tremolux/commands/commands.h"
+#include "tremolux/commands/move_options.h"
+#include "tremolux/embedded_host.h"
+#include "tremolux/failure.h"
+#include "tremolux/output_files.h"
+#include "tremolux/panel/panel_page.h"
+#include "tremolux/panel/panel_text.h"
+#include "tremolux/parameters/settings.h"
+#include "tremolux/stage.h"
+
+namespace tremolux {
+namespace {
+
+constexpr int kFramesPerSecond = 30;
+constexpr std::int32_t kBaked = 1005;
+
+struct PanelOptions {
+    HostOptions host;
+    std::vector<std::string> settings;
+    std::string preset;
+    bool baked = false, target = false;
+    std::vector<std::string> pages;  // at most one; none: text on the standard output
+};
+
+void ShowPanel(const PanelOptions &options) {
+    OutputFiles files(options.pages, {});
+    const EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
+    CameraMove standing;
+    standing.samples.emplace_back();
+    Stage stage(standing, kFramesPerSecond);
+    if (options.target) stage.AddTarget(standing);
+    std::vector<std::string> settings = options.settings;
+    if (!options.preset.empty()) settings.insert(settings.begin(), "Preset=" + options.preset);
+    ApplySettings(settings, kFramesPerSecond, &stage.CameraTag());
+    if (options.baked) stage.CameraTag().Data().Set(kBaked, host::Data(std::int32_t{1}));
+
+    const std::vector<host::PanelGroup> tabs = host::BuildPanel(&stage.CameraTag());
+    if (options.pages.empty()) {
+        Print(PanelText(tabs));
+    } else {
+        files.Write({PanelPage(tabs, stage.CameraTag().Name())});
+    }
+}
+
+}  // namespace
+
+void AddPanelCommand(CLI::App *program, Action *action) {
+    const auto options = std::make_shared<PanelOptions>();
+    CLI::App *command = program->add_subcommand("panel", "Shows the tag's panel as text, or as a page for a browser");
+    command->add_option("--set", options->settings, "LABEL=VALUE or ID=VALUE, as for shake")->expected(1)->take_all();
+    command->add_option("--preset", options->preset, "the preset that is chosen, by its label");
+    command->add_flag("--baked", options->baked, "as after baking");
+    command->add_flag("--target", options->target, "with a target object");
+    command->add_option("--html", options->pages, "page to write; else text on the standard output")->expected(1);
+    AddHostOptions(command, &options->host);
+    command->callback([=] { *action = [options] { ShowPanel(*options); }; });
+}
+
+}  // namespace tremolux
