@@ -54,6 +54,10 @@ tremolux_add_tests(engine module_code embedded_host)
 tremolux_add_tests(tag embedded_host)
 tremolux_add_tests(program tremolux_program)
 
+if(TARGET parameter_page)
+    add_test(NAME docs.parameters COMMAND parameter_page --check "${PROJECT_SOURCE_DIR}/docs/parameters.md")
+endif()
+
 # Pages are opened in a browser, where there is one with its driver; script/test installs both. The driver's bindings are
 # those of the system's Python.
 find_program(chromedriver_program chromedriver)

@@ -161,9 +161,8 @@ constexpr ParameterInfo kParameters[] = {
     Button(kResetPresetFolder, "Reset Path"),
     Plain(kUserPresetFolder, "", ParameterType::kString, Some(0.0)),
 
-    // Stored in presets and reset with the others, but shown nowhere.
-    {6049, NULL, ParameterType::kReal, 0, kNone, kNone, kNone, kNone, kNone, kNone, Some(0.0)},
-    {6119, NULL, ParameterType::kReal, 0, kNone, kNone, kNone, kNone, kNone, kNone, Some(0.15)},
+    {kStoredOnlyA, NULL, ParameterType::kReal, 0, kNone, kNone, kNone, kNone, kNone, kNone, Some(0.0)},
+    {kStoredOnlyB, NULL, ParameterType::kReal, 0, kNone, kNone, kNone, kNone, kNone, kNone, Some(0.15)},
 };
 
 }  // namespace

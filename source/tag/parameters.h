@@ -37,6 +37,8 @@ constexpr LONG kRatioX = 6076, kRatioY = 6077, kRatioZ = 6078, kRatioH = 6100, k
 // Handed to the zoom layer, shown nowhere.
 constexpr LONG kZoomHiddenTime = 6203, kZoomHidden1 = 6204, kZoomHidden2 = 6206, kZoomHidden3 = 6207,
                kZoomHidden4 = 6205;
+// Stored in presets and reset with the others, shown nowhere.
+constexpr LONG kStoredOnlyA = 6049, kStoredOnlyB = 6119;
 constexpr LONG kExportCurrent = 6171, kExportAll = 10033, kChoosePresetFolder = 6176, kResetPresetFolder = 6182,
                kUserPresetFolder = 6178;
 
