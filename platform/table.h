@@ -65,7 +65,7 @@ typedef struct HostPriorityList HostPriorityList;
 typedef struct TableContainer {
     HostContainer *body;
     int32_t id;
-    int32_t reserved;
+    uint32_t dirty;  // grows with every write
 } TableContainer;
 
 // A GeData is this struct. `type` is a DA_ code (or a custom type number); whole number, real and the 64-bit number
@@ -284,17 +284,18 @@ typedef struct ContainerTable {
                  HostAliasTrans *translation);   // dest: valid
     void (*flush)(TableContainer *container);    // removes all entries; own id and dirty counter stay
     void (*release)(TableContainer *container);  // frees the body and leaves `body` NULL: the destructor's call
-    uint32_t (*dirty)(const TableContainer *container);
     int32_t (*count)(const TableContainer *container);
-    TableData *(*find)(const TableContainer *container, int32_t id);        // first with that id, or NULL; live
-    int32_t (*index_of)(const TableContainer *container, int32_t id);       // or -1
-    int32_t (*id_at)(const TableContainer *container, int32_t index);       // or -1
-    TableData *(*data_at)(const TableContainer *container, int32_t index);  // or NULL; live
-    TableData *(*set)(TableContainer *container, int32_t id, const TableData *data);  // replaces or appends
+    // The first with that id, or NULL. To be read; a container or link in it may be changed.
+    const TableData *(*find)(const TableContainer *container, int32_t id);
+    TableData *(*live)(TableContainer *container, int32_t id);                     // the same, to be changed
+    int32_t (*index_of)(const TableContainer *container, int32_t id);              // or -1
+    int32_t (*id_at)(const TableContainer *container, int32_t index);              // or -1
+    TableData *(*live_at)(TableContainer *container, int32_t index);               // or NULL; to be changed
+    int32_t (*set)(TableContainer *container, int32_t id, const TableData *data);  // replaces or appends
     // The two commonest writes without a detour over a value; same effect as `set`.
     void (*set_real)(TableContainer *container, int32_t id, double value);
     void (*set_vector)(TableContainer *container, int32_t id, const TableVector *value);
-    TableData *(*append)(TableContainer *container, int32_t id, const TableData *data);
+    int32_t (*append)(TableContainer *container, int32_t id, const TableData *data);
     int32_t (*remove)(TableContainer *container, int32_t id);
     int32_t (*remove_at)(TableContainer *container, int32_t index);
     void (*sort)(TableContainer *container);

@@ -254,7 +254,7 @@ class Reader {
             Data data;
             if (!source_.Get(&id) || !Read(&data, depth)) return false;
             // Moved in, so that a link that waits to be connected keeps its address.
-            *container->Append(id, Data()) = std::move(data);
+            container->Append(id, std::move(data));
         }
         return true;
     }

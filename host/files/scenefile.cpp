@@ -159,7 +159,7 @@ class SceneReader {
   private:
     // Over what is there already. Moved: a copy would leave the links that wait to be connected behind.
     static void MoveEntries(Container *from, Container *to) {
-        for (std::int32_t i = 0; i < from->Count(); ++i) *to->Set(from->IdAt(i), Data()) = std::move(*from->DataAt(i));
+        for (std::int32_t i = 0; i < from->Count(); ++i) to->Set(from->IdAt(i), std::move(*from->LiveAt(i)));
     }
 
     bool ReadNode(Node *node) {

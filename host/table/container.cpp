@@ -26,15 +26,23 @@ void Flush(TableContainer *container) {
 
 void ReleaseEntry(TableContainer *container) {
     if (container == nullptr) return;
-    delete container->body;
-    container->body = nullptr;
+    AsContainer(container).Flush();
 }
-
-std::uint32_t Dirty(const TableContainer *container) { return OrEmpty(container).Dirty(); }
 
 std::int32_t Count(const TableContainer *container) { return OrEmpty(container).Count(); }
 
-TableData *Find(const TableContainer *container, std::int32_t id) { return OrEmpty(container).Find(id); }
+TableData *Live(TableContainer *container, std::int32_t id) {
+    if (container == nullptr) return nullptr;
+    return Guarded<TableData *>(nullptr, [&] { return AsContainer(container).Live(id); });
+}
+
+const TableData *Find(const TableContainer *container, std::int32_t id) {
+    const Data *found = OrEmpty(container).Find(id);
+    // A module changes these through what it is told to only read.
+    if (found != nullptr && (found->type == kDataContainer || found->type == kDataLink))
+        return Live(const_cast<TableContainer *>(container), id);
+    return found;
+}
 
 std::int32_t IndexOf(const TableContainer *container, std::int32_t id) {
     return Guarded<std::int32_t>(-1, [&] { return OrEmpty(container).IndexOf(id); });
@@ -42,11 +50,17 @@ std::int32_t IndexOf(const TableContainer *container, std::int32_t id) {
 
 std::int32_t IdAt(const TableContainer *container, std::int32_t index) { return OrEmpty(container).IdAt(index); }
 
-TableData *DataAt(const TableContainer *container, std::int32_t index) { return OrEmpty(container).DataAt(index); }
+TableData *LiveAt(TableContainer *container, std::int32_t index) {
+    if (container == nullptr) return nullptr;
+    return Guarded<TableData *>(nullptr, [&] { return AsContainer(container).LiveAt(index); });
+}
 
-TableData *Set(TableContainer *container, std::int32_t id, const TableData *data) {
-    if (container == nullptr || data == nullptr) return nullptr;
-    return Guarded<TableData *>(nullptr, [&] { return AsContainer(container).Set(id, AsData(data)); });
+std::int32_t Set(TableContainer *container, std::int32_t id, const TableData *data) {
+    if (container == nullptr || data == nullptr) return 0;
+    return Guarded<std::int32_t>(0, [&] {
+        AsContainer(container).Set(id, AsData(data));
+        return 1;
+    });
 }
 
 void SetReal(TableContainer *container, std::int32_t id, double value) {
@@ -57,9 +71,12 @@ void SetVector(TableContainer *container, std::int32_t id, const TableVector *va
     if (container != nullptr && value != nullptr) Guarded([&] { AsContainer(container).SetVector(id, *value); });
 }
 
-TableData *Append(TableContainer *container, std::int32_t id, const TableData *data) {
-    if (container == nullptr || data == nullptr) return nullptr;
-    return Guarded<TableData *>(nullptr, [&] { return AsContainer(container).Append(id, AsData(data)); });
+std::int32_t Append(TableContainer *container, std::int32_t id, const TableData *data) {
+    if (container == nullptr || data == nullptr) return 0;
+    return Guarded<std::int32_t>(0, [&] {
+        AsContainer(container).Append(id, AsData(data));
+        return 1;
+    });
 }
 
 std::int32_t Remove(TableContainer *container, std::int32_t id) {
@@ -94,8 +111,8 @@ std::int32_t SetParameter(TableContainer *container, const TableDescID *id, cons
 }  // namespace
 
 const ContainerTable *ContainerEntries() {
-    static const ContainerTable table = {Copy,     Flush,  ReleaseEntry, Dirty,        Count,       Find,   IndexOf,
-                                         IdAt,     DataAt, Set,          SetReal,      SetVector,   Append, Remove,
+    static const ContainerTable table = {Copy,     Flush,  ReleaseEntry, Count,        Find,        Live,   IndexOf,
+                                         IdAt,     LiveAt, Set,          SetReal,      SetVector,   Append, Remove,
                                          RemoveAt, Sort,   Equal,        GetParameter, SetParameter};
     return &table;
 }

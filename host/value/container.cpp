@@ -11,11 +11,6 @@ namespace {
 
 using Entry = HostContainer::Entry;
 
-HostContainer &BodyOf(Container *container) {
-    if (container->body == nullptr) container->body = new HostContainer;
-    return *container->body;
-}
-
 std::vector<std::unique_ptr<Entry>>::iterator PlaceOf(HostContainer *body, const Entry *entry) {
     return std::find_if(body->entries.begin(), body->entries.end(), [&](const auto &e) { return e.get() == entry; });
 }
@@ -30,7 +25,6 @@ void RemovePlace(HostContainer *body, std::vector<std::unique_ptr<Entry>>::itera
     const auto indexed = body->first_with_id.find(id);
     const bool was_first = indexed != body->first_with_id.end() && indexed->second == place->get();
     const auto rest = body->entries.erase(place);
-    ++body->dirty;
     if (!was_first) return;
     const auto next = std::find_if(rest, body->entries.end(), [&](const auto &e) { return e->id == id; });
     if (next == body->entries.end())
@@ -41,6 +35,7 @@ void RemovePlace(HostContainer *body, std::vector<std::unique_ptr<Entry>>::itera
 
 std::unique_ptr<HostContainer> CopyOf(const HostContainer &source, HostAliasTrans *translation) {
     auto copy = std::make_unique<HostContainer>();
+    copy->has_links = source.has_links;
     copy->entries.reserve(source.entries.size());
     copy->first_with_id.reserve(source.entries.size());
     for (const auto &entry : source.entries) {
@@ -51,7 +46,15 @@ std::unique_ptr<HostContainer> CopyOf(const HostContainer &source, HostAliasTran
     return copy;
 }
 
-Data *AppendOwned(HostContainer *body, std::int32_t id, Data data) {
+bool HoldsLinks(const TableData &data) {
+    if (data.type == kDataLink) return true;
+    if (data.type != kDataContainer || data.value.container == nullptr) return false;
+    const HostContainer *body = data.value.container->body;
+    return body != nullptr && body->has_links;
+}
+
+void AppendOwned(HostContainer *body, std::int32_t id, Data data) {
+    body->has_links = body->has_links || HoldsLinks(data);
     auto entry = std::unique_ptr<Entry>(new Entry{id, std::move(data)});
     Entry *added = entry.get();
     body->entries.push_back(std::move(entry));
@@ -61,8 +64,11 @@ Data *AppendOwned(HostContainer *body, std::int32_t id, Data data) {
         body->entries.pop_back();
         throw;
     }
-    ++body->dirty;
-    return &added->data;
+}
+
+// Gives up one container's share.
+void Leave(HostContainer *body) {
+    if (body != nullptr && --body->owners == 0) delete body;
 }
 
 bool IsNumber(const Data *data) {
@@ -97,41 +103,54 @@ Container &Container::operator=(const Container &other) {
 
 Container &Container::operator=(Container &&other) noexcept {
     Container taken(std::move(other));
-    if (taken.body == nullptr) {
-        id = taken.id;
-        Flush();
-    } else {
-        taken.body->dirty += Dirty() + 1;
-        std::swap<TableContainer>(*this, taken);
-    }
+    taken.dirty += dirty + 1;
+    std::swap<TableContainer>(*this, taken);
     return *this;
 }
 
-Container::~Container() { delete body; }
+Container::~Container() { Leave(body); }
+
+HostContainer &Container::Own() {
+    if (body == nullptr) {
+        body = new HostContainer;
+    } else if (body->owners > 1) {
+        HostContainer *own = CopyOf(*body, nullptr).release();
+        Leave(std::exchange(body, own));
+    }
+    return *body;
+}
 
 void Container::CopyFrom(const TableContainer &other, HostAliasTrans *translation) {
     // The copy is complete before the old entries go: `other` may be one of them.
-    std::unique_ptr<HostContainer> copy =
-        other.body != nullptr ? CopyOf(*other.body, translation) : std::make_unique<HostContainer>();
-    copy->dirty = Dirty() + 1;
+    HostContainer *copy = nullptr;
+    if (other.body != nullptr) {
+        const bool shared = !other.body->exposed && (translation == nullptr || !other.body->has_links);
+        copy = shared ? other.body : CopyOf(*other.body, translation).release();
+        if (shared) ++copy->owners;
+    }
     id = other.id;
-    const std::unique_ptr<HostContainer> old(std::exchange(body, copy.release()));
+    ++dirty;
+    Leave(std::exchange(body, copy));
 }
 
 void Container::Flush() {
     if (body == nullptr) return;
-    HostContainer old;
-    old.entries.swap(body->entries);
-    body->first_with_id.clear();
-    ++body->dirty;
+    ++dirty;
+    Leave(std::exchange(body, nullptr));
 }
 
 std::int32_t Container::Count() const { return body == nullptr ? 0 : static_cast<std::int32_t>(body->entries.size()); }
 
-Data *Container::Find(std::int32_t entry) const {
+const Data *Container::Find(std::int32_t entry) const {
     if (body == nullptr) return nullptr;
     const auto found = body->first_with_id.find(entry);
     return found == body->first_with_id.end() ? nullptr : &found->second->data;
+}
+
+Data *Container::Live(std::int32_t entry) {
+    if (Find(entry) == nullptr) return nullptr;
+    Own().exposed = true;
+    return &body->first_with_id.at(entry)->data;
 }
 
 std::int32_t Container::IndexOf(std::int32_t entry) const {
@@ -143,57 +162,64 @@ std::int32_t Container::IdAt(std::int32_t index) const {
     return index >= 0 && index < Count() ? body->entries[static_cast<std::size_t>(index)]->id : -1;
 }
 
-Data *Container::DataAt(std::int32_t index) const {
+const Data *Container::DataAt(std::int32_t index) const {
     return index >= 0 && index < Count() ? &body->entries[static_cast<std::size_t>(index)]->data : nullptr;
 }
 
-Data *Container::Set(std::int32_t entry, const Data &data) {
-    // The copy comes first, for `data` may lie inside the entry that is replaced.
-    Data copy(data);
-    Data *existing = Find(entry);
-    if (existing == nullptr) return AppendOwned(&BodyOf(this), entry, std::move(copy));
-    ++body->dirty;
-    *existing = std::move(copy);
-    return existing;
+Data *Container::LiveAt(std::int32_t index) {
+    if (index < 0 || index >= Count()) return nullptr;
+    Own().exposed = true;
+    return &body->entries[static_cast<std::size_t>(index)]->data;
 }
 
-Data *Container::Append(std::int32_t entry, const Data &data) {
-    Data copy(data);
-    return AppendOwned(&BodyOf(this), entry, std::move(copy));
+// `data` is a value of its own: what was given may lie inside the entry that is replaced.
+void Container::Set(std::int32_t entry, Data data) {
+    HostContainer &own = Own();
+    const auto found = own.first_with_id.find(entry);
+    if (found == own.first_with_id.end()) {
+        AppendOwned(&own, entry, std::move(data));
+    } else {
+        own.has_links = own.has_links || HoldsLinks(data);
+        found->second->data = std::move(data);
+    }
+    ++dirty;
+}
+
+void Container::Append(std::int32_t entry, Data data) {
+    AppendOwned(&Own(), entry, std::move(data));
+    ++dirty;
 }
 
 bool Container::Remove(std::int32_t entry) {
     if (Find(entry) == nullptr) return false;
-    RemovePlace(body, PlaceOf(body, body->first_with_id.at(entry)));
+    HostContainer &own = Own();
+    RemovePlace(&own, PlaceOf(&own, own.first_with_id.at(entry)));
+    ++dirty;
     return true;
 }
 
 bool Container::RemoveAt(std::int32_t index) {
     if (index < 0 || index >= Count()) return false;
-    RemovePlace(body, body->entries.begin() + index);
+    HostContainer &own = Own();
+    RemovePlace(&own, own.entries.begin() + index);
+    ++dirty;
     return true;
 }
 
 void Container::Merge(const Container &source) {
     // A copy, for `source` may lie inside an entry that is replaced.
     const Container copy(source);
-    for (std::int32_t i = 0; i < copy.Count(); ++i) {
-        Data *existing = Find(copy.IdAt(i));
-        if (existing == nullptr) existing = AppendOwned(&BodyOf(this), copy.IdAt(i), Data());
-        *existing = std::move(*copy.DataAt(i));
-        ++body->dirty;
-    }
+    for (std::int32_t i = 0; i < copy.Count(); ++i) Set(copy.IdAt(i), *copy.DataAt(i));
 }
 
 void Container::Sort() {
     if (body == nullptr) return;
-    std::stable_sort(body->entries.begin(), body->entries.end(),
+    HostContainer &own = Own();
+    std::stable_sort(own.entries.begin(), own.entries.end(),
                      [](const auto &a, const auto &b) { return a->id < b->id; });
-    RebuildIndex(body);
-    ++body->dirty;
+    RebuildIndex(&own);
+    ++dirty;
 }
-
-std::uint32_t Container::Dirty() const { return body == nullptr ? 0 : body->dirty; }
 
 std::int32_t Container::Whole(std::int32_t entry, std::int32_t preset) const {
     const Data *data = Find(entry);
@@ -226,23 +252,23 @@ HostAtom *Container::Link(std::int32_t entry, const HostAtom *document, std::int
 }
 
 void Container::SetReal(std::int32_t entry, double value) {
-    Data *existing = Find(entry);
+    const Data *existing = Find(entry);
     if (existing == nullptr || existing->type != kDataReal) {
         Set(entry, Data(value));
         return;
     }
-    existing->value.real = value;
-    ++body->dirty;
+    Own().first_with_id.at(entry)->data.value.real = value;
+    ++dirty;
 }
 
 void Container::SetVector(std::int32_t entry, const Vector &value) {
-    Data *existing = Find(entry);
+    const Data *existing = Find(entry);
     if (existing == nullptr || existing->type != kDataVector || existing->value.vector == nullptr) {
         Set(entry, Data(value));
         return;
     }
-    *existing->value.vector = value;
-    ++body->dirty;
+    *Own().first_with_id.at(entry)->data.value.vector = value;
+    ++dirty;
 }
 
 bool Container::operator==(const Container &other) const {
@@ -287,7 +313,7 @@ bool Container::SetParameter(const TableDescID &id, const Data &data) {
             container->Set(here.id, copy);
             return true;
         }
-        Data *inner = container->Find(here.id);
+        const Data *inner = container->Find(here.id);
         // What a level without an entry stands for is known from its data type alone.
         const bool vector =
             inner != nullptr ? inner->type == kDataVector : here.dtype == kDataVector || here.dtype == kColor;
@@ -299,8 +325,9 @@ bool Container::SetParameter(const TableDescID &id, const Data &data) {
             container->SetVector(here.id, changed);
             return true;
         }
-        if (inner == nullptr && here.dtype == kSubContainer) inner = container->Set(here.id, Data(Container()));
-        container = inner == nullptr ? nullptr : inner->GetContainer();
+        if (inner == nullptr && here.dtype == kSubContainer) container->Set(here.id, Data(Container()));
+        Data *live = container->Live(here.id);
+        container = live == nullptr ? nullptr : live->GetContainer();
         if (container == nullptr) return false;
     }
     return false;

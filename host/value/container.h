@@ -1,4 +1,5 @@
-// The parameter container: an ordered list of (id, value). Ids may be any number; copies are deep.
+// The parameter container: an ordered list of (id, value). Ids may be any number. A copy is its own: what is written to
+// one is never seen in the other. Copies share their entries until one of them is written to.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +11,8 @@
 #include "host/value/data.h"
 #include "platform/table.h"
 
-// The entries behind a container. An entry keeps its address until it is removed: modules hold pointers to values.
+// The entries behind one or more containers. An entry keeps its address until it is removed, or until a container that
+// shares its entries with another is written to: modules hold pointers to values.
 struct HostContainer {
     struct Entry {
         std::int32_t id;
@@ -18,7 +20,9 @@ struct HostContainer {
     };
     std::vector<std::unique_ptr<Entry>> entries;
     std::unordered_map<std::int32_t, Entry *> first_with_id;  // finding an id is what every frame does a hundred times
-    std::uint32_t dirty = 0;
+    std::int32_t owners = 1;                                  // containers that share it
+    bool exposed = false;    // somebody may write through a pointer to a value, so it cannot be shared
+    bool has_links = false;  // here or deeper; links are re-targeted when a document is copied
 };
 
 namespace host {
@@ -38,17 +42,21 @@ class Container : public TableContainer {
     void Flush();
     std::int32_t Count() const;
     bool Has(std::int32_t entry) const { return Find(entry) != nullptr; }
-    Data *Find(std::int32_t entry) const;  // first with that id, live; or null
+    const Data *Find(std::int32_t entry) const;  // first with that id; or null
+    Data *Live(std::int32_t entry);              // the same, to be written through until the entry is removed
     std::int32_t IndexOf(std::int32_t entry) const;
     std::int32_t IdAt(std::int32_t index) const;  // or -1
-    Data *DataAt(std::int32_t index) const;
-    Data *Set(std::int32_t entry, const Data &data);     // replaces in place, or appends
-    Data *Append(std::int32_t entry, const Data &data);  // without looking for an existing entry
+    const Data *DataAt(std::int32_t index) const;
+    Data *LiveAt(std::int32_t index);
+    void Set(std::int32_t entry, Data data);     // replaces in place, or appends
+    void Append(std::int32_t entry, Data data);  // without looking for an existing entry
     bool Remove(std::int32_t entry);
     bool RemoveAt(std::int32_t index);
     void Merge(const Container &source);
     void Sort();
-    std::uint32_t Dirty() const;
+    std::uint32_t Dirty() const { return dirty; }
+    // Here or deeper; also after the last one was removed.
+    bool MayHoldLinks() const { return body != nullptr && body->has_links; }
 
     std::int32_t Whole(std::int32_t entry, std::int32_t preset = 0) const;
     double Real(std::int32_t entry, double preset = 0) const;
@@ -65,6 +73,9 @@ class Container : public TableContainer {
     // First level = entry; deeper levels go into sub-containers and vector components (1000 to 1002).
     bool GetParameter(const TableDescID &id, Data *out) const;
     bool SetParameter(const TableDescID &id, const Data &data);
+
+  private:
+    HostContainer &Own();  // the entries, made where there are none, shared with nobody
 };
 static_assert(sizeof(Container) == sizeof(TableContainer), "a Container is a TableContainer");
 

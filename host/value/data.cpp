@@ -385,9 +385,11 @@ std::string Data::Text() const {
     return {};
 }
 
-Container *Data::GetContainer() const {
-    return type == kDataContainer ? static_cast<Container *>(value.container) : nullptr;
+const Container *Data::GetContainer() const {
+    return type == kDataContainer ? static_cast<const Container *>(value.container) : nullptr;
 }
+
+Container *Data::GetContainer() { return type == kDataContainer ? static_cast<Container *>(value.container) : nullptr; }
 
 HostAtom *Data::Link(const HostAtom *document, std::int32_t instance_of) const {
     return type == kDataLink ? ResolveLink(value.link, document, instance_of) : nullptr;

@@ -32,7 +32,7 @@ enum DataType : std::int32_t {
     kDataPriority = 1009369
 };
 
-// Same bytes as a TableData, so that a module may hold pointers into containers. Copies are deep.
+// Same bytes as a TableData, so that a module may hold pointers into containers. Copies are their own.
 class Data : public TableData {
   public:
     Data();
@@ -61,8 +61,9 @@ class Data : public TableData {
     double Real() const;
     Vector GetVector() const;
     Time GetTime() const;
-    std::string Text() const;         // of a string or a file name, UTF-8
-    Container *GetContainer() const;  // live, or null
+    std::string Text() const;               // of a string or a file name, UTF-8
+    const Container *GetContainer() const;  // or null
+    Container *GetContainer();
     HostAtom *Link(const HostAtom *document, std::int32_t instance_of = 0) const;
 };
 static_assert(sizeof(Data) == sizeof(TableData), "a Data is a TableData");

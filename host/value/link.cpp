@@ -33,13 +33,18 @@ void TurnLink(HostLink *link, const HostAliasTrans &translation, bool keep_other
 
 void TurnLinks(Data *data, const HostAliasTrans &translation, bool keep_others);
 
-void TurnLinks(const Container &container, const HostAliasTrans &translation, bool keep_others) {
-    for (std::int32_t i = 0; i < container.Count(); ++i) TurnLinks(container.DataAt(i), translation, keep_others);
+void TurnLinks(Container *container, const HostAliasTrans &translation, bool keep_others) {
+    if (!container->MayHoldLinks()) return;
+    for (std::int32_t i = 0; i < container->Count(); ++i) {
+        const std::int32_t type = container->DataAt(i)->type;
+        // Nothing else is touched, so that it can still be shared.
+        if (type == kDataLink || type == kDataContainer) TurnLinks(container->LiveAt(i), translation, keep_others);
+    }
 }
 
 void TurnLinks(Data *data, const HostAliasTrans &translation, bool keep_others) {
     if (data->type == kDataLink && data->value.link != nullptr) TurnLink(data->value.link, translation, keep_others);
-    if (const Container *inner = data->GetContainer(); inner != nullptr) TurnLinks(*inner, translation, keep_others);
+    if (Container *inner = data->GetContainer(); inner != nullptr) TurnLinks(inner, translation, keep_others);
 }
 
 }  // namespace
@@ -74,7 +79,7 @@ HostAtom *ResolveAnywhere(const HostLink *link) {
 void TurnLinks(const HostAliasTrans &translation, bool keep_others) {
     for (const auto &[original, copy] : translation.copies) {
         if (copy == nullptr || copy->node == nullptr) continue;
-        TurnLinks(copy->node->Data(), translation, keep_others);
+        TurnLinks(&copy->node->Data(), translation, keep_others);
         for (const Track *track : copy->node->Tracks())
             for (std::int32_t i = 0; i < track->GetCurve()->KeyCount(); ++i)
                 TurnLinks(&track->GetCurve()->KeyAt(i)->data, translation, keep_others);

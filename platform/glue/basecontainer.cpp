@@ -7,20 +7,27 @@ namespace {
 const ContainerTable *Table() { return host_table ? host_table->container : NULL; }
 
 // The first entry of that number, or NULL.
-GeData *Find(const BaseContainer *container, LONG id) {
+const GeData *Find(const BaseContainer *container, LONG id) {
     const ContainerTable *table = Table();
     return table ? FromTable(table->find(ToTable(container), id)) : NULL;
 }
 
 // Stores a value without copying it on this side: `value` is only looked at during the call.
-GeData *Store(BaseContainer *container, LONG id, LONG type, const void *value) {
+void Store(BaseContainer *container, LONG id, LONG type, const void *value) {
     const ContainerTable *table = Table();
-    if (!table) return NULL;
+    if (!table) return;
     TableData data;
     data.type = type;
     data.value.pointer = const_cast<void *>(value);
-    return FromTable(table->set(ToTable(container), id, &data));
+    table->set(ToTable(container), id, &data);
 }
+
+void Store(BaseContainer *container, LONG id, const GeData &value) {
+    if (Table()) Table()->set(ToTable(container), id, ToTable(&value));
+}
+
+// R14 hands out values that may be written through from containers that may not.
+BaseContainer *Writable(const BaseContainer *container) { return const_cast<BaseContainer *>(container); }
 
 Bool HasType(const GeData *data, LONG type) { return data && data->GetType() == type; }
 
@@ -61,7 +68,7 @@ void BaseContainer::FlushAll() {
     if (body_ && Table()) Table()->flush(ToTable(this));
 }
 
-ULONG BaseContainer::GetDirty() const { return Table() ? Table()->dirty(ToTable(this)) : 0; }
+ULONG BaseContainer::GetDirty() const { return ToTable(this)->dirty; }
 
 Bool BaseContainer::RemoveData(LONG id) { return Table() && Table()->remove(ToTable(this), id); }
 
@@ -76,7 +83,7 @@ LONG BaseContainer::FindIndex(LONG id, GeData **data) const {
 LONG BaseContainer::GetIndexId(LONG index) const { return Table() ? Table()->id_at(ToTable(this), index) : NOTOK; }
 
 GeData *BaseContainer::GetIndexData(LONG index) const {
-    return Table() ? FromTable(Table()->data_at(ToTable(this), index)) : NULL;
+    return Table() ? FromTable(Table()->live_at(ToTable(Writable(this)), index)) : NULL;
 }
 
 const GeData *BaseContainer::GetDataPointer(LONG id) const { return Find(this, id); }
@@ -88,11 +95,14 @@ const GeData &BaseContainer::GetData(LONG id) const {
 }
 
 GeData *BaseContainer::SetData(LONG id, const GeData &data) {
-    return Table() ? FromTable(Table()->set(ToTable(this), id, ToTable(&data))) : NULL;
+    const ContainerTable *table = Table();
+    return table && table->set(ToTable(this), id, ToTable(&data)) ? FromTable(table->live(ToTable(this), id)) : NULL;
 }
 
 GeData *BaseContainer::InsData(LONG id, const GeData &data) {
-    return Table() ? FromTable(Table()->append(ToTable(this), id, ToTable(&data))) : NULL;
+    const ContainerTable *table = Table();
+    if (!table || !table->append(ToTable(this), id, ToTable(&data))) return NULL;
+    return FromTable(table->live_at(ToTable(this), table->count(ToTable(this)) - 1));
 }
 
 Bool BaseContainer::operator==(const BaseContainer &other) const {
@@ -106,7 +116,7 @@ void BaseContainer::MergeContainer(const BaseContainer &source) {
     const LONG count = Table()->count(ToTable(&source));
     for (LONG i = 0; i < count; ++i) {
         const GeData *data = source.GetIndexData(i);
-        if (data) SetData(source.GetIndexId(i), *data);
+        if (data) Store(this, source.GetIndexId(i), *data);
     }
 }
 
@@ -208,11 +218,11 @@ BaseObject *BaseContainer::GetObjectLink(LONG id, const BaseDocument *doc) const
     return static_cast<BaseObject *>(GetLink(id, doc, Obase));
 }
 
-void BaseContainer::SetLong(LONG id, LONG value) { SetData(id, GeData(value)); }
+void BaseContainer::SetLong(LONG id, LONG value) { Store(this, id, GeData(value)); }
 
-void BaseContainer::SetULong(LONG id, ULONG value) { SetData(id, GeData(static_cast<LONG>(value))); }
+void BaseContainer::SetULong(LONG id, ULONG value) { Store(this, id, GeData(static_cast<LONG>(value))); }
 
-void BaseContainer::SetLLong(LONG id, LLONG value) { SetData(id, GeData(value, LLONGVALUE)); }
+void BaseContainer::SetLLong(LONG id, LLONG value) { Store(this, id, GeData(value, LLONGVALUE)); }
 
 void BaseContainer::SetReal(LONG id, Real value) {
     if (Table()) Table()->set_real(ToTable(this), id, value);
@@ -234,4 +244,6 @@ void BaseContainer::SetTime(LONG id, const BaseTime &value) { Store(this, id, DA
 
 void BaseContainer::SetContainer(LONG id, const BaseContainer &value) { Store(this, id, DA_CONTAINER, &value); }
 
-void BaseContainer::SetLink(LONG id, C4DAtomGoal *target) { SetData(id, GeData(static_cast<BaseList2D *>(target))); }
+void BaseContainer::SetLink(LONG id, C4DAtomGoal *target) {
+    Store(this, id, GeData(static_cast<BaseList2D *>(target)));
+}

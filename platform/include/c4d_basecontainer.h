@@ -5,8 +5,8 @@
 
 class BaseContainer {
   public:
-    BaseContainer() : body_(NULL), id_(0), reserved_(0) {}
-    explicit BaseContainer(LONG id) : body_(NULL), id_(id), reserved_(0) {}
+    BaseContainer() : body_(NULL), id_(0), dirty_(0) {}
+    explicit BaseContainer(LONG id) : body_(NULL), id_(id), dirty_(0) {}
     BaseContainer(const BaseContainer &other);
     ~BaseContainer();
     BaseContainer &operator=(const BaseContainer &other);
@@ -93,5 +93,5 @@ class BaseContainer {
   private:
     void *body_;
     LONG id_;
-    [[maybe_unused]] LONG reserved_;
+    [[maybe_unused]] ULONG dirty_;
 };

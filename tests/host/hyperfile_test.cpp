@@ -30,7 +30,8 @@ Container Everything() {
     all.Set(6, Data(""));
     all.Set(7, Data::Filename("/a/b c/d"));
     all.Set(8, Data(inner));
-    all.Set(9, Data::OfType(kDataWhole64))->value.whole64 = INT64_MIN;
+    all.Set(9, Data::OfType(kDataWhole64));
+    all.Live(9)->value.whole64 = INT64_MIN;
     all.Set(10, Data());
     auto *spline = new Spline;
     spline->Insert(0, 0, 16);

@@ -2,6 +2,7 @@
 #include <rapidcheck/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -65,7 +66,7 @@ TEST(Container, RemovingALaterEntryOfTheSameIdLeavesTheFirst) {
     EXPECT_EQ(container.Count(), 2);
 }
 
-TEST(Container, CopiesAreDeep) {
+TEST(Container, CopiesAreTheirOwn) {
     Container inner;
     inner.Set(1, Data("inside"));
     Container container(77);
@@ -75,11 +76,78 @@ TEST(Container, CopiesAreDeep) {
     Container copy(container);
     EXPECT_EQ(copy.id, 77);
     EXPECT_TRUE(copy == container);
-    copy.Find(2)->GetContainer()->Set(1, Data("changed"));
-    copy.Find(3)->value.vector->x = 10;
+    copy.Live(2)->GetContainer()->Set(1, Data("changed"));
+    copy.Live(3)->value.vector->x = 10;
     EXPECT_EQ(container.Find(2)->GetContainer()->Text(1), "inside");
     EXPECT_EQ(container.GetVector(3).x, 1);
     EXPECT_FALSE(copy == container);
+}
+
+TEST(Container, ACopySharesItsEntriesUntilOneIsWrittenTo) {
+    Container inner, original;
+    inner.Set(1, Data("inside"));
+    original.Set(2, Data(inner));
+    Container copy(original);
+    EXPECT_EQ(copy.Find(2), original.Find(2));
+    copy.Set(3, Data(3));
+    EXPECT_NE(copy.Find(2), original.Find(2));
+    EXPECT_EQ(copy.Find(2)->GetContainer()->Find(1), original.Find(2)->GetContainer()->Find(1)) << "deeper ones too";
+    EXPECT_FALSE(original.Has(3));
+}
+
+TEST(Container, AValueThatMayBeWrittenThroughIsNotShared) {
+    Container original;
+    original.Set(1, Data(1));
+    Data *live = original.Live(1);
+    const Container copy(original);
+    *live = Data(2);
+    EXPECT_EQ(copy.Whole(1), 1);
+    EXPECT_EQ(original.Whole(1), 2);
+}
+
+TEST(Container, EveryKindOfWriteStaysInTheContainerThatWasWrittenTo) {
+    const std::vector<std::function<void(Container *)>> writes = {
+        [](Container *c) { c->Set(1, Data(9)); },
+        [](Container *c) { c->SetReal(1, 9); },
+        [](Container *c) { c->SetReal(2, 9); },
+        [](Container *c) {
+            c->SetVector(3, {9, 9, 9});
+        },
+        [](Container *c) { c->Append(1, Data(9)); },
+        [](Container *c) { c->Remove(2); },
+        [](Container *c) { c->RemoveAt(0); },
+        [](Container *c) { c->Flush(); },
+        [](Container *c) { c->Sort(); },
+        [](Container *c) { *c->Live(3) = Data(9); },
+        [](Container *c) { *c->LiveAt(0) = Data(9); },
+        [](Container *c) { c->Live(4)->GetContainer()->Set(1, Data(9)); },
+        [](Container *c) { c->SetParameter(MakeId(4, 1), Data(9)); },
+        [](Container *c) { c->SetParameter(MakeId(3, 1000), Data(9.0)); },
+        [](Container *c) { *c = Container(); },
+        [](Container *c) { c->Merge(*c->Find(4)->GetContainer()); },
+    };
+    for (std::size_t i = 0; i < writes.size(); ++i) {
+        SCOPED_TRACE(i);
+        const auto build = [] {
+            Container inner, container;
+            inner.Set(1, Data(1));
+            container.Set(4, Data(inner));
+            container.Set(3, Data(Vector{1, 2, 3}));
+            container.Set(2, Data(2.5));
+            container.Set(1, Data("one"));
+            return container;
+        };
+        const Container untouched = build();
+        Container original = build(), copy(original), second(copy);
+        writes[i](&copy);
+        EXPECT_TRUE(original == untouched);
+        EXPECT_TRUE(second == untouched);
+        EXPECT_FALSE(copy == untouched);
+        EXPECT_GT(copy.Dirty(), 0u);
+        writes[i](&original);
+        EXPECT_TRUE(original == copy);
+        EXPECT_TRUE(second == untouched);
+    }
 }
 
 TEST(Container, SortingOrdersByIdAndKeepsEqualIdsInTheirOrder) {
@@ -96,7 +164,8 @@ TEST(Container, SortingOrdersByIdAndKeepsEqualIdsInTheirOrder) {
 
 TEST(Container, ValuesKeepTheirAddressUntilTheyAreRemoved) {
     Container container;
-    Data *first = container.Set(1, Data(1));
+    container.Set(1, Data(1));
+    const Data *first = container.Find(1);
     for (std::int32_t i = 2; i < 500; ++i) container.Set(i, Data(i));
     container.Remove(250);
     container.Set(1, Data("a text now"));

@@ -21,7 +21,9 @@ TEST(ValueEntries, AnswerNullHandlesWithNothing) {
     EXPECT_EQ(c.find(nullptr, 1), nullptr);
     EXPECT_EQ(c.index_of(nullptr, 1), -1);
     EXPECT_EQ(c.id_at(nullptr, 0), -1);
-    EXPECT_EQ(c.set(nullptr, 1, &value), nullptr);
+    EXPECT_EQ(c.set(nullptr, 1, &value), 0);
+    EXPECT_EQ(c.live(nullptr, 1), nullptr);
+    EXPECT_EQ(c.live_at(nullptr, 0), nullptr);
     EXPECT_EQ(c.remove(nullptr, 1), 0);
     EXPECT_EQ(c.equal(nullptr, nullptr), 1);
     EXPECT_EQ(c.get_parameter(nullptr, nullptr, nullptr), 0);
