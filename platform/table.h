@@ -515,12 +515,18 @@ typedef struct DescriptionTable {
     void (*set_single_id)(HostDescription *description, const TableDescID *id);
 } DescriptionTable;
 
+typedef struct TableFileTime {
+    uint16_t year, month, day, hour, minute, second;  // local
+} TableFileTime;
+
 typedef struct FileTable {
     int32_t (*exists)(const TableFilename *name, int32_t is_folder);
     int32_t (*create_folder)(const TableFilename *name);                                            // one level
     int32_t (*remove)(const TableFilename *name, int32_t flags);                                    // GE_FKILL_
     int32_t (*copy)(const TableFilename *source, const TableFilename *destination, int32_t flags);  // GE_FCOPY_
     int32_t (*rename)(const TableFilename *source, const TableFilename *destination);
+    int32_t (*file_time)(const TableFilename *name, int32_t mode, TableFileTime *out);  // GE_FILETIME_; folders too
+    void (*current_time)(TableFileTime *out);
 
     HostBrowseFiles *(*create_browse)(void);
     void (*release_browse)(HostBrowseFiles *browse);
@@ -529,7 +535,8 @@ typedef struct FileTable {
     int32_t (*browse_is_folder)(HostBrowseFiles *browse);
     int32_t (*browse_is_hidden)(HostBrowseFiles *browse);
     int64_t (*browse_size)(HostBrowseFiles *browse);
-    void (*browse_name)(HostBrowseFiles *browse, TableFilename *out);  // the name alone
+    void (*browse_file_time)(HostBrowseFiles *browse, int32_t mode, TableFileTime *out);  // as of `browse_init`
+    void (*browse_name)(HostBrowseFiles *browse, TableFilename *out);                     // the name alone
 
     HostHyperFile *(*create_hyperfile)(void);
     void (*release_hyperfile)(HostHyperFile *file);  // closes

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <system_error>
 
+#include "host/files/faults.h"
+#include "host/files/safe_write.h"
+#include "host/services/platform.h"
 #include "host/value/text.h"
 
 namespace fs = std::filesystem;
@@ -23,21 +26,30 @@ std::string Folded(const std::string &name) {
 void BrowseFiles::Init(const fs::path &folder) {
     entries_.clear();
     next_ = 0;
+    if (NextFileUse() != FileFault::kNone) return;
+    struct Named {
+        std::string folded;
+        Entry entry;
+    };
+    std::vector<Named> found;
     std::error_code error;
     for (fs::directory_iterator i(folder, error), end; !error && i != end; i.increment(error)) {
         std::error_code ignored;
+        if (i->is_symlink(ignored)) continue;
         Entry entry;
         entry.name = PathText(i->path().filename());
         entry.is_folder = i->is_directory(ignored);
         entry.is_hidden = !entry.name.empty() && entry.name[0] == '.';
-        const std::uintmax_t size = entry.is_folder ? 0 : i->file_size(ignored);
-        entry.size = ignored ? 0 : static_cast<std::int64_t>(size);
-        entries_.push_back(std::move(entry));
+        const FileInfo info = GetFileInfo(i->path());
+        entry.size = entry.is_folder ? 0 : info.size;
+        entry.modified = info.modified;
+        found.push_back({Folded(entry.name), std::move(entry)});
     }
-    std::sort(entries_.begin(), entries_.end(), [](const Entry &a, const Entry &b) {
-        const std::string x = Folded(a.name), y = Folded(b.name);
-        return x != y ? x < y : a.name < b.name;
+    std::sort(found.begin(), found.end(), [](const Named &a, const Named &b) {
+        return a.folded != b.folded ? a.folded < b.folded : a.entry.name < b.entry.name;
     });
+    entries_.reserve(found.size());
+    for (Named &named : found) entries_.push_back(std::move(named.entry));
 }
 
 bool BrowseFiles::Next() {
@@ -49,6 +61,14 @@ const BrowseFiles::Entry *BrowseFiles::Current() const {
     return next_ >= 1 && next_ <= entries_.size() ? &entries_[next_ - 1] : nullptr;
 }
 
+bool GetFileTime(const fs::path &name, FileTimeKind kind, FileTime *time) {
+    const FileInfo info = GetFileInfo(name);
+    *time = kind == FileTimeKind::kCreated    ? info.created
+            : kind == FileTimeKind::kModified ? info.modified
+                                              : info.accessed;
+    return info.exists;
+}
+
 bool Exists(const fs::path &name, bool is_folder) {
     std::error_code ignored;
     return is_folder ? fs::is_directory(name, ignored) : fs::is_regular_file(name, ignored);
@@ -56,12 +76,13 @@ bool Exists(const fs::path &name, bool is_folder) {
 
 bool CreateFolder(const fs::path &name) {
     std::error_code error;
-    return fs::create_directory(name, error) && !error;
+    return NextFileUse() == FileFault::kNone && fs::create_directory(name, error) && !error;
 }
 
 bool RemoveFile(const fs::path &name, std::int32_t flags) {
+    if (NextFileUse() != FileFault::kNone) return false;
     std::error_code error;
-    if (!fs::is_directory(name, error)) return fs::remove(name, error) && !error;
+    if (!fs::is_directory(fs::symlink_status(name, error))) return fs::remove(name, error) && !error;
     if ((flags & kRemoveFolder) == 0) return false;
     if ((flags & kRemoveRecursive) != 0) return fs::remove_all(name, error) > 0 && !error;
     return fs::remove(name, error) && !error;
@@ -69,16 +90,27 @@ bool RemoveFile(const fs::path &name, std::int32_t flags) {
 
 bool CopyFileTo(const fs::path &source, const fs::path &destination, bool overwrite) {
     std::error_code error;
-    if (!fs::exists(source, error) || (!overwrite && fs::exists(destination, error))) return false;
-    const auto options =
-        fs::copy_options::recursive | (overwrite ? fs::copy_options::overwrite_existing : fs::copy_options::none);
-    fs::copy(source, destination, options, error);
-    return !error;
+    if (!overwrite && fs::exists(fs::symlink_status(destination, error))) return false;
+    const fs::file_status status = fs::symlink_status(source, error);
+    if (fs::is_regular_file(status)) {
+        std::string bytes, reason;
+        return ReadFile(source, &bytes, &reason) && WriteFileSafely(destination, bytes, &reason);
+    }
+    if (!fs::is_directory(status) || (!fs::is_directory(destination, error) && !CreateFolder(destination)))
+        return false;
+    bool complete = true;
+    BrowseFiles browse;
+    browse.Init(source);
+    while (browse.Next()) {
+        const fs::path name = PathFromText(browse.Current()->name);
+        complete = CopyFileTo(source / name, destination / name, overwrite) && complete;
+    }
+    return complete;
 }
 
 bool RenameFile(const fs::path &source, const fs::path &destination) {
     std::error_code error;
-    if (fs::exists(destination, error)) return false;
+    if (NextFileUse() != FileFault::kNone || fs::exists(fs::symlink_status(destination, error))) return false;
     fs::rename(source, destination, error);
     return !error;
 }

@@ -3,6 +3,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "host/files/faults.h"
 #include "host/services/platform.h"
 #include "host/value/text.h"
 
@@ -10,21 +11,35 @@ namespace host {
 
 namespace {
 
-// Beside the target, so that taking its place is one step; two programs at once do not meet.
+// Beside the target, so that taking its place is one step; two programs at once do not meet. Hidden: should the program
+// be killed, nobody takes it for a file of the user's.
 std::filesystem::path FreeNameBeside(const std::filesystem::path &file) {
     std::error_code ignored;
     for (int i = 0;; ++i) {
-        std::filesystem::path name = file;
+        std::filesystem::path name = file.parent_path() / ".";
+        name += file.filename();
         name += ".new-" + std::to_string(ProcessId()) + "-" + std::to_string(i);
         if (!std::filesystem::exists(std::filesystem::symlink_status(name, ignored))) return name;
     }
 }
 
 bool WriteAll(const std::filesystem::path &file, std::string_view bytes) {
+    const FileFault fault = NextFileUse();
+    if (fault == FileFault::kFails || fault == FileFault::kGone) return false;
+    if (fault == FileFault::kKilled) bytes = bytes.substr(0, bytes.size() / 2);
     std::ofstream out(file, std::ios::binary | std::ios::trunc);
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     out.close();
-    return out.good();
+    return out.good() && fault == FileFault::kNone;
+}
+
+bool TakePlace(const std::filesystem::path &fresh, const std::filesystem::path &file) {
+    return NextFileUse() == FileFault::kNone && ReplaceFile(fresh, file);
+}
+
+void CleanUp(const std::filesystem::path &fresh) {
+    std::error_code ignored;
+    if (NextFileUse() == FileFault::kNone) std::filesystem::remove(fresh, ignored);
 }
 
 }  // namespace
@@ -39,11 +54,11 @@ bool WriteFileSafely(const std::filesystem::path &file, std::string_view bytes, 
         return fail("is a folder, expected a file to write");
     const std::filesystem::path fresh = FreeNameBeside(file);
     if (!WriteAll(fresh, bytes)) {
-        std::filesystem::remove(fresh, ignored);
+        CleanUp(fresh);
         return fail("cannot be written, expected a folder that is there and can be written");
     }
-    if (!ReplaceFile(fresh, file)) {
-        std::filesystem::remove(fresh, ignored);
+    if (!TakePlace(fresh, file)) {
+        CleanUp(fresh);
         return fail("cannot be replaced, expected a file that may be changed");
     }
     return true;
@@ -55,6 +70,7 @@ bool ReadFile(const std::filesystem::path &file, std::string *bytes, std::string
         *error = PathText(file) + ": " + words;
         return false;
     };
+    if (NextFileUse() != FileFault::kNone) return fail("cannot be read");
     if (!std::filesystem::exists(file, ignored)) return fail("there is no such file");
     if (std::filesystem::is_directory(file, ignored)) return fail("is a folder, expected a file");
     std::ifstream in(file, std::ios::binary);

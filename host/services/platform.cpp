@@ -9,9 +9,11 @@
 #include <vector>
 #else
 #include <dlfcn.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdio>
+#include <ctime>
 #endif
 
 namespace host {
@@ -40,6 +42,35 @@ std::filesystem::path ProgramFile() {
 
 bool ReplaceFile(const std::filesystem::path &from, const std::filesystem::path &to) {
     return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+}
+
+namespace {
+
+TableFileTime LocalTime(const FILETIME &time) {
+    SYSTEMTIME universal, local;
+    if (!FileTimeToSystemTime(&time, &universal) || !SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local))
+        return {};
+    return {local.wYear, local.wMonth, local.wDay, local.wHour, local.wMinute, local.wSecond};
+}
+
+}  // namespace
+
+FileInfo GetFileInfo(const std::filesystem::path &file) {
+    FileInfo info;
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    if (!GetFileAttributesExW(file.c_str(), GetFileExInfoStandard, &data)) return info;
+    info.exists = true;
+    info.size = static_cast<std::int64_t>(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
+    info.created = LocalTime(data.ftCreationTime);
+    info.modified = LocalTime(data.ftLastWriteTime);
+    info.accessed = LocalTime(data.ftLastAccessTime);
+    return info;
+}
+
+TableFileTime CurrentTime() {
+    FILETIME now;
+    GetSystemTimeAsFileTime(&now);
+    return LocalTime(now);
 }
 
 long ProcessId() { return static_cast<long>(GetCurrentProcessId()); }
@@ -75,6 +106,32 @@ std::filesystem::path ProgramFile() {
 bool ReplaceFile(const std::filesystem::path &from, const std::filesystem::path &to) {
     return std::rename(from.c_str(), to.c_str()) == 0;
 }
+
+namespace {
+
+TableFileTime LocalTime(std::time_t time) {
+    std::tm parts{};
+    if (localtime_r(&time, &parts) == nullptr) return {};
+    const auto part = [](int number) { return static_cast<std::uint16_t>(number); };
+    return {part(parts.tm_year + 1900), part(parts.tm_mon + 1), part(parts.tm_mday),
+            part(parts.tm_hour),        part(parts.tm_min),     part(parts.tm_sec)};
+}
+
+}  // namespace
+
+FileInfo GetFileInfo(const std::filesystem::path &file) {
+    FileInfo info;
+    struct stat data;
+    if (lstat(file.c_str(), &data) != 0) return info;
+    info.exists = true;
+    info.size = data.st_size;
+    info.created = LocalTime(data.st_ctime);
+    info.modified = LocalTime(data.st_mtime);
+    info.accessed = LocalTime(data.st_atime);
+    return info;
+}
+
+TableFileTime CurrentTime() { return LocalTime(std::time(nullptr)); }
 
 long ProcessId() { return static_cast<long>(getpid()); }
 

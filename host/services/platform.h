@@ -2,8 +2,11 @@
 // standard streams.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
+
+#include "platform/table.h"
 
 namespace host {
 
@@ -17,6 +20,14 @@ const char *ModuleSuffix();
 std::filesystem::path ProgramFile();
 // `from` takes the place of `to` in one step, or nothing changes.
 bool ReplaceFile(const std::filesystem::path &from, const std::filesystem::path &to);
+// Times are local, to the second. Not following a symbolic link.
+struct FileInfo {
+    bool exists = false;
+    std::int64_t size = 0;
+    TableFileTime created{}, modified{}, accessed{};
+};
+FileInfo GetFileInfo(const std::filesystem::path &file);
+TableFileTime CurrentTime();
 long ProcessId();
 // Whether somebody watches the standard error output.
 bool ErrorOutputIsTerminal();

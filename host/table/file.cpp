@@ -2,6 +2,7 @@
 
 #include "host/files/folders.h"
 #include "host/files/hyperfile.h"
+#include "host/services/platform.h"
 #include "host/table/guard.h"
 #include "host/table/internal.h"
 #include "host/value/memory.h"
@@ -41,6 +42,16 @@ std::int32_t RenameEntry(const TableFilename *source, const TableFilename *desti
     return Answer(source, [&] { return destination != nullptr && RenameFile(ToPath(source), ToPath(destination)); });
 }
 
+std::int32_t FileTimeEntry(const TableFilename *name, std::int32_t mode, TableFileTime *out) {
+    return Answer(name, [&] {
+        return out != nullptr && mode >= 0 && mode <= static_cast<std::int32_t>(FileTimeKind::kAccessed) &&
+               GetFileTime(ToPath(name), static_cast<FileTimeKind>(mode), out);
+    });
+}
+void CurrentTimeEntry(TableFileTime *out) {
+    if (out != nullptr) *out = CurrentTime();
+}
+
 HostBrowseFiles *CreateBrowse() {
     return Guarded<HostBrowseFiles *>(nullptr, [] { return new BrowseFiles; });
 }
@@ -65,6 +76,12 @@ std::int32_t BrowseIsHidden(HostBrowseFiles *browse) {
 std::int64_t BrowseSize(HostBrowseFiles *browse) {
     const auto *entry = EntryOf(browse);
     return entry == nullptr ? 0 : entry->size;
+}
+void BrowseFileTime(HostBrowseFiles *browse, std::int32_t mode, TableFileTime *out) {
+    const auto *entry = EntryOf(browse);
+    if (out == nullptr) return;
+    *out = entry != nullptr && mode == static_cast<std::int32_t>(FileTimeKind::kModified) ? entry->modified
+                                                                                          : TableFileTime{};
 }
 void BrowseName(HostBrowseFiles *browse, TableFilename *out) {
     if (out == nullptr) return;
@@ -134,12 +151,13 @@ std::int32_t HyperFileError(const HostHyperFile *file) {
 }  // namespace
 
 const FileTable *FileEntries() {
-    static const FileTable table = {ExistsEntry,    CreateFolderEntry, RemoveEntry,   CopyEntry,       RenameEntry,
-                                    CreateBrowse,   ReleaseBrowse,     BrowseInit,    BrowseNext,      BrowseIsFolder,
-                                    BrowseIsHidden, BrowseSize,        BrowseName,    CreateHyperFile, ReleaseHyperFile,
-                                    OpenHyperFile,  CloseHyperFile,    WriteValue,    ReadValue,       WriteDataEntry,
-                                    ReadDataEntry,  WriteMemory,       ReadMemory,    WriteChunkStart, WriteChunkEnd,
-                                    ReadChunkStart, ReadChunkEnd,      HyperFileError};
+    static const FileTable table = {ExistsEntry,   CreateFolderEntry, RemoveEntry,      CopyEntry,      RenameEntry,
+                                    FileTimeEntry, CurrentTimeEntry,  CreateBrowse,     ReleaseBrowse,  BrowseInit,
+                                    BrowseNext,    BrowseIsFolder,    BrowseIsHidden,   BrowseSize,     BrowseFileTime,
+                                    BrowseName,    CreateHyperFile,   ReleaseHyperFile, OpenHyperFile,  CloseHyperFile,
+                                    WriteValue,    ReadValue,         WriteDataEntry,   ReadDataEntry,  WriteMemory,
+                                    ReadMemory,    WriteChunkStart,   WriteChunkEnd,    ReadChunkStart, ReadChunkEnd,
+                                    HyperFileError};
     return &table;
 }
 

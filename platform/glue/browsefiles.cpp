@@ -17,6 +17,10 @@ Bool BrowseFiles::IsDir() { return host_table->file->browse_is_folder(ToHost(thi
 Bool BrowseFiles::IsHidden() { return host_table->file->browse_is_hidden(ToHost(this)); }
 LLONG BrowseFiles::GetSize() { return host_table->file->browse_size(ToHost(this)); }
 
+void BrowseFiles::GetFileTime(LONG mode, LocalFileTime *out) {
+    if (out) host_table->file->browse_file_time(ToHost(this), mode, ToTable(out));
+}
+
 Filename BrowseFiles::GetFilename() {
     Filename name;
     host_table->file->browse_name(ToHost(this), ToTable(&name));

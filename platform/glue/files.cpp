@@ -23,6 +23,14 @@ Bool GeFRename(const Filename &source, const Filename &destination) {
     return host_table->file->rename(ToTable(&source), ToTable(&destination));
 }
 
+Bool GeGetFileTime(const Filename &name, LONG mode, LocalFileTime *out) {
+    return out && host_table->file->file_time(ToTable(&name), mode, ToTable(out));
+}
+
+void GeGetCurrentTime(LocalFileTime *out) {
+    if (out) host_table->file->current_time(ToTable(out));
+}
+
 Bool GeExecuteFile(const Filename &name) { return host_table->general->execute_file(ToTable(&name)); }
 
 Bool ShowInFinder(const Filename &name, Bool open) { return host_table->general->show_in_finder(ToTable(&name), open); }

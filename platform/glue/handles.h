@@ -25,6 +25,7 @@ SAME_LAYOUT(BaseContainer, TableContainer)
 SAME_LAYOUT(DescLevel, TableDescLevel)
 SAME_LAYOUT(DescID, TableDescID)
 SAME_LAYOUT(CustomSplineKnot, TableSplineKnot)
+SAME_LAYOUT(LocalFileTime, TableFileTime)
 #undef SAME_LAYOUT
 
 #define SAME_SIZE(Ours, Theirs) static_assert(sizeof(Ours) == sizeof(Theirs), #Ours)

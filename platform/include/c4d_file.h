@@ -5,6 +5,13 @@
 #include "c4d_filename.h"
 #include "c4d_gedata.h"
 
+// Local, to the second.
+struct LocalFileTime {
+    UWORD year, month, day, hour, minute, second;
+};
+
+enum { GE_FILETIME_CREATED = 0, GE_FILETIME_MODIFIED = 1, GE_FILETIME_ACCESS = 2 };
+
 // ---- Files and folders: FALSE when it could not be done -----------------------------------------------------------
 
 // isdir FALSE: a file of that name; TRUE: a folder.
@@ -15,6 +22,9 @@ Bool GeFKill(const Filename &name, LONG flags = 0);
 // `destination` is the full name of the copy.
 Bool GeFCopyFile(const Filename &source, const Filename &destination, LONG flags);
 Bool GeFRename(const Filename &source, const Filename &destination);
+// Of a file or folder.
+Bool GeGetFileTime(const Filename &name, LONG mode, LocalFileTime *out);
+void GeGetCurrentTime(LocalFileTime *out);
 // Opens with the program that the system has for it.
 Bool GeExecuteFile(const Filename &name);
 // In the system's file manager; open TRUE opens a folder.
@@ -41,6 +51,7 @@ class BrowseFiles {
     Bool IsDir();
     Bool IsHidden();
     LLONG GetSize();
+    void GetFileTime(LONG mode, LocalFileTime *out);
     // The name alone.
     Filename GetFilename();
 

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
+
+#include "host/files/faults.h"
 #include "host/files/folders.h"
 #include "host/files/safe_write.h"
 #include "tests/host/temporary_folder.h"
@@ -127,6 +130,122 @@ TEST(Folders, RenameWithoutOverwriting) {
     EXPECT_FALSE(RenameFile(folder / "a", folder / "b"));
     EXPECT_TRUE(RenameFile(folder / "a", folder / "c"));
     EXPECT_EQ(folder.Names(), (Names{"b", "c"}));
+}
+
+TEST(Folders, AreCopiedWithTheirFiles) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directories(folder / "from/deeper");
+    folder.Write("from/a", "1");
+    folder.Write("from/deeper/b", "2");
+    EXPECT_TRUE(CopyFileTo(folder / "from", folder / "to", false));
+    EXPECT_EQ(folder.Read("to/a"), "1");
+    EXPECT_EQ(folder.Read("to/deeper/b"), "2");
+}
+
+// What walks through a folder of the user's must not be led out of it.
+TEST(SymbolicLinks, AreNeitherListedNorCopiedNorWrittenThrough) {
+    const TemporaryFolder folder, outside;
+    outside.Write("precious", "kept");
+    std::filesystem::create_symlink(outside / "precious", folder / "link");
+    std::filesystem::create_directory_symlink(outside.Path(), folder / "folder");
+    folder.Write("file", "new");
+    BrowseFiles browse;
+    browse.Init(folder.Path());
+    ASSERT_TRUE(browse.Next());
+    EXPECT_EQ(browse.Current()->name, "file");
+    EXPECT_FALSE(browse.Next());
+    EXPECT_FALSE(CopyFileTo(folder / "link", folder / "copy", true));
+    EXPECT_FALSE(CopyFileTo(folder / "folder", folder / "copy", true));
+    EXPECT_TRUE(CopyFileTo(folder / "file", folder / "link", true)) << "the link itself is replaced";
+    EXPECT_TRUE(RemoveFile(folder / "folder", kRemoveFolder | kRemoveRecursive));
+    EXPECT_EQ(outside.Read("precious"), "kept");
+}
+
+bool SameFileTime(const FileTime &a, const FileTime &b) {
+    return a.year == b.year && a.month == b.month && a.day == b.day && a.hour == b.hour && a.minute == b.minute &&
+           a.second == b.second;
+}
+
+TEST(FileTimes, AreToldForFilesAndFolders) {
+    const TemporaryFolder folder;
+    const auto file = folder.Write("a", "1");
+    // Days lie between this time and the time of writing, whatever the time zone.
+    std::filesystem::last_write_time(file, std::filesystem::last_write_time(file) - std::chrono::hours(24 * 400));
+    FileTime written{}, time{}, listed{};
+    ASSERT_TRUE(GetFileTime(folder.Path(), FileTimeKind::kModified, &written));
+    ASSERT_TRUE(GetFileTime(file, FileTimeKind::kModified, &time));
+    EXPECT_GT(written.year, time.year);
+    EXPECT_TRUE(time.month >= 1 && time.month <= 12 && time.day >= 1 && time.day <= 31 && time.hour <= 23);
+    BrowseFiles browse;
+    browse.Init(folder.Path());
+    ASSERT_TRUE(browse.Next());
+    listed = browse.Current()->modified;
+    EXPECT_TRUE(SameFileTime(time, listed));
+    EXPECT_FALSE(GetFileTime(folder / "missing", FileTimeKind::kModified, &time));
+}
+
+// ---- Interrupted in the middle
+
+class Interrupted : public ::testing::Test {
+  protected:
+    ~Interrupted() override { ArmFileFault(0, FileFault::kNone); }
+    // How many uses of the file system `work` makes.
+    template <typename Work>
+    std::int64_t UsesOf(Work work) {
+        ArmFileFault(0, FileFault::kNone);
+        work();
+        return FileUses();
+    }
+};
+
+TEST_F(Interrupted, WritingLeavesTheOldFileOrTheNewOneAtEveryMoment) {
+    std::string error;
+    const TemporaryFolder trial;
+    const std::int64_t uses = UsesOf([&] { WriteFileSafely(trial / "a", "new", &error); });
+    ASSERT_GE(uses, 2);
+    for (const FileFault fault : {FileFault::kFails, FileFault::kKilled}) {
+        for (std::int64_t nth = 1; nth <= uses; ++nth) {
+            SCOPED_TRACE(nth);
+            const TemporaryFolder folder;
+            folder.Write("a", "old");
+            ArmFileFault(nth, fault);
+            EXPECT_FALSE(WriteFileSafely(folder / "a", "new", &error));
+            ArmFileFault(0, FileFault::kNone);
+            EXPECT_EQ(folder.Read("a"), "old");
+            // A failure cleans up; after a kill only hidden remains are left.
+            for (const std::string &name : folder.Names())
+                EXPECT_TRUE(name == "a" || (fault == FileFault::kKilled && name[0] == '.')) << name;
+        }
+    }
+}
+
+TEST_F(Interrupted, CopyingLeavesTheOldFileOrTheNewOneAtEveryMoment) {
+    const TemporaryFolder trial;
+    trial.Write("from", "new");
+    const std::int64_t uses = UsesOf([&] { CopyFileTo(trial / "from", trial / "to", true); });
+    for (const FileFault fault : {FileFault::kFails, FileFault::kKilled}) {
+        for (std::int64_t nth = 1; nth <= uses; ++nth) {
+            SCOPED_TRACE(nth);
+            const TemporaryFolder folder;
+            folder.Write("from", "new");
+            folder.Write("to", "old");
+            ArmFileFault(nth, fault);
+            EXPECT_FALSE(CopyFileTo(folder / "from", folder / "to", true));
+            ArmFileFault(0, FileFault::kNone);
+            EXPECT_EQ(folder.Read("to"), "old");
+            EXPECT_EQ(folder.Read("from"), "new");
+        }
+    }
+}
+
+TEST_F(Interrupted, AKillEndsEverythingAfterItToo) {
+    const TemporaryFolder folder;
+    folder.Write("a", "1");
+    ArmFileFault(1, FileFault::kKilled);
+    EXPECT_FALSE(RemoveFile(folder / "a", 0));
+    EXPECT_FALSE(CreateFolder(folder / "b"));
+    EXPECT_FALSE(RenameFile(folder / "a", folder / "c"));
+    EXPECT_EQ(folder.Names(), Names{"a"});
 }
 
 }  // namespace

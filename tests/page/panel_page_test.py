@@ -42,7 +42,7 @@ class PanelPage(unittest.TestCase):
     def open(self, *options, width=1200, dark=False):
         page = pathlib.Path(self.folder.name) / "panel.html"
         home = pathlib.Path(self.folder.name) / "home"
-        subprocess.run([PROGRAM, "panel", "--html", page, "--home", home, *options], check=True)
+        subprocess.run([PROGRAM, "panel", "--html", page, "--user-folder", home, *options], check=True)
         self.assertNotIn("http", page.read_text(encoding="utf-8"), "the page needs no network")
         self.browser.execute_cdp_cmd(
             "Emulation.setDeviceMetricsOverride",

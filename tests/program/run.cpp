@@ -64,7 +64,7 @@ Outcome Workplace::Run(const std::vector<std::string> &arguments) const {
     std::string command = Quoted(TREMOLUX_PROGRAM_FILE);
     for (const std::string &argument : arguments) command += " " + Quoted(argument);
     if (!arguments.empty() && arguments.front().rfind("--", 0) != 0)
-        command += " --home " + Quoted((settings_ / "home").string());
+        command += " --user-folder " + Quoted((settings_ / "home").string());
     command += " >" + Quoted(out.string()) + " 2>" + Quoted(err.string()) + " </dev/null";
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Contents(out), Contents(err)};

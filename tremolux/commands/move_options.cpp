@@ -95,7 +95,7 @@ std::vector<std::string> MoveOptions::InputFiles() const {
 
 void AddHostOptions(CLI::App *command, HostOptions *options) {
     command->add_option("--module", options->module_file, "the module's file; else the one beside this program");
-    command->add_option("--home", options->home, "folder of the user's settings; else the system's");
+    command->add_option("--user-folder", options->home, "folder of the user's presets and settings; else the system's");
 }
 
 void AddMoveOptions(CLI::App *command, MoveOptions *options) {
