@@ -1,5 +1,6 @@
 // What the host calls when it starts, ends and addresses the module.
 #include "c4d.h"
+#include "presets/library.h"
 #include "tag/cameraloader.h"
 
 Bool PluginStart(void) {
@@ -7,7 +8,10 @@ Bool PluginStart(void) {
     return RegisterTremoluxCam();
 }
 
-void PluginEnd(void) {}
+void PluginEnd(void) {
+    ForgetPresetLibrary();
+    ForgetPresets();
+}
 
 Bool PluginMessage(LONG id, void *) {
     switch (id) {

@@ -31,11 +31,6 @@ Every setting of the tag, tab by tab in the order of its panel.
 * Sizes and times of the shake hold at 100 % of everything that multiplies them.
 )";
 
-const char *const kClosing = R"(
-Kept with presets too, without a value of their own here: 6209, a second list of trigger frames that is read like Custom
-Trigger; 6203 to 6207, which the zoom receives and does not use; and 6210, which moves nothing.
-)";
-
 const char *TypeName(ParameterType type) {
     switch (type) {
         case ParameterType::kReal:
@@ -131,7 +126,7 @@ class Page {
         complete_ = AddRow(parameter, text_) && complete_;
     }
     bool IsComplete() const { return complete_; }
-    std::string Text() const { return kIntroduction + text_.str() + kClosing; }
+    std::string Text() const { return kIntroduction + text_.str(); }
 
   private:
     std::ostringstream text_;

@@ -113,6 +113,13 @@ constexpr ParameterSentence kSentences[] = {
     {kUserPresetFolder, "The folder of the user's own presets."},
     {kStoredOnlyA, "Kept with presets; moves nothing."},
     {kStoredOnlyB, "Kept with presets; moves nothing."},
+    {kCustomTriggerTwin, "A second list of frames, read like Custom Trigger; no jolt listens to it."},
+    {kZoomHiddenTime, "Handed to the zoom, which does not use it."},
+    {kZoomHidden1, "Handed to the zoom, which does not use it."},
+    {kZoomHidden2, "Handed to the zoom, which does not use it."},
+    {kZoomHidden3, "Handed to the zoom, which does not use it."},
+    {kZoomHidden4, "Handed to the zoom, which does not use it."},
+    {kTargetReserved, "Kept with presets; moves nothing."},
 };
 
 }  // namespace

@@ -5,37 +5,40 @@
 
 namespace {
 
-Filename ExistingFolder(const Filename &folder) {
-    if (!GeFExist(folder, TRUE)) GeFCreateDir(folder);
-    return folder;
+Filename OwnFolder() {
+    const Filename plugins = ExistingFolder(GeGetC4DPath(C4D_PATH_STARTUPWRITE) + Filename("plugins"));
+    return ExistingFolder(plugins + Filename("TremoluxCam"));
 }
-
-void RememberUserFolder(const Filename &folder) {
-    BaseContainer settings;
-    settings.SetFilename(kUserPresetFolderSetting, folder);
-    SetWorldPluginData(kTremoluxCamId, settings, TRUE);
-}
-
-Filename HostPluginFolder() { return ExistingFolder(GeGetC4DPath(C4D_PATH_STARTUPWRITE) + Filename("plugins")); }
 
 }  // namespace
 
 Filename BuiltInPresetFolder() { return GeGetPluginPath() + Filename("res") + Filename("Presets"); }
+
+Filename ImportFolder() { return GeGetPluginPath() + Filename("Imports"); }
 
 Filename UserPresetFolder() {
     const BaseContainer *settings = GetWorldPluginData(kTremoluxCamId);
     return settings ? settings->GetFilename(kUserPresetFolderSetting) : Filename();
 }
 
+Filename ExportFolder() { return ExistingFolder(OwnFolder() + Filename("Exports")); }
+
 void EnsureUserPresetFolder() {
-    const Filename own = HostPluginFolder() + Filename("TremoluxCam");
-    if (!GeFExist(own, TRUE)) RememberUserFolder(own);
-
+    const Filename usual = DefaultUserPresetFolder();
+    ExportFolder();
     const Filename chosen = UserPresetFolder();
-    if (chosen.Content() && GeFExist(chosen, TRUE)) return;
+    if (!chosen.Content() || !GeFExist(chosen, TRUE)) RememberUserPresetFolder(usual);
+}
 
-    ExistingFolder(own);
-    const Filename user = ExistingFolder(own + Filename("User"));
-    ExistingFolder(own + Filename("Exports"));
-    RememberUserFolder(user);
+Filename DefaultUserPresetFolder() { return ExistingFolder(OwnFolder() + Filename("User")); }
+
+void RememberUserPresetFolder(const Filename &folder) {
+    BaseContainer settings;
+    settings.SetFilename(kUserPresetFolderSetting, folder);
+    SetWorldPluginData(kTremoluxCamId, settings, TRUE);
+}
+
+Filename ExistingFolder(const Filename &folder) {
+    if (!GeFExist(folder, TRUE)) GeFCreateDir(folder);
+    return folder;
 }

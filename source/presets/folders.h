@@ -5,8 +5,20 @@
 
 // Beside the module: one folder for each category.
 Filename BuiltInPresetFolder();
+// Beside the module: what is to be taken over at the next chance.
+Filename ImportFolder();
 // The user's own, as the host's settings name it; empty when they do not.
 Filename UserPresetFolder();
+// Made where it is missing.
+Filename ExportFolder();
+
 // Sees to it that a user folder exists and that the host's settings name it: the one chosen before where it is still
-// there, else the default in the host's user folder.
+// there, else the default one.
 void EnsureUserPresetFolder();
+// The user folder in the host's own user folder, made where it is missing.
+Filename DefaultUserPresetFolder();
+// From now on the user's presets lie there, for every tag.
+void RememberUserPresetFolder(const Filename &folder);
+
+// Made where it is missing.
+Filename ExistingFolder(const Filename &folder);

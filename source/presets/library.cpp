@@ -1,34 +1,114 @@
 #include "presets/library.h"
 
+#include "presets/folders.h"
+#include "presets/order.h"
+#include "presets/presetfile.h"
 #include "tag/parameters.h"
+#include "tag/random.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
 
-BaseContainer CategoryEntries(const BaseContainer &) {
-    BaseContainer entries;
-    entries.SetString(kCategoryUser, "User");
-    entries.SetString(kCategoryAll, "All");
-    return entries;
+namespace {
+
+// A pick is drawn from 15 bits.
+constexpr std::size_t kMostShaking = kLargestRandom - 1;
+
+constexpr LONG kShakeAmounts[] = {kJoltInterval,   kPositionSlow, kPositionMedium, kPositionFast,    kRotationSlow,
+                                  kRotationMedium, kRotationFast, kZoomDriftSlow,  kZoomDriftMedium, kZoomDriftFast};
+
+// The library and the folders that it was read from.
+struct ReadLibrary {
+    PresetLibrary library;
+    std::vector<FolderStamp> stamps;
+};
+
+ReadLibrary *last_read = NULL;
+
+Bool HasShake(const BaseContainer &preset) {
+    for (LONG id : kShakeAmounts) {
+        const Real amount = id == kJoltInterval ? preset.GetTime(id).Get() : preset.GetReal(id);
+        if (amount != 0.0) return TRUE;
+    }
+    return FALSE;
 }
 
-BaseContainer PresetEntries(const BaseContainer &) {
-    BaseContainer entries;
-    entries.SetString(kPresetBlankA, "");
-    entries.SetString(kPresetBlankB, "");
-    entries.SetString(kPresetCustom, "Custom");
-    return entries;
+void AddCategory(const std::vector<PresetPath> &presets, LONG category, PresetLibrary *library) {
+    LONG index = 0;
+    for (const PresetPath &record : presets) {
+        BaseContainer preset = record.contents;
+        if (HasShake(preset) && library->shaking.size() < kMostShaking) {
+            preset.SetString(kPresetShakeFile, record.FileName());
+            library->shaking.push_back(preset);
+        }
+        const LONG n = library->count++;
+        library->categories.SetLong(n, category);
+        library->indices.SetLong(n, index++);
+        library->presets.SetContainer(n, preset);
+    }
 }
 
-// No preset is known: the library is empty.
+std::vector<FolderStamp> StampsOf(const Filename &root, const Filename &user,
+                                  const std::vector<PresetPath> &categories) {
+    std::vector<FolderStamp> stamps = {FolderStamp(root), FolderStamp(user)};
+    for (const PresetPath &category : categories) stamps.push_back(FolderStamp(category.path));
+    return stamps;
+}
+
+template <class Entries>
+Entries PermutedAtRandom(const Entries &entries) {
+    Entries permuted(entries.size());
+    std::vector<char> is_taken(entries.size());
+    for (const auto &entry : entries) {
+        std::size_t slot = entries.size();
+        while (slot >= entries.size() || is_taken[slot])
+            slot = (std::size_t)((Real)NextRandom() / kLargestRandom * (Real)entries.size());
+        permuted[slot] = entry;
+        is_taken[slot] = 1;
+    }
+    return permuted;
+}
+
+}  // namespace
+
+const PresetLibrary &ReadPresetLibrary(const Filename &root) {
+    const Filename user = UserPresetFolder();
+    const std::vector<PresetPath> categories = FoldersIn(root);
+    const std::vector<FolderStamp> stamps = StampsOf(root, user, categories);
+    if (last_read && last_read->stamps == stamps) return last_read->library;
+
+    ForgetPresetLibrary();
+    last_read = new ReadLibrary{PresetLibrary(), stamps};
+    PresetLibrary *library = &last_read->library;
+    LONG category = 0;
+    for (const PresetPath &folder : categories)
+        AddCategory(PresetsIn(folder.path, folder.category, TRUE), category++, library);
+    AddCategory(PresetsIn(user, kUserCategory, FALSE), category, library);
+    return *library;
+}
+
+void ForgetPresetLibrary() {
+    delete last_read;
+    last_read = NULL;
+}
+
 void TremoluxCamClass::LoadPresetLibrary(BaseContainer *data) {
-    data->SetLong(kLibraryCount, 0);
-    for (LONG id : {kLibraryCategories, kLibraryIndices, kLibraryPresets}) data->SetContainer(id, BaseContainer());
+    if (!data) return;
+    const PresetLibrary &library = ReadPresetLibrary(data->GetFilename(kBuiltInPresetFolder));
+    shaking_presets_ = PermutedAtRandom(library.shaking);
+    data->SetLong(kLibraryCount, library.count);
+    data->SetContainer(kLibraryCategories, library.categories);
+    data->SetContainer(kLibraryIndices, library.indices);
+    data->SetContainer(kLibraryPresets, library.presets);
 }
 
-void TremoluxCamClass::ScanPresetCategories(const String &, BaseContainer *) {}
-
-void TremoluxCamClass::CollectCategoryPresets(BaseContainer *) {}
-
-void TremoluxCamClass::ApplyPreset(BaseContainer *) {}
-
-void TremoluxCamClass::ImportPresets() {}
+void TremoluxCamClass::ScanPresetCategories(const String &, BaseContainer *data) {
+    sorted_folders_.clear();
+    sorted_names_.clear();
+    if (!data) return;
+    std::vector<PresetPath> categories = FoldersIn(data->GetFilename(kBuiltInPresetFolder));
+    SortByName(&categories, [](const PresetPath &category) { return category.FileName(); });
+    for (const PresetPath &category : categories) {
+        sorted_folders_.push_back(category.FileName());
+        sorted_names_.push_back(DisplayName(category.FileName()));
+    }
+}

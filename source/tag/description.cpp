@@ -1,6 +1,5 @@
 #include "c4d_customdatatypeplugin.h"
 #include "lib_description.h"
-#include "presets/library.h"
 #include "tag/cameraloader.h"
 #include "tag/layout.h"
 #include "tag/parameters.h"
@@ -79,7 +78,7 @@ BaseContainer SeparatorSettings(const LayoutElement &separator) {
 }
 
 // An element as the host takes it; FALSE for a row without a parameter.
-Bool Describe(const LayoutElement &element, const BaseContainer &data, DescID *id, BaseContainer *settings) {
+Bool Describe(const LayoutElement &element, DescID *id, BaseContainer *settings) {
     if (element.kind == LayoutKind::kGroup) {
         *id = DescLevel(element.id, DTYPE_GROUP, 0);
         *settings = GroupSettings(element);
@@ -95,8 +94,6 @@ Bool Describe(const LayoutElement &element, const BaseContainer &data, DescID *i
     const HostType type = HostTypeOf(*parameter);
     *id = DescLevel(element.id, type.dtype, 0);
     *settings = SettingsOf(*parameter, type);
-    if (element.id == kCategory) settings->SetContainer(DESC_CYCLE, CategoryEntries(data));
-    if (element.id == kPreset) settings->SetContainer(DESC_CYCLE, PresetEntries(data));
     return TRUE;
 }
 
@@ -104,7 +101,7 @@ Bool Describe(const LayoutElement &element, const BaseContainer &data, DescID *i
 
 Bool TremoluxCamClass::GetDDescription(GeListNode *node, Description *description, DESCFLAGS_DESC &flags) {
     if (!node || !description || !description->LoadDescription(kTremoluxCamId)) return FALSE;
-    const BaseContainer *data = ((BaseTag *)node)->GetDataInstance();
+    BaseContainer *data = ((BaseTag *)node)->GetDataInstance();
     if (!data) return FALSE;
     const DescID *single = description->GetSingleDescID();
 
@@ -113,8 +110,10 @@ Bool TremoluxCamClass::GetDDescription(GeListNode *node, Description *descriptio
     for (const LayoutElement *element = layout; element < layout + count; element++) {
         DescID id;
         BaseContainer settings;
-        if (!Describe(*element, *data, &id, &settings)) continue;
+        if (!Describe(*element, &id, &settings)) continue;
         if (single && !id.IsPartOf(*single, NULL)) continue;
+        if (element->id == kCategory) settings.SetContainer(DESC_CYCLE, CategoryEntries());
+        if (element->id == kPreset) settings.SetContainer(DESC_CYCLE, PresetEntries(data));
         const DescID parent = element->parent == kPanelRoot ? DescID(DescLevel(kTremoluxCamId))
                                                             : DescID(DescLevel(element->parent, DTYPE_GROUP, 0));
         description->SetParameter(id, settings, parent);

@@ -36,13 +36,6 @@ void DropJolts(BaseContainer *data) {
     data->SetVector(kJoltPositionFilterValue, Vector());
 }
 
-void SelectCustomPreset(BaseContainer *data) {
-    data->SetBool(kSettingsChanged, TRUE);
-    data->SetReal(kAppliedPresetValue, (Real)kPresetCustom);
-    data->SetString(kAppliedPresetName, String());
-    data->SetLong(kPreset, kPresetCustom);
-}
-
 }  // namespace
 
 EXECUTIONRESULT TremoluxCamClass::Execute(BaseTag *tag, BaseDocument *doc, BaseObject *op, BaseThread *, LONG,
@@ -110,10 +103,14 @@ void TremoluxCamClass::Jump(Real frame, BaseContainer *data, BaseObject *camera,
 
 void TremoluxCamClass::SetUp(BaseTag *, BaseContainer *data, BaseObject *camera, BaseDocument *doc) {
     ImportPresets();
+    LoadPresetLibrary(data);
+    ScanPresetCategories(String(), data);
     if (data->GetBool(kFirstRun)) {
         data->SetString(kUserPresetFolder, UserPresetFolder().GetString());
-        data->SetLong(kRememberedCategory, -1);
-        data->SetLong(kRememberedPreset, kPresetCustom);
+        data->SetLong(kCategory, 0);
+        CollectCategoryPresets(data);
+        data->SetLong(kRememberedCategory, sorted_names_.empty() ? -1 : 0);
+        data->SetLong(kRememberedPreset, presets_.empty() ? kPresetCustom : 0);
         if (ResolveObject(*data, kInputCamera, doc) != camera) ApplyFirstPreset(data);
     }
     camera->SetParameter(DescLevel(ID_BASEOBJECT_USECOLOR), GeData(kUseColorAlways), DESCFLAGS_SET_0);
@@ -128,17 +125,32 @@ void TremoluxCamClass::SetUp(BaseTag *, BaseContainer *data, BaseObject *camera,
     ParseCustomTriggerTwin(data);
 }
 
+// A new tag is the first preset of the first category.
 void TremoluxCamClass::ApplyFirstPreset(BaseContainer *data) {
-    for (LONG id = kFirstPresetId; id <= kLastPresetId; id++)
-        if (IsPresetParameter(id)) ResetParameter(id, data);
-    data->SetLong(kPreset, kPresetCustom);
+    if (presets_.empty()) {
+        CopyPreset(BaseContainer(), data);
+        SelectNoPreset(data);
+        return;
+    }
+    const BaseContainer preset = presets_[0].contents;
+    if (!preset.GetString(kPresetName).Content()) {
+        CopyPreset(preset, data);
+        data->SetBool(kSettingsChanged, TRUE);
+        SelectNoPreset(data);
+        return;
+    }
+    data->SetLong(kPreset, 0);
+    ApplyPreset(data, preset);
+    data->SetReal(kOverallScale, 1.0);
 }
 
 void TremoluxCamClass::CheckRememberedPreset(BaseContainer *data) {
     CollectCategoryPresets(data);
-    if (data->GetLong(kAppliedPresetPosition) == kPresetCustom) return;
-    // The preset that the tag remembers is not in the list any more.
-    SelectCustomPreset(data);
-    data->SetLong(kAppliedPresetPosition, kPresetCustom);
-    data->SetString(kAppliedPresetPath, String());
+    const LONG position = data->GetLong(kAppliedPresetPosition);
+    if (position == kPresetCustom) return;
+    const Bool is_listed = position >= 0 && position < (LONG)presets_.size() &&
+                           presets_[position].Key() == data->GetString(kAppliedPresetPath);
+    if (is_listed) return;
+    data->SetBool(kSettingsChanged, TRUE);
+    SelectNoPreset(data);
 }

@@ -21,32 +21,6 @@ void SetExecutionPriority(GeListNode *node) {
     node->SetParameter(DescLevel(EXPRESSION_PRIORITY), value, DESCFLAGS_SET_0);
 }
 
-void WriteDefault(const ParameterInfo &parameter, BaseContainer *data) {
-    if (!parameter.preset.given) return;
-    switch (parameter.type) {
-        case ParameterType::kReal:
-            data->SetReal(parameter.id, parameter.preset.value);
-            break;
-        case ParameterType::kBool:
-            data->SetBool(parameter.id, parameter.preset.value != 0.0);
-            break;
-        case ParameterType::kCycle:
-            data->SetLong(parameter.id, Truncate(parameter.preset.value));
-            break;
-        case ParameterType::kTime:
-            data->SetTime(parameter.id, BaseTime());
-            break;
-        case ParameterType::kString:
-            data->SetString(parameter.id, String());
-            break;
-        case ParameterType::kLink:
-            data->SetLink(parameter.id, NULL);
-            break;
-        case ParameterType::kButton:
-            break;
-    }
-}
-
 // A loaded or copied tag keeps what it has.
 void WriteMissingDefaults(BaseContainer *data) {
     LONG count;
@@ -57,7 +31,7 @@ void WriteMissingDefaults(BaseContainer *data) {
 
 }  // namespace
 
-TremoluxCamClass::TremoluxCamClass() : working_number_(0) {}
+TremoluxCamClass::TremoluxCamClass() : working_number_(0), is_collected_(FALSE), collected_category_(0) {}
 
 TremoluxCamClass::~TremoluxCamClass() {}
 

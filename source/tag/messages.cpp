@@ -12,19 +12,50 @@ void AfterLoading(BaseContainer *data) {
     data->SetFilename(kBuiltInPresetFolder, BuiltInPresetFolder());
 }
 
+LONG FirstLevel(const DescID *id) { return id ? (*id)[0].id : 0; }
+
 }  // namespace
 
 Bool TremoluxCamClass::Message(GeListNode *node, LONG type, void *message) {
     if (!node) return TRUE;
     BaseContainer *data = ((BaseTag *)node)->GetDataInstance();
     if (!data) return FALSE;
-    if (type == MSG_DOCUMENTINFO && message) {
-        if (((const DocumentInfoData *)message)->type == MSG_DOCUMENTINFO_TYPE_LOAD) AfterLoading(data);
-    } else if (type == MSG_DESCRIPTION_POSTSETPARAMETER && message) {
-        const DescID *changed = ((const DescriptionPostSetValue *)message)->descid;
-        const LONG id = changed ? (*changed)[0].id : 0;
-        if (id == kCustomTrigger) ParseCustomTrigger(data);
-        if (id == kCustomTriggerTwin) ParseCustomTriggerTwin(data);
+    if (!message) return TRUE;
+    switch (type) {
+        case MSG_DOCUMENTINFO:
+            if (((const DocumentInfoData *)message)->type == MSG_DOCUMENTINFO_TYPE_LOAD) AfterLoading(data);
+            break;
+        case MSG_DESCRIPTION_POSTSETPARAMETER:
+            ParameterChanged(FirstLevel(((const DescriptionPostSetValue *)message)->descid), data);
+            break;
+        case MSG_DESCRIPTION_COMMAND:
+            PressButton(((const DescriptionCommand *)message)->id[0].id, (BaseTag *)node, data);
+            break;
+        default:
+            break;
     }
     return TRUE;
+}
+
+void TremoluxCamClass::ParameterChanged(LONG id, BaseContainer *data) {
+    switch (id) {
+        case kUserPresetFolder:
+            TypeUserPresetFolder(data);
+            break;
+        case kCategory:
+            ChooseCategory(data);
+            break;
+        case kPreset:
+            ChoosePreset(data);
+            break;
+        case kCustomTrigger:
+            ParseCustomTrigger(data);
+            break;
+        case kCustomTriggerTwin:
+            ParseCustomTriggerTwin(data);
+            break;
+        default:
+            NoticeEdit(id, data);
+            break;
+    }
 }

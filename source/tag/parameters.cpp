@@ -163,6 +163,13 @@ constexpr ParameterInfo kParameters[] = {
 
     {kStoredOnlyA, NULL, ParameterType::kReal, 0, kNone, kNone, kNone, kNone, kNone, kNone, Some(0.0)},
     {kStoredOnlyB, NULL, ParameterType::kReal, 0, kNone, kNone, kNone, kNone, kNone, kNone, Some(0.15)},
+    Plain(kCustomTriggerTwin, NULL, ParameterType::kString, Some(0.0)),
+    Plain(kZoomHiddenTime, NULL, ParameterType::kTime, Some(0.0)),
+    Plain(kZoomHidden1, NULL, ParameterType::kReal, Some(0.0)),
+    Plain(kZoomHidden2, NULL, ParameterType::kReal, Some(0.0)),
+    Plain(kZoomHidden3, NULL, ParameterType::kReal, Some(0.0)),
+    Plain(kZoomHidden4, NULL, ParameterType::kReal, Some(0.0)),
+    Plain(kTargetReserved, NULL, ParameterType::kReal, Some(0.0)),
 };
 
 }  // namespace
@@ -181,6 +188,32 @@ const ParameterInfo *FindParameter(LONG id) {
     for (const ParameterInfo &parameter : kParameters)
         if (parameter.id == id) return &parameter;
     return NULL;
+}
+
+void WriteDefault(const ParameterInfo &parameter, BaseContainer *data) {
+    if (!parameter.preset.given) return;
+    switch (parameter.type) {
+        case ParameterType::kReal:
+            data->SetReal(parameter.id, parameter.preset.value);
+            break;
+        case ParameterType::kBool:
+            data->SetBool(parameter.id, parameter.preset.value != 0.0);
+            break;
+        case ParameterType::kCycle:
+            data->SetLong(parameter.id, Truncate(parameter.preset.value));
+            break;
+        case ParameterType::kTime:
+            data->SetTime(parameter.id, BaseTime());
+            break;
+        case ParameterType::kString:
+            data->SetString(parameter.id, String());
+            break;
+        case ParameterType::kLink:
+            data->SetLink(parameter.id, NULL);
+            break;
+        case ParameterType::kButton:
+            break;
+    }
 }
 
 Real ReadReal(const BaseContainer &data, LONG id) {

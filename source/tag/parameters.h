@@ -71,6 +71,8 @@ struct ParameterInfo {
 const ParameterInfo *Parameters(LONG *count);
 // NULL for an id that is none.
 const ParameterInfo *FindParameter(LONG id);
+// Writes the declared default where there is one.
+void WriteDefault(const ParameterInfo &parameter, BaseContainer *data);
 
 // The stored real of a parameter: 0 when absent, the declared default when it is not finite.
 Real ReadReal(const BaseContainer &data, LONG id);

@@ -3,7 +3,9 @@
 
 #include "c4d.h"
 
-// The next number of the module's one sequence, 0 to 32767. It starts anew each time the module is loaded and is the
-// same on every platform. For the main thread.
-// Source: linear congruential generator, state * 214013 + 2531011 modulo 2^32, bits 16 to 30.
+constexpr LONG kLargestRandom = 32767;
+
+// The next number of the module's one sequence, 0 to kLargestRandom. It starts anew each time the module is loaded and
+// is the same on every platform. For the main thread. Source: linear congruential generator, state * 214013 + 2531011
+// modulo 2^32, bits 16 to 30.
 LONG NextRandom();

@@ -65,7 +65,9 @@ constexpr LONG kRememberedCategory = 3005, kRememberedPreset = 3006;
 constexpr LONG kBuiltInPresetFolder = 5026;  // file name
 constexpr LONG kSettingsChanged = 20001;     // bool: the settings no longer match the preset
 constexpr LONG kAppliedPresetName = 30000;
-constexpr LONG kAppliedPresetValue = 30001;
+constexpr LONG kAppliedPresetValue = 30001;  // real
+constexpr LONG kReferencePresets = 10049;    // container: key k = preset k of the list it was chosen from
+constexpr LONG kReferencePreset = 10050;     // container: the applied preset
 constexpr LONG kAppliedPresetPath = 1040574;
 constexpr LONG kAppliedPresetPosition = 1040575;
 

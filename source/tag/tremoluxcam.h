@@ -10,6 +10,7 @@
 #include "engine/clocks.h"
 #include "engine/curves.h"
 #include "engine/filter.h"
+#include "presets/presetpath.h"
 
 class TremoluxCamClass : public TagData {
     INSTANCEOF(TremoluxCamClass, TagData)
@@ -132,8 +133,12 @@ class TremoluxCamClass : public TagData {
                                     Real ratio_b, Real speed, Real clock, Real shake_smooth, Real slow, Real medium,
                                     Real fast, Real frame);
 
+    // ---- Presets
+    // Every preset there is, into the container.
     virtual void LoadPresetLibrary(BaseContainer *data);
+    // The presets of the chosen category, into the list that the "Preset" cycle shows.
     virtual void CollectCategoryPresets(BaseContainer *data);
+    // The built-in categories, into the list that the "Category" cycle shows.
     virtual void ScanPresetCategories(const String &category, BaseContainer *data);
 
     // Read a text of frame numbers, separated by commas, into the list of frames on which a jolt fires. An empty text
@@ -141,9 +146,12 @@ class TremoluxCamClass : public TagData {
     virtual void ParseCustomTrigger(BaseContainer *data);
     virtual void ParseCustomTriggerTwin(BaseContainer *data);
 
-    virtual void ApplyPreset(BaseContainer *data);
+    // Copies a preset's values into the tag, as chosen under the "Preset" cycle's present value; what the preset lacks
+    // is put back to its reset value or default.
+    virtual void ApplyPreset(BaseContainer *data, BaseContainer preset);
     // Called at the end of the initialisation.
     virtual void AfterInit();
+    // Takes over what lies in the import folder.
     virtual void ImportPresets();
 
   private:
@@ -171,10 +179,50 @@ class TremoluxCamClass : public TagData {
     Real FollowLens(const FilterKeys &keys, LONG overshoot_base, Real goal, Real smooth, Real overshoot, Real fade,
                     BaseContainer *data);
 
+    // ---- Presets
+    // All preset parameters: the preset's values, or reset values and defaults where it has none to be trusted.
+    void CopyPreset(const BaseContainer &preset, BaseContainer *data);
+    void CopyPresetParameter(const BaseContainer &preset, LONG id, BaseContainer *data);
+    // Collected for the category that the container names.
+    const std::vector<PresetPath> &PresetList(BaseContainer *data);
+    // The chosen one; NULL for the fixed entries and past the end of the list.
+    const PresetPath *ChosenPreset(BaseContainer *data);
+    void ChoosePreset(BaseContainer *data);
+    void ChooseCategory(BaseContainer *data);
+    // Marks preset `position` of the list as the one that the settings are.
+    void RememberPreset(LONG position, const BaseContainer &preset, BaseContainer *data);
+    void SelectNoPreset(BaseContainer *data);
+    // Library, categories and list from the files; the remembered preset stays selected where it is still listed.
+    void ReloadPresets(BaseContainer *data);
+    // Selects the remembered preset in the present list, or "Custom".
+    void FindRememberedPreset(BaseContainer *data);
+    void NoticeEdit(LONG id, BaseContainer *data);
+    BaseContainer CategoryEntries() const;
+    BaseContainer PresetEntries(BaseContainer *data);
+
+    // ---- The user's presets
+    void SaveUserPreset(BaseContainer *data);
+    void DeleteUserPreset(BaseContainer *data);
+    void SetUserPresetFolder(BaseContainer *data);
+    void ResetUserPresetFolder(BaseContainer *data);
+    void TypeUserPresetFolder(BaseContainer *data);
+    void UseUserPresetFolder(const Filename &folder, BaseContainer *data);
+    void ExportCurrentPreset(BaseContainer *data);
+    void ExportAllPresets();
+
+    // ---- Messages
+    void PressButton(LONG id, BaseTag *tag, BaseContainer *data);
+    void ParameterChanged(LONG id, BaseContainer *data);
+
     void ParseTrigger(BaseContainer *data, LONG parameter, std::vector<LONG> *frames);
     void RefreshTrigger(BaseContainer *data, LONG parameter, const std::vector<LONG> &frames);
 
     LONG working_number_;
     Random random_;
     std::vector<LONG> trigger_frames_, twin_trigger_frames_;  // ascending, none negative
+    std::vector<String> sorted_folders_, sorted_names_;       // the built-in categories: folder and display name
+    std::vector<PresetPath> presets_;                         // of the chosen category
+    Bool is_collected_;                                       // whether presets_ was read,
+    LONG collected_category_;                                 // and for which category
+    std::vector<BaseContainer> shaking_presets_;              // those with shake in them, in random order
 };

@@ -1,0 +1,127 @@
+#include "presets/cache.h"
+
+#include <cstring>
+#include <map>
+
+#include "ge_autoptr.h"
+#include "presets/presetfile.h"
+
+namespace {
+
+constexpr std::size_t kMostFiles = 50000;
+
+Bool SameTime(const LocalFileTime &a, const LocalFileTime &b) { return std::memcmp(&a, &b, sizeof(a)) == 0; }
+
+LocalFileTime Now() {
+    LocalFileTime now = LocalFileTime();
+    GeGetCurrentTime(&now);
+    return now;
+}
+
+struct FileState {
+    LLONG size;
+    LocalFileTime changed;
+};
+
+struct CachedFile {
+    FileState state;
+    // Times count seconds: a file that changed in the second in which it was read may change again unseen.
+    Bool is_certain;
+    Bool is_preset;
+    BaseContainer preset;
+};
+
+typedef std::map<String, CachedFile> CachedFiles;
+
+CachedFiles *files = NULL;
+
+const CachedFile *ReadThroughCache(const Filename &file, const FileState &state) {
+    if (!files) files = new CachedFiles;
+    if (files->size() >= kMostFiles) files->clear();
+    CachedFile &cached = (*files)[file.GetString()];
+    if (cached.is_certain && cached.state.size == state.size && SameTime(cached.state.changed, state.changed))
+        return &cached;
+    cached.state = state;
+    cached.is_certain = !SameTime(state.changed, Now());
+    cached.is_preset = state.size <= kLargestPresetFile && ReadPresetFile(file, &cached.preset);
+    return &cached;
+}
+
+Bool IsHidden(BrowseFiles *browse, const String &name) { return browse->IsHidden() || name[0] == '.'; }
+
+FileState StateOf(BrowseFiles *browse) {
+    FileState state = FileState();
+    state.size = browse->GetSize();
+    browse->GetFileTime(GE_FILETIME_MODIFIED, &state.changed);
+    return state;
+}
+
+}  // namespace
+
+std::vector<PresetPath> FoldersIn(const Filename &folder) {
+    std::vector<PresetPath> found;
+    AutoAlloc<BrowseFiles> browse;
+    if (!browse) return found;
+    browse->Init(folder, 0);
+    while ((LONG)found.size() < kLongestList && browse->GetNext()) {
+        const Filename name = browse->GetFilename();
+        if (browse->IsDir() && !IsHidden(browse, name.GetString()))
+            found.push_back(PresetPath(folder, name, name.GetString()));
+    }
+    return found;
+}
+
+std::vector<Filename> FilesIn(const Filename &folder) {
+    std::vector<Filename> found;
+    AutoAlloc<BrowseFiles> browse;
+    if (!browse) return found;
+    browse->Init(folder, 0);
+    while (browse->GetNext()) {
+        const Filename name = browse->GetFilename();
+        if (!browse->IsDir() && !IsHidden(browse, name.GetString())) found.push_back(name);
+    }
+    return found;
+}
+
+std::vector<PresetPath> PresetsIn(const Filename &folder, const String &category, Bool stop_at_folder) {
+    std::vector<PresetPath> found;
+    AutoAlloc<BrowseFiles> browse;
+    if (!browse) return found;
+    browse->Init(folder, 0);
+    while ((LONG)found.size() < kLongestList && browse->GetNext()) {
+        const Filename name = browse->GetFilename();
+        if (IsHidden(browse, name.GetString())) continue;
+        if (browse->IsDir()) {
+            if (stop_at_folder) break;
+            continue;
+        }
+        PresetPath record(folder, name, category);
+        const CachedFile *file = ReadThroughCache(record.path, StateOf(browse));
+        if (!file->is_preset) continue;
+        record.contents = file->preset;
+        found.push_back(record);
+    }
+    return found;
+}
+
+Bool ReadAgain(const PresetPath &record, BaseContainer *preset) {
+    for (const PresetPath &present : PresetsIn(record.path.GetDirectory(), record.category, FALSE)) {
+        if (present.full_path != record.full_path) continue;
+        *preset = present.contents;
+        return TRUE;
+    }
+    return FALSE;
+}
+
+FolderStamp::FolderStamp(const Filename &folder) : folder_(folder), changed_(LocalFileTime()), is_certain_(FALSE) {
+    is_certain_ = GeGetFileTime(folder, GE_FILETIME_MODIFIED, &changed_) && !SameTime(changed_, Now());
+}
+
+Bool FolderStamp::operator==(const FolderStamp &other) const {
+    return is_certain_ && other.is_certain_ && SameTime(changed_, other.changed_) && folder_ == other.folder_;
+}
+
+void ForgetPresets() {
+    delete files;
+    files = NULL;
+}

@@ -1,0 +1,163 @@
+// The lists of categories and presets, choosing from them, and noticing that the settings are a preset no more.
+#include "presets/folders.h"
+#include "presets/library.h"
+#include "tag/parameters.h"
+#include "tag/state.h"
+#include "tag/tremoluxcam.h"
+
+BaseContainer TremoluxCamClass::CategoryEntries() const {
+    BaseContainer entries;
+    for (std::size_t i = 0; i < sorted_names_.size(); i++) entries.SetString((LONG)i, sorted_names_[i]);
+    entries.SetString(kCategoryUser, "User");
+    entries.SetString(kCategoryAll, "All");
+    return entries;
+}
+
+BaseContainer TremoluxCamClass::PresetEntries(BaseContainer *data) {
+    BaseContainer entries;
+    LONG position = 0;
+    for (const PresetPath &record : PresetList(data)) entries.SetString(position++, record.Name());
+    entries.SetString(kPresetBlankA, "");
+    entries.SetString(kPresetBlankB, "");
+    entries.SetString(kPresetCustom, "Custom");
+    return entries;
+}
+
+void TremoluxCamClass::CollectCategoryPresets(BaseContainer *data) {
+    presets_.clear();
+    if (!data) return;
+    const LONG category = data->GetLong(kCategory);
+    is_collected_ = TRUE;
+    collected_category_ = category;
+
+    const auto collect = [this](const Filename &folder, const String &name) {
+        for (const PresetPath &record : PresetsIn(folder, name, FALSE))
+            if ((LONG)presets_.size() < kLongestList) presets_.push_back(record);
+    };
+    for (std::size_t i = 0; i < sorted_folders_.size(); i++)
+        if (category == kCategoryAll || category == (LONG)i)
+            collect(BuiltInPresetFolder() + Filename(sorted_folders_[i]), sorted_folders_[i]);
+    if (category == kCategoryAll || category == kCategoryUser) collect(UserPresetFolder(), kUserCategory);
+    SortByName(&presets_, [](const PresetPath &record) { return record.FileName(); });
+}
+
+const std::vector<PresetPath> &TremoluxCamClass::PresetList(BaseContainer *data) {
+    if (!is_collected_ || collected_category_ != data->GetLong(kCategory)) CollectCategoryPresets(data);
+    return presets_;
+}
+
+const PresetPath *TremoluxCamClass::ChosenPreset(BaseContainer *data) {
+    const std::vector<PresetPath> &list = PresetList(data);
+    const LONG position = data->GetLong(kPreset);
+    return position >= 0 && position < (LONG)list.size() ? &list[position] : NULL;
+}
+
+void TremoluxCamClass::CopyPresetParameter(const BaseContainer &preset, LONG id, BaseContainer *data) {
+    if (CopyPresetValue(preset, id, data)) return;
+    const ParameterInfo *parameter = FindParameter(id);
+    if (!parameter) return;
+    if (parameter->reset.given)
+        ResetParameter(id, data);
+    else
+        WriteDefault(*parameter, data);
+}
+
+void TremoluxCamClass::CopyPreset(const BaseContainer &preset, BaseContainer *data) {
+    for (LONG id = kFirstPresetId; id <= kLastPresetId; id++)
+        if (IsPresetParameter(id)) CopyPresetParameter(preset, id, data);
+}
+
+void TremoluxCamClass::ApplyPreset(BaseContainer *data, BaseContainer preset) {
+    if (!data) return;
+    data->SetLong(kAppliedPresetPosition, kPresetCustom);
+    data->SetString(kAppliedPresetPath, String());
+    const LONG position = data->GetLong(kPreset);
+    data->SetLong(kPreset, position);
+    if (position == kPresetCustom) return;
+
+    CopyPreset(preset, data);
+    ParseCustomTrigger(data);
+    ParseCustomTriggerTwin(data);
+    RememberPreset(position, preset, data);
+}
+
+void TremoluxCamClass::RememberPreset(LONG position, const BaseContainer &preset, BaseContainer *data) {
+    data->SetLong(kPreset, position);
+    data->SetLong(kRememberedPreset, position);
+    data->SetLong(kAppliedPresetPosition, position);
+    const PresetPath *record = ChosenPreset(data);
+    data->SetString(kAppliedPresetPath, record ? record->Key() : String());
+    data->SetString(kAppliedPresetName, record ? record->Name() : preset.GetString(kPresetName));
+    data->SetReal(kAppliedPresetValue, (Real)position);
+    data->SetBool(kSettingsChanged, FALSE);
+
+    BaseContainer references;
+    LONG n = 0;
+    for (const PresetPath &listed : presets_) references.SetContainer(n++, listed.contents);
+    data->SetContainer(kReferencePresets, references);
+    data->SetContainer(kReferencePreset, preset);
+}
+
+void TremoluxCamClass::SelectNoPreset(BaseContainer *data) {
+    data->SetLong(kPreset, kPresetCustom);
+    data->SetLong(kRememberedPreset, kPresetCustom);
+    data->SetLong(kAppliedPresetPosition, kPresetCustom);
+    data->SetString(kAppliedPresetPath, String());
+    data->SetString(kAppliedPresetName, String());
+    data->SetReal(kAppliedPresetValue, (Real)kPresetCustom);
+}
+
+void TremoluxCamClass::ChoosePreset(BaseContainer *data) {
+    const PresetPath *record = ChosenPreset(data);
+    const LONG position = data->GetLong(kPreset);
+    if (record && ReadAgain(*record, &presets_[position].contents))
+        ApplyPreset(data, presets_[position].contents);
+    else if (position == kPresetCustom)
+        ApplyPreset(data, BaseContainer());
+    else
+        data->SetLong(kPreset, data->GetLong(kAppliedPresetPosition, kPresetCustom));
+    data->SetLong(kRememberedPreset, data->GetLong(kPreset));
+}
+
+// Nothing is applied: the list shows the preset that the settings still are, where the category has it.
+void TremoluxCamClass::ChooseCategory(BaseContainer *data) {
+    data->SetLong(kRememberedCategory, data->GetLong(kCategory));
+    CollectCategoryPresets(data);
+    FindRememberedPreset(data);
+}
+
+void TremoluxCamClass::FindRememberedPreset(BaseContainer *data) {
+    const String key = data->GetString(kAppliedPresetPath);
+    const BaseContainer preset = data->GetContainer(kReferencePreset);
+    data->SetLong(kPreset, kPresetCustom);
+    if (!key.Content() || data->GetBool(kSettingsChanged)) return;
+    const std::vector<PresetPath> &list = PresetList(data);
+    for (std::size_t i = 0; i < list.size(); i++) {
+        if (list[i].Key() != key) continue;
+        RememberPreset((LONG)i, preset, data);
+        return;
+    }
+}
+
+void TremoluxCamClass::ReloadPresets(BaseContainer *data) {
+    ForgetPresetLibrary();
+    LoadPresetLibrary(data);
+    ScanPresetCategories(String(), data);
+    CollectCategoryPresets(data);
+}
+
+void TremoluxCamClass::NoticeEdit(LONG id, BaseContainer *data) {
+    if (!IsPresetParameter(id) || !FindParameter(id)) return;
+    if (!data->GetBool(kSettingsChanged)) {
+        const BaseContainer applied = data->GetContainer(kReferencePreset);
+        if (applied.GetIndexId(0) == NOTOK) return;
+        const BaseContainer *references = data->GetContainerInstance(kReferencePresets);
+        const BaseContainer *listed = references ? references->GetContainerInstance(data->GetLong(kPreset)) : NULL;
+        BaseContainer expected;
+        CopyPresetParameter(listed ? *listed : applied, id, &expected);
+        if (expected.GetData(id) == data->GetData(id)) return;
+        data->SetBool(kSettingsChanged, TRUE);
+        data->SetString(kAppliedPresetName, String());
+    }
+    data->SetLong(kPreset, kPresetCustom);
+}
