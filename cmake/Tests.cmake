@@ -24,11 +24,11 @@ function(tremolux_add_tests room)
     target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
     target_compile_definitions(
         ${target}
-        PRIVATE TREMOLUX_MODULE_FILE="${PROJECT_BINARY_DIR}/plugins/TremoluxCam/TremoluxCam${module_suffix}"
+        PRIVATE TREMOLUX_MODULE_FILE="${PROJECT_BINARY_DIR}/bare/TremoluxCam/TremoluxCam${module_suffix}"
                 TREMOLUX_PROGRAM_FILE="${PROJECT_BINARY_DIR}/tremolux${CMAKE_EXECUTABLE_SUFFIX}"
                 TREMOLUX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     tremolux_set_defaults(${target})
-    foreach(used TremoluxCam tremolux)
+    foreach(used TremoluxCam tremolux bare_module built_in_presets)
         if(TARGET ${used})
             add_dependencies(${target} ${used})
         endif()

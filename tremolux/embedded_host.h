@@ -15,7 +15,7 @@ class EmbeddedHost {
     EmbeddedHost(const std::filesystem::path &module_file, const std::filesystem::path &home);
     ~EmbeddedHost();  // documents must be gone
 
-    const host::Application &Application() const { return *application_; }
+    host::Application &Application() const { return *application_; }
     const std::filesystem::path &ModuleFile() const { return module_->File(); }
 
   private:

@@ -29,6 +29,7 @@ int RunProgram(int argc, char **argv) {
     AddShakeCommand(&program, &action);
     AddTraceCommand(&program, &action);
     AddPanelCommand(&program, &action);
+    AddPresetsCommand(&program, &action);
     AddInfoCommand(&program, &action);
     try {
         program.parse(argc, argv);

@@ -63,8 +63,11 @@ Outcome Workplace::Run(const std::vector<std::string> &arguments) const {
     const fs::path out = settings_ / "out.txt", err = settings_ / "err.txt";
     std::string command = Quoted(TREMOLUX_PROGRAM_FILE);
     for (const std::string &argument : arguments) command += " " + Quoted(argument);
-    if (!arguments.empty() && arguments.front().rfind("--", 0) != 0)
+    if (!arguments.empty() && arguments.front().rfind("--", 0) != 0) {
         command += " --user-folder " + Quoted((settings_ / "home").string());
+        if (std::find(arguments.begin(), arguments.end(), "--module") == arguments.end())
+            command += " --module " + Quoted(TREMOLUX_MODULE_FILE);
+    }
     command += " >" + Quoted(out.string()) + " 2>" + Quoted(err.string()) + " </dev/null";
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Contents(out), Contents(err)};

@@ -12,6 +12,7 @@ using Action = std::function<void()>;
 void AddShakeCommand(CLI::App *program, Action *action);
 void AddTraceCommand(CLI::App *program, Action *action);
 void AddPanelCommand(CLI::App *program, Action *action);
+void AddPresetsCommand(CLI::App *program, Action *action);
 void AddInfoCommand(CLI::App *program, Action *action);
 
 }  // namespace tremolux

@@ -100,6 +100,8 @@ void AddHostOptions(CLI::App *command, HostOptions *options) {
 
 void AddMoveOptions(CLI::App *command, MoveOptions *options) {
     command->add_option("INPUT", options->input, "camera move to read, .csv or .chan")->required();
+    command->add_option("--preset", options->preset,
+                        "CATEGORY/NAME or NAME: the preset to begin with; `tremolux presets` lists them");
     command
         ->add_option(
             "--set", options->settings,

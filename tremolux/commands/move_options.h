@@ -23,6 +23,7 @@ struct HostOptions {
 struct MoveOptions {
     HostOptions host;
     std::string input;
+    std::string preset;
     std::vector<std::string> settings;
     std::vector<std::string> target, focus_object;  // a point or a file each; at most one
     std::string seed, frames, frames_per_second, unit = "cm", resolution = "1920x1080";

@@ -8,6 +8,7 @@
 #include "tremolux/panel/panel_page.h"
 #include "tremolux/panel/panel_text.h"
 #include "tremolux/parameters/settings.h"
+#include "tremolux/presets/catalog.h"
 #include "tremolux/stage.h"
 
 namespace tremolux {
@@ -30,10 +31,10 @@ void ShowPanel(const PanelOptions &options) {
     CameraMove standing;
     standing.samples.emplace_back();
     Stage stage(standing, kFramesPerSecond);
+    host::Tag *tag = &stage.CameraTag();
+    if (!options.preset.empty()) ChoosePreset(FindPreset(ReadCatalog(tag), options.preset, "--preset"), tag);
     if (options.target) stage.AddTarget(standing);
-    std::vector<std::string> settings = options.settings;
-    if (!options.preset.empty()) settings.insert(settings.begin(), "Preset=" + options.preset);
-    ApplySettings(settings, kFramesPerSecond, &stage.CameraTag());
+    ApplySettings(options.settings, kFramesPerSecond, tag);
     if (options.baked) stage.CameraTag().Data().Set(kBaked, host::Data(std::int32_t{1}));
 
     const std::vector<host::PanelGroup> tabs = host::BuildPanel(&stage.CameraTag());
@@ -50,7 +51,7 @@ void AddPanelCommand(CLI::App *program, Action *action) {
     const auto options = std::make_shared<PanelOptions>();
     CLI::App *command = program->add_subcommand("panel", "Shows the tag's panel as text, or as a page for a browser");
     command->add_option("--set", options->settings, "LABEL=VALUE or ID=VALUE, as for shake")->expected(1)->take_all();
-    command->add_option("--preset", options->preset, "the preset that is chosen, by its label");
+    command->add_option("--preset", options->preset, "CATEGORY/NAME or NAME: the preset that is chosen");
     command->add_flag("--baked", options->baked, "as after baking");
     command->add_flag("--target", options->target, "with a target object");
     command->add_option("--html", options->pages, "page to write; else text on the standard output")->expected(1);

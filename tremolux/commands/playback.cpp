@@ -5,12 +5,14 @@
 #include "tremolux/formats/source_text.h"
 #include "tremolux/interrupt.h"
 #include "tremolux/parameters/settings.h"
+#include "tremolux/presets/catalog.h"
 #include "tremolux/progress.h"
 
 namespace tremolux {
 
 Playback::Playback(const MoveOptions &options)
     : formats_(options.Formats()),
+      preset_(options.preset),
       settings_(options.AllSettings()),
       host_options_(options.host),
       quiet_(options.quiet) {
@@ -31,9 +33,11 @@ Playback::Playback(const MoveOptions &options)
 void Playback::Start() {
     host_ = std::make_unique<EmbeddedHost>(host_options_.ModuleFile(), host_options_.Home());
     stage_ = std::make_unique<Stage>(move_, frames_per_second_);
+    host::Tag *tag = &stage_->CameraTag();
+    if (!preset_.empty()) ChoosePreset(FindPreset(ReadCatalog(tag), preset_, "--preset"), tag);
     if (target_) stage_->AddTarget(*target_);
     if (focus_object_) stage_->AddFocusObject(*focus_object_);
-    ApplySettings(settings_, frames_per_second_, &stage_->CameraTag());
+    ApplySettings(settings_, frames_per_second_, tag);
 }
 
 void Playback::Play(const std::function<void(std::int64_t)> &at_frame) {

@@ -33,6 +33,7 @@ class Playback {
 
   private:
     FormatOptions formats_;
+    std::string preset_;
     std::vector<std::string> settings_;
     CameraMove move_;
     std::optional<CameraMove> target_, focus_object_;

@@ -21,6 +21,19 @@ std::string Folded(std::string_view text) {
     return folded;
 }
 
+struct Name {
+    std::optional<std::int64_t> id;
+    std::string label;  // folded; empty: not given
+};
+
+Name Split(std::string_view text) {
+    text = Trimmed(text);
+    const std::size_t blank = text.find(' ');
+    const std::optional<std::int64_t> id = ParseWhole(text.substr(0, blank));
+    if (!id) return {std::nullopt, Folded(text)};
+    return {id, blank == std::string_view::npos ? std::string() : Folded(text.substr(blank))};
+}
+
 std::string NearestNames(const std::vector<Parameter> &parameters, std::string_view name) {
     std::vector<std::pair<std::size_t, const Parameter *>> ranked;
     for (const Parameter &parameter : parameters) {
@@ -62,12 +75,12 @@ std::size_t EditDistance(std::string_view a, std::string_view b) {
 }
 
 const Parameter &FindParameter(const std::vector<Parameter> &parameters, std::string_view name) {
-    const std::optional<std::int64_t> id = ParseWhole(Trimmed(name));
-    const std::string folded = Folded(name);
+    const Name wanted = Split(name);
     std::vector<const Parameter *> found;
     for (const Parameter &parameter : parameters) {
-        const bool same = id ? parameter.id == *id : !folded.empty() && Folded(parameter.label) == folded;
-        if (same) found.push_back(&parameter);
+        if (wanted.id && parameter.id != *wanted.id) continue;
+        if (!wanted.label.empty() ? Folded(parameter.label) == wanted.label : wanted.id.has_value())
+            found.push_back(&parameter);
     }
     if (found.size() == 1) return *found.front();
     if (found.empty()) {

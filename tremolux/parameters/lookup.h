@@ -8,8 +8,8 @@
 
 namespace tremolux {
 
-// By id, or by label whatever its case and the blanks around it. Throws a Failure for a label that several parameters
-// share, with their ids, and for an unknown one, with the nearest.
+// By id, by label whatever its case and the blanks around it, or by both ("6154 Overshoot Fade"). Throws a Failure for
+// a label that several parameters share, with their ids, and for an unknown one, with the nearest.
 const Parameter &FindParameter(const std::vector<Parameter> &parameters, std::string_view name);
 
 // How many letters have to be added, removed or changed to turn one text into the other (Levenshtein).

@@ -1,0 +1,127 @@
+// Turns the text files of the built-in presets into the host's preset files, by setting a tag and pressing its "Save".
+//
+//     preset_compiler MODULE TEXTS RESULT
+//
+// MODULE is the built module, with no presets beside it. For each TEXTS/<category>/<preset>.txt the file
+// RESULT/Presets/<category>/<preset> is written, and a list of all with their sentences as RESULT/presets.json.
+#include <algorithm>
+#include <cstdio>
+#include <nlohmann/json.hpp>
+#include <set>
+
+#include "host/files/safe_write.h"
+#include "host/ui/attribute_manager.h"
+#include "host/value/descid.h"
+#include "host/value/text.h"
+#include "presets/compiler/preset_text.h"
+#include "tremolux/embedded_host.h"
+#include "tremolux/failure.h"
+#include "tremolux/parameters/settings.h"
+#include "tremolux/stage.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using tremolux::Failure;
+
+constexpr std::int32_t kSave = 6003;
+constexpr int kFramesPerSecond = 24;  // in which frames are given as times
+
+std::vector<fs::path> Sorted(const fs::path &folder, bool folders) {
+    std::vector<fs::path> found;
+    for (const auto &entry : fs::directory_iterator(folder)) {
+        const fs::path &path = entry.path();
+        if (folders ? entry.is_directory() : path.extension() == ".txt") found.push_back(path);
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+class Compiler {
+  public:
+    Compiler(const fs::path &module, const fs::path &result)
+        : home_(result / ".user"), result_(result), host_(module, Emptied(home_)) {}
+    ~Compiler() {
+        std::error_code ignored;
+        fs::remove_all(home_, ignored);
+    }
+
+    void Compile(const fs::path &text_file) {
+        const fs::path category = text_file.parent_path().filename();
+        const presets::PresetText preset = presets::ReadPresetText(text_file);
+        if (!names_.insert(preset.name).second)
+            throw Failure(tremolux::kExitInput, host::PathText(text_file) + ": found a second preset '" + preset.name +
+                                                    "', expected a name of its own");
+        try {
+            Save(preset);
+        } catch (const Failure &failure) {
+            throw Failure(failure.Status(), host::PathText(text_file) + ": " + failure.what());
+        }
+        const fs::path saved = home_ / "plugins" / "TremoluxCam" / "User" / ("00_" + preset.name);
+        if (!fs::exists(saved))
+            throw Failure(tremolux::kExitModule, host::PathText(text_file) +
+                                                     ": found no saved preset, expected a name "
+                                                     "that file names can hold");
+        fs::create_directories(result_ / "Presets" / category);
+        fs::rename(saved, result_ / "Presets" / category / text_file.stem());
+        list_.push_back({{"category", host::PathText(category)},
+                         {"file", host::PathText(text_file.stem())},
+                         {"name", preset.name},
+                         {"about", preset.about}});
+    }
+
+    void WriteList() const {
+        std::string error;
+        if (!host::WriteFileSafely(result_ / "presets.json", list_.dump(2) + "\n", &error))
+            throw Failure(tremolux::kExitOutput, error);
+    }
+
+  private:
+    static const fs::path &Emptied(const fs::path &folder) {
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+        return folder;
+    }
+
+    void Save(const presets::PresetText &preset) {
+        tremolux::CameraMove still;
+        still.samples.emplace_back();
+        const tremolux::Stage stage(still, kFramesPerSecond);
+        tremolux::ApplySettings(preset.settings, kFramesPerSecond, &stage.CameraTag());
+        host_.Application().dialogs.AnswerText(preset.name);
+        host::PressButton(&stage.CameraTag(), host::MakeId(kSave));
+    }
+
+    fs::path home_, result_;
+    tremolux::EmbeddedHost host_;
+    std::set<std::string> names_;
+    nlohmann::json list_ = nlohmann::json::array();
+};
+
+int Run(const fs::path &module, const fs::path &texts, const fs::path &result) {
+    fs::remove_all(result / "Presets");
+    fs::create_directories(result / "Presets");
+    Compiler compiler(module, result);
+    for (const fs::path &category : Sorted(texts, true))
+        for (const fs::path &text : Sorted(category, false)) compiler.Compile(text);
+    compiler.WriteList();
+    return 0;
+}
+
+}  // namespace
+
+int main(int count, char **arguments) {
+    if (count != 4) {
+        std::fprintf(stderr, "preset_compiler: expected MODULE TEXTS RESULT\n");
+        return tremolux::kExitInput;
+    }
+    try {
+        return Run(arguments[1], arguments[2], arguments[3]);
+    } catch (const Failure &failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return failure.Status();
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "preset_compiler: %s\n", error.what());
+        return tremolux::kExitInternal;
+    }
+}

@@ -1,0 +1,53 @@
+#include "presets/compiler/preset_text.h"
+
+#include "host/files/safe_write.h"
+#include "host/value/text.h"
+#include "tremolux/failure.h"
+#include "tremolux/formats/numbers.h"
+#include "tremolux/formats/source_text.h"
+
+namespace presets {
+namespace {
+
+using tremolux::Trimmed;
+
+enum class Section { kHead, kSettings, kMotion };
+
+std::string Bytes(const std::filesystem::path &file) {
+    std::string bytes, error;
+    if (!host::ReadFile(file, &bytes, &error)) throw tremolux::Failure(tremolux::kExitInput, error);
+    return bytes;
+}
+
+}  // namespace
+
+PresetText ReadPresetText(const std::filesystem::path &file) {
+    const std::string bytes = Bytes(file);
+    const tremolux::SourceText source(host::PathText(file), bytes);
+    source.CheckEnd();
+    PresetText preset;
+    Section section = Section::kHead;
+    for (const tremolux::Line &line : source.Lines()) {
+        const std::string_view text = Trimmed(line.text);
+        if (text.empty() || text[0] == '#') continue;
+        if (text == "[settings]" || text == "[motion]") {
+            section = text == "[settings]" ? Section::kSettings : Section::kMotion;
+            continue;
+        }
+        const std::size_t equals = text.find('=');
+        if (equals == std::string_view::npos)
+            source.Refuse(line.number, 1, tremolux::Quoted(text), "NAME = VALUE, [settings] or [motion]");
+        const std::string key(Trimmed(text.substr(0, equals))), value(Trimmed(text.substr(equals + 1)));
+        if (section == Section::kSettings) {
+            preset.settings.push_back(key + "=" + value);
+        } else if (section == Section::kHead) {
+            if (key != "name" && key != "about") source.Refuse(line.number, 1, tremolux::Quoted(key), "name or about");
+            (key == "name" ? preset.name : preset.about) = value;
+        }
+    }
+    if (preset.name.empty() || preset.about.empty())
+        source.Refuse(1, 1, "no name or no sentence", "name = ... and about = ... at the top");
+    return preset;
+}
+
+}  // namespace presets

@@ -1,0 +1,20 @@
+// Built-in presets as the text files that they are kept in.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace presets {
+
+struct PresetText {
+    std::string name, about;
+    std::vector<std::string> settings;  // "LABEL=VALUE" each
+};
+
+// "name = ..." and "about = ...", then the sections "[settings]" (one parameter in a line) and "[motion]" (what the
+// preset's motion measures). Lines that begin with "#" are comments. Throws a tremolux::Failure that names the file and
+// the line.
+PresetText ReadPresetText(const std::filesystem::path &file);
+
+}  // namespace presets

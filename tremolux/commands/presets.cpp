@@ -1,0 +1,253 @@
+#include <algorithm>
+
+#include "host/files/folders.h"
+#include "host/files/hyperfile.h"
+#include "host/ui/attribute_manager.h"
+#include "host/value/descid.h"
+#include "host/value/text.h"
+#include "tremolux/commands/commands.h"
+#include "tremolux/commands/move_options.h"
+#include "tremolux/embedded_host.h"
+#include "tremolux/failure.h"
+#include "tremolux/formats/source_text.h"
+#include "tremolux/output_files.h"
+#include "tremolux/parameters/settings.h"
+#include "tremolux/parameters/shown_values.h"
+#include "tremolux/presets/catalog.h"
+#include "tremolux/presets/sentences.h"
+#include "tremolux/stage.h"
+
+namespace tremolux {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kFramesPerSecond = 30;
+constexpr std::int32_t kSave = 6003, kExportCurrent = 6171, kExportAll = 10033, kChooseFolder = 6176,
+                       kResetFolder = 6182, kFolderText = 6178, kCategory = 5806, kUserCategory = 5810,
+                       kAllCategories = 5809;
+constexpr std::size_t kNameWidth = 30;
+
+struct PresetsOptions {
+    HostOptions host;
+    std::string name, other, from, category = "User", folder;
+    std::vector<std::string> settings, files;
+    bool replace = false, as_default = false, all = false, built_in = false, reset = false;
+};
+
+// A tag whose buttons are pressed: everything happens by the module's own messages.
+class PresetDesk {
+  public:
+    explicit PresetDesk(const HostOptions &options)
+        : host_(options.ModuleFile(), options.Home()), stage_(Still(), kFramesPerSecond) {}
+    host::Tag *Tag() { return &stage_.CameraTag(); }
+    EmbeddedHost &Host() { return host_; }
+    void Choose(const std::string &preset, const std::string &place) {
+        ChoosePreset(FindPreset(ReadCatalog(Tag()), preset, place), Tag());
+    }
+    void Press(std::int32_t button, bool control = false) {
+        host_.Application().input.control = control;
+        host::PressButton(Tag(), host::MakeId(button));
+        host_.Application().input.control = false;
+    }
+    host::Dialogs &Dialogs() { return host_.Application().dialogs; }
+    fs::path UserFolder() { return host::PathFromText(Tag()->Data().Text(kFolderText)); }
+
+  private:
+    static CameraMove Still() {
+        CameraMove move;
+        move.samples.emplace_back();
+        return move;
+    }
+    EmbeddedHost host_;
+    Stage stage_;
+};
+
+std::string Padded(std::string text, std::size_t width) {
+    text.append(text.size() < width ? width - text.size() : 1, ' ');
+    return text;
+}
+
+void List(const PresetsOptions &options) {
+    PresetDesk desk(options.host);
+    const auto sentences = ReadPresetSentences(desk.Host().ModuleFile());
+    std::string text, category;
+    for (const CatalogEntry &entry : ReadCatalog(desk.Tag())) {
+        if (entry.category != category) text += (text.empty() ? "" : "\n") + entry.category + "\n";
+        category = entry.category;
+        const auto sentence = sentences.find(entry.name);
+        const bool is_known = sentence != sentences.end() && category != "User";
+        text += "  " + (is_known ? Padded(entry.name, kNameWidth) + sentence->second : entry.name) + "\n";
+    }
+    Print(text.empty() ? "no presets\n" : text);
+}
+
+void Show(const PresetsOptions &options) {
+    PresetDesk desk(options.host);
+    desk.Choose(options.name, "show");
+    std::string text;
+    for (const ShownValue &value : PresetValues(desk.Tag()))
+        text += Padded(value.label, kNameWidth) + value.value + "\n";
+    Print(text);
+}
+
+void Diff(const PresetsOptions &options) {
+    PresetDesk desk(options.host);
+    desk.Choose(options.name, "diff");
+    const std::vector<ShownValue> a = PresetValues(desk.Tag());
+    desk.Choose(options.other, "diff");
+    const std::vector<ShownValue> b = PresetValues(desk.Tag());
+    std::string text;
+    for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i)
+        if (a[i].value != b[i].value)
+            text += Padded(a[i].label, kNameWidth) + Padded(a[i].value, kNameWidth / 2) + b[i].value + "\n";
+    Print(text);
+}
+
+bool SameValues(const std::vector<ShownValue> &a, const std::vector<ShownValue> &b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](const ShownValue &x, const ShownValue &y) { return x.id == y.id && x.value == y.value; });
+}
+
+// In the module's own words where it said something.
+void CheckThatNothingWasRefused(const std::string &name, const host::Dialogs &dialogs) {
+    for (const host::Dialogs::Shown &shown : dialogs.All()) {
+        if (shown.kind == host::Dialogs::Kind::kMessage) throw Failure(kExitInput, "save: " + shown.text);
+        if (shown.kind == host::Dialogs::Kind::kQuestion && shown.answer == "no")
+            throw Failure(kExitInput,
+                          "save: found a preset " + Quoted(name) + " already, expected another name, or --replace");
+    }
+}
+
+void Save(const PresetsOptions &options) {
+    PresetDesk desk(options.host);
+    if (!options.from.empty()) desk.Choose(options.from, "--from");
+    ApplySettings(options.settings, kFramesPerSecond, desk.Tag());
+    const std::vector<ShownValue> wanted = PresetValues(desk.Tag());
+    desk.Dialogs().AnswerText(options.name);
+    if (options.as_default) desk.Dialogs().AnswerYes();
+    if (options.replace) desk.Dialogs().AnswerYes();
+    desk.Press(kSave, options.as_default);
+    CheckThatNothingWasRefused(options.name, desk.Dialogs());
+
+    for (const CatalogEntry &entry : ReadCatalog(desk.Tag())) {
+        if (entry.category_value != kUserCategory || entry.name != options.name) continue;
+        ChoosePreset(entry, desk.Tag());
+        if (!SameValues(PresetValues(desk.Tag()), wanted)) continue;
+        Print("saved " + options.name + " in " + host::PathText(desk.UserFolder()) + "\n");
+        return;
+    }
+    throw Failure(kExitOutput, "save: found " + Quoted(options.name) + " for " + host::PathText(desk.UserFolder()) +
+                                   ", expected a name for a file (150 bytes at most) and a folder that can be written");
+}
+
+void Export(const PresetsOptions &options) {
+    PresetDesk desk(options.host);
+    if (options.all) {
+        desk.Press(kExportAll, options.built_in);
+    } else {
+        if (options.name.empty()) throw Failure(kExitInput, "export: found nothing, expected a preset or --all");
+        desk.Choose(options.name, "export");
+        // From this list every preset is exported, whosever it is.
+        host::EditParameter(desk.Tag(), host::MakeId(kCategory), host::Data(kAllCategories));
+        desk.Press(kExportCurrent);
+    }
+    Print("exported to " + host::PathText(desk.UserFolder().parent_path() / "Exports") + "\n");
+}
+
+void CheckPresetFile(const fs::path &file) {
+    constexpr std::int32_t kPresetCode = 0x74656D70, kContainer = 132;
+    host::HyperFile stream;
+    host::Container preset;
+    if (!stream.Open(kPresetCode, file, host::FileMode::kRead) || !stream.Read(kContainer, &preset))
+        throw Failure(kExitInput, host::PathText(file) + ": found no preset, expected a file that was saved as one");
+}
+
+// The module takes over what lies in its import folder when a tag is evaluated for the first time.
+void Import(const PresetsOptions &options) {
+    const fs::path folder = options.host.ModuleFile().parent_path() / "Imports" / options.category;
+    if (fs::path(options.category).filename() != fs::path(options.category) ||
+        options.category.find_first_of("/\\.") == 0)
+        throw Failure(kExitInput,
+                      "--category: found " + Quoted(options.category) + ", expected the name of a category");
+    for (const std::string &file : options.files) CheckPresetFile(file);
+    std::error_code error;
+    fs::create_directories(folder, error);
+    for (const std::string &file : options.files)
+        if (!host::CopyFileTo(file, folder / fs::path(file).filename(), false))
+            throw Failure(kExitOutput, host::PathText(folder) + ": found no room for " + Quoted(file) +
+                                           ", expected a folder that can be written and holds no such file");
+    const PresetDesk desk(options.host);
+    for (const std::string &file : options.files)
+        if (fs::exists(folder / fs::path(file).filename()))
+            throw Failure(kExitOutput, host::PathText(folder) + ": the module did not take over " + Quoted(file) +
+                                           ", expected preset folders that can be written");
+    Print("imported " + std::to_string(options.files.size()) + " into " + options.category + "\n");
+}
+
+void Path(const PresetsOptions &options) {
+    PresetDesk desk(options.host);
+    if (!options.folder.empty()) {
+        const fs::path folder = fs::absolute(options.folder);
+        if (!fs::is_directory(folder))
+            throw Failure(kExitInput, "path: found " + Quoted(options.folder) + ", expected a folder that is there");
+        desk.Dialogs().AnswerText(host::PathText(folder));
+        desk.Press(kChooseFolder);
+    } else if (options.reset) {
+        desk.Press(kResetFolder);
+    }
+    Print(host::PathText(desk.UserFolder()) + "\n");
+}
+
+using Job = void (*)(const PresetsOptions &);
+
+}  // namespace
+
+void AddPresetsCommand(CLI::App *program, Action *action) {
+    const auto options = std::make_shared<PresetsOptions>();
+    CLI::App *presets = program->add_subcommand("presets",
+                                                "Lists the presets by category; or shows, compares, saves, "
+                                                "exports and imports them");
+    presets->require_subcommand(0, 1);
+    AddHostOptions(presets, &options->host);
+    presets->fallthrough();
+    presets->callback([=] {
+        if (presets->get_subcommands().empty()) *action = [options] { List(*options); };
+    });
+    const auto add = [&](const char *name, const char *help, Job job) {
+        CLI::App *command = presets->add_subcommand(name, help);
+        command->fallthrough();
+        command->callback([=] { *action = [=] { job(*options); }; });
+        return command;
+    };
+    const char *const preset_help = "CATEGORY/NAME, NAME, or a part that only one preset has";
+    add("list", "Lists the presets by category", List);
+    add("show", "Prints every setting of a preset", Show)->add_option("NAME", options->name, preset_help)->required();
+
+    CLI::App *diff = add("diff", "Prints the settings in which two presets differ", Diff);
+    diff->add_option("A", options->name, preset_help)->required();
+    diff->add_option("B", options->other, preset_help)->required();
+
+    CLI::App *save = add("save", "Saves a preset of your own", Save);
+    save->add_option("NAME", options->name, "its name")->required();
+    save->add_option("--from", options->from, "the preset to begin with; else a new tag's settings");
+    save->add_option("--set", options->settings, "LABEL=VALUE or ID=VALUE, as for shake")->expected(1)->take_all();
+    save->add_flag("--replace", options->replace, "replace the preset of that name");
+    save->add_flag("--default", options->as_default, "as a default preset, which is replaced only by another one");
+
+    CLI::App *exporting = add("export", "Copies presets to the export folder", Export);
+    exporting->add_option("NAME", options->name, preset_help);
+    exporting->add_flag("--all", options->all, "all of your own");
+    exporting->add_flag("--built-in", options->built_in, "with --all: the built-in ones too");
+
+    CLI::App *importing = add("import", "Takes over preset files", Import);
+    importing->add_option("FILE", options->files, "preset files")->required();
+    importing->add_option("--category", options->category, "the category to put them in, or User")
+        ->capture_default_str();
+
+    CLI::App *path = add("path", "Prints the folder of your own presets, or chooses another", Path);
+    path->add_option("FOLDER", options->folder, "the folder to use from now on");
+    path->add_flag("--reset", options->reset, "back to the usual folder");
+}
+
+}  // namespace tremolux
