@@ -70,10 +70,9 @@ Scene::Scene() : folder_(NewTemporaryFolder()) {
     host::ApplicationSettings settings;
     settings.application_folder = folder_ / "application";
     settings.user_folder = folder_ / "user";
+    std::filesystem::create_directories(settings.user_folder);
     application_ = std::make_unique<host::Application>(settings);
-    std::string error;
-    module_ = host::LoadedModule::Load(TREMOLUX_MODULE_FILE, &error);
-    if (!module_) Fail(error);
+    LoadModule();
 
     document_ = application_->NewDocument();
     document_->SetFps(kFps);
@@ -109,6 +108,27 @@ Scene::~Scene() {
     application_.reset();
     std::error_code ignored;
     std::filesystem::remove_all(folder_, ignored);
+}
+
+void Scene::LoadModule() {
+    std::string error;
+    module_ = host::LoadedModule::Load(TREMOLUX_MODULE_FILE, &error);
+    if (!module_) Fail(error);
+}
+
+void Scene::RestartModule() {
+    application_->KillDocument(document_);
+    document_ = nullptr;
+    module_.reset();
+    LoadModule();
+    document_ = application_->NewDocument();
+    camera_ = host::Object::Create(host::kTypeCamera).release();
+    document_->InsertObject(camera_);
+}
+
+void Scene::MakeTag() {
+    tag_ = camera_->MakeTag(kTagType);
+    if (tag_ == nullptr) Fail("the module gives no tag");
 }
 
 void Scene::Evaluate(std::int64_t frame) {

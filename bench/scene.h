@@ -25,8 +25,13 @@ class Scene {
     void Evaluate(std::int64_t frame);
     host::Vector CameraPosition() const;
     host::Tag &Tag() const { return *tag_; }
+    const std::filesystem::path &UserFolder() const { return application_->settings.user_folder; }
+    // Unloads the module and loads it again; the scene's document goes, and MakeTag begins a new one.
+    void RestartModule();
+    void MakeTag();
 
   private:
+    void LoadModule();
     std::filesystem::path folder_;
     std::unique_ptr<host::Application> application_;
     std::unique_ptr<host::LoadedModule> module_;

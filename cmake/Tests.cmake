@@ -26,6 +26,7 @@ function(tremolux_add_tests room)
         ${target}
         PRIVATE TREMOLUX_MODULE_FILE="${PROJECT_BINARY_DIR}/bare/TremoluxCam/TremoluxCam${module_suffix}"
                 TREMOLUX_PROGRAM_FILE="${PROJECT_BINARY_DIR}/tremolux${CMAKE_EXECUTABLE_SUFFIX}"
+                TREMOLUX_COMPILER_FILE="${PROJECT_BINARY_DIR}/preset_compiler${CMAKE_EXECUTABLE_SUFFIX}"
                 TREMOLUX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     tremolux_set_defaults(${target})
     foreach(used TremoluxCam tremolux bare_module built_in_presets)
@@ -56,6 +57,16 @@ tremolux_add_tests(program tremolux_program)
 
 if(TARGET parameter_page)
     add_test(NAME docs.parameters COMMAND parameter_page --check "${PROJECT_SOURCE_DIR}/docs/parameters.md")
+endif()
+
+# NumPy is that of the system's Python.
+execute_process(COMMAND /usr/bin/python3 -c "import numpy" RESULT_VARIABLE numpy_missing OUTPUT_QUIET ERROR_QUIET)
+if(TARGET built_in_presets AND NOT numpy_missing)
+    add_test(NAME presets.motion COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/presets/measure/measure_presets.py"
+                                         $<TARGET_FILE:tremolux>)
+    set_tests_properties(presets.motion PROPERTIES TIMEOUT 600)
+else()
+    message(STATUS "NumPy is missing: the motion of the presets is not measured")
 endif()
 
 # Pages are opened in a browser, where there is one with its driver; script/test installs both. The driver's bindings are

@@ -113,12 +113,14 @@ Bool ReadAgain(const PresetPath &record, BaseContainer *preset) {
     return FALSE;
 }
 
-FolderStamp::FolderStamp(const Filename &folder) : folder_(folder), changed_(LocalFileTime()), is_certain_(FALSE) {
-    is_certain_ = GeGetFileTime(folder, GE_FILETIME_MODIFIED, &changed_) && !SameTime(changed_, Now());
+FolderStamp::FolderStamp(const Filename &folder) : folder_(folder), changed_(LocalFileTime()) {
+    exists_ = GeGetFileTime(folder, GE_FILETIME_MODIFIED, &changed_);
+    is_certain_ = !exists_ || !SameTime(changed_, Now());
 }
 
 Bool FolderStamp::operator==(const FolderStamp &other) const {
-    return is_certain_ && other.is_certain_ && SameTime(changed_, other.changed_) && folder_ == other.folder_;
+    return is_certain_ && other.is_certain_ && exists_ == other.exists_ && SameTime(changed_, other.changed_) &&
+           folder_ == other.folder_;
 }
 
 void ForgetPresets() {

@@ -19,8 +19,8 @@ std::vector<PresetPath> PresetsIn(const Filename &folder, const String &category
 // The preset of one record as its file is now; FALSE when it opens no more.
 Bool ReadAgain(const PresetPath &record, BaseContainer *preset);
 
-// Changes only together with what lies in the folder, however fast one change follows another; empty when nothing can
-// be said.
+// When the files of a folder last came or went. Equal only where nothing has since, however fast one change follows
+// another.
 class FolderStamp {
   public:
     explicit FolderStamp(const Filename &folder);
@@ -29,7 +29,7 @@ class FolderStamp {
   private:
     Filename folder_;
     LocalFileTime changed_;
-    Bool is_certain_;
+    Bool exists_, is_certain_;
 };
 
 // At the module's end.

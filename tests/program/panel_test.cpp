@@ -86,7 +86,6 @@ TEST_F(PanelCommand, KeepsTextsFromBreakingThePage) {
 }
 
 TEST_F(PanelCommand, RefusesUnknownPresetsAndPlacesThatCannotBeWritten) {
-    Text({"--preset", "Custom"});
     ExpectRefused({"panel", "--preset", "Nobody"}, "'Nobody'");
     const Outcome outcome = workplace_.Run({"panel", "--html", workplace_.Path("missing") + "/a.html"});
     EXPECT_NE(outcome.status, 0);

@@ -109,6 +109,17 @@ TEST_F(Presets, ALinkOutOfTheFolderIsNotFollowed) {
     EXPECT_EQ(Entries(kCategory).size(), 3u);
 }
 
+TEST_F(Presets, EndTheirListAtFourThousand) {
+    BuiltIn("1_A", "1_0000");
+    for (int i = 1; i < 4100; ++i)
+        fs::copy_file(Root() / "1_A" / "1_0000", Root() / "1_A" / ("1_" + std::to_string(10000 + i)));
+    Start();
+    EXPECT_EQ(PresetNames().size(), 4000u);
+    EXPECT_EQ(State().Whole(1040441), 4000);
+    Choose(kPreset, 3999);
+    EXPECT_EQ(State().Whole(kPreset), 3999);
+}
+
 // ---- The library
 
 TEST_F(Presets, AreAllHeldByTheTagInReadingOrder) {

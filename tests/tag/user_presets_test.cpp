@@ -182,6 +182,17 @@ TEST_F(UserPresets, ThatCannotBeWrittenChangeNothing) {
     }
 }
 
+TEST_F(UserPresets, WithoutTheirFolderAreNotSavedAndNothingBreaks) {
+    fs::remove_all(UserFolder());
+    std::ofstream(UserFolder()) << "a file where the folder was";
+    Save("Walk");
+    Press(kDelete);
+    Press(kExportAll);
+    Choose(kCategory, kUser);
+    EXPECT_EQ(PresetNames(), Names{});
+    EXPECT_TRUE(fs::is_regular_file(UserFolder()));
+}
+
 // ---- Delete
 
 TEST_F(UserPresets, AreDeleted) {

@@ -165,11 +165,11 @@ void CheckPresetFile(const fs::path &file) {
 
 // The module takes over what lies in its import folder when a tag is evaluated for the first time.
 void Import(const PresetsOptions &options) {
-    const fs::path folder = options.host.ModuleFile().parent_path() / "Imports" / options.category;
-    if (fs::path(options.category).filename() != fs::path(options.category) ||
-        options.category.find_first_of("/\\.") == 0)
+    if (options.category.empty() || options.category[0] == '.' ||
+        options.category.find_first_of("/\\") != std::string::npos)
         throw Failure(kExitInput,
                       "--category: found " + Quoted(options.category) + ", expected the name of a category");
+    const fs::path folder = options.host.ModuleFile().parent_path() / "Imports" / options.category;
     for (const std::string &file : options.files) CheckPresetFile(file);
     std::error_code error;
     fs::create_directories(folder, error);
@@ -179,7 +179,7 @@ void Import(const PresetsOptions &options) {
                                            ", expected a folder that can be written and holds no such file");
     const PresetDesk desk(options.host);
     for (const std::string &file : options.files)
-        if (fs::exists(folder / fs::path(file).filename()))
+        if (host::RemoveFile(folder / fs::path(file).filename(), 0))
             throw Failure(kExitOutput, host::PathText(folder) + ": the module did not take over " + Quoted(file) +
                                            ", expected preset folders that can be written");
     Print("imported " + std::to_string(options.files.size()) + " into " + options.category + "\n");
