@@ -32,13 +32,14 @@ std::string DeviationText(const Deviation &deviation, const char *unit) {
 std::string SettingsText(const std::vector<std::string> &settings) {
     std::string list;
     for (const std::string &setting : settings) list += (list.empty() ? "" : ", ") + setting;
-    return list.empty() ? "the tag's own settings" : list;
+    return list.empty() ? "as it is" : list;
 }
 
 }  // namespace
 
 std::string ReportText(const ShakeReport &report, const CameraMove &input, const CameraMove &output) {
     std::string text = Line("in", report.input_file + ", " + Frames(input, report.frames_per_second));
+    if (!report.preset.empty()) text += Line("preset", report.preset);
     text += Line("shake", SettingsText(report.settings));
     for (const std::filesystem::path &file : report.output_files) {
         text += Line("out", host::PathText(file) + ", " + std::to_string(output.samples.size()) + " frames");

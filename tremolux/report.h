@@ -12,6 +12,7 @@ namespace tremolux {
 struct ShakeReport {
     std::string input_file;
     std::vector<std::filesystem::path> output_files;
+    std::string preset;                 // that the settings come on top of; empty: none
     std::vector<std::string> settings;  // as given
     int frames_per_second;
     double microseconds_per_frame;  // of evaluation

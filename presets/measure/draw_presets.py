@@ -55,8 +55,7 @@ set tmargin at screen 0.88
 set bmargin at screen 0.16
 set size ratio -1
 set title 'from above, cm' offset 0,-0.8
-set xtics autofreq rotate by 0 nomirror format '%.3g'
-set xtics maxrange
+set xtics nomirror format "%.3g"
 set ytics nomirror format '%.3g'
 set xrange [{left}:{right}]
 set yrange [{bottom}:{top}]
@@ -69,14 +68,14 @@ set xrange [0:{seconds}]
 set yrange [*:*]
 set xtics 2
 set ytics autofreq
-set key outside right top samplen 1 spacing 0.9
+set key at graph 1.04, graph 0.98 left top reverse Left samplen 1 spacing 0.9
 set lmargin at screen 0.31
-set rmargin at screen 0.55
+set rmargin at screen 0.54
 set title 'position, cm, over seconds' offset 0,-0.8
 plot {position}
 {position_data}
-set lmargin at screen 0.69
-set rmargin at screen 0.92
+set lmargin at screen 0.66
+set rmargin at screen 0.89
 set title 'angles, degrees' offset 0,-0.8
 plot {angles}
 {angle_data}

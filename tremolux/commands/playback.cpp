@@ -9,6 +9,11 @@
 #include "tremolux/progress.h"
 
 namespace tremolux {
+namespace {
+
+constexpr std::int32_t kAppliedPresetName = 30000;
+
+}  // namespace
 
 Playback::Playback(const MoveOptions &options)
     : formats_(options.Formats()),
@@ -35,6 +40,7 @@ void Playback::Start() {
     stage_ = std::make_unique<Stage>(move_, frames_per_second_);
     host::Tag *tag = &stage_->CameraTag();
     if (!preset_.empty()) ChoosePreset(FindPreset(ReadCatalog(tag), preset_, "--preset"), tag);
+    applied_preset_ = tag->Data().Text(kAppliedPresetName);
     if (target_) stage_->AddTarget(*target_);
     if (focus_object_) stage_->AddFocusObject(*focus_object_);
     ApplySettings(settings_, frames_per_second_, tag);

@@ -27,13 +27,15 @@ class Playback {
     std::int64_t FirstFrame() const { return first_frame_; }  // wanted
     std::int64_t LastFrame() const { return last_frame_; }
     int FramesPerSecond() const { return frames_per_second_; }
+    // What the tag began with, once it is started: the name of a preset, or empty.
+    const std::string &Preset() const { return applied_preset_; }
     const std::vector<std::string> &Settings() const { return settings_; }
     const FormatOptions &Formats() const { return formats_; }
     Stage &GetStage() { return *stage_; }
 
   private:
     FormatOptions formats_;
-    std::string preset_;
+    std::string preset_, applied_preset_;
     std::vector<std::string> settings_;
     CameraMove move_;
     std::optional<CameraMove> target_, focus_object_;

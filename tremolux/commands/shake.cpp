@@ -35,9 +35,9 @@ void Shake(const ShakeOptions &options) {
     files.Write(texts);
     if (!options.report) return;
     const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);
-    Print(ReportText(
-        {options.move.input, files.Files(), playback.Settings(), playback.FramesPerSecond(), microseconds / played},
-        input, output));
+    Print(ReportText({options.move.input, files.Files(), playback.Preset(), playback.Settings(),
+                      playback.FramesPerSecond(), microseconds / played},
+                     input, output));
 }
 
 }  // namespace
