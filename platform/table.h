@@ -20,7 +20,7 @@ extern "C" {
 #endif
 
 // Grows with every change of any struct below: a module refuses a table that is older than what it was built for.
-#define HOST_TABLE_LAYOUT 1
+#define HOST_TABLE_LAYOUT 2
 // The release of the plug-in interface that the table speaks: what `API_VERSION` is compared with.
 #define HOST_TABLE_API_VERSION 14000
 

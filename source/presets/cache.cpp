@@ -56,51 +56,51 @@ FileState StateOf(BrowseFiles *browse) {
     return state;
 }
 
+// Every entry but hidden ones, until `visit(browse, name)` is FALSE.
+template <class Visit>
+void ForEachIn(const Filename &folder, Visit visit) {
+    AutoAlloc<BrowseFiles> browse;
+    if (!browse) return;
+    browse->Init(folder, 0);
+    while (browse->GetNext()) {
+        const Filename name = browse->GetFilename();
+        if (!IsHidden(browse, name.GetString()) && !visit(browse, name)) return;
+    }
+}
+
+Bool HasRoom(const std::vector<PresetPath> &list) { return (LONG)list.size() < kLongestList; }
+
 }  // namespace
 
 std::vector<PresetPath> FoldersIn(const Filename &folder) {
     std::vector<PresetPath> found;
-    AutoAlloc<BrowseFiles> browse;
-    if (!browse) return found;
-    browse->Init(folder, 0);
-    while ((LONG)found.size() < kLongestList && browse->GetNext()) {
-        const Filename name = browse->GetFilename();
-        if (browse->IsDir() && !IsHidden(browse, name.GetString()))
-            found.push_back(PresetPath(folder, name, name.GetString()));
-    }
+    ForEachIn(folder, [&](BrowseFiles *browse, const Filename &name) {
+        if (browse->IsDir()) found.push_back(PresetPath(folder, name, name.GetString()));
+        return HasRoom(found);
+    });
     return found;
 }
 
 std::vector<Filename> FilesIn(const Filename &folder) {
     std::vector<Filename> found;
-    AutoAlloc<BrowseFiles> browse;
-    if (!browse) return found;
-    browse->Init(folder, 0);
-    while (browse->GetNext()) {
-        const Filename name = browse->GetFilename();
-        if (!browse->IsDir() && !IsHidden(browse, name.GetString())) found.push_back(name);
-    }
+    ForEachIn(folder, [&](BrowseFiles *browse, const Filename &name) {
+        if (!browse->IsDir()) found.push_back(name);
+        return TRUE;
+    });
     return found;
 }
 
 std::vector<PresetPath> PresetsIn(const Filename &folder, const String &category, Bool stop_at_folder) {
     std::vector<PresetPath> found;
-    AutoAlloc<BrowseFiles> browse;
-    if (!browse) return found;
-    browse->Init(folder, 0);
-    while ((LONG)found.size() < kLongestList && browse->GetNext()) {
-        const Filename name = browse->GetFilename();
-        if (IsHidden(browse, name.GetString())) continue;
-        if (browse->IsDir()) {
-            if (stop_at_folder) break;
-            continue;
-        }
+    ForEachIn(folder, [&](BrowseFiles *browse, const Filename &name) {
+        if (browse->IsDir()) return !stop_at_folder;
         PresetPath record(folder, name, category);
         const CachedFile *file = ReadThroughCache(record.path, StateOf(browse));
-        if (!file->is_preset) continue;
+        if (!file->is_preset) return true;
         record.contents = file->preset;
         found.push_back(record);
-    }
+        return (bool)HasRoom(found);
+    });
     return found;
 }
 
