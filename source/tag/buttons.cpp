@@ -1,11 +1,159 @@
 // What the panel's buttons do.
+#include <cmath>
+
+#include "ge_autoptr.h"
 #include "lib_description.h"
+#include "obase.h"
 #include "tag/parameters.h"
+#include "tag/random.h"
+#include "tag/state.h"
 #include "tag/tremoluxcam.h"
+
+namespace {
+
+constexpr LONG kSeeds = 100000;
+
+struct ScaleButton {
+    LONG id;
+    Real scale;
+};
+
+constexpr ScaleButton kScaleButtons[] = {
+    {kScaleCoffeeCup, 0.2}, {kScaleHuman, 1.0}, {kScaleCar, 1.3}, {kScaleHouse, 5.0}, {kScaleSkyscraper, 20.0}};
+
+constexpr LONG kPositionShake[] = {kPositionSlow, kPositionMedium, kPositionFast};
+constexpr LONG kRotationShake[] = {kRotationSlow, kRotationMedium, kRotationFast};
+constexpr LONG kFollowingInput[] = {kInitialRotationSmooth, kInitialRotationOvershoot, kInitialPositionSmooth,
+                                    kInitialPositionOvershoot};
+constexpr LONG kFollowingTarget[] = {kTargetSmooth, kTargetOvershoot, kInitialPositionSmooth,
+                                     kInitialPositionOvershoot};
+
+// Where a drawn number falls in a list, in single precision. Not below the length when the draw was the largest.
+LONG SlotOf(LONG drawn, LONG length) {
+    const SReal share = (SReal)drawn / (SReal)kLargestRandom;
+    return (LONG)(share * (SReal)length);
+}
+
+}  // namespace
+
+// The user's step, as far as the tag's document is there: everything until its end is taken back at once.
+class TremoluxCamClass::Step {
+  public:
+    explicit Step(BaseTag *tag) : doc_(tag->GetDocument()) {
+        StopAllThreads();
+        if (doc_) doc_->StartUndo();
+        Add(UNDOTYPE_CHANGE, tag);
+    }
+    ~Step() {
+        if (doc_) doc_->EndUndo();
+    }
+    void Add(UNDOTYPE type, void *node) {
+        if (doc_) doc_->AddUndo(type, node);
+    }
+    BaseDocument *Document() const { return doc_; }
+
+  private:
+    BaseDocument *doc_;
+};
+
+template <LONG count>
+void TremoluxCamClass::ZeroParameters(const LONG (&ids)[count], BaseTag *tag, BaseContainer *data) {
+    const Step step(tag);
+    for (LONG id : ids) data->SetReal(id, 0.0);
+    SelectNoPreset(data);
+}
+
+void TremoluxCamClass::RandomizeSeed(BaseContainer *data) {
+    const GeData seed = data->GetData(kSeed);
+    const Bool is_whole = (seed.GetType() == DA_REAL || seed.GetType() == DA_LONG) &&
+                          std::floor(seed.GetReal()) == seed.GetReal() && std::isfinite(seed.GetReal());
+    if (is_whole) data->SetReal(kSeed, (Real)(NextRandom() % kSeeds));
+}
+
+void TremoluxCamClass::ShuffleShakingPresets() {
+    const LONG length = (LONG)shaking_presets_.size();
+    std::vector<BaseContainer> shuffled(length);
+    std::vector<char> is_taken(length);
+    for (const BaseContainer &preset : shaking_presets_) {
+        LONG slot = length;
+        while (slot >= length || is_taken[slot]) slot = SlotOf(NextRandom(), length);
+        shuffled[slot] = preset;
+        is_taken[slot] = 1;
+    }
+    shaking_presets_.swap(shuffled);
+}
+
+void TremoluxCamClass::ApplyLuckyPreset(BaseTag *tag, BaseContainer *data) {
+    if (shaking_presets_.empty()) return;
+    const Step step(tag);
+    LONG position = data->GetLong(kLuckyPosition, -1) + 1;
+    if (position < 0 || position >= (LONG)shaking_presets_.size()) {
+        ShuffleShakingPresets();
+        position = 0;
+    }
+    CopyPreset(shaking_presets_[position], data);
+    ParseCustomTrigger(data);
+    ParseCustomTriggerTwin(data);
+    data->SetLong(kCategory, kCategoryUser);
+    SelectNoPreset(data);
+    data->SetLong(kLuckyPosition, position);
+    CollectCategoryPresets(data);
+    RandomizeSeed(data);
+}
+
+void TremoluxCamClass::CreateLinkedNull(const CHAR *name, LONG link, BaseTag *tag, BaseContainer *data) {
+    BaseDocument *doc = tag->GetDocument();
+    BaseObject *null = doc ? BaseObject::Alloc(Onull) : NULL;
+    if (!null) return;
+    Step step(tag);
+    null->SetName(String(name));
+    doc->InsertObject(null, NULL, NULL);
+    step.Add(UNDOTYPE_NEW, null);
+    data->SetLink(link, null);
+}
+
+void TremoluxCamClass::SetOverallScale(LONG button, BaseTag *tag, BaseContainer *data) {
+    const Step step(tag);
+    for (const ScaleButton &scale : kScaleButtons)
+        if (scale.id == button) data->SetReal(kOverallScale, scale.scale);
+}
 
 void TremoluxCamClass::PressButton(LONG id, BaseTag *tag, BaseContainer *data) {
     if (BaseDocument *doc = tag->GetDocument()) doc->AddUndo(UNDOTYPE_CHANGE, tag);
     switch (id) {
+        case kZeroPosition:
+            ZeroParameters(kPositionShake, tag, data);
+            break;
+        case kZeroRotation:
+            ZeroParameters(kRotationShake, tag, data);
+            break;
+        case kZeroInitials:
+            if (data->GetObjectLink(kTargetObject, tag->GetDocument()))
+                ZeroParameters(kFollowingTarget, tag, data);
+            else
+                ZeroParameters(kFollowingInput, tag, data);
+            break;
+        case kRandomizeSeeds: {
+            const Step step(tag);
+            RandomizeSeed(data);
+            break;
+        }
+        case kFeelingLucky:
+            ApplyLuckyPreset(tag, data);
+            break;
+        case kCreateFocus:
+            CreateLinkedNull("Focus Null", kFocusObject, tag, data);
+            break;
+        case kCreateTarget:
+            CreateLinkedNull("Target Null", kTargetObject, tag, data);
+            break;
+        case kScaleCoffeeCup:
+        case kScaleHuman:
+        case kScaleCar:
+        case kScaleHouse:
+        case kScaleSkyscraper:
+            SetOverallScale(id, tag, data);
+            break;
         case kSavePreset:
             SaveUserPreset(data);
             break;

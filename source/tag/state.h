@@ -61,6 +61,7 @@ constexpr LONG kJoltPositionOffset = 10061, kJoltRotationOffset = 10060;        
 // Presets
 constexpr LONG kLibraryCategories = 3000, kLibraryIndices = 3001, kLibraryPresets = 3002;  // containers
 constexpr LONG kLibraryCount = 1040441;
+constexpr LONG kLuckyPosition = 3004;  // in the shuffled presets
 constexpr LONG kRememberedCategory = 3005, kRememberedPreset = 3006;
 constexpr LONG kBuiltInPresetFolder = 5026;  // file name
 constexpr LONG kSettingsChanged = 20001;     // bool: the settings no longer match the preset

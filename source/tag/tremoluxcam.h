@@ -210,6 +210,17 @@ class TremoluxCamClass : public TagData {
     void ExportCurrentPreset(BaseContainer *data);
     void ExportAllPresets();
 
+    // ---- Buttons
+    class Step;
+    template <LONG count>
+    void ZeroParameters(const LONG (&ids)[count], BaseTag *tag, BaseContainer *data);
+    // Where the present one is a whole number.
+    void RandomizeSeed(BaseContainer *data);
+    void ShuffleShakingPresets();
+    void ApplyLuckyPreset(BaseTag *tag, BaseContainer *data);
+    void CreateLinkedNull(const CHAR *name, LONG link, BaseTag *tag, BaseContainer *data);
+    void SetOverallScale(LONG button, BaseTag *tag, BaseContainer *data);
+
     // ---- Messages
     void PressButton(LONG id, BaseTag *tag, BaseContainer *data);
     void ParameterChanged(LONG id, BaseContainer *data);
