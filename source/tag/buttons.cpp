@@ -1,12 +1,11 @@
 // What the panel's buttons do.
 #include <cmath>
 
-#include "ge_autoptr.h"
 #include "lib_description.h"
-#include "obase.h"
 #include "tag/parameters.h"
 #include "tag/random.h"
 #include "tag/state.h"
+#include "tag/step.h"
 #include "tag/tremoluxcam.h"
 
 namespace {
@@ -36,29 +35,9 @@ LONG SlotOf(LONG drawn, LONG length) {
 
 }  // namespace
 
-// The user's step, as far as the tag's document is there: everything until its end is taken back at once.
-class TremoluxCamClass::Step {
-  public:
-    explicit Step(BaseTag *tag) : doc_(tag->GetDocument()) {
-        StopAllThreads();
-        if (doc_) doc_->StartUndo();
-        Add(UNDOTYPE_CHANGE, tag);
-    }
-    ~Step() {
-        if (doc_) doc_->EndUndo();
-    }
-    void Add(UNDOTYPE type, void *node) {
-        if (doc_) doc_->AddUndo(type, node);
-    }
-    BaseDocument *Document() const { return doc_; }
-
-  private:
-    BaseDocument *doc_;
-};
-
 template <LONG count>
 void TremoluxCamClass::ZeroParameters(const LONG (&ids)[count], BaseTag *tag, BaseContainer *data) {
-    const Step step(tag);
+    const UndoStep step(tag);
     for (LONG id : ids) data->SetReal(id, 0.0);
     SelectNoPreset(data);
 }
@@ -85,7 +64,7 @@ void TremoluxCamClass::ShuffleShakingPresets() {
 
 void TremoluxCamClass::ApplyLuckyPreset(BaseTag *tag, BaseContainer *data) {
     if (shaking_presets_.empty()) return;
-    const Step step(tag);
+    const UndoStep step(tag);
     LONG position = data->GetLong(kLuckyPosition, -1) + 1;
     if (position < 0 || position >= (LONG)shaking_presets_.size()) {
         ShuffleShakingPresets();
@@ -105,7 +84,7 @@ void TremoluxCamClass::CreateLinkedNull(const CHAR *name, LONG link, BaseTag *ta
     BaseDocument *doc = tag->GetDocument();
     BaseObject *null = doc ? BaseObject::Alloc(Onull) : NULL;
     if (!null) return;
-    Step step(tag);
+    UndoStep step(tag);
     null->SetName(String(name));
     doc->InsertObject(null, NULL, NULL);
     step.Add(UNDOTYPE_NEW, null);
@@ -113,7 +92,7 @@ void TremoluxCamClass::CreateLinkedNull(const CHAR *name, LONG link, BaseTag *ta
 }
 
 void TremoluxCamClass::SetOverallScale(LONG button, BaseTag *tag, BaseContainer *data) {
-    const Step step(tag);
+    const UndoStep step(tag);
     for (const ScaleButton &scale : kScaleButtons)
         if (scale.id == button) data->SetReal(kOverallScale, scale.scale);
 }
@@ -121,6 +100,11 @@ void TremoluxCamClass::SetOverallScale(LONG button, BaseTag *tag, BaseContainer 
 void TremoluxCamClass::PressButton(LONG id, BaseTag *tag, BaseContainer *data) {
     if (BaseDocument *doc = tag->GetDocument()) doc->AddUndo(UNDOTYPE_CHANGE, tag);
     switch (id) {
+        case kInputCamera:
+            // The host tells of a new link twice.
+            if (!input_is_set_up_) SetUpInputCamera(tag, data);
+            input_is_set_up_ = FALSE;
+            break;
         case kZeroPosition:
             ZeroParameters(kPositionShake, tag, data);
             break;
@@ -134,7 +118,7 @@ void TremoluxCamClass::PressButton(LONG id, BaseTag *tag, BaseContainer *data) {
                 ZeroParameters(kFollowingInput, tag, data);
             break;
         case kRandomizeSeeds: {
-            const Step step(tag);
+            const UndoStep step(tag);
             RandomizeSeed(data);
             break;
         }

@@ -31,7 +31,8 @@ void WriteMissingDefaults(BaseContainer *data) {
 
 }  // namespace
 
-TremoluxCamClass::TremoluxCamClass() : working_number_(0), is_collected_(FALSE), collected_category_(0) {}
+TremoluxCamClass::TremoluxCamClass()
+    : working_number_(0), input_is_set_up_(FALSE), is_collected_(FALSE), collected_category_(0) {}
 
 TremoluxCamClass::~TremoluxCamClass() {}
 

@@ -20,16 +20,21 @@ Bool TremoluxCamClass::Message(GeListNode *node, LONG type, void *message) {
     if (!node) return TRUE;
     BaseContainer *data = ((BaseTag *)node)->GetDataInstance();
     if (!data) return FALSE;
+    BaseTag *tag = (BaseTag *)node;
+    if (type == MSG_EDIT) ToggleViewCamera(tag, data);
     if (!message) return TRUE;
     switch (type) {
+        case MSG_DRAGANDDROP:
+            TakeDrop((DragAndDrop *)message, tag, data);
+            break;
         case MSG_DOCUMENTINFO:
             if (((const DocumentInfoData *)message)->type == MSG_DOCUMENTINFO_TYPE_LOAD) AfterLoading(data);
             break;
         case MSG_DESCRIPTION_POSTSETPARAMETER:
-            ParameterChanged(FirstLevel(((const DescriptionPostSetValue *)message)->descid), data);
+            ParameterChanged(FirstLevel(((const DescriptionPostSetValue *)message)->descid), tag, data);
             break;
         case MSG_DESCRIPTION_COMMAND:
-            PressButton(((const DescriptionCommand *)message)->id[0].id, (BaseTag *)node, data);
+            PressButton(((const DescriptionCommand *)message)->id[0].id, tag, data);
             break;
         default:
             break;
@@ -37,8 +42,12 @@ Bool TremoluxCamClass::Message(GeListNode *node, LONG type, void *message) {
     return TRUE;
 }
 
-void TremoluxCamClass::ParameterChanged(LONG id, BaseContainer *data) {
+void TremoluxCamClass::ParameterChanged(LONG id, BaseTag *tag, BaseContainer *data) {
     switch (id) {
+        case kInputCamera:
+            SetUpInputCamera(tag, data);
+            input_is_set_up_ = TRUE;
+            break;
         case kUserPresetFolder:
             TypeUserPresetFolder(data);
             break;

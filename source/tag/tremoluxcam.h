@@ -211,7 +211,6 @@ class TremoluxCamClass : public TagData {
     void ExportAllPresets();
 
     // ---- Buttons
-    class Step;
     template <LONG count>
     void ZeroParameters(const LONG (&ids)[count], BaseTag *tag, BaseContainer *data);
     // Where the present one is a whole number.
@@ -221,14 +220,22 @@ class TremoluxCamClass : public TagData {
     void CreateLinkedNull(const CHAR *name, LONG link, BaseTag *tag, BaseContainer *data);
     void SetOverallScale(LONG button, BaseTag *tag, BaseContainer *data);
 
+    // ---- The input camera
+    // The tag's camera begins as a copy of a new input camera.
+    void SetUpInputCamera(BaseTag *tag, BaseContainer *data);
+    void TakeDrop(DragAndDrop *drag, BaseTag *tag, BaseContainer *data);
+    // The view looks through the input camera and the tag's in turn.
+    void ToggleViewCamera(BaseTag *tag, BaseContainer *data);
+
     // ---- Messages
     void PressButton(LONG id, BaseTag *tag, BaseContainer *data);
-    void ParameterChanged(LONG id, BaseContainer *data);
+    void ParameterChanged(LONG id, BaseTag *tag, BaseContainer *data);
 
     void ParseTrigger(BaseContainer *data, LONG parameter, std::vector<LONG> *frames);
     void RefreshTrigger(BaseContainer *data, LONG parameter, const std::vector<LONG> &frames);
 
     LONG working_number_;
+    Bool input_is_set_up_;  // by the first of two messages
     Random random_;
     std::vector<LONG> trigger_frames_, twin_trigger_frames_;  // ascending, none negative
     std::vector<String> sorted_folders_, sorted_names_;       // the built-in categories: folder and display name
