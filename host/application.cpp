@@ -132,7 +132,12 @@ void Application::CallCommand(std::int32_t id) {
     if (const CommandPlugin *command = registry.FindCommand(id)) {
         if (command->get_state != nullptr && (command->get_state(command->self, active_) & kCommandEnabled) == 0)
             return;
-        if (command->execute != nullptr) command->execute(command->self, active_);
+        Document *document = active_;
+        const int depth = document == nullptr ? 0 : document->Undo().Depth();
+        if (command->execute != nullptr) command->execute(command->self, document);
+        // A step that the command left open would swallow the user's next ones.
+        if (document != nullptr && document == active_)
+            while (document->Undo().Depth() > depth) document->Undo().End();
     } else if (id == kTypeCamera && active_ != nullptr) {
         MakeCamera(active_);
     }

@@ -1,5 +1,9 @@
 #include "tag/cameraloader.h"
 
+#include "lib_description.h"
+#include "obase.h"
+#include "tag/inputcamera.h"
+#include "tag/parameters.h"
 #include "tag/tremoluxcam.h"
 
 namespace {
@@ -34,7 +38,69 @@ String Banner() {
            NameOf(kVersionTypes, (LONG)GeGetVersionType()) + ", " + NameOf(kOperatingSystems, (LONG)GeGetCurrentOS());
 }
 
-class TremoluxCommand : public CommandData {};
+// The menu's command: a second camera with the tag on it, which makes the selected camera hand-held.
+class TremoluxCommand : public CommandData {
+  public:
+    virtual Bool Execute(BaseDocument *doc);
+};
+
+Bool IsCamera(BaseObject *object) { return object && object->GetType() == Ocamera; }
+
+// The camera that the host makes when the user wants one; NULL when it makes none.
+BaseObject *CreateInputCamera(BaseDocument *doc) {
+    BaseObject *before = doc->GetFirstObject();
+    CallCommand(Ocamera);
+    EventAdd();
+    BaseObject *made = doc->GetFirstObject();
+    if (made == before || !IsCamera(made)) return NULL;
+    made->SetName(kInputCameraName);
+    return made;
+}
+
+// The user's choice, or a new one where that is wanted; NULL for a tag without input.
+BaseObject *ChooseInputCamera(BaseDocument *doc) {
+    BaseObject *selected = doc->GetActiveObject();
+    if (IsCamera(selected)) return selected;
+    const GEMB_R answer = GeOutString(String("No camera selected, create a camera?"), GEMB_YESNO);
+    return answer == GEMB_R_YES ? CreateInputCamera(doc) : NULL;
+}
+
+Bool TremoluxCommand::Execute(BaseDocument *doc) {
+    if (!doc) return TRUE;
+    StopAllThreads();
+    doc->StartUndo();
+    BaseObject *camera = BaseObject::Alloc(Ocamera);
+    if (!camera) {
+        doc->EndUndo();
+        EventAdd();
+        return TRUE;
+    }
+    BaseObject *input = ChooseInputCamera(doc);
+    if (input && !CopyCamera(input, camera)) {
+        BaseObject::Free(camera);
+        return FALSE;
+    }
+    if (input) {
+        NameInputCamera(input);
+        input->SetParameter(DescLevel(ID_BASEOBJECT_USECOLOR), GeData(0), DESCFLAGS_SET_0);
+    }
+    doc->InsertObject(camera, NULL, NULL);
+    camera->SetName(kName);
+    BaseTag *tag = camera->MakeTag(kTremoluxCamId);
+    if (tag) doc->AddUndo(UNDOTYPE_NEW, tag);
+    doc->AddUndo(UNDOTYPE_NEW, camera);
+    if (input) {
+        BaseContainer *data = tag ? tag->GetDataInstance() : NULL;
+        if (data) data->SetLink(kInputCamera, input);
+        input->SetParameter(DescLevel(ID_BASEOBJECT_VISIBILITY_EDITOR), GeData(OBJECT_OFF), DESCFLAGS_SET_0);
+    }
+    doc->SetActiveObject(camera);
+    if (tag) doc->SetActiveTag(tag);
+    if (BaseDraw *view = doc->GetActiveBaseDraw()) view->SetSceneCamera(camera);
+    doc->EndUndo();
+    EventAdd();
+    return TRUE;
+}
 
 }  // namespace
 

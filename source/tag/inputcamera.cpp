@@ -11,9 +11,11 @@
 #include "tag/step.h"
 #include "tag/tremoluxcam.h"
 
+const CHAR *const kInputCameraName = "TC Input Cam";
+
 namespace {
 
-const CHAR *const kUnnamedCamera = "Camera", *const kInputCameraName = "TC Input Cam";
+const CHAR *const kUnnamedCamera = "Camera";
 
 constexpr LONG kOwnParameters[] = {ID_BASELIST_NAME, ID_BASEOBJECT_VISIBILITY_EDITOR, ID_BASEOBJECT_VISIBILITY_RENDER,
                                    ID_BASEOBJECT_USECOLOR, ID_BASEOBJECT_COLOR};
@@ -39,10 +41,15 @@ BaseObject *DraggedObject(const DragAndDrop &drag) {
 
 }  // namespace
 
-void CopyCamera(BaseObject *from, BaseObject *to) {
+void NameInputCamera(BaseObject *input) {
+    if (input->GetName() == kUnnamedCamera) input->SetName(kInputCameraName);
+}
+
+Bool CopyCamera(BaseObject *from, BaseObject *to) {
     AutoAlloc<Description> description;
-    if (!description || !from->GetDescription(description, DESCFLAGS_DESC_0)) return;
+    if (!description || !from->GetDescription(description, DESCFLAGS_DESC_0)) return FALSE;
     void *handle = description->BrowseInit();
+    if (!handle) return FALSE;
     const BaseContainer *settings;
     DescID id, group;
     while (description->GetNext(handle, &settings, id, group)) {
@@ -51,6 +58,7 @@ void CopyCamera(BaseObject *from, BaseObject *to) {
             to->SetParameter(id, value, DESCFLAGS_SET_0);
     }
     description->BrowseFree(handle);
+    return TRUE;
 }
 
 void TremoluxCamClass::SetUpInputCamera(BaseTag *tag, BaseContainer *data) {
@@ -61,7 +69,7 @@ void TremoluxCamClass::SetUpInputCamera(BaseTag *tag, BaseContainer *data) {
     UndoStep step(tag);
     step.Add(UNDOTYPE_CHANGE, camera);
     step.Add(UNDOTYPE_CHANGE_SMALL, input);
-    if (input->GetName() == kUnnamedCamera) input->SetName(kInputCameraName);
+    NameInputCamera(input);
     CopyCamera(input, camera);
 }
 
