@@ -7,6 +7,7 @@
 #include "host/scene/document.h"
 #include "host/scene/messages.h"
 #include "host/scene/tag.h"
+#include "host/value/descid.h"
 
 namespace host {
 namespace {
@@ -39,14 +40,14 @@ class Running {
 void WriteTrack(Node *node, const Track &track, const Time &time) {
     if (!track.Governs(time)) return;
     if (track.Category() == 1) {
-        node->WriteAnimated(track.Id(), track.ValueAt(time));
+        node->WriteAnimated(WithoutEmptyLevels(track.Id()), track.ValueAt(time));
         return;
     }
     const Key *key = track.KeyBefore(time);
     if (key->data.type != kDataNil) {
-        node->WriteAnimated(track.Id(), key->data);
+        node->WriteAnimated(WithoutEmptyLevels(track.Id()), key->data);
     } else {
-        node->WriteAnimated(track.Id(), Data(TruncatedWhole(key->GetValue())));
+        node->WriteAnimated(WithoutEmptyLevels(track.Id()), Data(TruncatedWhole(key->GetValue())));
     }
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "host/scene/parameters.h"
+#include "host/value/descid.h"
 #include "host/value/time.h"
 
 namespace host {
@@ -60,7 +61,7 @@ Track::~Track() {
 
 std::unique_ptr<Track> Track::Create(Node *node, const TableDescID &id) {
     if (node == nullptr || id.depth < 1 || id.depth > TABLE_DESC_LEVELS) return nullptr;
-    const std::int32_t category = CategoryOf(*node, id);
+    const std::int32_t category = CategoryOf(*node, WithoutEmptyLevels(id));
     return std::unique_ptr<Track>(category != 0 ? new Track(id, category) : nullptr);
 }
 

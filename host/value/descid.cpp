@@ -29,12 +29,20 @@ TableDescID MakeId(std::int32_t first, std::int32_t second) {
     return id;
 }
 
+TableDescID WithoutEmptyLevels(const TableDescID &id) {
+    TableDescID trimmed = id;
+    trimmed.depth = Depth(id);
+    while (trimmed.depth > 1 && trimmed.level[trimmed.depth - 1].id == 0) --trimmed.depth;
+    return trimmed;
+}
+
 std::int32_t LevelId(const TableDescID &id, std::int32_t level) {
     return level >= 0 && level < Depth(id) ? id.level[level].id : 0;
 }
 
 bool SameId(const TableDescID &a, const TableDescID &b) {
-    return Depth(a) == Depth(b) && SameLeadingLevels(a, b, Depth(a));
+    const TableDescID x = WithoutEmptyLevels(a), y = WithoutEmptyLevels(b);
+    return x.depth == y.depth && SameLeadingLevels(x, y, x.depth);
 }
 
 bool IsPartOf(const TableDescID &id, const TableDescID &whole) {

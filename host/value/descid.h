@@ -8,6 +8,8 @@
 namespace host {
 
 TableDescID MakeId(std::int32_t first);
+// Without levels of 0 at its end: they stand for none.
+TableDescID WithoutEmptyLevels(const TableDescID &id);
 TableDescID MakeId(std::int32_t first, std::int32_t second);
 std::int32_t LevelId(const TableDescID &id, std::int32_t level);  // 0 past the end
 bool SameId(const TableDescID &a, const TableDescID &b);

@@ -65,11 +65,10 @@ void TremoluxCamClass::ShuffleShakingPresets() {
 void TremoluxCamClass::ApplyLuckyPreset(BaseTag *tag, BaseContainer *data) {
     if (shaking_presets_.empty()) return;
     const UndoStep step(tag);
-    LONG position = data->GetLong(kLuckyPosition, -1) + 1;
-    if (position < 0 || position >= (LONG)shaking_presets_.size()) {
-        ShuffleShakingPresets();
-        position = 0;
-    }
+    const LONG last = data->GetLong(kLuckyPosition, -1);
+    const Bool is_next_there = last >= -1 && last < (LONG)shaking_presets_.size() - 1;
+    if (!is_next_there) ShuffleShakingPresets();
+    const LONG position = is_next_there ? last + 1 : 0;
     CopyPreset(shaking_presets_[position], data);
     ParseCustomTrigger(data);
     ParseCustomTriggerTwin(data);
@@ -137,6 +136,12 @@ void TremoluxCamClass::PressButton(LONG id, BaseTag *tag, BaseContainer *data) {
         case kScaleHouse:
         case kScaleSkyscraper:
             SetOverallScale(id, tag, data);
+            break;
+        case kBruteForceBake:
+            BruteForceBake(tag, data);
+            break;
+        case kUnBake:
+            UnBake(tag, data);
             break;
         case kSavePreset:
             SaveUserPreset(data);

@@ -32,9 +32,9 @@ void WriteMissingDefaults(BaseContainer *data) {
 }  // namespace
 
 TremoluxCamClass::TremoluxCamClass()
-    : working_number_(0), input_is_set_up_(FALSE), is_collected_(FALSE), collected_category_(0) {}
+    : working_number_(0), icon_(NULL), input_is_set_up_(FALSE), is_collected_(FALSE), collected_category_(0) {}
 
-TremoluxCamClass::~TremoluxCamClass() {}
+TremoluxCamClass::~TremoluxCamClass() { BaseBitmap::Free(icon_); }
 
 void TremoluxCamClass::AfterInit() {}
 

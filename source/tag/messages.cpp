@@ -24,6 +24,8 @@ Bool TremoluxCamClass::Message(GeListNode *node, LONG type, void *message) {
     if (type == MSG_EDIT) ToggleViewCamera(tag, data);
     if (!message) return TRUE;
     switch (type) {
+        case MSG_GETCUSTOMICON:
+            return ShowIcon((GetCustomIconData *)message, tag, *data);
         case MSG_DRAGANDDROP:
             TakeDrop((DragAndDrop *)message, tag, data);
             break;

@@ -58,6 +58,9 @@ constexpr LONG kJoltPositionFilterCarry = 20003, kJoltPositionFilterValue = 1100
 constexpr LONG kJoltRotationFilterCarry = 20002, kJoltRotationFilterValue = 11000;  // vectors
 constexpr LONG kJoltPositionOffset = 10061, kJoltRotationOffset = 10060;            // vectors
 
+// Bakes
+constexpr LONG kPreBakeRecord = 10032;  // container
+
 // Presets
 constexpr LONG kLibraryCategories = 3000, kLibraryIndices = 3001, kLibraryPresets = 3002;  // containers
 constexpr LONG kLibraryCount = 1040441;

@@ -227,7 +227,14 @@ class TremoluxCamClass : public TagData {
     // The view looks through the input camera and the tag's in turn.
     void ToggleViewCamera(BaseTag *tag, BaseContainer *data);
 
+    // ---- Bakes
+    // Keys for every frame of the document, from what the camera does while the scene is played.
+    void BruteForceBake(BaseTag *tag, BaseContainer *data);
+    // Takes all keys of the camera away and puts those from before the bake back.
+    void UnBake(BaseTag *tag, BaseContainer *data);
+
     // ---- Messages
+    Bool ShowIcon(GetCustomIconData *icon, BaseTag *tag, const BaseContainer &data);
     void PressButton(LONG id, BaseTag *tag, BaseContainer *data);
     void ParameterChanged(LONG id, BaseTag *tag, BaseContainer *data);
 
@@ -235,6 +242,7 @@ class TremoluxCamClass : public TagData {
     void RefreshTrigger(BaseContainer *data, LONG parameter, const std::vector<LONG> &frames);
 
     LONG working_number_;
+    BaseBitmap *icon_;      // what the host was shown last
     Bool input_is_set_up_;  // by the first of two messages
     Random random_;
     std::vector<LONG> trigger_frames_, twin_trigger_frames_;  // ascending, none negative

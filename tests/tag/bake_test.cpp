@@ -1,0 +1,202 @@
+// The motion as keys, and back.
+#include "host/animation/track.h"
+#include "host/files/scenefile.h"
+#include "host/ui/attribute_manager.h"
+#include "tests/tag/scene.h"
+#include "tests/tag/tracks.h"
+
+namespace {
+
+using namespace tag_test;
+
+constexpr std::int32_t kBrute = 6175, kUnBake = 6047, kRecord = 10032, kIconMessage = 1001090;
+constexpr std::int32_t kLast = 60;
+
+class Bakes : public WithModule {
+  protected:
+    void SetUp() override {
+        WithModule::SetUp();
+        Begin(0);
+    }
+    void TearDown() override { scene_.reset(); }
+    void Begin(std::int64_t first) {
+        scene_.reset();
+        scene_ = std::make_unique<Scene>(running_, 30, first, kLast);
+        ASSERT_NE(scene_->tag, nullptr);
+        for (const std::int32_t id : {6024, 6025, 6026}) scene_->Set(id, 0.1);
+        for (const std::int32_t id : {6028, 6029, 6030}) scene_->Set(id, 20 * kDegree);
+        scene_->Set(6134, 0.05);
+        scene_->Set(6128, 0.05);
+        scene_->State().Set(6181, host::Data("20"));
+        host::EditParameter(scene_->tag, host::MakeId(6181), host::Data("20"));
+        AddTrack(scene_->input, host::MakeId(903, 1000), {{0, 0}, {30, 300}, {kLast, 100}});
+        AddTrack(scene_->input, host::MakeId(904, 1000), {{0, 0}, {25, 2}, {kLast, -1}});
+    }
+    void AddTrack(host::Node *node, const TableDescID &id, std::initializer_list<std::pair<int, double>> keys) {
+        Animate(node, id, 30, keys);
+    }
+    bool Press(std::int32_t button) { return host::PressButton(scene().tag, host::MakeId(button)); }
+    std::vector<Shot> Playback(std::int64_t first) {
+        std::vector<Shot> shots;
+        for (std::int64_t frame = first; frame <= kLast; ++frame) {
+            scene().Show(frame);
+            shots.push_back(scene().Camera());
+        }
+        return shots;
+    }
+    void ExpectSame(const std::vector<Shot> &a, const std::vector<Shot> &b) {
+        ASSERT_EQ(a.size(), b.size());
+        for (std::size_t i = 0; i < a.size(); ++i) EXPECT_LT(Difference(a[i], b[i]), 1e-9) << i;
+    }
+    double ValueAt(std::int32_t first, std::int32_t second, int frame) {
+        const host::Track *track =
+            scene().camera->FindTrack(second ? host::MakeId(first, second) : host::MakeId(first));
+        return track ? track->ValueAt(host::MakeTime(frame, 30)) : -1;
+    }
+    std::size_t Tracks() { return scene().camera->Tracks().size(); }
+    Scene &scene() { return *scene_; }
+    std::unique_ptr<Scene> scene_;
+};
+
+TEST_F(Bakes, ByBruteForceKeepTheLiveMotionOnEveryFrame) {
+    for (const std::int64_t first : {0, 10}) {
+        SCOPED_TRACE(first);
+        Begin(first);
+        const std::vector<Shot> live = Playback(first);
+        ASSERT_TRUE(Press(kBrute));
+        EXPECT_EQ(scene().State().Whole(kBaked), 1);
+        EXPECT_EQ(Tracks(), 8u);
+        ExpectSame(Playback(first), live);
+    }
+}
+
+TEST_F(Bakes, BeginAtANegativeFirstFrame) {
+    Begin(-5);
+    ASSERT_TRUE(Press(kBrute));
+    const host::Curve *curve = scene().camera->FindTrack(host::MakeId(500))->GetCurve();
+    ASSERT_EQ(curve->KeyCount(), kLast + 6);
+    EXPECT_EQ(host::Seconds(curve->KeyAt(0)->GetTime()) * 30, -5);
+}
+
+TEST_F(Bakes, PutTheTimeBackAndShowProgress) {
+    scene().Show(17);
+    ASSERT_TRUE(Press(kBrute));
+    EXPECT_EQ(host::Seconds(scene().document->GetTime()) * 30, 17);
+    EXPECT_EQ(running_.App().status.percent, -1) << "cleared";
+    EXPECT_EQ(running_.App().status.history.back(), "100 %");
+    EXPECT_EQ(running_.App().status.history.size(), static_cast<std::size_t>(kLast + 1));
+}
+
+TEST_F(Bakes, NeedAnInputCameraBeforeAnythingIsEmptied) {
+    scene().Link(kInput, nullptr);
+    AddTrack(scene().camera, host::MakeId(500), {{0, 40}});
+    ASSERT_TRUE(Press(kBrute));
+    EXPECT_EQ(scene().State().Whole(kBaked, 0), 0);
+    EXPECT_EQ(Tracks(), 1u);
+    EXPECT_FALSE(scene().State().Has(kRecord));
+}
+
+TEST_F(Bakes, AreUndoneByUnBakeWithTheKeysOfBefore) {
+    AddTrack(scene().camera, host::MakeId(500), {{-3, 30}, {0, 40}, {10, 50}});
+    AddTrack(scene().camera, host::MakeId(903, 1001), {{5, 7}, {10030, 9}});
+    AddTrack(scene().camera, host::MakeId(907), {{0, 2}});
+    ASSERT_TRUE(Press(kBrute));
+    EXPECT_EQ(Tracks(), 9u) << "no second track for a baked channel";
+    ASSERT_TRUE(Press(kUnBake));
+    EXPECT_EQ(scene().State().Whole(kBaked, 7), 0);
+    ASSERT_EQ(Tracks(), 2u) << "tracks of other parameters go too";
+    EXPECT_EQ(ValueAt(500, 0, 10), 50);
+    EXPECT_EQ(ValueAt(500, 0, 0), 40) << "keys before frame 0 are met at frame 0";
+    EXPECT_EQ(ValueAt(903, 1001, 5), 7);
+    EXPECT_EQ(ValueAt(903, 1001, 10030), 9) << "frames that are keys of the record come back too";
+    EXPECT_EQ(scene().camera->FindTrack(host::MakeId(903, 1001))->GetCurve()->KeyCount(), 2);
+    EXPECT_TRUE(scene().State().Has(kRecord));
+}
+
+TEST_F(Bakes, GiveBackAFocalLengthThatDrivesTheCamera) {
+    AddTrack(scene().camera, host::MakeId(500), {{0, 40}, {10, 50}});
+    ASSERT_TRUE(Press(kBrute));
+    ASSERT_TRUE(Press(kUnBake));
+    scene().Link(kInput, nullptr);
+    scene().Show(10);
+    EXPECT_EQ(scene().camera->Data().Real(host::kCameraFocalLength), 50);
+}
+
+TEST_F(Bakes, GoOnLiveAfterUnBake) {
+    const std::vector<Shot> live = Playback(0);
+    ASSERT_TRUE(Press(kBrute));
+    ASSERT_TRUE(Press(kUnBake));
+    EXPECT_EQ(Tracks(), 0u);
+    ExpectSame(Playback(0), live);
+}
+
+TEST_F(Bakes, SurviveBeingSavedAndLoaded) {
+    AddTrack(scene().camera, host::MakeId(903, 1002), {{0, 1}, {20, 2}});
+    ASSERT_TRUE(Press(kBrute));
+    TemporaryFolder folder;
+    std::string error;
+    ASSERT_TRUE(host::SaveDocument(scene().document, folder.Path() / "scene", &error)) << error;
+    std::unique_ptr<host::Document> loaded = host::LoadDocument(folder.Path() / "scene", &error);
+    ASSERT_NE(loaded, nullptr) << error;
+    scene_ = std::make_unique<Scene>(running_, std::move(loaded));
+    ASSERT_NE(scene().tag, nullptr);
+    ASSERT_TRUE(Press(kUnBake));
+    ASSERT_EQ(Tracks(), 1u);
+    EXPECT_EQ(ValueAt(903, 1002, 20), 2);
+}
+
+TEST_F(Bakes, UnBakeOfATagThatWasNeverBakedDoesNothing) {
+    AddTrack(scene().camera, host::MakeId(500), {{0, 40}});
+    ASSERT_TRUE(Press(kUnBake));
+    EXPECT_EQ(Tracks(), 1u);
+}
+
+TEST_F(Bakes, UnBakeReadsADamagedRecordWithoutHarm) {
+    host::Container track, record;
+    track.Set(10030, host::Data(500));
+    track.Set(10031, host::Data(0));
+    track.Set(10029, host::Data(2147483647));
+    track.Set(3, host::Data(45.0));
+    track.Set(10000003, host::Data(1));
+    track.Set(10000004, host::Data("no mark"));
+    record.Set(0, host::Data(track));
+    track.Set(10030, host::Data(987654));
+    record.Set(1, host::Data(track));
+    record.Set(2, host::Data("no record"));
+    scene().State().Set(kRecord, host::Data(record));
+    ASSERT_TRUE(Press(kUnBake));
+    EXPECT_EQ(Tracks(), 1u);
+    EXPECT_EQ(ValueAt(500, 0, 3), 45);
+}
+
+TEST_F(Bakes, StopWhenTheInputCameraGoesMeanwhile) {
+    running_.App().status.on_change = [this] {
+        if (running_.App().status.percent == 50) scene().Link(kInput, nullptr);
+    };
+    ASSERT_TRUE(Press(kBrute));
+    running_.App().status.on_change = nullptr;
+    EXPECT_EQ(host::Seconds(scene().document->GetTime()) * 30, 30) << "the time stays where the bake stopped";
+    EXPECT_EQ(running_.App().status.percent, 50);
+}
+
+TEST_F(Bakes, AreToldByTheTagsIcon) {
+    const auto icon_width = [this](bool *filled) {
+        TableIconData icon{};
+        TableGetCustomIcon request{};
+        request.icon = &icon;
+        scene().tag->SendMessage(kIconMessage, &request);
+        *filled = request.filled != 0;
+        return icon.w;
+    };
+    bool filled = false;
+    EXPECT_GT(icon_width(&filled), 0);
+    EXPECT_TRUE(filled);
+    scene().State().Set(kBaked, host::Data(1));
+    EXPECT_GT(icon_width(&filled), 0);
+    EXPECT_TRUE(filled);
+    scene().Link(kInput, nullptr);
+    EXPECT_GT(icon_width(&filled), 0);
+    EXPECT_TRUE(filled);
+}
+
+}  // namespace
