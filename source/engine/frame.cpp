@@ -75,60 +75,82 @@ void TremoluxCamClass::EvaluateFrame(BaseContainer *data, BaseObject *camera) {
     const BaseContainer *settings = doc->GetSettingsInstance(DOCUMENTSETTINGS_DOCUMENT);
     if (!settings || settings->GetIndexId(0) == NOTOK) return;
 
-    const Real frame = ExactFrame(doc->GetTime(), settings->GetReal(DOCUMENT_FPS));
-    if (frame == data->GetReal(kLastFrame)) return;
+    FrameInput frame;
+    frame.frames_per_second = settings->GetReal(DOCUMENT_FPS);
+    frame.frame = ExactFrame(doc->GetTime(), frame.frames_per_second);
+    if (frame.frame == data->GetReal(kLastFrame)) return;
+    const Matrix input_matrix = input->GetMg();
+    frame.position = input_matrix.off;
+    frame.angles = AnglesOf(input_matrix);
+    frame.focal_length = ReadLens(input, CAMERA_FOCUS);
+    frame.focus_distance = ReadLens(input, CAMERAOBJECT_TARGETDISTANCE);
+    frame.target = ResolveGuide(*data, kTargetObject, camera);
+    if (frame.target) frame.target_position = frame.target->GetMg().off;
+    frame.focus = ResolveGuide(*data, kFocusObject, camera);
+    if (frame.focus) frame.focus_position = frame.focus->GetMg().off;
 
+    FrameMotion motion;
+    if (!ComputeFrame(frame, data, &motion)) return;
+    const Vector reference = frame.frame == 0.0 ? Vector() : ReadSoundVector(*data, kPreviousRotation);
+    const Vector angles = GetOptimalAngle(reference, motion.angles, ROTATIONORDER_HPB);
+
+    Matrix output = HPBToMatrix(angles, ROTATIONORDER_HPB);
+    output.off = motion.position;
+    output.Normalize();
+    WriteLens(camera, CAMERA_FOCUS, motion.focal_length);
+    WriteLens(camera, CAMERAOBJECT_TARGETDISTANCE, motion.focus_distance);
+    camera->SetMg(output);
+    data->SetVector(kPreviousRotation, angles);
+}
+
+Bool TremoluxCamClass::ComputeFrame(const FrameInput &in, BaseContainer *data, FrameMotion *motion) {
     RefreshTrigger(data, kCustomTrigger, trigger_frames_);
     RefreshTrigger(data, kCustomTriggerTwin, twin_trigger_frames_);
 
     const Curve warp_curve(kSpeedWarpCurve);
-    if (!warp_curve) return;
+    if (!warp_curve) return FALSE;
     Clocks clocks = ReadClocks(*data);
-    AdvanceClocks(&clocks, ReadClockRates(*data), frame, warp_curve);
+    AdvanceClocks(&clocks, ReadClockRates(*data), in.frame, warp_curve);
     WriteClocks(clocks, data);
 
     // Made before any layer runs, so that a host without memory ends the frame with nothing half moved.
     const Curve ease_curve(kLayerEaseCurve);
-    if (!ease_curve) return;
+    if (!ease_curve) return FALSE;
 
     const auto real = [data](LONG id) { return ReadReal(*data, id); };
     const auto flag = [data](LONG id) { return (LONG)data->GetBool(id); };
-    const Matrix input_matrix = input->GetMg();
     const LONG seed = ReadTruncated(*data, kSeed);
     const Real time_offset = real(kTimeOffset), speed = real(kShakeSpeed);
     const Real position_intensity = real(kPositionIntensity), rotation_intensity = real(kRotationIntensity);
     const Real scale = kScaleShare * real(kOverallScale);
-    const Real frames_per_second = settings->GetReal(DOCUMENT_FPS);
+    const Real frame = in.frame, frames_per_second = in.frames_per_second;
 
     const Real focal_length =
         EvaluateZoom(data, time_offset, (Real)seed, flag(kUseZoom), real(kZoomSpeed), real(kZoomDriftSlow),
                      real(kZoomDriftMedium), real(kZoomDriftFast), speed, real(kZoomDriftSmooth), real(kZoomSmooth),
-                     real(kZoomOvershoot), real(kZoomOvershootFade), ReadLens(input, CAMERA_FOCUS), frame,
-                     clocks.zoom_drift, clocks.zoom, FrameOfTime(data->GetTime(kZoomHiddenTime), frames_per_second),
-                     real(kZoomHidden1), real(kZoomHidden2), real(kZoomHidden3), real(kZoomHidden4));
+                     real(kZoomOvershoot), real(kZoomOvershootFade), in.focal_length, frame, clocks.zoom_drift,
+                     clocks.zoom, FrameOfTime(data->GetTime(kZoomHiddenTime), frames_per_second), real(kZoomHidden1),
+                     real(kZoomHidden2), real(kZoomHidden3), real(kZoomHidden4));
 
     Vector position =
-        EvaluatePosition(data, input_matrix.off, real(kInitialPositionSmooth), time_offset,
+        EvaluatePosition(data, in.position, real(kInitialPositionSmooth), time_offset,
                          kSlowPositionShare * real(kPositionSlow), real(kPositionMedium), real(kPositionFast), frame,
                          real(kInitialPositionOvershoot), real(kPositionOvershootFade), real(kShakeSmooth), (Real)seed,
                          flag(kUsePositionX), flag(kUsePositionY), flag(kUsePositionZ), position_intensity, scale,
                          real(kRatioX), real(kRatioY), real(kRatioZ), speed, clocks.shake);
 
-    BaseObject *target = ResolveGuide(*data, kTargetObject, camera);
-    Vector angles = EvaluateRotation(
-        data, target ? flag(kUseTarget) : 0, target ? target->GetMg().off : Vector(), position, real(kTargetSmooth),
-        time_offset, real(kTargetOvershoot), real(kTargetOvershootFade), AnglesOf(input_matrix),
-        real(kInitialRotationSmooth), real(kInitialRotationOvershoot), real(kRotationOvershootFade), (Real)seed,
-        flag(kUseRotationH), flag(kUseRotationP), flag(kUseRotationB), rotation_intensity, scale, real(kRatioH),
-        real(kRatioP), real(kRatioB), speed, clocks.shake, real(kShakeSmooth), real(kRotationSlow),
-        real(kRotationMedium), real(kRotationFast), frame);
+    Vector angles =
+        EvaluateRotation(data, in.target ? flag(kUseTarget) : 0, in.target_position, position, real(kTargetSmooth),
+                         time_offset, real(kTargetOvershoot), real(kTargetOvershootFade), in.angles,
+                         real(kInitialRotationSmooth), real(kInitialRotationOvershoot), real(kRotationOvershootFade),
+                         (Real)seed, flag(kUseRotationH), flag(kUseRotationP), flag(kUseRotationB), rotation_intensity,
+                         scale, real(kRatioH), real(kRatioP), real(kRatioB), speed, clocks.shake, real(kShakeSmooth),
+                         real(kRotationSlow), real(kRotationMedium), real(kRotationFast), frame);
 
-    BaseObject *focus = ResolveGuide(*data, kFocusObject, camera);
-    const Real focus_distance =
-        EvaluateFocus(data, ReadLens(input, CAMERAOBJECT_TARGETDISTANCE), focus, real(kFocusSmoothing),
-                      real(kFocusOvershoot), real(kFocusOvershootFade), focus ? focus->GetMg().off : Vector(), position,
-                      real(kFocusDriftSmooth), flag(kUseFocus), time_offset, real(kFocusDriftSlow),
-                      real(kFocusDriftMedium), real(kFocusDriftFast), seed, real(kFocusSpeed), speed, frame);
+    const Real focus_distance = EvaluateFocus(
+        data, in.focus_distance, in.focus, real(kFocusSmoothing), real(kFocusOvershoot), real(kFocusOvershootFade),
+        in.focus_position, position, real(kFocusDriftSmooth), flag(kUseFocus), time_offset, real(kFocusDriftSlow),
+        real(kFocusDriftMedium), real(kFocusDriftFast), seed, real(kFocusSpeed), speed, frame);
 
     EvaluateJolts(data, kJoltTimeScale, (Real)seed, FrameOfTime(data->GetTime(kJoltInterval), frames_per_second),
                   frames_per_second, Truncate(clocks.jolt), time_offset, real(kJoltPositionIntensity),
@@ -138,16 +160,10 @@ void TremoluxCamClass::EvaluateFrame(BaseContainer *data, BaseObject *camera) {
 
     position += data->GetVector(kJoltPositionOffset);
     angles += data->GetVector(kJoltRotationOffset);
-    if (!IsFinite(position) || !IsFinite(angles) || !IsFinite(focal_length) || !IsFinite(focus_distance)) return;
-
-    const Vector reference = frame == 0.0 ? Vector() : ReadSoundVector(*data, kPreviousRotation);
-    angles = GetOptimalAngle(reference, angles, ROTATIONORDER_HPB);
-
-    Matrix output = HPBToMatrix(angles, ROTATIONORDER_HPB);
-    output.off = position;
-    output.Normalize();
-    WriteLens(camera, CAMERA_FOCUS, focal_length);
-    WriteLens(camera, CAMERAOBJECT_TARGETDISTANCE, focus_distance);
-    camera->SetMg(output);
-    data->SetVector(kPreviousRotation, angles);
+    if (!IsFinite(position) || !IsFinite(angles) || !IsFinite(focal_length) || !IsFinite(focus_distance)) return FALSE;
+    motion->position = position;
+    motion->angles = angles;
+    motion->focal_length = focal_length;
+    motion->focus_distance = focus_distance;
+    return TRUE;
 }

@@ -3,6 +3,22 @@
 
 #include "c4d.h"
 
+// What one frame is computed from: read from the scene as it stands, or from curves. Global; scene units, radians
+// (HPB), millimetres, frames.
+struct FrameInput {
+    Real frame = 0.0, frames_per_second = 0.0;
+    Vector position, angles;
+    Real focal_length = 0.0, focus_distance = 0.0;
+    BaseObject *target = NULL, *focus = NULL;  // NULL: none
+    Vector target_position, focus_position;
+};
+
+// What comes of it, global too; the angles may be whole turns from those of the frame before.
+struct FrameMotion {
+    Vector position, angles;
+    Real focal_length, focus_distance;
+};
+
 // Frame number of a time: floor(rate * numerator) / floor(denominator), cut to a whole number; 0 for a denominator of
 // 0, saturated at the range of a LONG.
 LONG FrameOfTime(const BaseTime &time, Real frames_per_second);

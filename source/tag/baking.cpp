@@ -1,9 +1,11 @@
 // The motion as keys on the tag's camera, and back.
 #include "ddoc.h"
 #include "engine/frame.h"
+#include "engine/rotation.h"
 #include "ge_autoptr.h"
 #include "ocamera.h"
 #include "tag/bakerecord.h"
+#include "tag/curvefeeder.h"
 #include "tag/parameters.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
@@ -34,27 +36,96 @@ Bool MakeCurves(BaseObject *camera, const BakedIndex (&order)[kBakedChannelCount
     return TRUE;
 }
 
+LONG FirstFrame(BaseDocument *doc) { return FrameOfTime(doc->GetMinTime(), doc->GetFps()); }
+LONG LastFrame(BaseDocument *doc) { return FrameOfTime(doc->GetMaxTime(), doc->GetFps()); }
+
+constexpr BakedIndex kPositionFirst[kBakedChannelCount] = {
+    kBakedX, kBakedY, kBakedZ, kBakedH, kBakedP, kBakedB, kBakedFocusDistance, kBakedFocalLength};
 constexpr BakedIndex kLensFirst[kBakedChannelCount] = {
     kBakedFocusDistance, kBakedFocalLength, kBakedX, kBakedY, kBakedZ, kBakedH, kBakedP, kBakedB};
 
 }  // namespace
 
-void TremoluxCamClass::QuickBake(BaseContainer *, BaseObject *) {}
+void TremoluxCamClass::QuickBake(BaseContainer data, BaseObject *camera, BaseTag *tag) {
+    BaseDocument *doc = tag ? tag->GetDocument() : NULL;
+    BaseObject *input = doc && camera ? ResolveObject(data, kInputCamera, doc) : NULL;
+    if (!input || input->GetType() != Ocamera) return;
+    const LONG rate = doc->GetFps(), first = FirstFrame(doc), last = LastFrame(doc);
+    const ParameterCurves parameters(tag);
+    const MovingObject moving_input(input);
+    BaseObject *target = ResolveGuide(data, kTargetObject, camera), *focus = ResolveGuide(data, kFocusObject, camera);
+    const MovingObject moving_target(target), moving_focus(focus);
+    const Matrix to_camera = !camera->GetUpMg();
+    const Bool has_parent = camera->GetUp() != NULL;
+
+    CCurve *curves[kBakedChannelCount];
+    if (!MakeCurves(camera, kPositionFirst, curves)) return;
+    data.SetReal(kStartFrame, (Real)first);
+    for (LONG frame = first; frame <= last; frame++) {
+        ShowProgress(frame, last);
+        const BaseTime time = TimeOfFrame(frame, rate);
+        parameters.Read(doc, time, &data);
+        FrameInput in;
+        in.frame = (Real)frame;
+        in.frames_per_second = (Real)rate;
+        moving_input.Read(doc, time, &in.position, &in.angles);
+        in.focal_length = ReadLens(input, CAMERA_FOCUS);
+        in.focus_distance = moving_input.FocusDistance(doc, time);
+        in.target = target;
+        in.focus = focus;
+        moving_target.Read(doc, time, &in.target_position, NULL);
+        moving_focus.Read(doc, time, &in.focus_position, NULL);
+
+        FrameMotion motion;
+        if (!ComputeFrame(in, &data, &motion)) continue;
+        Vector position = motion.position, angles = motion.angles;
+        if (has_parent) {
+            Matrix global = HPBToMatrix(angles, ROTATIONORDER_HPB);
+            global.off = position;
+            const Matrix local = to_camera * global;
+            position = local.off;
+            angles = AnglesOf(local);
+        }
+        const Real values[] = {
+            position.x,         position.y, position.z, angles.x, angles.y, angles.z, motion.focus_distance,
+            motion.focal_length};
+        for (LONG i = 0; i < kBakedChannelCount; i++) AddKey(curves[i], time, values[i]);
+    }
+    StatusClear();
+    camera->Message(MSG_CHANGE);
+}
+
+// Both bakes begin alike: the old keys are kept, and the scene and the motion stand at the first frame. FALSE when
+// there is nothing to bake.
+Bool TremoluxCamClass::BeginBake(BaseTag *tag, BaseContainer *data) {
+    BaseDocument *doc = tag->GetDocument();
+    BaseObject *camera = tag->GetObject();
+    if (!doc || !camera || !ResolveObject(*data, kInputCamera, doc)) return FALSE;
+    data->SetContainer(kPreBakeRecord, TakePreBakeAnimation(camera, doc->GetFps()));
+    Evaluate(doc, 0);
+    if (FirstFrame(doc) != 0) Evaluate(doc, FirstFrame(doc));
+    ResetSimulation(data, camera, doc);
+    if (!ResolveObject(*data, kInputCamera, doc)) return FALSE;
+    data->SetBool(kBaked, TRUE);
+    return TRUE;
+}
+
+void TremoluxCamClass::StartQuickBake(BaseTag *tag, BaseContainer *data) {
+    if (!BeginBake(tag, data)) return;
+    QuickBake(*data, tag->GetObject(), tag);
+    BaseDocument *doc = tag->GetDocument();
+    for (LONG frame : {1, 0}) {
+        doc->SetTime(TimeOfFrame(frame, doc->GetFps()));
+        EventAdd();
+    }
+}
 
 void TremoluxCamClass::BruteForceBake(BaseTag *tag, BaseContainer *data) {
     BaseDocument *doc = tag->GetDocument();
     BaseObject *camera = tag->GetObject();
-    if (!doc || !camera || !ResolveObject(*data, kInputCamera, doc)) return;
-    const BaseTime before = doc->GetTime();
-    const LONG rate = doc->GetFps();
-    data->SetContainer(kPreBakeRecord, TakePreBakeAnimation(camera, rate));
-
-    const LONG first = FrameOfTime(doc->GetMinTime(), rate), last = FrameOfTime(doc->GetMaxTime(), rate);
-    Evaluate(doc, 0);
-    if (first != 0) Evaluate(doc, first);
-    ResetSimulation(data, camera, doc);
-    if (!ResolveObject(*data, kInputCamera, doc)) return;
-    data->SetBool(kBaked, TRUE);
+    const BaseTime before = doc ? doc->GetTime() : BaseTime();
+    if (!BeginBake(tag, data)) return;
+    const LONG rate = doc->GetFps(), first = FirstFrame(doc), last = LastFrame(doc);
     CCurve *curves[kBakedChannelCount];
     if (!MakeCurves(camera, kLensFirst, curves)) return;
 

@@ -137,6 +137,9 @@ void TremoluxCamClass::PressButton(LONG id, BaseTag *tag, BaseContainer *data) {
         case kScaleSkyscraper:
             SetOverallScale(id, tag, data);
             break;
+        case kQuickBake:
+            StartQuickBake(tag, data);
+            break;
         case kBruteForceBake:
             BruteForceBake(tag, data);
             break;

@@ -10,6 +10,7 @@
 #include "engine/clocks.h"
 #include "engine/curves.h"
 #include "engine/filter.h"
+#include "engine/frame.h"
 #include "presets/presetpath.h"
 
 class TremoluxCamClass : public TagData {
@@ -42,7 +43,8 @@ class TremoluxCamClass : public TagData {
                                 Real intensity, Real scale, Real speed, Real clock);
     virtual Real ShakePositionZ(Real seed, Real time_offset, Real slow, Real medium, Real fast, Real ratio, LONG flag,
                                 Real intensity, Real scale, Real speed, Real clock);
-    virtual void QuickBake(BaseContainer *data, BaseObject *camera);
+    // Keys for every frame of the document, from what curves say; the scene is not evaluated. `data` is the bake's own.
+    virtual void QuickBake(BaseContainer data, BaseObject *camera, BaseTag *tag);
     virtual Real ShakeRotationH(Real seed, LONG time_offset, Real slow, Real medium, Real fast, Real ratio,
                                 Real intensity, Real speed, Real clock);
     virtual Real ShakeRotationP(Real seed, LONG time_offset, Real slow, Real medium, Real fast, Real ratio,
@@ -162,6 +164,11 @@ class TremoluxCamClass : public TagData {
     void Restart(BaseContainer *data, BaseObject *camera, BaseObject *input, BaseDocument *doc);
     void Jump(Real frame, BaseContainer *data, BaseObject *camera, BaseDocument *doc);
 
+    // ---- Frames
+    // One step of the whole motion: clocks and filters go on in the container. FALSE, and no motion, when the host has
+    // no memory or a result is not finite.
+    Bool ComputeFrame(const FrameInput &input, BaseContainer *data, FrameMotion *motion);
+
     // ---- Clocks
     void AdvanceClocks(Clocks *clocks, const ClockRates &rates, Real frame, SplineData *warp_curve);
 
@@ -230,6 +237,9 @@ class TremoluxCamClass : public TagData {
     // ---- Bakes
     // Keys for every frame of the document, from what the camera does while the scene is played.
     void BruteForceBake(BaseTag *tag, BaseContainer *data);
+    Bool BeginBake(BaseTag *tag, BaseContainer *data);
+    // The quick bake as the button starts it.
+    void StartQuickBake(BaseTag *tag, BaseContainer *data);
     // Takes all keys of the camera away and puts those from before the bake back.
     void UnBake(BaseTag *tag, BaseContainer *data);
 

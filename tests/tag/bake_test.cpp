@@ -1,4 +1,7 @@
 // The motion as keys, and back.
+#include <cmath>
+#include <map>
+
 #include "host/animation/track.h"
 #include "host/files/scenefile.h"
 #include "host/ui/attribute_manager.h"
@@ -9,7 +12,7 @@ namespace {
 
 using namespace tag_test;
 
-constexpr std::int32_t kBrute = 6175, kUnBake = 6047, kRecord = 10032, kIconMessage = 1001090;
+constexpr std::int32_t kQuick = 6046, kBrute = 6175, kUnBake = 6047, kRecord = 10032, kIconMessage = 1001090;
 constexpr std::int32_t kLast = 60;
 
 class Bakes : public WithModule {
@@ -68,6 +71,111 @@ TEST_F(Bakes, ByBruteForceKeepTheLiveMotionOnEveryFrame) {
         EXPECT_EQ(Tracks(), 8u);
         ExpectSame(Playback(first), live);
     }
+}
+
+// Every key of both bakes; angles up to whole turns.
+class BothBakes : public Bakes {
+  protected:
+    void AnimateWholeInput() {
+        AddTrack(scene().input, host::MakeId(903, 1001), {{0, 150}, {kLast, 170}});
+        AddTrack(scene().input, host::MakeId(903, 1002), {{0, -400}, {20, -350}, {kLast, -500}});
+        AddTrack(scene().input, host::MakeId(904, 1001), {{0, -0.1}, {kLast, 0.2}});
+        AddTrack(scene().input, host::MakeId(904, 1002), {{0, 0}, {kLast, 0.1}});
+        AddTrack(scene().input, host::MakeId(1010), {{0, 300}, {kLast, 900}});
+    }
+    using Keys = std::map<std::pair<std::int32_t, std::int32_t>, std::vector<double>>;
+    Keys BakedKeys(std::int32_t button) {
+        Keys keys;
+        EXPECT_TRUE(Press(button));
+        EXPECT_EQ(Tracks(), 8u);
+        for (const host::Track *track : scene().camera->Tracks()) {
+            std::vector<double> &values = keys[{host::LevelId(track->Id(), 0), host::LevelId(track->Id(), 1)}];
+            for (std::int32_t i = 0; i < track->GetCurve()->KeyCount(); ++i)
+                values.push_back(track->GetCurve()->KeyAt(i)->GetValue());
+        }
+        return keys;
+    }
+    void ExpectAgreement() {
+        const Keys quick = BakedKeys(kQuick);
+        ASSERT_TRUE(Press(kUnBake));
+        scene().document->SetFrame(0);
+        const Keys brute = BakedKeys(kBrute);
+        ASSERT_EQ(quick.size(), brute.size());
+        for (const auto &[channel, values] : brute) {
+            const std::vector<double> &other = quick.at(channel);
+            ASSERT_EQ(values.size(), other.size());
+            for (std::size_t i = 0; i < values.size(); ++i) {
+                const double difference = values[i] - other[i];
+                const bool is_angle = channel.first == 904;
+                EXPECT_NEAR(is_angle ? std::remainder(difference, 2 * kPi) : difference, 0, 1e-6)
+                    << channel.first << "/" << channel.second << " at " << i;
+            }
+        }
+    }
+};
+
+TEST_F(BothBakes, AgreeOnAFullyKeyedInput) {
+    AnimateWholeInput();
+    ExpectAgreement();
+}
+
+TEST_F(BothBakes, AgreeOnAnInputThatStandsStillInPart) { ExpectAgreement(); }
+
+TEST_F(BothBakes, AgreeOnAnimatedSettings) {
+    AnimateWholeInput();
+    AddTrack(scene().tag, host::MakeId(6024), {{0, 0.0}, {30, 0.4}, {kLast, 0.1}});
+    AddTrack(scene().tag, host::MakeId(6152), {{0, 0.5}, {kLast, 2.0}});
+    AddTrack(scene().tag, host::MakeId(6142), {{0, 100}, {kLast, 101}});
+    ExpectAgreement();
+}
+
+TEST_F(BothBakes, AgreeOnAMovingTargetAndFocusObject) {
+    AnimateWholeInput();
+    host::Object *subject = scene().AddObject(host::kTypeNull, {0, 120, 300});
+    AddTrack(subject, host::MakeId(903, 1000), {{0, -200}, {kLast, 200}});
+    scene().Link(kTarget, subject);
+    scene().Link(kFocusObject, subject);
+    ExpectAgreement();
+}
+
+TEST_F(BothBakes, AgreeBelowParents) {
+    AnimateWholeInput();
+    const auto parent = [&](host::Object *child) {
+        host::Object *object = scene().AddObject(host::kTypeNull, {100, -50, 30});
+        host::Transform transform = object->GetTransform();
+        transform.rotation = {0.5, 0.2, 0.1};
+        object->SetTransform(transform);
+        child->Remove();
+        scene().document->InsertObject(child, object);
+    };
+    parent(scene().input);
+    parent(scene().camera);
+    ExpectAgreement();
+}
+
+TEST_F(BothBakes, AgreeInADocumentThatStartsLater) {
+    Begin(12);
+    AnimateWholeInput();
+    ExpectAgreement();
+}
+
+TEST_F(BothBakes, QuickOnesEndAtFrameZeroWithTheTagAsleep) {
+    scene().Show(17);
+    BakedKeys(kQuick);
+    EXPECT_EQ(host::Seconds(scene().document->GetTime()), 0);
+    EXPECT_EQ(scene().State().Whole(kBaked), 1);
+    EXPECT_EQ(running_.App().status.percent, -1);
+    const host::Container before = scene().State();
+    scene().Show(30);
+    EXPECT_EQ(scene().State().Real(kLastFrame), before.Real(kLastFrame)) << "nothing is evaluated";
+}
+
+TEST_F(BothBakes, QuickOnesNeedAnInputCameraThatIsOne) {
+    scene().Link(kInput, scene().AddObject(host::kTypeNull, {0, 0, 0}));
+    ASSERT_TRUE(Press(kQuick));
+    EXPECT_EQ(Tracks(), 0u);
+    ASSERT_TRUE(Press(kUnBake));
+    EXPECT_EQ(scene().State().Whole(kBaked, 7), 0);
 }
 
 TEST_F(Bakes, BeginAtANegativeFirstFrame) {
