@@ -75,7 +75,7 @@ set title 'position, cm, over seconds' offset 0,-0.8
 plot {position}
 {position_data}
 set lmargin at screen 0.66
-set rmargin at screen 0.89
+set rmargin at screen 0.87
 set title 'angles, degrees' offset 0,-0.8
 plot {angles}
 {angle_data}
