@@ -30,6 +30,7 @@ int RunProgram(int argc, char **argv) {
     AddTraceCommand(&program, &action);
     AddPanelCommand(&program, &action);
     AddPresetsCommand(&program, &action);
+    AddSceneCommands(&program, &action);
     AddInfoCommand(&program, &action);
     try {
         program.parse(argc, argv);

@@ -6,6 +6,7 @@
 #include "host/animation/track.h"
 #include "host/application.h"
 #include "host/scene/angles.h"
+#include "host/ui/attribute_manager.h"
 #include "host/value/descid.h"
 #include "tremolux/failure.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 constexpr std::int32_t kTremoluxCamTag = 1039736;
 constexpr std::int32_t kInputCameraLink = 6001, kTargetLink = 6068, kFocusObjectLink = 6057;
-constexpr std::int32_t kUseTarget = 6018;
+constexpr std::int32_t kUseTarget = 6018, kBaked = 1005;
 
 using Channel = std::function<double(const CameraSample &)>;
 
@@ -131,6 +132,12 @@ void Stage::AddFocusObject(const CameraMove &points) {
 void Stage::PlayFrame(std::int64_t frame) {
     Evaluate(frame);
     output_sample_ = SampleOf(*output_, output_sample_.angles);
+}
+
+void Stage::Bake(std::int32_t button) {
+    host::PressButton(tag_, host::MakeId(button));
+    if (tag_->Data().Whole(kBaked) == 0 || output_->Tracks().empty())
+        throw Failure(kExitModule, "the module baked nothing, expected keys on the camera");
 }
 
 bool Stage::TurnsToTarget() const { return target_ != nullptr && tag_->Data().Whole(kUseTarget) != 0; }

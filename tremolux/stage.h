@@ -24,7 +24,11 @@ class Stage {
 
     // Evaluates one frame of playback. Frames are played one after the other, from the document's first.
     void PlayFrame(std::int64_t frame);
+    // Turns the motion into keys, which the frames then follow. Throws a Failure when the module bakes nothing.
+    void BakeQuickly() { Bake(kQuickBake); }
+    void BakeByBruteForce() { Bake(kBruteForceBake); }
     host::Tag &CameraTag() const { return *tag_; }
+    host::Document *Scene() const { return document_.get(); }
     const host::Document &Document() const { return *document_; }
     CameraSample Input() const;
     bool TurnsToTarget() const;
@@ -34,6 +38,8 @@ class Stage {
     CameraSample Output() const { return output_sample_; }
 
   private:
+    static constexpr std::int32_t kQuickBake = 6046, kBruteForceBake = 6175;
+    void Bake(std::int32_t button);
     struct KillDocument {
         void operator()(host::Document *document) const;
     };

@@ -69,8 +69,8 @@ void TremoluxCamClass::QuickBake(BaseContainer data, BaseObject *camera, BaseTag
         in.frame = (Real)frame;
         in.frames_per_second = (Real)rate;
         moving_input.Read(doc, time, &in.position, &in.angles);
-        in.focal_length = ReadLens(input, CAMERA_FOCUS);
-        in.focus_distance = moving_input.FocusDistance(doc, time);
+        in.focal_length = moving_input.Lens(CAMERA_FOCUS, doc, time);
+        in.focus_distance = moving_input.Lens(CAMERAOBJECT_TARGETDISTANCE, doc, time);
         in.target = target;
         in.focus = focus;
         moving_target.Read(doc, time, &in.target_position, NULL);

@@ -4,7 +4,6 @@
 #include "engine/rotation.h"
 #include "lib_description.h"
 #include "obase.h"
-#include "ocamera.h"
 #include "tag/parameters.h"
 
 namespace {
@@ -82,8 +81,8 @@ void MovingObject::Read(BaseDocument *doc, const BaseTime &time, Vector *positio
     if (angles) *angles = AnglesOf(global);
 }
 
-Real MovingObject::FocusDistance(BaseDocument *doc, const BaseTime &time) const {
+Real MovingObject::Lens(LONG parameter, BaseDocument *doc, const BaseTime &time) const {
     for (const Animated &animated : animated_)
-        if (animated.parameter == CAMERAOBJECT_TARGETDISTANCE) return ValueAt(animated.track, doc, time);
-    return ReadLens(object_, CAMERAOBJECT_TARGETDISTANCE);
+        if (animated.parameter == parameter) return ValueAt(animated.track, doc, time);
+    return ReadLens(object_, parameter);
 }

@@ -26,8 +26,8 @@ class MovingObject {
     explicit MovingObject(BaseObject *object);
     // Global; `angles` (HPB, radians) may be NULL. Nothing is written without an object.
     void Read(BaseDocument *doc, const BaseTime &time, Vector *position, Vector *angles) const;
-    // A camera's.
-    Real FocusDistance(BaseDocument *doc, const BaseTime &time) const;
+    // Of a camera: CAMERA_FOCUS or CAMERAOBJECT_TARGETDISTANCE.
+    Real Lens(LONG parameter, BaseDocument *doc, const BaseTime &time) const;
 
   private:
     Vector ReadVector(LONG parameter, const Vector &present, BaseDocument *doc, const BaseTime &time) const;

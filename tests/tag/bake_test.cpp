@@ -82,6 +82,7 @@ class BothBakes : public Bakes {
         AddTrack(scene().input, host::MakeId(904, 1001), {{0, -0.1}, {kLast, 0.2}});
         AddTrack(scene().input, host::MakeId(904, 1002), {{0, 0}, {kLast, 0.1}});
         AddTrack(scene().input, host::MakeId(1010), {{0, 300}, {kLast, 900}});
+        AddTrack(scene().input, host::MakeId(500), {{0, 28}, {kLast, 50}});
     }
     using Keys = std::map<std::pair<std::int32_t, std::int32_t>, std::vector<double>>;
     Keys BakedKeys(std::int32_t button) {

@@ -4,6 +4,7 @@
 #include "tremolux/commands/playback.h"
 #include "tremolux/output_files.h"
 #include "tremolux/report.h"
+#include "tremolux/scene.h"
 
 namespace tremolux {
 namespace {
@@ -11,6 +12,7 @@ namespace {
 struct ShakeOptions {
     MoveOptions move;
     std::vector<std::string> outputs;
+    std::string bake, scene;
     bool report = false;
 };
 
@@ -20,6 +22,8 @@ void Shake(const ShakeOptions &options) {
     Playback playback(options.move);
     OutputFiles files(options.outputs, options.move.InputFiles());
     playback.Start();
+    if (options.bake == "quick") playback.GetStage().BakeQuickly();
+    if (options.bake == "brute") playback.GetStage().BakeByBruteForce();
 
     CameraMove input, output;
     input.first_frame = output.first_frame = playback.FirstFrame();
@@ -32,6 +36,7 @@ void Shake(const ShakeOptions &options) {
 
     std::vector<std::string> texts;
     for (const std::string &file : options.outputs) texts.push_back(FormatOf(file).write(output, playback.Formats()));
+    if (!options.scene.empty()) SaveScene(playback.GetStage().Scene(), options.scene);
     files.Write(texts);
     if (!options.report) return;
     const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);
@@ -50,6 +55,9 @@ void AddShakeCommand(CLI::App *program, Action *action) {
         ->required()
         ->expected(1)
         ->take_all();
+    command->add_option("--bake", options->bake, "quick or brute: turn the motion into keys first, and play those")
+        ->check(CLI::IsMember({"quick", "brute"}));
+    command->add_option("--scene", options->scene, "save the document too, for bake, press and apply");
     command->add_flag("--report", options->report, "print what was done and how far the camera strayed");
     command->callback([=] { *action = [options] { Shake(*options); }; });
 }

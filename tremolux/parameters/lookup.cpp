@@ -74,7 +74,8 @@ std::size_t EditDistance(std::string_view a, std::string_view b) {
     return row.back();
 }
 
-const Parameter &FindParameter(const std::vector<Parameter> &parameters, std::string_view name) {
+const Parameter &FindParameter(const std::vector<Parameter> &parameters, std::string_view name,
+                               const std::string &place) {
     const Name wanted = Split(name);
     std::vector<const Parameter *> found;
     for (const Parameter &parameter : parameters) {
@@ -84,10 +85,10 @@ const Parameter &FindParameter(const std::vector<Parameter> &parameters, std::st
     }
     if (found.size() == 1) return *found.front();
     if (found.empty()) {
-        throw Failure(kExitInput, "--set: found no parameter " + Quoted(name) +
+        throw Failure(kExitInput, place + ": found no parameter " + Quoted(name) +
                                       ", expected a label or an id; nearest: " + NearestNames(parameters, name));
     }
-    throw Failure(kExitInput, "--set: found " + std::to_string(found.size()) + " parameters " + Quoted(name) +
+    throw Failure(kExitInput, place + ": found " + std::to_string(found.size()) + " parameters " + Quoted(name) +
                                   ", expected one of their ids: " + Ids(found));
 }
 

@@ -1,0 +1,114 @@
+// Bakes and buttons on saved scenes, from the command line.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+
+#include "tests/program/run.h"
+
+namespace {
+
+using namespace program_test;
+
+const std::vector<std::string> kShaky = {"--set", "Position Slow=2%",  "--set", "Rotation Slow=9",
+                                         "--set", "Zoom Drift Slow=2%"};
+
+class Scenes : public testing::Test {
+  protected:
+    Scenes() {
+        std::string text = "frame,x,y,z,h,p,b,focal_length,focus_distance\n";
+        for (int frame = 0; frame < 50; ++frame)
+            text += std::to_string(frame) + "," + std::to_string(4 * frame) + ",150,-300," +
+                    std::to_string(0.5 * frame) + ",0,0,35,400\n";
+        workplace_.Write("move.csv", text);
+    }
+    std::string Text(const std::vector<std::string> &arguments) {
+        const Outcome outcome = workplace_.Run(arguments);
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        return outcome.out;
+    }
+    void ExpectRefused(const std::vector<std::string> &arguments, const std::string &said) {
+        const Outcome outcome = workplace_.Run(arguments);
+        EXPECT_EQ(outcome.status, 2) << outcome.err;
+        EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 1) << outcome.err;
+        EXPECT_NE(outcome.err.find(said), std::string::npos) << outcome.err;
+    }
+    void Shake(const std::string &out, std::vector<std::string> more) {
+        std::vector<std::string> arguments = {"shake", Path("move.csv"), "-o", Path(out), "--quiet"};
+        arguments.insert(arguments.end(), kShaky.begin(), kShaky.end());
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        Text(arguments);
+    }
+    std::string Path(const std::string &name) { return workplace_.Path(name); }
+    Workplace workplace_;
+};
+
+// Every number of two tables.
+double Difference(const std::string &a, const std::string &b) {
+    std::istringstream left(a), right(b);
+    std::string x, y;
+    double most = 0;
+    std::getline(left, x);
+    std::getline(right, y);
+    EXPECT_EQ(x, y) << "the same columns";
+    while (std::getline(left, x) && std::getline(right, y)) {
+        std::istringstream fields_x(x), fields_y(y);
+        for (std::string u, v; std::getline(fields_x, u, ',') && std::getline(fields_y, v, ',');)
+            most = std::max(most, std::fabs(std::stod(u) - std::stod(v)));
+    }
+    EXPECT_TRUE(!std::getline(left, x) && !std::getline(right, y)) << "as many rows";
+    return most;
+}
+
+TEST_F(Scenes, BakedMovesAreTheLiveOnes) {
+    Shake("live.csv", {});
+    for (const char *bake : {"quick", "brute"}) {
+        Shake("baked.csv", {"--bake", bake});
+        EXPECT_LT(Difference(workplace_.Read("live.csv"), workplace_.Read("baked.csv")), 1e-6) << bake;
+    }
+    ExpectRefused({"shake", Path("move.csv"), "-o", Path("x.csv"), "--bake", "slow"}, "--bake");
+}
+
+TEST_F(Scenes, AreBakedAndUnBaked) {
+    Shake("live.csv", {"--scene", Path("live.scene")});
+    EXPECT_EQ(Text({"bake", Path("live.scene"), "--brute", "-o", Path("baked.scene"), "--quiet"}),
+              "Camera: 400 keys on 8 tracks\n");
+    EXPECT_NE(workplace_.Read("baked.scene"), workplace_.Read("live.scene"));
+    ExpectRefused({"press", "Zero Pos", Path("baked.scene")}, "disabled");
+    EXPECT_EQ(Text({"bake", Path("baked.scene"), "--undo"}), "Camera: 0 keys on 0 tracks\n");
+    Text({"press", "Zero Pos", Path("baked.scene")});
+    ExpectRefused({"bake", Path("live.scene")}, "expected one of --quick, --brute and --undo");
+    ExpectRefused({"bake", Path("live.scene"), "--quick", "--undo"}, "expected one of");
+}
+
+TEST_F(Scenes, TellWhatAButtonAsked) {
+    Shake("live.csv", {"--scene", Path("a.scene")});
+    EXPECT_EQ(Text({"press", "Save", Path("a.scene"), "--answer", "Mine"}), "name -> Mine\n");
+    EXPECT_EQ(Text({"press", "Save", Path("a.scene"), "--answer", "mine", "--answer", "no"}),
+              "name -> mine\nOverride existing preset? -> no\n");
+    EXPECT_NE(Text({"press", "Save", Path("a.scene"), "--control", "--answer", "Other", "--answer", "yes"})
+                  .find("Saving as a default preset -> yes"),
+              std::string::npos);
+    EXPECT_EQ(Text({"press", "6003", Path("a.scene")}), "name -> cancelled\n");
+}
+
+TEST_F(Scenes, GetAHandHeldCamera) {
+    Shake("live.csv", {"--scene", Path("a.scene")});
+    Text({"apply", Path("a.scene"), "--camera", "Input Camera", "-o", Path("b.scene")});
+    ExpectRefused({"press", "Coffee Cup", Path("b.scene")}, "found 2 TremoluxCam tags");
+    Text({"press", "Coffee Cup", Path("b.scene"), "--camera", "TremoluxCam"});
+    EXPECT_EQ(Text({"apply", Path("b.scene"), "--answer", "no"}), "No camera selected, create a camera? -> no\n");
+}
+
+TEST_F(Scenes, AreRefusedWhenTheyAreNone) {
+    ExpectRefused({"press", "Save", workplace_.Write("text", "no scene")}, "no scene");
+    ExpectRefused({"press", "Save", Path("missing")}, "missing");
+    Shake("live.csv", {"--scene", Path("a.scene")});
+    ExpectRefused({"press", "Nothing", Path("a.scene")}, "press: found no parameter");
+    ExpectRefused({"press", "Seed", Path("a.scene")}, "expected a button");
+    ExpectRefused({"press", "Save", Path("a.scene"), "--camera", "Nobody"}, "found no camera 'Nobody'");
+    ExpectRefused({"apply", Path("a.scene"), "--camera", "Nobody"}, "found no camera 'Nobody'");
+}
+
+}  // namespace

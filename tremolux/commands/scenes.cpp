@@ -1,0 +1,149 @@
+// Commands that work on saved documents, as a user would in the application.
+#include "host/animation/track.h"
+#include "host/scene/object.h"
+#include "host/ui/attribute_manager.h"
+#include "host/value/descid.h"
+#include "tremolux/commands/commands.h"
+#include "tremolux/commands/move_options.h"
+#include "tremolux/failure.h"
+#include "tremolux/formats/source_text.h"
+#include "tremolux/output_files.h"
+#include "tremolux/parameters/lookup.h"
+#include "tremolux/progress.h"
+#include "tremolux/scene.h"
+
+namespace tremolux {
+namespace {
+
+constexpr std::int32_t kCommand = 1039960, kQuickBake = 6046, kBruteForceBake = 6175, kUnBake = 6047;
+
+struct SceneOptions {
+    HostOptions host;
+    std::string scene, output, camera, button;
+    std::vector<std::string> answers;
+    bool control = false, quiet = false, quick = false, brute = false, undo = false;
+
+    std::string Output() const { return output.empty() ? scene : output; }
+};
+
+void Script(const std::vector<std::string> &answers, host::Dialogs *dialogs) {
+    for (const std::string &answer : answers) {
+        if (answer == "yes")
+            dialogs->AnswerYes();
+        else if (answer == "no")
+            dialogs->AnswerNo();
+        else
+            dialogs->AnswerText(answer);
+    }
+}
+
+// What was asked and answered, and what the system was asked to show.
+std::string WhatHappened(const host::Application &application) {
+    std::string text;
+    for (const host::Dialogs::Shown &shown : application.dialogs.All()) {
+        const bool is_name = shown.kind == host::Dialogs::Kind::kRename;
+        text += (is_name ? "name" : shown.text) + " -> " + (shown.answer.empty() ? "cancelled" : shown.answer) + "\n";
+    }
+    for (const std::string &folder : application.requests.shown_folders) text += "shown: " + folder + "\n";
+    return text;
+}
+
+std::string KeysText(const host::Object &camera) {
+    std::int32_t keys = 0;
+    for (const host::Track *track : camera.Tracks()) keys += track->GetCurve()->KeyCount();
+    return camera.Name() + ": " + std::to_string(keys) + " keys on " + std::to_string(camera.Tracks().size()) +
+           " tracks\n";
+}
+
+// What happened, in words.
+std::string Press(const SceneOptions &options, std::int32_t button) {
+    EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
+    const OpenScene scene(&host, options.scene);
+    host::Tag *tag = scene.CameraTag(options.camera);
+    host::Application &application = host.Application();
+    Script(options.answers, &application.dialogs);
+    {
+        Progress progress(100, options.quiet);
+        application.status.on_change = [&] { progress.Done(application.status.percent); };
+        application.input.control = options.control;
+        const bool pressed = host::PressButton(tag, host::MakeId(button));
+        application.input.control = false;
+        application.status.on_change = nullptr;
+        if (!pressed)
+            throw Failure(kExitInput, options.scene + ": found the button disabled, expected one that answers");
+    }
+    scene.Save(options.Output());
+    const bool is_bake = button == kQuickBake || button == kBruteForceBake || button == kUnBake;
+    return WhatHappened(application) + (is_bake ? KeysText(*tag->GetObject()) : "");
+}
+
+void PressByLabel(const SceneOptions &options) {
+    std::int32_t button = 0;
+    {
+        EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
+        const OpenScene scene(&host, options.scene);
+        const std::vector<Parameter> parameters = DescribedParameters(*scene.CameraTag(options.camera));
+        const Parameter &parameter = FindParameter(parameters, options.button, "press");
+        if (parameter.kind != ParameterKind::kButton)
+            throw Failure(kExitInput, "press: found " + Quoted(options.button) + ", expected a button of the panel");
+        button = parameter.id;
+    }
+    Print(Press(options, button));
+}
+
+void Bake(const SceneOptions &options) {
+    if (options.quick + options.brute + options.undo != 1)
+        throw Failure(kExitInput, "bake: expected one of --quick, --brute and --undo");
+    Print(Press(options, options.quick ? kQuickBake : options.brute ? kBruteForceBake : kUnBake));
+}
+
+void Apply(const SceneOptions &options) {
+    EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
+    const OpenScene scene(&host, options.scene);
+    scene.Document()->SetActiveObject(options.camera.empty() ? nullptr : scene.Camera(options.camera));
+    Script(options.answers, &host.Application().dialogs);
+    host.Application().CallCommand(kCommand);
+    host.Application().HandleEvents();
+    scene.Save(options.Output());
+    Print(WhatHappened(host.Application()));
+}
+
+using Job = void (*)(const SceneOptions &);
+
+CLI::App *AddSceneCommand(CLI::App *program, Action *action, const std::shared_ptr<SceneOptions> &options,
+                          const char *name, const char *help, Job job) {
+    CLI::App *command = program->add_subcommand(name, help);
+    command->add_option("--camera", options->camera, "the camera, by its name");
+    command->add_option("-o,--output", options->output, "scene to write; else the same one");
+    command->add_option("--answer", options->answers, "yes, no or a text, for each question in turn")
+        ->expected(1)
+        ->take_all();
+    command->add_flag("--quiet", options->quiet, "show no progress");
+    AddHostOptions(command, &options->host);
+    command->callback([=] { *action = [=] { job(*options); }; });
+    return command;
+}
+
+}  // namespace
+
+void AddSceneCommands(CLI::App *program, Action *action) {
+    const auto press = std::make_shared<SceneOptions>(), bake = std::make_shared<SceneOptions>(),
+               apply = std::make_shared<SceneOptions>();
+    CLI::App *command =
+        AddSceneCommand(program, action, press, "press", "Presses a button of the tag in a saved scene", PressByLabel);
+    command->add_option("BUTTON", press->button, "its label or id")->required();
+    command->add_option("SCENE", press->scene, "the scene")->required();
+    command->add_flag("--control", press->control, "with the Control key held");
+
+    command =
+        AddSceneCommand(program, action, bake, "bake", "Turns the motion of a saved scene into keys, or back", Bake);
+    command->add_option("SCENE", bake->scene, "the scene")->required();
+    command->add_flag("--quick", bake->quick, "from curves alone");
+    command->add_flag("--brute", bake->brute, "by playing the scene");
+    command->add_flag("--undo", bake->undo, "gives the old keys back");
+
+    command = AddSceneCommand(program, action, apply, "apply", "Makes a camera of a saved scene hand-held", Apply);
+    command->add_option("SCENE", apply->scene, "the scene")->required();
+}
+
+}  // namespace tremolux
