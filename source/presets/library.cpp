@@ -3,15 +3,12 @@
 #include "presets/folders.h"
 #include "presets/order.h"
 #include "presets/presetfile.h"
+#include "presets/shuffle.h"
 #include "tag/parameters.h"
-#include "tag/random.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
 
 namespace {
-
-// A pick is drawn from 15 bits.
-constexpr std::size_t kMostShaking = kLargestRandom - 1;
 
 constexpr LONG kShakeAmounts[] = {kJoltInterval,   kPositionSlow, kPositionMedium, kPositionFast,    kRotationSlow,
                                   kRotationMedium, kRotationFast, kZoomDriftSlow,  kZoomDriftMedium, kZoomDriftFast};
@@ -36,7 +33,7 @@ void AddCategory(const std::vector<PresetPath> &presets, LONG category, PresetLi
     LONG index = 0;
     for (const PresetPath &record : presets) {
         BaseContainer preset = record.contents;
-        if (HasShake(preset) && library->shaking.size() < kMostShaking) {
+        if (HasShake(preset) && (LONG)library->shaking.size() < kLongestShuffle) {
             preset.SetString(kPresetShakeFile, record.FileName());
             library->shaking.push_back(preset);
         }
@@ -52,20 +49,6 @@ std::vector<FolderStamp> StampsOf(const Filename &root, const Filename &user,
     std::vector<FolderStamp> stamps = {FolderStamp(root), FolderStamp(user)};
     for (const PresetPath &category : categories) stamps.push_back(FolderStamp(category.path));
     return stamps;
-}
-
-template <class Entries>
-Entries PermutedAtRandom(const Entries &entries) {
-    Entries permuted(entries.size());
-    std::vector<char> is_taken(entries.size());
-    for (const auto &entry : entries) {
-        std::size_t slot = entries.size();
-        while (slot >= entries.size() || is_taken[slot])
-            slot = (std::size_t)((Real)NextRandom() / kLargestRandom * (Real)entries.size());
-        permuted[slot] = entry;
-        is_taken[slot] = 1;
-    }
-    return permuted;
 }
 
 }  // namespace
@@ -94,7 +77,7 @@ void ForgetPresetLibrary() {
 void TremoluxCamClass::LoadPresetLibrary(BaseContainer *data) {
     if (!data) return;
     const PresetLibrary &library = ReadPresetLibrary(data->GetFilename(kBuiltInPresetFolder));
-    shaking_presets_ = PermutedAtRandom(library.shaking);
+    shaking_presets_ = Shuffled(library.shaking);
     data->SetLong(kLibraryCount, library.count);
     data->SetContainer(kLibraryCategories, library.categories);
     data->SetContainer(kLibraryIndices, library.indices);

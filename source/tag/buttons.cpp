@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "lib_description.h"
+#include "presets/shuffle.h"
 #include "tag/parameters.h"
 #include "tag/random.h"
 #include "tag/state.h"
@@ -27,12 +28,6 @@ constexpr LONG kFollowingInput[] = {kInitialRotationSmooth, kInitialRotationOver
 constexpr LONG kFollowingTarget[] = {kTargetSmooth, kTargetOvershoot, kInitialPositionSmooth,
                                      kInitialPositionOvershoot};
 
-// Where a drawn number falls in a list, in single precision. Not below the length when the draw was the largest.
-LONG SlotOf(LONG drawn, LONG length) {
-    const SReal share = (SReal)drawn / (SReal)kLargestRandom;
-    return (LONG)(share * (SReal)length);
-}
-
 }  // namespace
 
 template <LONG count>
@@ -49,25 +44,12 @@ void TremoluxCamClass::RandomizeSeed(BaseContainer *data) {
     if (is_whole) data->SetReal(kSeed, (Real)(NextRandom() % kSeeds));
 }
 
-void TremoluxCamClass::ShuffleShakingPresets() {
-    const LONG length = (LONG)shaking_presets_.size();
-    std::vector<BaseContainer> shuffled(length);
-    std::vector<char> is_taken(length);
-    for (const BaseContainer &preset : shaking_presets_) {
-        LONG slot = length;
-        while (slot >= length || is_taken[slot]) slot = SlotOf(NextRandom(), length);
-        shuffled[slot] = preset;
-        is_taken[slot] = 1;
-    }
-    shaking_presets_.swap(shuffled);
-}
-
 void TremoluxCamClass::ApplyLuckyPreset(BaseTag *tag, BaseContainer *data) {
     if (shaking_presets_.empty()) return;
     const UndoStep step(tag);
     const LONG last = data->GetLong(kLuckyPosition, -1);
     const Bool is_next_there = last >= -1 && last < (LONG)shaking_presets_.size() - 1;
-    if (!is_next_there) ShuffleShakingPresets();
+    if (!is_next_there) shaking_presets_ = Shuffled(shaking_presets_);
     const LONG position = is_next_there ? last + 1 : 0;
     CopyPreset(shaking_presets_[position], data);
     ParseCustomTrigger(data);

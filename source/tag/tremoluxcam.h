@@ -222,7 +222,6 @@ class TremoluxCamClass : public TagData {
     void ZeroParameters(const LONG (&ids)[count], BaseTag *tag, BaseContainer *data);
     // Where the present one is a whole number.
     void RandomizeSeed(BaseContainer *data);
-    void ShuffleShakingPresets();
     void ApplyLuckyPreset(BaseTag *tag, BaseContainer *data);
     void CreateLinkedNull(const CHAR *name, LONG link, BaseTag *tag, BaseContainer *data);
     void SetOverallScale(LONG button, BaseTag *tag, BaseContainer *data);

@@ -1,8 +1,10 @@
 // In which order presets and categories are shown, and what their names become.
+#include <algorithm>
 #include <vector>
 
 #include "presets/filenames.h"
 #include "presets/order.h"
+#include "presets/shuffle.h"
 #include "tests/engine/glue.h"
 
 namespace {
@@ -65,6 +67,31 @@ TEST_F(PresetOrder, DisplaysWhatFollowsTheFirstUnderscore) {
     EXPECT_EQ(DisplayName("_x"), String("x"));
     EXPECT_EQ(DisplayName("x_"), String());
     EXPECT_EQ(DisplayName(""), String());
+}
+
+// Or the shuffle would draw for ever.
+TEST_F(PresetOrder, EverySlotOfAShuffleIsMetByADraw) {
+    for (const LONG length : {1, 2, 3, 1000, 4000, 16384, 31999, 32000}) {
+        ASSERT_LE(length, kLongestShuffle);
+        std::vector<int> met(static_cast<std::size_t>(length) + 1);
+        for (LONG drawn = 0; drawn <= kLargestRandom; ++drawn) {
+            const LONG slot = SlotOf(drawn, length);
+            ASSERT_TRUE(slot >= 0 && slot <= length);
+            ++met[static_cast<std::size_t>(slot)];
+        }
+        for (LONG slot = 0; slot < length; ++slot)
+            ASSERT_GT(met[static_cast<std::size_t>(slot)], 0) << slot << " of " << length;
+    }
+}
+
+TEST_F(PresetOrder, AShuffleKeepsEveryEntry) {
+    std::vector<LONG> entries;
+    for (LONG i = 0; i < 500; ++i) entries.push_back(i);
+    std::vector<LONG> shuffled = Shuffled(entries);
+    EXPECT_NE(shuffled, entries);
+    std::sort(shuffled.begin(), shuffled.end());
+    EXPECT_EQ(shuffled, entries);
+    EXPECT_TRUE(Shuffled(std::vector<LONG>()).empty());
 }
 
 TEST_F(PresetOrder, FileNamesKeepWhatEverySystemTakes) {
