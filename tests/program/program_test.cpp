@@ -312,6 +312,7 @@ TEST_F(Program, ShakesTheSampleMoves) {
     }
 }
 
+// The recordings are not part of the project: without their folder there is nothing to play.
 TEST_F(Program, ShakesEveryRecording) {
     const char *folder = std::getenv("TREMOLUX_RECORDINGS");
     if (folder == nullptr) GTEST_SKIP() << "TREMOLUX_RECORDINGS is not set";
