@@ -82,6 +82,14 @@ TEST_F(Scenes, AreBakedAndUnBaked) {
     ExpectRefused({"bake", Path("live.scene"), "--quick", "--undo"}, "expected one of");
 }
 
+TEST_F(Scenes, AreNeverWrittenOverAnInputOrAnotherOutput) {
+    const std::string move = workplace_.Read("move.csv");
+    ExpectRefused({"shake", Path("move.csv"), "-o", Path("x.csv"), "--scene", Path("move.csv")}, "the input itself");
+    ExpectRefused({"shake", Path("move.csv"), "-o", Path("x.csv"), "--scene", Path("x.csv")}, "found twice");
+    EXPECT_EQ(workplace_.Read("move.csv"), move);
+    EXPECT_EQ(workplace_.Read("x.csv"), "(missing)");
+}
+
 TEST_F(Scenes, TellWhatAButtonAsked) {
     Shake("live.csv", {"--scene", Path("a.scene")});
     EXPECT_EQ(Text({"press", "Save", Path("a.scene"), "--answer", "Mine"}), "name -> Mine\n");

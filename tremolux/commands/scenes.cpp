@@ -55,11 +55,19 @@ std::string KeysText(const host::Object &camera) {
            " tracks\n";
 }
 
-// What happened, in words.
-std::string Press(const SceneOptions &options, std::int32_t button) {
+std::int32_t ButtonOf(const host::Tag &tag, const std::string &name) {
+    const std::vector<Parameter> parameters = DescribedParameters(tag);
+    const Parameter &parameter = FindParameter(parameters, name, "press");
+    if (parameter.kind == ParameterKind::kButton) return parameter.id;
+    throw Failure(kExitInput, "press: found " + Quoted(name) + ", expected a button of the panel");
+}
+
+// By its label or id.
+void Press(const SceneOptions &options, const std::string &name) {
     EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
     const OpenScene scene(&host, options.scene);
     host::Tag *tag = scene.CameraTag(options.camera);
+    const std::int32_t button = ButtonOf(*tag, name);
     host::Application &application = host.Application();
     Script(options.answers, &application.dialogs);
     {
@@ -74,27 +82,15 @@ std::string Press(const SceneOptions &options, std::int32_t button) {
     }
     scene.Save(options.Output());
     const bool is_bake = button == kQuickBake || button == kBruteForceBake || button == kUnBake;
-    return WhatHappened(application) + (is_bake ? KeysText(*tag->GetObject()) : "");
+    Print(WhatHappened(application) + (is_bake ? KeysText(*tag->GetObject()) : ""));
 }
 
-void PressByLabel(const SceneOptions &options) {
-    std::int32_t button = 0;
-    {
-        EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
-        const OpenScene scene(&host, options.scene);
-        const std::vector<Parameter> parameters = DescribedParameters(*scene.CameraTag(options.camera));
-        const Parameter &parameter = FindParameter(parameters, options.button, "press");
-        if (parameter.kind != ParameterKind::kButton)
-            throw Failure(kExitInput, "press: found " + Quoted(options.button) + ", expected a button of the panel");
-        button = parameter.id;
-    }
-    Print(Press(options, button));
-}
+void PressNamed(const SceneOptions &options) { Press(options, options.button); }
 
 void Bake(const SceneOptions &options) {
     if (options.quick + options.brute + options.undo != 1)
         throw Failure(kExitInput, "bake: expected one of --quick, --brute and --undo");
-    Print(Press(options, options.quick ? kQuickBake : options.brute ? kBruteForceBake : kUnBake));
+    Press(options, std::to_string(options.quick ? kQuickBake : options.brute ? kBruteForceBake : kUnBake));
 }
 
 void Apply(const SceneOptions &options) {
@@ -130,7 +126,7 @@ void AddSceneCommands(CLI::App *program, Action *action) {
     const auto press = std::make_shared<SceneOptions>(), bake = std::make_shared<SceneOptions>(),
                apply = std::make_shared<SceneOptions>();
     CLI::App *command =
-        AddSceneCommand(program, action, press, "press", "Presses a button of the tag in a saved scene", PressByLabel);
+        AddSceneCommand(program, action, press, "press", "Presses a button of the tag in a saved scene", PressNamed);
     command->add_option("BUTTON", press->button, "its label or id")->required();
     command->add_option("SCENE", press->scene, "the scene")->required();
     command->add_flag("--control", press->control, "with the Control key held");

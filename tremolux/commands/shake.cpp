@@ -20,6 +20,9 @@ void Shake(const ShakeOptions &options) {
     using Clock = std::chrono::steady_clock;
     for (const std::string &file : options.outputs) FormatOf(file);
     Playback playback(options.move);
+    std::vector<std::string> places = options.outputs;
+    if (!options.scene.empty()) places.push_back(options.scene);
+    const OutputFiles checked(places, options.move.InputFiles());
     OutputFiles files(options.outputs, options.move.InputFiles());
     playback.Start();
     if (options.bake == "quick") playback.GetStage().BakeQuickly();
