@@ -145,6 +145,15 @@ TEST_F(PresetsCommand, ImportsNothingButPresets) {
     EXPECT_FALSE(fs::exists(folder_ / "up"));
 }
 
+TEST_F(PresetsCommand, ImportsAllFilesOrNone) {
+    Text({"presets", "save", "Mine"});
+    const fs::path saved = UserRoot() / "User" / "00_Mine", twin = fs::path(workplace_.Path("twin")) / "00_Mine";
+    fs::create_directories(twin.parent_path());
+    fs::copy_file(saved, twin);
+    ExpectRefused({"presets", "import", saved.string(), twin.string()}, "holds no such file", 4);
+    EXPECT_TRUE(fs::is_empty(folder_ / "Imports" / "User"));
+}
+
 TEST_F(PresetsCommand, TellsAndChoosesTheUsersFolder) {
     EXPECT_EQ(Text({"presets", "path"}), (UserRoot() / "User").string() + "\n");
     fs::create_directories(workplace_.Path("other"));

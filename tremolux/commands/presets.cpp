@@ -173,10 +173,16 @@ void Import(const PresetsOptions &options) {
     for (const std::string &file : options.files) CheckPresetFile(file);
     std::error_code error;
     fs::create_directories(folder, error);
-    for (const std::string &file : options.files)
-        if (!host::CopyFileTo(file, folder / fs::path(file).filename(), false))
-            throw Failure(kExitOutput, host::PathText(folder) + ": found no room for " + Quoted(file) +
-                                           ", expected a folder that can be written and holds no such file");
+    std::vector<fs::path> copies;
+    for (const std::string &file : options.files) {
+        copies.push_back(folder / fs::path(file).filename());
+        if (host::CopyFileTo(file, copies.back(), false)) continue;
+        // All or none: what is left there would be taken over another time.
+        copies.pop_back();
+        for (const fs::path &copy : copies) host::RemoveFile(copy, 0);
+        throw Failure(kExitOutput, host::PathText(folder) + ": found no room for " + Quoted(file) +
+                                       ", expected a folder that can be written and holds no such file");
+    }
     const PresetDesk desk(options.host);
     for (const std::string &file : options.files)
         if (host::RemoveFile(folder / fs::path(file).filename(), 0))
