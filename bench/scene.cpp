@@ -8,6 +8,7 @@
 
 #include "host/animation/passes.h"
 #include "host/animation/track.h"
+#include "host/ui/attribute_manager.h"
 #include "host/value/descid.h"
 
 namespace bench {
@@ -134,6 +135,13 @@ void Scene::MakeTag() {
 void Scene::Evaluate(std::int64_t frame) {
     document_->SetFrame(frame);
     host::ExecutePasses(document_, true, true, true);
+}
+
+void Scene::SetLastFrame(std::int64_t frame) { document_->SetRange(0, frame); }
+
+void Scene::Press(std::int32_t button) {
+    if (!host::PressButton(tag_, host::MakeId(button))) Fail("a button cannot be pressed");
+    document_->Undo().Flush();
 }
 
 host::Vector Scene::CameraPosition() const { return camera_->GlobalMatrix().off; }

@@ -23,6 +23,10 @@ class Scene {
 
     // Sets the document's time and evaluates tracks and tags, like the time slider.
     void Evaluate(std::int64_t frame);
+    // The document then reaches from frame 0 to `frame`.
+    void SetLastFrame(std::int64_t frame);
+    // A button of the tag's panel, by its id. Nothing of it stays in the undo list.
+    void Press(std::int32_t button);
     host::Vector CameraPosition() const;
     host::Tag &Tag() const { return *tag_; }
     const std::filesystem::path &UserFolder() const { return application_->settings.user_folder; }

@@ -1,14 +1,13 @@
 #include "tremolux/stage.h"
 
-#include <functional>
-
 #include "host/animation/passes.h"
-#include "host/animation/track.h"
 #include "host/application.h"
 #include "host/scene/angles.h"
 #include "host/ui/attribute_manager.h"
 #include "host/value/descid.h"
 #include "tremolux/failure.h"
+#include "tremolux/interrupt.h"
+#include "tremolux/keys.h"
 
 namespace tremolux {
 namespace {
@@ -16,50 +15,6 @@ namespace {
 constexpr std::int32_t kTremoluxCamTag = 1039736;
 constexpr std::int32_t kInputCameraLink = 6001, kTargetLink = 6068, kFocusObjectLink = 6057;
 constexpr std::int32_t kUseTarget = 6018, kBaked = 1005;
-
-using Channel = std::function<double(const CameraSample &)>;
-
-bool IsConstant(const CameraMove &move, const Channel &channel) {
-    for (const CameraSample &sample : move.samples) {
-        if (channel(sample) != channel(move.samples.front())) return false;
-    }
-    return true;
-}
-
-// A linear key on every frame; a channel that never changes gets one key, which holds for all time.
-void Animate(host::Object *object, const TableDescID &id, const CameraMove &move, int frames_per_second,
-             const Channel &channel) {
-    std::unique_ptr<host::Track> track = host::Track::Create(object, id);
-    if (!track) throw Failure(kExitInternal, object->Name() + " cannot be animated");
-    const std::size_t keys = IsConstant(move, channel) ? 1 : move.samples.size();
-    for (std::size_t i = 0; i < keys; ++i) {
-        const double frame = static_cast<double>(move.first_frame + static_cast<std::int64_t>(i));
-        host::Key *key = track->GetCurve()->AddKey(host::MakeTime(frame, frames_per_second));
-        key->SetInterpolation(host::kInterpolationLinear);
-        key->SetValue(channel(move.samples[i]));
-    }
-    object->InsertTrack(track.release());
-}
-
-void AnimateVector(host::Object *object, std::int32_t parameter, const CameraMove &move, int frames_per_second,
-                   host::Vector CameraSample::*vector) {
-    const auto animate = [&](std::int32_t component, double host::Vector::*number) {
-        Animate(object, host::MakeId(parameter, component), move, frames_per_second,
-                [=](const CameraSample &sample) { return sample.*vector.*number; });
-    };
-    animate(host::kVectorX, &host::Vector::x);
-    animate(host::kVectorY, &host::Vector::y);
-    animate(host::kVectorZ, &host::Vector::z);
-}
-
-void AnimateCamera(host::Object *camera, const CameraMove &move, int frames_per_second) {
-    AnimateVector(camera, host::kParamRelPosition, move, frames_per_second, &CameraSample::position);
-    AnimateVector(camera, host::kParamRelRotation, move, frames_per_second, &CameraSample::angles);
-    Animate(camera, host::MakeId(host::kCameraFocalLength), move, frames_per_second,
-            [](const CameraSample &sample) { return sample.focal_length; });
-    Animate(camera, host::MakeId(host::kCameraFocusDistance), move, frames_per_second,
-            [](const CameraSample &sample) { return sample.focus_distance; });
-}
 
 host::Object *InsertObject(host::Document *document, std::int32_t type, const char *name) {
     std::unique_ptr<host::Object> object = host::Object::Create(type);
@@ -91,7 +46,7 @@ Stage::Stage(const CameraMove &move, int frames_per_second)
       output_(InsertObject(document_.get(), host::kTypeCamera, "Camera")) {
     document_->SetFps(frames_per_second);
     document_->SetRange(move.first_frame, move.LastFrame());
-    AnimateCamera(input_, move, frames_per_second);
+    KeyCamera(input_, move, frames_per_second);
     tag_ = output_->MakeTag(kTremoluxCamTag);
     if (tag_ == nullptr) {
         throw Failure(kExitModule, "the module's camera tag cannot be made, expected a tag of type " +
@@ -115,7 +70,7 @@ void Stage::Evaluate(std::int64_t frame) {
 
 host::Object *Stage::AddGuide(const char *name, std::int32_t link, const CameraMove &points) {
     host::Object *object = InsertObject(document_.get(), host::kTypeNull, name);
-    AnimateVector(object, host::kParamRelPosition, points, document_->Fps(), &CameraSample::position);
+    KeyPosition(object, points, document_->Fps());
     tag_->SetParameter(host::MakeId(link), host::Data::LinkTo(object));
     return object;
 }
@@ -136,6 +91,7 @@ void Stage::PlayFrame(std::int64_t frame) {
 
 void Stage::Bake(std::int32_t button) {
     host::PressButton(tag_, host::MakeId(button));
+    CheckForInterrupt();
     if (tag_->Data().Whole(kBaked) == 0 || output_->Tracks().empty())
         throw Failure(kExitModule, "the module baked nothing, expected keys on the camera");
 }

@@ -100,7 +100,9 @@ void TremoluxCamClass::QuickBake(BaseContainer data, BaseObject *camera, BaseTag
 Bool TremoluxCamClass::BeginBake(BaseTag *tag, BaseContainer *data) {
     BaseDocument *doc = tag->GetDocument();
     BaseObject *camera = tag->GetObject();
-    if (!doc || !camera || !ResolveObject(*data, kInputCamera, doc)) return FALSE;
+    if (!doc || !camera || camera->GetType() != Ocamera) return FALSE;
+    if (!ResolveObject(*data, kInputCamera, doc)) return FALSE;
+    doc->AddUndo(UNDOTYPE_CHANGE, camera);
     data->SetContainer(kPreBakeRecord, TakePreBakeAnimation(camera, doc->GetFps()));
     Evaluate(doc, 0);
     if (FirstFrame(doc) != 0) Evaluate(doc, FirstFrame(doc));
@@ -160,6 +162,7 @@ void TremoluxCamClass::UnBake(BaseTag *tag, BaseContainer *data) {
     const BaseContainer *stored = data->GetContainerInstance(kPreBakeRecord);
     if (!doc || !camera || !stored) return;
     const BaseContainer record = *stored;
+    doc->AddUndo(UNDOTYPE_CHANGE, camera);
     for (CTrack *track = camera->GetFirstCTrack(); track; track = camera->GetFirstCTrack()) CTrack::Free(track);
     data->SetBool(kBaked, FALSE);
     RestorePreBakeAnimation(record, camera, doc->GetFps());

@@ -1,8 +1,12 @@
 // What the panel's buttons do.
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
+#include "engine/frame.h"
 #include "lib_description.h"
 #include "presets/shuffle.h"
+#include "tag/help.h"
 #include "tag/parameters.h"
 #include "tag/random.h"
 #include "tag/state.h"
@@ -21,6 +25,13 @@ struct ScaleButton {
 constexpr ScaleButton kScaleButtons[] = {
     {kScaleCoffeeCup, 0.2}, {kScaleHuman, 1.0}, {kScaleCar, 1.3}, {kScaleHouse, 5.0}, {kScaleSkyscraper, 20.0}};
 
+// Those that change the tag or the scene; the others bake, work on files or open a page.
+constexpr LONG kOneStep[] = {kInputCamera,  kZeroPosition, kZeroRotation,   kZeroInitials,   kRandomizeSeeds,
+                             kFeelingLucky, kCreateFocus,  kCreateTarget,   kScaleCoffeeCup, kScaleHuman,
+                             kScaleCar,     kScaleHouse,   kScaleSkyscraper};
+
+Bool IsOneStep(LONG id) { return std::find(std::begin(kOneStep), std::end(kOneStep), id) != std::end(kOneStep); }
+
 constexpr LONG kPositionShake[] = {kPositionSlow, kPositionMedium, kPositionFast};
 constexpr LONG kRotationShake[] = {kRotationSlow, kRotationMedium, kRotationFast};
 constexpr LONG kFollowingInput[] = {kInitialRotationSmooth, kInitialRotationOvershoot, kInitialPositionSmooth,
@@ -31,8 +42,7 @@ constexpr LONG kFollowingTarget[] = {kTargetSmooth, kTargetOvershoot, kInitialPo
 }  // namespace
 
 template <LONG count>
-void TremoluxCamClass::ZeroParameters(const LONG (&ids)[count], BaseTag *tag, BaseContainer *data) {
-    const UndoStep step(tag);
+void TremoluxCamClass::ZeroParameters(const LONG (&ids)[count], BaseContainer *data) {
     for (LONG id : ids) data->SetReal(id, 0.0);
     SelectNoPreset(data);
 }
@@ -44,9 +54,7 @@ void TremoluxCamClass::RandomizeSeed(BaseContainer *data) {
     if (is_whole) data->SetReal(kSeed, (Real)(NextRandom() % kSeeds));
 }
 
-void TremoluxCamClass::ApplyLuckyPreset(BaseTag *tag, BaseContainer *data) {
-    if (shaking_presets_.empty()) return;
-    const UndoStep step(tag);
+void TremoluxCamClass::ApplyLuckyPreset(BaseContainer *data) {
     const LONG last = data->GetLong(kLuckyPosition, -1);
     const Bool is_next_there = last >= -1 && last < (LONG)shaking_presets_.size() - 1;
     if (!is_next_there) shaking_presets_ = Shuffled(shaking_presets_);
@@ -61,94 +69,105 @@ void TremoluxCamClass::ApplyLuckyPreset(BaseTag *tag, BaseContainer *data) {
     RandomizeSeed(data);
 }
 
-void TremoluxCamClass::CreateLinkedNull(const CHAR *name, LONG link, BaseTag *tag, BaseContainer *data) {
-    BaseDocument *doc = tag->GetDocument();
+void TremoluxCamClass::CreateLinkedNull(const CHAR *name, LONG link, UndoStep *step, BaseDocument *doc,
+                                        BaseContainer *data) {
     BaseObject *null = doc ? BaseObject::Alloc(Onull) : NULL;
     if (!null) return;
-    UndoStep step(tag);
     null->SetName(String(name));
     doc->InsertObject(null, NULL, NULL);
-    step.Add(UNDOTYPE_NEW, null);
+    step->Add(UNDOTYPE_NEW, null);
     data->SetLink(link, null);
 }
 
-void TremoluxCamClass::SetOverallScale(LONG button, BaseTag *tag, BaseContainer *data) {
-    const UndoStep step(tag);
+void TremoluxCamClass::SetOverallScale(LONG button, BaseContainer *data) {
     for (const ScaleButton &scale : kScaleButtons)
         if (scale.id == button) data->SetReal(kOverallScale, scale.scale);
 }
 
-void TremoluxCamClass::PressButton(LONG id, BaseTag *tag, BaseContainer *data) {
-    if (BaseDocument *doc = tag->GetDocument()) doc->AddUndo(UNDOTYPE_CHANGE, tag);
+// One step of the user's, whoever sends the message.
+void TremoluxCamClass::ChangeSettings(LONG id, BaseTag *tag, BaseContainer *data) {
+    UndoStep step(tag);
     switch (id) {
         case kInputCamera:
             // The host tells of a new link twice.
-            if (!input_is_set_up_) SetUpInputCamera(tag, data);
-            input_is_set_up_ = FALSE;
+            if (ResolveObject(*data, kInputCamera, tag->GetDocument()) != set_up_input_) SetUpInputCamera(tag, data);
+            set_up_input_ = NULL;
             break;
         case kZeroPosition:
-            ZeroParameters(kPositionShake, tag, data);
+            ZeroParameters(kPositionShake, data);
             break;
         case kZeroRotation:
-            ZeroParameters(kRotationShake, tag, data);
+            ZeroParameters(kRotationShake, data);
             break;
         case kZeroInitials:
             if (data->GetObjectLink(kTargetObject, tag->GetDocument()))
-                ZeroParameters(kFollowingTarget, tag, data);
+                ZeroParameters(kFollowingTarget, data);
             else
-                ZeroParameters(kFollowingInput, tag, data);
+                ZeroParameters(kFollowingInput, data);
             break;
-        case kRandomizeSeeds: {
-            const UndoStep step(tag);
+        case kRandomizeSeeds:
             RandomizeSeed(data);
             break;
-        }
         case kFeelingLucky:
-            ApplyLuckyPreset(tag, data);
+            ApplyLuckyPreset(data);
             break;
         case kCreateFocus:
-            CreateLinkedNull("Focus Null", kFocusObject, tag, data);
+            CreateLinkedNull("Focus Null", kFocusObject, &step, tag->GetDocument(), data);
             break;
         case kCreateTarget:
-            CreateLinkedNull("Target Null", kTargetObject, tag, data);
-            break;
-        case kScaleCoffeeCup:
-        case kScaleHuman:
-        case kScaleCar:
-        case kScaleHouse:
-        case kScaleSkyscraper:
-            SetOverallScale(id, tag, data);
-            break;
-        case kQuickBake:
-            StartQuickBake(tag, data);
-            break;
-        case kBruteForceBake:
-            BruteForceBake(tag, data);
-            break;
-        case kUnBake:
-            UnBake(tag, data);
-            break;
-        case kSavePreset:
-            SaveUserPreset(data);
-            break;
-        case kDeletePreset:
-            DeleteUserPreset(data);
-            break;
-        case kChoosePresetFolder:
-            SetUserPresetFolder(data);
-            break;
-        case kResetPresetFolder:
-            ResetUserPresetFolder(data);
-            break;
-        case kExportCurrent:
-            ExportCurrentPreset(data);
-            break;
-        case kExportAll:
-            ExportAllPresets();
+            CreateLinkedNull("Target Null", kTargetObject, &step, tag->GetDocument(), data);
             break;
         default:
-            return;
+            SetOverallScale(id, data);
+            break;
     }
+}
+
+// What it changes belongs to the step that the host has open, if any. FALSE when the panel stays as it is.
+Bool TremoluxCamClass::RunOperation(LONG id, BaseTag *tag, BaseContainer *data) {
+    if (BaseDocument *doc = tag->GetDocument()) doc->AddUndo(UNDOTYPE_CHANGE, tag);
+    switch (id) {
+        case kHelp:
+            OpenGuide();
+            return FALSE;
+        case kQuickBake:
+            StartQuickBake(tag, data);
+            return TRUE;
+        case kBruteForceBake:
+            BruteForceBake(tag, data);
+            return TRUE;
+        case kUnBake:
+            UnBake(tag, data);
+            return TRUE;
+        case kSavePreset:
+            SaveUserPreset(data);
+            return TRUE;
+        case kDeletePreset:
+            DeleteUserPreset(data);
+            return TRUE;
+        case kChoosePresetFolder:
+            SetUserPresetFolder(data);
+            return TRUE;
+        case kResetPresetFolder:
+            ResetUserPresetFolder(data);
+            return TRUE;
+        case kExportCurrent:
+            ExportCurrentPreset(data);
+            return TRUE;
+        case kExportAll:
+            ExportAllPresets();
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}
+
+void TremoluxCamClass::PressButton(LONG id, BaseTag *tag, BaseContainer *data) {
+    if (id == kFeelingLucky && shaking_presets_.empty()) return;
+    if (IsOneStep(id))
+        ChangeSettings(id, tag, data);
+    else if (!RunOperation(id, tag, data))
+        return;
     // The lists that the panel shows may be others now.
     tag->Message(MSG_CHANGE);
     tag->SetDirty(DIRTYFLAGS_DATA | DIRTYFLAGS_DESCRIPTION);

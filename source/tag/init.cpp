@@ -32,7 +32,7 @@ void WriteMissingDefaults(BaseContainer *data) {
 }  // namespace
 
 TremoluxCamClass::TremoluxCamClass()
-    : working_number_(0), icon_(NULL), input_is_set_up_(FALSE), is_collected_(FALSE), collected_category_(0) {}
+    : working_number_(0), icon_(NULL), set_up_input_(NULL), is_collected_(FALSE), collected_category_(0) {}
 
 TremoluxCamClass::~TremoluxCamClass() { BaseBitmap::Free(icon_); }
 

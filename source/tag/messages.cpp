@@ -1,3 +1,4 @@
+#include "engine/frame.h"
 #include "lib_description.h"
 #include "presets/folders.h"
 #include "tag/parameters.h"
@@ -48,7 +49,7 @@ void TremoluxCamClass::ParameterChanged(LONG id, BaseTag *tag, BaseContainer *da
     switch (id) {
         case kInputCamera:
             SetUpInputCamera(tag, data);
-            input_is_set_up_ = TRUE;
+            set_up_input_ = ResolveObject(*data, kInputCamera, tag->GetDocument());
             break;
         case kUserPresetFolder:
             TypeUserPresetFolder(data);

@@ -13,6 +13,8 @@
 #include "engine/frame.h"
 #include "presets/presetpath.h"
 
+class UndoStep;
+
 class TremoluxCamClass : public TagData {
     INSTANCEOF(TremoluxCamClass, TagData)
 
@@ -219,12 +221,13 @@ class TremoluxCamClass : public TagData {
 
     // ---- Buttons
     template <LONG count>
-    void ZeroParameters(const LONG (&ids)[count], BaseTag *tag, BaseContainer *data);
+    void ZeroParameters(const LONG (&ids)[count], BaseContainer *data);
     // Where the present one is a whole number.
     void RandomizeSeed(BaseContainer *data);
-    void ApplyLuckyPreset(BaseTag *tag, BaseContainer *data);
-    void CreateLinkedNull(const CHAR *name, LONG link, BaseTag *tag, BaseContainer *data);
-    void SetOverallScale(LONG button, BaseTag *tag, BaseContainer *data);
+    // One of the shaking presets, of which there must be some.
+    void ApplyLuckyPreset(BaseContainer *data);
+    void CreateLinkedNull(const CHAR *name, LONG link, UndoStep *step, BaseDocument *doc, BaseContainer *data);
+    void SetOverallScale(LONG button, BaseContainer *data);
 
     // ---- The input camera
     // The tag's camera begins as a copy of a new input camera.
@@ -245,14 +248,16 @@ class TremoluxCamClass : public TagData {
     // ---- Messages
     Bool ShowIcon(GetCustomIconData *icon, BaseTag *tag, const BaseContainer &data);
     void PressButton(LONG id, BaseTag *tag, BaseContainer *data);
+    void ChangeSettings(LONG button, BaseTag *tag, BaseContainer *data);
+    Bool RunOperation(LONG button, BaseTag *tag, BaseContainer *data);
     void ParameterChanged(LONG id, BaseTag *tag, BaseContainer *data);
 
     void ParseTrigger(BaseContainer *data, LONG parameter, std::vector<LONG> *frames);
     void RefreshTrigger(BaseContainer *data, LONG parameter, const std::vector<LONG> &frames);
 
     LONG working_number_;
-    BaseBitmap *icon_;      // what the host was shown last
-    Bool input_is_set_up_;  // by the first of two messages
+    BaseBitmap *icon_;                // what the host was shown last
+    const BaseObject *set_up_input_;  // by the first of two messages about a link; compared alone
     Random random_;
     std::vector<LONG> trigger_frames_, twin_trigger_frames_;  // ascending, none negative
     std::vector<String> sorted_folders_, sorted_names_;       // the built-in categories: folder and display name

@@ -82,6 +82,32 @@ TEST_F(Scenes, AreBakedAndUnBaked) {
     ExpectRefused({"bake", Path("live.scene"), "--quick", "--undo"}, "expected one of");
 }
 
+TEST_F(Scenes, GetTheirKeysBackFromABake) {
+    Shake("live.csv", {"--scene", Path("a.scene")});
+    // Two channels change over 50 frames; of the others one key holds.
+    EXPECT_EQ(Text({"keys", Path("a.scene"), "--import", Path("move.csv")}), "Camera: 106 keys on 8 tracks\n");
+    const std::string keys = Text({"keys", Path("a.scene")});
+    EXPECT_EQ(std::count(keys.begin(), keys.end(), '\n'), 107);
+    EXPECT_NE(keys.find("\n903/1000,49,196\n"), std::string::npos) << keys;
+    EXPECT_NE(keys.find("\n500,0,35\n"), std::string::npos) << keys;
+    for (const char *bake : {"--quick", "--brute"}) {
+        Text({"bake", Path("a.scene"), bake, "--quiet"});
+        EXPECT_NE(Text({"keys", Path("a.scene")}), keys);
+        Text({"bake", Path("a.scene"), "--undo", "--quiet"});
+        EXPECT_EQ(Text({"keys", Path("a.scene")}), keys);
+    }
+    EXPECT_EQ(Text({"keys", Path("a.scene"), "--camera", "Input Camera"}), keys);
+    ExpectRefused({"keys", Path("a.scene"), "--import", Path("missing.csv")}, "missing.csv");
+    ExpectRefused({"keys", Path("a.scene"), "--camera", "Nobody"}, "found no camera 'Nobody'");
+}
+
+TEST_F(Scenes, OpenTheGuideForHelp) {
+    Shake("live.csv", {"--scene", Path("a.scene")});
+    const std::string opened = Text({"press", "?", Path("a.scene")});
+    EXPECT_EQ(opened.substr(0, 16), "opened: file:///");
+    EXPECT_NE(opened.find("/res/guide.html\n"), std::string::npos) << opened;
+}
+
 TEST_F(Scenes, AreNeverWrittenOverAnInputOrAnotherOutput) {
     const std::string move = workplace_.Read("move.csv");
     ExpectRefused({"shake", Path("move.csv"), "-o", Path("x.csv"), "--scene", Path("move.csv")}, "the input itself");

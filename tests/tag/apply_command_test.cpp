@@ -123,6 +123,19 @@ TEST_F(ApplyCommand, WithoutACameraMakesATagWithoutInput) {
     EXPECT_EQ(null->Name(), "Null");
 }
 
+TEST_F(ApplyCommand, WithoutATagStillShowsANewCamera) {
+    for (const auto &plugin : running_.App().registry.Tags())
+        plugin->node.allocate = [](void *) -> ModuleObject * { return nullptr; };
+    host::Object *input = AddCamera("Master"), *camera = Run();
+    ASSERT_NE(camera, input);
+    EXPECT_EQ(camera->Name(), "TremoluxCam");
+    EXPECT_EQ(camera->FirstTag(), nullptr);
+    EXPECT_EQ(document_->ActiveObject(), camera);
+    EXPECT_EQ(document_->ActiveView()->SceneCamera(document_), camera);
+    EXPECT_EQ(document_->Undo().Depth(), 0);
+    EXPECT_EQ(Parameter(input, kVisibleInEditor), 1);
+}
+
 TEST_F(ApplyCommand, IsFollowedByTheMotionOfItsInput) {
     host::Object *input = AddCamera("Master");
     host::Object *camera = Run();

@@ -4,6 +4,8 @@
 
 #include "host/animation/track.h"
 #include "host/files/scenefile.h"
+#include "host/scene/messages.h"
+#include "host/services/bitmap.h"
 #include "host/ui/attribute_manager.h"
 #include "tests/tag/scene.h"
 #include "tests/tag/tracks.h"
@@ -239,19 +241,37 @@ TEST_F(Bakes, GoOnLiveAfterUnBake) {
     ExpectSame(Playback(0), live);
 }
 
-TEST_F(Bakes, SurviveBeingSavedAndLoaded) {
-    AddTrack(scene().camera, host::MakeId(903, 1002), {{0, 1}, {20, 2}});
-    ASSERT_TRUE(Press(kBrute));
-    TemporaryFolder folder;
-    std::string error;
-    ASSERT_TRUE(host::SaveDocument(scene().document, folder.Path() / "scene", &error)) << error;
-    std::unique_ptr<host::Document> loaded = host::LoadDocument(folder.Path() / "scene", &error);
-    ASSERT_NE(loaded, nullptr) << error;
-    scene_ = std::make_unique<Scene>(running_, std::move(loaded));
-    ASSERT_NE(scene().tag, nullptr);
-    ASSERT_TRUE(Press(kUnBake));
-    ASSERT_EQ(Tracks(), 1u);
-    EXPECT_EQ(ValueAt(903, 1002, 20), 2);
+TEST_F(Bakes, SavedLoadedAndUnBakedGiveTheKeysBack) {
+    for (const std::int32_t bake : {kQuick, kBrute}) {
+        Begin(0);
+        AddTrack(scene().camera, host::MakeId(903, 1002), {{0, 1}, {20, 2.125}, {21, -1e300}, {55, 0.1}});
+        AddTrack(scene().camera, host::MakeId(904, 1001), {{3, 0.3}, {9, -7}});
+        AddTrack(scene().camera, host::MakeId(500), {{0, 40}, {33, 50}});
+        ASSERT_TRUE(Press(bake));
+        TemporaryFolder folder;
+        std::string error;
+        ASSERT_TRUE(host::SaveDocument(scene().document, folder.Path() / "scene", &error)) << error;
+        std::unique_ptr<host::Document> loaded = host::LoadDocument(folder.Path() / "scene", &error);
+        ASSERT_NE(loaded, nullptr) << error;
+        scene_ = std::make_unique<Scene>(running_, std::move(loaded));
+        ASSERT_NE(scene().tag, nullptr);
+        EXPECT_EQ(Tracks(), 8u);
+        ASSERT_TRUE(Press(kUnBake));
+        ASSERT_EQ(Tracks(), 3u);
+        const auto expect_keys = [this](const TableDescID &id, std::vector<std::pair<int, double>> keys) {
+            const host::Track *track = scene().camera->FindTrack(id);
+            ASSERT_NE(track, nullptr);
+            const host::Curve *curve = track->GetCurve();
+            ASSERT_EQ(curve->KeyCount(), static_cast<std::int32_t>(keys.size()));
+            for (std::int32_t i = 0; i < curve->KeyCount(); ++i) {
+                EXPECT_EQ(host::Seconds(curve->KeyAt(i)->GetTime()), keys[i].first / 30.0);
+                EXPECT_EQ(curve->KeyAt(i)->GetValue(), keys[i].second);
+            }
+        };
+        expect_keys(host::MakeId(903, 1002), {{0, 1}, {20, 2.125}, {21, -1e300}, {55, 0.1}});
+        expect_keys(host::MakeId(904, 1001), {{3, 0.3}, {9, -7}});
+        expect_keys(host::MakeId(500), {{0, 40}, {33, 50}});
+    }
 }
 
 TEST_F(Bakes, UnBakeOfATagThatWasNeverBakedDoesNothing) {
@@ -278,6 +298,141 @@ TEST_F(Bakes, UnBakeReadsADamagedRecordWithoutHarm) {
     EXPECT_EQ(ValueAt(500, 0, 3), 45);
 }
 
+// ---- Tracks that are no plain animation
+
+TEST_F(Bakes, GiveBackATrackWithoutKeys) {
+    AddTrack(scene().camera, host::MakeId(500), {});
+    ASSERT_TRUE(Press(kBrute));
+    EXPECT_EQ(Tracks(), 8u);
+    ASSERT_TRUE(Press(kUnBake));
+    ASSERT_EQ(Tracks(), 1u);
+    EXPECT_EQ(scene().camera->Tracks()[0]->GetCurve()->KeyCount(), 0);
+}
+
+TEST_F(Bakes, GiveBackThousandsOfKeys) {
+    AddTrack(scene().camera, host::MakeId(1010), {});
+    host::Curve *curve = scene().camera->Tracks()[0]->GetCurve();
+    for (int frame = 0; frame < 5000; ++frame) curve->AddKey(host::MakeTime(frame, 30))->SetValue(frame * frame);
+    for (const std::int32_t bake : {kQuick, kBrute}) {
+        ASSERT_TRUE(Press(bake));
+        ASSERT_TRUE(Press(kUnBake));
+        ASSERT_EQ(Tracks(), 1u);
+        curve = scene().camera->Tracks()[0]->GetCurve();
+        ASSERT_EQ(curve->KeyCount(), 5000);
+        for (int frame = 0; frame < 5000; ++frame)
+            ASSERT_EQ(curve->KeyAt(frame)->GetValue(), double(frame) * frame) << frame;
+    }
+}
+
+TEST_F(Bakes, KeepOneKeyOfThoseWithinOneFrame) {
+    AddTrack(scene().camera, host::MakeId(500), {});
+    host::Curve *curve = scene().camera->Tracks()[0]->GetCurve();
+    // Frames 4, 4 1/3 and 4 2/3, with 10 a frame between them.
+    for (int third = 0; third < 3; ++third) {
+        host::Key *key = curve->AddKey(host::MakeTime(12 + third, 90));
+        key->SetValue(40 + 10 * third / 3.0);
+        key->SetInterpolation(host::kInterpolationLinear);
+    }
+    ASSERT_TRUE(Press(kQuick));
+    ASSERT_TRUE(Press(kUnBake));
+    curve = scene().camera->Tracks()[0]->GetCurve();
+    ASSERT_EQ(curve->KeyCount(), 1);
+    EXPECT_EQ(host::Seconds(curve->KeyAt(0)->GetTime()) * 30, 4);
+    EXPECT_EQ(curve->KeyAt(0)->GetValue(), 40);
+}
+
+// ---- Out of order
+
+TEST_F(Bakes, OfABakedTagKeepTheBakedKeysAsThoseOfBefore) {
+    AddTrack(scene().camera, host::MakeId(500), {{0, 77}});
+    ASSERT_TRUE(Press(kBrute));
+    const std::vector<Shot> baked = Playback(0);
+    // The panel of a baked tag offers un-bake alone; a message may come all the same.
+    TableDescriptionCommand press{};
+    press.id = host::MakeId(kBrute);
+    ASSERT_TRUE(scene().tag->SendMessage(host::kMessageCommand, &press));
+    EXPECT_EQ(Tracks(), 8u);
+    ASSERT_TRUE(Press(kUnBake));
+    ASSERT_EQ(Tracks(), 8u);
+    scene().State().Set(kBaked, host::Data(1));
+    ExpectSame(Playback(0), baked);
+}
+
+TEST_F(Bakes, UnBakeTwiceGivesTheSameKeys) {
+    AddTrack(scene().camera, host::MakeId(500), {{0, 40}, {10, 50}});
+    ASSERT_TRUE(Press(kQuick));
+    for (int i = 0; i < 2; ++i) {
+        TableDescriptionCommand press{};
+        press.id = host::MakeId(kUnBake);
+        ASSERT_TRUE(scene().tag->SendMessage(host::kMessageCommand, &press));
+        ASSERT_EQ(Tracks(), 1u);
+        EXPECT_EQ(scene().camera->Tracks()[0]->GetCurve()->KeyCount(), 2);
+        EXPECT_EQ(ValueAt(500, 0, 10), 50);
+    }
+}
+
+TEST_F(Bakes, OfATagThatIsOnNoCameraDoNoHarm) {
+    host::Object *null = scene().AddObject(host::kTypeNull, {0, 0, 0});
+    host::Tag *tag = null->MakeTag(kTag);
+    ASSERT_NE(tag, nullptr);
+    tag->Data().Set(kInput, host::Data::LinkTo(scene().input));
+    for (const std::int32_t button : {kQuick, kBrute, kUnBake, 6058, 6069}) {
+        TableDescriptionCommand press{};
+        press.id = host::MakeId(button);
+        EXPECT_TRUE(tag->SendMessage(host::kMessageCommand, &press)) << button;
+    }
+    EXPECT_TRUE(null->Tracks().empty());
+}
+
+TEST_F(Bakes, OfADocumentThatEndsAtZeroKeyTheOneFrameThereIs) {
+    for (const std::int32_t bake : {kQuick, kBrute}) {
+        Begin(0);
+        scene().document->SetRange(0, 0);
+        running_.App().status.history.clear();
+        ASSERT_TRUE(Press(bake));
+        ASSERT_EQ(Tracks(), 8u);
+        for (const host::Track *track : scene().camera->Tracks()) EXPECT_EQ(track->GetCurve()->KeyCount(), 1);
+        EXPECT_EQ(running_.App().status.history.front(), "100 %");
+    }
+}
+
+TEST_F(Bakes, MeasureTheirProgressByTheLastFrame) {
+    for (const std::int32_t bake : {kQuick, kBrute}) {
+        Begin(20);
+        running_.App().status.history.clear();
+        ASSERT_TRUE(Press(bake));
+        EXPECT_EQ(running_.App().status.history.front(), "33 %") << "20 of 60, not 0 of 40";
+    }
+}
+
+TEST_F(Bakes, FromANegativeFrameComeBackFromZeroOn) {
+    for (const std::int32_t bake : {kQuick, kBrute}) {
+        Begin(-5);
+        AddTrack(scene().camera, host::MakeId(500), {{-4, 30}, {0, 40}, {3, 50}});
+        ASSERT_TRUE(Press(bake));
+        EXPECT_EQ(scene().camera->FindTrack(host::MakeId(500))->GetCurve()->KeyCount(), kLast + 6);
+        ASSERT_TRUE(Press(kUnBake));
+        EXPECT_EQ(scene().camera->Tracks()[0]->GetCurve()->KeyCount(), 2) << "frames 0 and 3";
+    }
+}
+
+// ---- The input camera
+
+TEST_F(Bakes, StopWhenTheInputCameraIsDeletedMeanwhile) {
+    running_.App().status.on_change = [this] {
+        if (running_.App().status.percent != 50 || !scene().input) return;
+        scene().input->Remove();
+        delete scene().input;
+        scene().input = nullptr;
+    };
+    ASSERT_TRUE(Press(kBrute));
+    running_.App().status.on_change = nullptr;
+    EXPECT_EQ(host::Seconds(scene().document->GetTime()) * 30, 30) << "noticed before the next frame";
+    EXPECT_EQ(scene().camera->FindTrack(host::MakeId(500))->GetCurve()->KeyCount(), 31);
+    ASSERT_TRUE(Press(kUnBake));
+    EXPECT_EQ(Tracks(), 0u);
+}
+
 TEST_F(Bakes, StopWhenTheInputCameraGoesMeanwhile) {
     running_.App().status.on_change = [this] {
         if (running_.App().status.percent == 50) scene().Link(kInput, nullptr);
@@ -289,23 +444,24 @@ TEST_F(Bakes, StopWhenTheInputCameraGoesMeanwhile) {
 }
 
 TEST_F(Bakes, AreToldByTheTagsIcon) {
-    const auto icon_width = [this](bool *filled) {
+    const auto shows = [this](const char *file) {
         TableIconData icon{};
         TableGetCustomIcon request{};
         request.icon = &icon;
-        scene().tag->SendMessage(kIconMessage, &request);
-        *filled = request.filled != 0;
-        return icon.w;
+        EXPECT_TRUE(scene().tag->SendMessage(kIconMessage, &request));
+        host::Bitmap wanted;
+        EXPECT_EQ(wanted.Load(ModuleFile().parent_path() / "res" / file), host::kImageOk);
+        EXPECT_TRUE(request.filled);
+        EXPECT_EQ(icon.w, wanted.width);
+        return static_cast<host::Bitmap *>(icon.bitmap)->rgba == wanted.rgba;
     };
-    bool filled = false;
-    EXPECT_GT(icon_width(&filled), 0);
-    EXPECT_TRUE(filled);
+    EXPECT_TRUE(shows("Tremolux_Cam_Icon.png"));
     scene().State().Set(kBaked, host::Data(1));
-    EXPECT_GT(icon_width(&filled), 0);
-    EXPECT_TRUE(filled);
+    EXPECT_TRUE(shows("Tremolux_Cam_Icon_Baked.png"));
     scene().Link(kInput, nullptr);
-    EXPECT_GT(icon_width(&filled), 0);
-    EXPECT_TRUE(filled);
+    EXPECT_TRUE(shows("Tremolux_Cam_Icon_Empty.png"));
+    scene().State().Set(kBaked, host::Data(0));
+    EXPECT_TRUE(shows("Tremolux_Cam_Icon_Empty.png"));
 }
 
 }  // namespace

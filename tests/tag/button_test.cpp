@@ -2,6 +2,8 @@
 #include <cmath>
 #include <set>
 
+#include "host/scene/messages.h"
+#include "host/value/text.h"
 #include "tests/tag/preset_bench.h"
 
 namespace {
@@ -9,7 +11,7 @@ namespace {
 using namespace tag_test;
 
 constexpr std::int32_t kZeroPosition = 6042, kZeroRotation = 6043, kZeroInitials = 6174, kRandomize = 6004,
-                       kLucky = 6041, kCreateFocus = 6058, kCreateTarget = 6069;
+                       kLucky = 6041, kCreateFocus = 6058, kCreateTarget = 6069, kHelp = 6172;
 
 class Buttons : public WithPresets {
   protected:
@@ -155,10 +157,54 @@ TEST_F(Buttons, LuckyWithoutAPresetThatShakesChangesNothing) {
     std::filesystem::remove_all(Root());
     Start();
     scene().Set(6025, 0.77);
+    scene().document->Undo().Flush();
     const host::Container before = State();
-    Press(kLucky);
-    ExpectSameSettings(before);
-    EXPECT_EQ(State().Whole(kCategory, 7), 0);
+    TableDescriptionCommand press{};
+    press.id = host::MakeId(kLucky);
+    EXPECT_TRUE(scene().tag->SendMessage(host::kMessageCommand, &press));
+    EXPECT_TRUE(State() == before);
+    EXPECT_EQ(scene().document->Undo().Steps(), 0u);
+}
+
+TEST_F(Buttons, AreOneStepWhoeverSendsTheMessage) {
+    for (const std::int32_t button :
+         {kZeroPosition, kZeroRotation, kZeroInitials, kRandomize, kLucky, kCreateFocus, kCreateTarget, 6184, 6188}) {
+        scene().document->Undo().Flush();
+        TableDescriptionCommand press{};
+        press.id = host::MakeId(button);
+        EXPECT_TRUE(scene().tag->SendMessage(host::kMessageCommand, &press));
+        EXPECT_EQ(scene().document->Undo().Steps(), 1u) << button;
+        EXPECT_EQ(scene().document->Undo().Depth(), 0) << button;
+    }
+}
+
+TEST_F(Buttons, HelpOpensTheGuideThatComesWithTheModule) {
+    const host::Container before = State();
+    Press(kHelp);
+    ASSERT_EQ(running_->App().requests.opened_pages.size(), 1u);
+    const std::string page = running_->App().requests.opened_pages[0];
+    EXPECT_EQ(page, "file://" + host::PathText(module_.parent_path() / "res" / "guide.html"));
+    EXPECT_TRUE(std::filesystem::is_regular_file(page.substr(7)));
+    EXPECT_TRUE(State() == before);
+}
+
+TEST_F(Buttons, ThatAreNoneAndMessagesWithoutDataDoNothing) {
+    const host::Container before = State();
+    scene().document->Undo().Flush();
+    TableDescriptionCommand press{};
+    for (const std::int32_t id : {0, -1, 5999, 6002, 2147483647}) {
+        press.id = host::MakeId(id);
+        EXPECT_TRUE(scene().tag->SendMessage(host::kMessageCommand, &press));
+    }
+    for (const std::int32_t message :
+         {host::kMessageCommand, host::kMessagePostSetParameter, host::kMessageDocumentInfo, host::Message(1001090),
+          host::Message(1018756), host::Message(424242)})
+        EXPECT_TRUE(scene().tag->SendMessage(message, nullptr)) << message;
+    TableDescriptionPostSetValue nothing{};
+    EXPECT_TRUE(scene().tag->SendMessage(host::kMessagePostSetParameter, &nothing));
+    TableGetCustomIcon no_icon{};
+    EXPECT_FALSE(scene().tag->SendMessage(1001090, &no_icon));
+    EXPECT_TRUE(State() == before);
 }
 
 TEST_F(Buttons, CreateMakesANullAtTheTopAndLinksIt) {
@@ -186,7 +232,7 @@ TEST_F(Buttons, OnATagWithoutADocumentDoNoHarm) {
     scene().camera->Remove();
     const std::unique_ptr<host::Object> removed(scene().camera);
     for (const std::int32_t button :
-         {kZeroPosition, kZeroInitials, kRandomize, kLucky, kCreateFocus, kCreateTarget, 6187})
+         {kZeroPosition, kZeroInitials, kRandomize, kLucky, kCreateFocus, kCreateTarget, 6187, 6046, 6175, 6047, kHelp})
         Press(button);
     EXPECT_EQ(scene().Real(6022), 5);
     EXPECT_EQ(State().Link(kTarget, scene().document), nullptr);

@@ -68,6 +68,26 @@ TEST_F(InputCamera, IsWhatTheTagsCameraBeginsAs) {
     EXPECT_NE(visible.Whole(), 1);
 }
 
+TEST_F(InputCamera, IsCopiedOnceWhicheverMessageTellsOfIt) {
+    const TableDescID id = host::MakeId(kInput);
+    const auto told = [&](std::int32_t message) {
+        scene().camera->SetTransform({});
+        TableDescriptionCommand command{};
+        command.id = id;
+        TableDescriptionPostSetValue set{&id};
+        scene().tag->SendMessage(message, message == host::kMessageCommand ? static_cast<void *>(&command) : &set);
+        return scene().camera->GetTransform().position.y == 20;
+    };
+    scene().Link(kInput, NewCamera("Master"));
+    EXPECT_TRUE(told(host::kMessageCommand));
+    EXPECT_TRUE(told(host::kMessageCommand));
+    EXPECT_TRUE(told(host::kMessagePostSetParameter));
+    EXPECT_FALSE(told(host::kMessageCommand)) << "the second message about one link";
+    EXPECT_TRUE(told(host::kMessagePostSetParameter));
+    scene().Link(kInput, NewCamera("Second"));
+    EXPECT_TRUE(told(host::kMessageCommand)) << "about another link";
+}
+
 TEST_F(InputCamera, CalledCameraGetsANameThatTells) {
     host::Object *input = NewCamera("Camera");
     ASSERT_TRUE(Choose(input));

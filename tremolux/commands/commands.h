@@ -13,7 +13,7 @@ void AddShakeCommand(CLI::App *program, Action *action);
 void AddTraceCommand(CLI::App *program, Action *action);
 void AddPanelCommand(CLI::App *program, Action *action);
 void AddPresetsCommand(CLI::App *program, Action *action);
-// press, bake and apply, on saved scenes
+// press, bake, apply and keys, on saved scenes
 void AddSceneCommands(CLI::App *program, Action *action);
 void AddInfoCommand(CLI::App *program, Action *action);
 

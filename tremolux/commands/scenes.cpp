@@ -6,7 +6,10 @@
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/move_options.h"
 #include "tremolux/failure.h"
+#include "tremolux/formats/format.h"
 #include "tremolux/formats/source_text.h"
+#include "tremolux/interrupt.h"
+#include "tremolux/keys.h"
 #include "tremolux/output_files.h"
 #include "tremolux/parameters/lookup.h"
 #include "tremolux/progress.h"
@@ -19,7 +22,7 @@ constexpr std::int32_t kCommand = 1039960, kQuickBake = 6046, kBruteForceBake = 
 
 struct SceneOptions {
     HostOptions host;
-    std::string scene, output, camera, button;
+    std::string scene, output, camera, button, move;
     std::vector<std::string> answers;
     bool control = false, quiet = false, quick = false, brute = false, undo = false;
 
@@ -44,6 +47,7 @@ std::string WhatHappened(const host::Application &application) {
         const bool is_name = shown.kind == host::Dialogs::Kind::kRename;
         text += (is_name ? "name" : shown.text) + " -> " + (shown.answer.empty() ? "cancelled" : shown.answer) + "\n";
     }
+    for (const std::string &page : application.requests.opened_pages) text += "opened: " + page + "\n";
     for (const std::string &folder : application.requests.shown_folders) text += "shown: " + folder + "\n";
     return text;
 }
@@ -80,6 +84,7 @@ void Press(const SceneOptions &options, const std::string &name) {
         if (!pressed)
             throw Failure(kExitInput, options.scene + ": found the button disabled, expected one that answers");
     }
+    CheckForInterrupt();
     scene.Save(options.Output());
     const bool is_bake = button == kQuickBake || button == kBruteForceBake || button == kUnBake;
     Print(WhatHappened(application) + (is_bake ? KeysText(*tag->GetObject()) : ""));
@@ -91,6 +96,21 @@ void Bake(const SceneOptions &options) {
     if (options.quick + options.brute + options.undo != 1)
         throw Failure(kExitInput, "bake: expected one of --quick, --brute and --undo");
     Press(options, std::to_string(options.quick ? kQuickBake : options.brute ? kBruteForceBake : kUnBake));
+}
+
+// Shows them, or takes those of a camera file.
+void Keys(const SceneOptions &options) {
+    EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
+    const OpenScene scene(&host, options.scene);
+    host::Object *camera = options.camera.empty() ? scene.CameraTag("")->GetObject() : scene.Camera(options.camera);
+    const int frames_per_second = scene.Document()->Fps();
+    if (options.move.empty()) {
+        Print(KeyTable(*camera, frames_per_second));
+        return;
+    }
+    KeyCamera(camera, ReadMove(options.move, FormatOptions()), frames_per_second);
+    scene.Save(options.Output());
+    Print(KeysText(*camera));
 }
 
 void Apply(const SceneOptions &options) {
@@ -124,7 +144,7 @@ CLI::App *AddSceneCommand(CLI::App *program, Action *action, const std::shared_p
 
 void AddSceneCommands(CLI::App *program, Action *action) {
     const auto press = std::make_shared<SceneOptions>(), bake = std::make_shared<SceneOptions>(),
-               apply = std::make_shared<SceneOptions>();
+               apply = std::make_shared<SceneOptions>(), keys = std::make_shared<SceneOptions>();
     CLI::App *command =
         AddSceneCommand(program, action, press, "press", "Presses a button of the tag in a saved scene", PressNamed);
     command->add_option("BUTTON", press->button, "its label or id")->required();
@@ -140,6 +160,10 @@ void AddSceneCommands(CLI::App *program, Action *action) {
 
     command = AddSceneCommand(program, action, apply, "apply", "Makes a camera of a saved scene hand-held", Apply);
     command->add_option("SCENE", apply->scene, "the scene")->required();
+
+    command = AddSceneCommand(program, action, keys, "keys", "Shows the keys of a camera in a saved scene", Keys);
+    command->add_option("SCENE", keys->scene, "the scene")->required();
+    command->add_option("--import", keys->move, "camera file, .csv or .chan: its move becomes the camera's keys");
 }
 
 }  // namespace tremolux
