@@ -39,16 +39,11 @@ class Running {
 
 void WriteTrack(Node *node, const Track &track, const Time &time) {
     if (!track.Governs(time)) return;
-    if (track.Category() == 1) {
-        node->WriteAnimated(WithoutEmptyLevels(track.Id()), track.ValueAt(time));
-        return;
-    }
-    const Key *key = track.KeyBefore(time);
-    if (key->data.type != kDataNil) {
-        node->WriteAnimated(WithoutEmptyLevels(track.Id()), key->data);
-    } else {
-        node->WriteAnimated(WithoutEmptyLevels(track.Id()), Data(TruncatedWhole(key->GetValue())));
-    }
+    const TableDescID id = WithoutEmptyLevels(track.Id());
+    if (track.Category() == 1)
+        node->WriteAnimated(id, track.ValueAt(time));
+    else
+        node->WriteAnimated(id, track.DataAt(time));
 }
 
 // Every object of the scene in hierarchy order, with its tags from first to last.

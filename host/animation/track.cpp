@@ -18,6 +18,7 @@ std::int32_t CategoryOf(const Node &node, const TableDescID &id) {
     DescribedParameter described;
     switch (value.type) {
         case kDataReal:
+        case kDataTime:
             return kCategoryNumbers;
         case kDataWhole:
             // Only the description can tell a switch from a number.
@@ -76,6 +77,7 @@ bool Track::RemoveFromOwner() {
 double Track::ValueAt(const Time &time) const {
     const std::int32_t count = curve_->KeyCount();
     if (count == 0) return 0;
+    if (category_ == kCategoryData) return DataAt(time).Real();
     const Key &first = *curve_->KeyAt(0), &last = *curve_->KeyAt(count - 1);
     const bool is_before = Before(time, first.GetTime()), is_after = Before(last.GetTime(), time);
     if (!is_before && !is_after) return curve_->ValueAt(time);
@@ -107,15 +109,17 @@ const Key *Track::KeyBefore(const Time &time) const {
     return key != nullptr ? key : curve_->KeyAt(0);
 }
 
-const host::Data *Track::DataAt(const Time &time) const {
-    const Key *key = category_ == kCategoryData ? KeyBefore(time) : nullptr;
-    return key != nullptr ? &key->data : nullptr;
+host::Data Track::DataAt(const Time &time) const {
+    const Key *key = KeyBefore(time);
+    if (key == nullptr) return host::Data();
+    return key->data.type != kDataNil ? key->data : host::Data(TruncatedWhole(key->GetValue()));
 }
 
 bool Track::FillKey(Node *node, Key *key) const {
     host::Data value;
     if (node == nullptr || key == nullptr || !node->GetParameter(id_, &value)) return false;
     if (value.type == kDataReal || value.type == kDataWhole) key->SetValue(value.Real());
+    if (value.type == kDataTime) key->SetValue(Seconds(value.GetTime()));
     if (category_ == kCategoryData) key->data = value;
     return true;
 }

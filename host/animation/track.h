@@ -107,13 +107,13 @@ class Track : public Node {
     std::int32_t Category() const { return category_; }  // 1 numbers, 2 other data
     Curve *GetCurve() const { return curve_.get(); }
     std::int32_t before = kLoopConstant, after = kLoopConstant;
-    // With the loop modes.
+    // Of numbers: the curve, with the loop modes. Of other data: what DataAt gives, as a number.
     double ValueAt(const Time &time) const;
     // false: the loop mode leaves the parameter alone at that time, or there are no keys.
     bool Governs(const Time &time) const;
-    const Key *KeyBefore(const Time &time) const;      // the last one before or at; else the first; null without keys
-    const host::Data *DataAt(const Time &time) const;  // of category 2: the last key's before or at; null without keys
-    bool FillKey(Node *node, Key *key) const;          // the parameter's present value
+    const Key *KeyBefore(const Time &time) const;  // the last one before or at; else the first; null without keys
+    host::Data DataAt(const Time &time) const;  // of that key; its value, cut to a whole number, where it has no data
+    bool FillKey(Node *node, Key *key) const;   // the parameter's present value
 
   protected:
     Track(const TableDescID &id, std::int32_t category);

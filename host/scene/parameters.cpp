@@ -9,6 +9,7 @@
 #include "host/scene/node.h"
 #include "host/scene/object.h"
 #include "host/value/descid.h"
+#include "host/value/time.h"
 
 namespace host {
 namespace {
@@ -183,6 +184,9 @@ bool Node::WriteAnimated(const TableDescID &id, double value) {
         const host::Data *present = data_.Find(id.level[0].id);
         if (present != nullptr && present->type == kDataWhole)
             return WriteAnimated(id, host::Data(TruncatedWhole(value)));
+        // Curves hold times in seconds; a time made of those has thousandths.
+        if (present != nullptr && present->type == kDataTime)
+            return WriteAnimated(id, host::Data(MakeTime(value * 1000, 1000)));
     }
     return WriteAnimated(id, host::Data(value));
 }

@@ -63,6 +63,10 @@ void TremoluxCamClass::QuickBake(BaseContainer data, BaseObject *camera, BaseTag
     data.SetReal(kStartFrame, (Real)first);
     for (LONG frame = first; frame <= last; frame++) {
         ShowProgress(frame, last);
+        const Bool are_there = ResolveObject(data, kInputCamera, doc) == input &&
+                               ResolveGuide(data, kTargetObject, camera) == target &&
+                               ResolveGuide(data, kFocusObject, camera) == focus;
+        if (!are_there) break;
         const BaseTime time = TimeOfFrame(frame, rate);
         parameters.Read(doc, time, &data);
         FrameInput in;

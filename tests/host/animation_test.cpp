@@ -308,6 +308,24 @@ TEST_F(Tracks, ASwitchFollowsItsKeys) {
     EXPECT_EQ(tag->Data().Whole(testing::kSwitch, 7), 0);
     Animate(tag, MakeTime(10, 30));
     EXPECT_EQ(tag->Data().Whole(testing::kSwitch, 7), 1);
+    EXPECT_EQ(track->ValueAt(MakeTime(9, 30)), 0) << "who asks the track is told the same";
+    EXPECT_EQ(track->ValueAt(MakeTime(10, 30)), 1);
+    track->GetCurve()->KeyAt(1)->data = Data(3);
+    EXPECT_EQ(track->ValueAt(MakeTime(10, 30)), 3);
+}
+
+TEST_F(Tracks, ATimeFollowsItsCurveInSeconds) {
+    constexpr std::int32_t kTime = 4712;
+    camera->Data().Set(kTime, host::Data(MakeTime(6, 30)));
+    Track *track = AddTrack(camera, MakeId(kTime));
+    EXPECT_EQ(track->Category(), 1);
+    AddKey(track->GetCurve(), 0, 0.2, kInterpolationLinear);
+    AddKey(track->GetCurve(), 10, 0.4, kInterpolationLinear);
+    Animate(camera, MakeTime(5, 30));
+    EXPECT_TRUE(SameTime(camera->Data().GetTime(kTime), MakeTime(3, 10)));
+    Key key;
+    EXPECT_TRUE(track->FillKey(camera, &key));
+    EXPECT_NEAR(key.GetValue(), 0.3, 1e-12);
 }
 
 TEST_F(Tracks, FillAKeyWithThePresentValue) {
