@@ -72,7 +72,7 @@ void OutputFiles::Write(const std::vector<std::string> &texts) {
         }
     }
     for (std::size_t i = 0; i < files_.size(); ++i) {
-        if (!host::ReplaceFile(unfinished_[i], files_[i]))
+        if (!host::RenameOver(unfinished_[i], files_[i]))
             RefuseOutput(files_[i], "expected a file that may be changed");
     }
     unfinished_.clear();

@@ -34,7 +34,7 @@ bool WriteAll(const std::filesystem::path &file, std::string_view bytes) {
 }
 
 bool TakePlace(const std::filesystem::path &fresh, const std::filesystem::path &file) {
-    return NextFileUse() == FileFault::kNone && ReplaceFile(fresh, file);
+    return NextFileUse() == FileFault::kNone && RenameOver(fresh, file);
 }
 
 void CleanUp(const std::filesystem::path &fresh) {

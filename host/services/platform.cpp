@@ -40,7 +40,7 @@ std::filesystem::path ProgramFile() {
     return std::filesystem::path(std::wstring(name.data(), length));
 }
 
-bool ReplaceFile(const std::filesystem::path &from, const std::filesystem::path &to) {
+bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to) {
     return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
 }
 
@@ -103,7 +103,7 @@ std::filesystem::path ProgramFile() {
     return std::filesystem::read_symlink("/proc/self/exe", error);
 }
 
-bool ReplaceFile(const std::filesystem::path &from, const std::filesystem::path &to) {
+bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to) {
     return std::rename(from.c_str(), to.c_str()) == 0;
 }
 

@@ -19,7 +19,7 @@ const char *ModuleSuffix();
 
 std::filesystem::path ProgramFile();
 // `from` takes the place of `to` in one step, or nothing changes.
-bool ReplaceFile(const std::filesystem::path &from, const std::filesystem::path &to);
+bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to);
 // Times are local, to the second. Not following a symbolic link.
 struct FileInfo {
     bool exists = false;

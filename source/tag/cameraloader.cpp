@@ -82,7 +82,7 @@ Bool TremoluxCommand::Execute(BaseDocument *doc) {
     }
     if (input) {
         NameInputCamera(input);
-        input->SetParameter(DescLevel(ID_BASEOBJECT_USECOLOR), GeData(0), DESCFLAGS_SET_0);
+        input->SetParameter(DescLevel(ID_BASEOBJECT_USECOLOR), GeData((LONG)0), DESCFLAGS_SET_0);
     }
     doc->InsertObject(camera, NULL, NULL);
     camera->SetName(kName);
@@ -92,7 +92,7 @@ Bool TremoluxCommand::Execute(BaseDocument *doc) {
     if (input) {
         BaseContainer *data = tag ? tag->GetDataInstance() : NULL;
         if (data) data->SetLink(kInputCamera, input);
-        input->SetParameter(DescLevel(ID_BASEOBJECT_VISIBILITY_EDITOR), GeData(OBJECT_OFF), DESCFLAGS_SET_0);
+        input->SetParameter(DescLevel(ID_BASEOBJECT_VISIBILITY_EDITOR), GeData((LONG)OBJECT_OFF), DESCFLAGS_SET_0);
     }
     doc->SetActiveObject(camera);
     if (tag) doc->SetActiveTag(tag);

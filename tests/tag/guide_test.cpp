@@ -1,7 +1,6 @@
 // The guide that comes with the module, against the panel.
 #include <fstream>
 #include <iterator>
-#include <regex>
 #include <set>
 
 #include "host/description/description.h"
@@ -14,14 +13,18 @@ using namespace tag_test;
 
 class Guide : public WithScene {
   protected:
-    // Every match of the first group.
-    static std::set<std::string> Matches(const std::string &pattern) {
+    static std::string Page() {
         std::ifstream file(ModuleFile().parent_path() / "res" / "guide.html");
-        const std::string page(std::istreambuf_iterator<char>(file), {});
-        const std::regex expression(pattern);
+        return std::string(std::istreambuf_iterator<char>(file), {});
+    }
+    // Every text that stands between the two.
+    static std::set<std::string> Between(const std::string &before, const std::string &after) {
+        const std::string page = Page();
         std::set<std::string> found;
-        for (std::sregex_iterator match(page.begin(), page.end(), expression), end; match != end; ++match)
-            found.insert((*match)[1]);
+        for (std::size_t at = page.find(before); at != std::string::npos; at = page.find(before, at + 1)) {
+            const std::size_t start = at + before.size();
+            found.insert(page.substr(start, page.find(after, start) - start));
+        }
         return found;
     }
     std::set<std::string> Labels() {
@@ -39,15 +42,15 @@ class Guide : public WithScene {
 };
 
 TEST_F(Guide, NamesControlsAsThePanelDoes) {
-    const std::set<std::string> named = Matches("<b>([^<]*)</b>"), labels = Labels();
+    const std::set<std::string> named = Between("<b>", "</b>"), labels = Labels();
     EXPECT_GT(named.size(), 60u);
     for (const std::string &name : named) EXPECT_EQ(labels.count(name), 1u) << name;
 }
 
 TEST_F(Guide, LinksToItsOwnParagraphs) {
-    const std::set<std::string> linked = Matches("href=\"#([^\"]*)\""), there = Matches("<h2 id=\"([^\"]*)\"");
+    const std::set<std::string> linked = Between("href=\"#", "\""), there = Between("<h2 id=\"", "\"");
     EXPECT_EQ(linked, there);
-    EXPECT_EQ(Matches("(https?:)"), std::set<std::string>()) << "the page needs no network";
+    EXPECT_EQ(Page().find("http"), std::string::npos) << "the page needs no network";
 }
 
 }  // namespace
