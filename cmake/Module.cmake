@@ -1,36 +1,52 @@
 # The plug-in module: source/ behind platform/include, tied to the host's function table by platform/glue.
 
+# With the vendor's SDK in place of platform/: every folder below it that holds headers, and all of its glue.
+set(TREMOLUX_HOST_SDK "" CACHE PATH "The vendor's SDK folder; empty: platform/ stands in for it")
+if(TREMOLUX_HOST_SDK)
+    file(GLOB_RECURSE interface_headers "${TREMOLUX_HOST_SDK}/*.h")
+    file(GLOB_RECURSE interface_glue "${TREMOLUX_HOST_SDK}/*.cpp")
+    if(NOT interface_headers OR NOT interface_glue)
+        message(FATAL_ERROR "${TREMOLUX_HOST_SDK}: found no headers and sources, expected the SDK's folder")
+    endif()
+    set(interface_folders "")
+    foreach(header IN LISTS interface_headers)
+        cmake_path(GET header PARENT_PATH folder)
+        list(APPEND interface_folders "${folder}")
+    endforeach()
+    list(REMOVE_DUPLICATES interface_folders)
+else()
+    tremolux_room_sources(interface_glue platform/glue)
+    set(interface_folders "${PROJECT_SOURCE_DIR}/platform/include")
+endif()
+
 # source/ sees the host's programming interface and itself, and no other room: that arrow is held by the include path.
 tremolux_room_sources(sources source)
 set(source_objects "")
 if(sources)
     add_library(module_source OBJECT ${sources})
-    target_include_directories(module_source PUBLIC "${PROJECT_SOURCE_DIR}/platform/include"
-                                                    "${PROJECT_SOURCE_DIR}/source")
+    target_include_directories(module_source PUBLIC ${interface_folders} "${PROJECT_SOURCE_DIR}/source")
     tremolux_set_defaults(module_source)
     set(source_objects $<TARGET_OBJECTS:module_source>)
 else()
     message(STATUS "source/ is empty: no module")
 endif()
 
-tremolux_room_sources(sources platform/glue)
-if(sources)
-    add_library(module_glue OBJECT ${sources})
-    target_include_directories(module_glue PUBLIC "${PROJECT_SOURCE_DIR}/platform/include" "${PROJECT_SOURCE_DIR}")
-    tremolux_set_defaults(module_glue)
-else()
-    message(STATUS "platform/glue is empty: no module")
+add_library(module_glue OBJECT ${interface_glue})
+target_include_directories(module_glue PUBLIC ${interface_folders})
+if(NOT TREMOLUX_HOST_SDK)
+    target_include_directories(module_glue PUBLIC "${PROJECT_SOURCE_DIR}")
 endif()
+tremolux_set_defaults(module_glue)
 
-if(NOT TARGET module_source OR NOT TARGET module_glue)
+if(NOT TARGET module_source)
     return()
 endif()
 
 # Everything that the module contains; the module itself adds nothing but the export list.
 add_library(module_code INTERFACE)
 target_sources(module_code INTERFACE $<TARGET_OBJECTS:module_source> $<TARGET_OBJECTS:module_glue>)
-target_include_directories(module_code INTERFACE "${PROJECT_SOURCE_DIR}/platform/include"
-                                                 "${PROJECT_SOURCE_DIR}/source" "${PROJECT_SOURCE_DIR}")
+target_include_directories(module_code INTERFACE ${interface_folders} "${PROJECT_SOURCE_DIR}/source"
+                                                 "${PROJECT_SOURCE_DIR}")
 
 set(module_folder "${PROJECT_BINARY_DIR}/plugins/TremoluxCam")
 add_library(TremoluxCam MODULE)
@@ -39,6 +55,8 @@ tremolux_set_defaults(TremoluxCam)
 set_target_properties(TremoluxCam PROPERTIES LINKER_LANGUAGE CXX PREFIX "" LIBRARY_OUTPUT_DIRECTORY "${module_folder}")
 if(WIN32)
     set_target_properties(TremoluxCam PROPERTIES SUFFIX ".cdl64")
+    target_sources(TremoluxCam PRIVATE "${PROJECT_SOURCE_DIR}/source/version.rc")
+    tremolux_set_windows_file(TremoluxCam)
 else()
     set(export_list "${PROJECT_SOURCE_DIR}/platform/glue/exports.map")
     set_target_properties(TremoluxCam PROPERTIES SUFFIX ".so" LINK_DEPENDS "${export_list}")

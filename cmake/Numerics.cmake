@@ -1,5 +1,9 @@
 # The same numbers from every compiler and on every platform.
 function(tremolux_set_numerics target)
+    if(MSVC)
+        target_compile_options(${target} PRIVATE /fp:precise /utf-8)
+        return()
+    endif()
     # No fused multiply-add: its result differs from a product and a sum. Values cross the border between host and
     # module through plain structs that alias the classes behind them.
     target_compile_options(${target} PRIVATE -ffp-contract=off -fno-strict-aliasing)

@@ -1,5 +1,8 @@
 # One warning level for all of our own code.
 function(tremolux_set_warnings target)
+    if(MSVC)
+        return()
+    endif()
     target_compile_options(${target} PRIVATE -Wall -Wextra)
     if(TREMOLUX_WERROR)
         target_compile_options(${target} PRIVATE -Werror)

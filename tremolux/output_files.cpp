@@ -45,9 +45,9 @@ fs::path UnfinishedName(const fs::path &file) {
 
 OutputFiles::OutputFiles(const std::vector<std::string> &files, const std::vector<std::string> &inputs) {
     for (const std::string &name : files) {
-        const fs::path file(name);
+        const fs::path file = fs::u8path(name);
         for (const std::string &input : inputs) {
-            if (!SameFile(file, fs::path(input))) continue;
+            if (!SameFile(file, fs::u8path(input))) continue;
             throw Failure(kExitInput, name + ": found the input itself, expected another file for the output");
         }
         for (const fs::path &other : files_) {

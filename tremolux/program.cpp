@@ -1,6 +1,7 @@
 #include "tremolux/program.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -22,7 +23,7 @@ int Complain(int status, std::string line) {
 
 }  // namespace
 
-int RunProgram(int argc, char **argv) {
+int RunProgram(std::vector<std::string> arguments) {
     CLI::App program{"Makes camera moves hand-held with the TremoluxCam module, in an embedded host.", "tremolux"};
     program.require_subcommand(1);
     Action action;
@@ -33,7 +34,8 @@ int RunProgram(int argc, char **argv) {
     AddSceneCommands(&program, &action);
     AddInfoCommand(&program, &action);
     try {
-        program.parse(argc, argv);
+        std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
+        program.parse(arguments);
         WatchForInterrupt();
         action();
         return 0;

@@ -1,9 +1,13 @@
 // The command line.
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace tremolux {
 
-// Does what the arguments ask for; the exit status. Whatever goes wrong is one line on the standard error output.
-int RunProgram(int argc, char **argv);
+// Does what the arguments, UTF-8 and without the program's name, ask for; the exit status. Whatever goes wrong is one
+// line on the standard error output.
+int RunProgram(std::vector<std::string> arguments);
 
 }  // namespace tremolux

@@ -1,7 +1,5 @@
 #include "tremolux/system.h"
 
-#include <cstdlib>
-
 #include "host/services/platform.h"
 
 namespace tremolux {
@@ -10,10 +8,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // Empty when it is not set.
-fs::path FolderFromEnvironment(const char *variable) {
-    const char *value = std::getenv(variable);
-    return value != nullptr ? fs::path(value) : fs::path();
-}
+fs::path FolderFromEnvironment(const char *variable) { return fs::u8path(host::EnvironmentText(variable)); }
 
 }  // namespace
 

@@ -21,6 +21,15 @@ std::string Folded(const std::string &name) {
     return folded;
 }
 
+// Links are removed, not followed.
+bool RemoveTree(const fs::path &name) {
+    std::error_code error;
+    bool is_empty = true;
+    if (fs::is_directory(fs::symlink_status(name, error)))
+        for (const fs::path &inside : NamesIn(name)) is_empty = RemoveTree(name / inside) && is_empty;
+    return is_empty && fs::remove(name, error) && !error;
+}
+
 }  // namespace
 
 void BrowseFiles::Init(const fs::path &folder) {
@@ -32,15 +41,14 @@ void BrowseFiles::Init(const fs::path &folder) {
         Entry entry;
     };
     std::vector<Named> found;
-    std::error_code error;
-    for (fs::directory_iterator i(folder, error), end; !error && i != end; i.increment(error)) {
+    for (const fs::path &name : NamesIn(folder)) {
         std::error_code ignored;
-        if (i->is_symlink(ignored)) continue;
+        if (fs::is_symlink(folder / name, ignored)) continue;
         Entry entry;
-        entry.name = PathText(i->path().filename());
-        entry.is_folder = i->is_directory(ignored);
+        entry.name = PathText(name);
+        entry.is_folder = fs::is_directory(folder / name, ignored);
         entry.is_hidden = !entry.name.empty() && entry.name[0] == '.';
-        const FileInfo info = GetFileInfo(i->path());
+        const FileInfo info = GetFileInfo(folder / name);
         entry.size = entry.is_folder ? 0 : info.size;
         entry.modified = info.modified;
         found.push_back({Folded(entry.name), std::move(entry)});
@@ -84,7 +92,7 @@ bool RemoveFile(const fs::path &name, std::int32_t flags) {
     std::error_code error;
     if (!fs::is_directory(fs::symlink_status(name, error))) return fs::remove(name, error) && !error;
     if ((flags & kRemoveFolder) == 0) return false;
-    if ((flags & kRemoveRecursive) != 0) return fs::remove_all(name, error) > 0 && !error;
+    if ((flags & kRemoveRecursive) != 0) return RemoveTree(name);
     return fs::remove(name, error) && !error;
 }
 

@@ -4,15 +4,18 @@
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
+// After windows.h, which it needs.
+#include <shellapi.h>
 
 #include <cstdio>
-#include <vector>
+#include <cwchar>
 #else
 #include <dlfcn.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #endif
 
@@ -38,6 +41,22 @@ std::filesystem::path ProgramFile() {
     std::vector<wchar_t> name(32768);
     const DWORD length = GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
     return std::filesystem::path(std::wstring(name.data(), length));
+}
+
+// The arguments of main are in the system's own code page, which has few of the letters of file names.
+std::vector<std::string> ProgramArguments(int argc, char **argv) {
+    int count = 0;
+    wchar_t **wide = CommandLineToArgvW(GetCommandLineW(), &count);
+    if (wide == nullptr) return std::vector<std::string>(argv, argv + argc);
+    std::vector<std::string> arguments;
+    for (int i = 0; i < count; ++i) arguments.push_back(std::filesystem::path(wide[i]).u8string());
+    LocalFree(wide);
+    return arguments;
+}
+
+std::string EnvironmentText(const char *variable) {
+    const wchar_t *value = _wgetenv(std::filesystem::u8path(variable).c_str());
+    return value != nullptr ? std::filesystem::path(value).u8string() : std::string();
 }
 
 bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to) {
@@ -67,6 +86,20 @@ FileInfo GetFileInfo(const std::filesystem::path &file) {
     return info;
 }
 
+// The standard library lists no folder whose path has more than 260 letters.
+std::vector<std::filesystem::path> NamesIn(const std::filesystem::path &folder) {
+    std::vector<std::filesystem::path> names;
+    WIN32_FIND_DATAW found;
+    const HANDLE search = FindFirstFileW((folder / L"*").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return names;
+    do {
+        const std::filesystem::path name = found.cFileName;
+        if (name != L"." && name != L"..") names.push_back(name);
+    } while (FindNextFileW(search, &found));
+    FindClose(search);
+    return names;
+}
+
 TableFileTime CurrentTime() {
     FILETIME now;
     GetSystemTimeAsFileTime(&now);
@@ -79,7 +112,10 @@ int OperatingSystemCode() { return 1; }
 
 bool ErrorOutputIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
 
-void MakeStandardOutputBinary() { _setmode(_fileno(stdout), _O_BINARY); }
+void MakeStandardStreamsBinary() {
+    _setmode(_fileno(stdout), _O_BINARY);
+    _setmode(_fileno(stderr), _O_BINARY);
+}
 
 #else
 
@@ -101,6 +137,13 @@ const char *ModuleSuffix() { return ".so"; }
 std::filesystem::path ProgramFile() {
     std::error_code error;
     return std::filesystem::read_symlink("/proc/self/exe", error);
+}
+
+std::vector<std::string> ProgramArguments(int argc, char **argv) { return {argv, argv + argc}; }
+
+std::string EnvironmentText(const char *variable) {
+    const char *value = std::getenv(variable);
+    return value != nullptr ? value : "";
 }
 
 bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to) {
@@ -131,13 +174,21 @@ FileInfo GetFileInfo(const std::filesystem::path &file) {
     return info;
 }
 
+std::vector<std::filesystem::path> NamesIn(const std::filesystem::path &folder) {
+    std::vector<std::filesystem::path> names;
+    std::error_code error;
+    for (std::filesystem::directory_iterator i(folder, error), end; !error && i != end; i.increment(error))
+        names.push_back(i->path().filename());
+    return names;
+}
+
 TableFileTime CurrentTime() { return LocalTime(std::time(nullptr)); }
 
 long ProcessId() { return static_cast<long>(getpid()); }
 
 bool ErrorOutputIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 
-void MakeStandardOutputBinary() {}
+void MakeStandardStreamsBinary() {}
 
 int OperatingSystemCode() {
 #ifdef __APPLE__

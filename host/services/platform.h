@@ -1,10 +1,11 @@
-// Where Linux and Windows differ: libraries, the own program file, replacing a file in one step, the
-// standard streams.
+// Where Linux and Windows differ: libraries, the own program file and what it was started with, files and folders,
+// the standard streams.
 #pragma once
 
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "platform/table.h"
 
@@ -18,6 +19,9 @@ void CloseLibrary(void *library);
 const char *ModuleSuffix();
 
 std::filesystem::path ProgramFile();
+// The command line and the environment, UTF-8. A variable that is not set is empty.
+std::vector<std::string> ProgramArguments(int argc, char **argv);
+std::string EnvironmentText(const char *variable);
 // `from` takes the place of `to` in one step, or nothing changes.
 bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to);
 // Times are local, to the second. Not following a symbolic link.
@@ -27,12 +31,14 @@ struct FileInfo {
     TableFileTime created{}, modified{}, accessed{};
 };
 FileInfo GetFileInfo(const std::filesystem::path &file);
+// Of files and folders, without "." and ".."; none where there is no folder.
+std::vector<std::filesystem::path> NamesIn(const std::filesystem::path &folder);
 TableFileTime CurrentTime();
 long ProcessId();
 // Whether somebody watches the standard error output.
 bool ErrorOutputIsTerminal();
-// Bytes go to the standard output as they are, line ends included.
-void MakeStandardOutputBinary();
+// Bytes go to the standard output and the standard error output as they are, line ends included.
+void MakeStandardStreamsBinary();
 // The code that GeGetCurrentOS answers: Windows 1, OS X 2, UNIX 3.
 int OperatingSystemCode();
 

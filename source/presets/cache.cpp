@@ -3,7 +3,6 @@
 #include <cstring>
 #include <map>
 
-#include "ge_autoptr.h"
 #include "presets/presetfile.h"
 
 namespace {

@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "ge_autoptr.h"
 #include "tag/parameters.h"
 
 namespace {

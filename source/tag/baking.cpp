@@ -2,7 +2,6 @@
 #include "ddoc.h"
 #include "engine/frame.h"
 #include "engine/rotation.h"
-#include "ge_autoptr.h"
 #include "ocamera.h"
 #include "tag/bakerecord.h"
 #include "tag/curvefeeder.h"

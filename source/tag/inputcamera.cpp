@@ -2,7 +2,6 @@
 #include "tag/inputcamera.h"
 
 #include "engine/frame.h"
-#include "ge_autoptr.h"
 #include "lib_description.h"
 #include "obase.h"
 #include "obaselist.h"

@@ -71,9 +71,9 @@ TEST_F(Reset, StartsTheFiltersAtRestOnTheInputCamera) {
     ExpectVector(5002, 0, 0, 0);
     // A negative pitch and small angles: the matrix gives the same rotation back, up to whole turns.
     const host::Vector angles = State().GetVector(5003);
-    EXPECT_NEAR(std::remainder(angles.x - 0.5, 2 * M_PI), 0, 1e-9);
+    EXPECT_NEAR(std::remainder(angles.x - 0.5, 2 * PI), 0, 1e-9);
     EXPECT_NEAR(angles.y, -0.25, 1e-9);
-    EXPECT_NEAR(std::remainder(angles.z - 0.125, 2 * M_PI), 0, 1e-9);
+    EXPECT_NEAR(std::remainder(angles.z - 0.125, 2 * PI), 0, 1e-9);
     EXPECT_EQ(State().Real(5009), 50);
     EXPECT_EQ(State().Real(5014), 750);
 }
@@ -84,8 +84,8 @@ TEST_F(Reset, AimsAtATargetWithBankZero) {
     State().Set(6018, 1);
     ResetNow();
     const host::Vector angles = State().GetVector(5003);
-    EXPECT_NEAR(std::remainder(angles.x + M_PI / 2, 2 * M_PI), 0, 1e-9);
-    EXPECT_NEAR(angles.y, M_PI / 4, 1e-9);
+    EXPECT_NEAR(std::remainder(angles.x + PI / 2, 2 * PI), 0, 1e-9);
+    EXPECT_NEAR(angles.y, PI / 4, 1e-9);
     EXPECT_EQ(angles.z, 0);
 }
 

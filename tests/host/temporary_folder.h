@@ -1,14 +1,14 @@
 // A folder that goes with the object.
 #pragma once
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include "host/services/platform.h"
 
 namespace host::testing {
 
@@ -17,7 +17,7 @@ class TemporaryFolder {
     TemporaryFolder() {
         static int count = 0;
         path_ = std::filesystem::temp_directory_path() /
-                ("tremolux-host-" + std::to_string(getpid()) + "-" + std::to_string(count++));
+                ("tremolux-host-" + std::to_string(ProcessId()) + "-" + std::to_string(count++));
         std::filesystem::create_directories(path_);
     }
     ~TemporaryFolder() { std::filesystem::remove_all(path_); }

@@ -1,10 +1,8 @@
 // The tool that turns the presets' texts into preset files.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-
-#include <cstdlib>
 
 #include "tests/program/run.h"
+#include "tests/support/process.h"
 
 namespace {
 
@@ -17,11 +15,9 @@ class PresetCompiler : public testing::Test {
     void Text(const std::string &file, const std::string &text) { workplace_.Write("texts/1_A/" + file, text); }
     // Its exit status; what it said is in "said".
     int Compile() {
-        const std::string command = std::string("\"") + TREMOLUX_COMPILER_FILE + "\" \"" + TREMOLUX_MODULE_FILE +
-                                    "\" \"" + workplace_.Path("texts") + "\" \"" + workplace_.Path("result") +
-                                    "\" 2>\"" + workplace_.Path("said") + "\"";
-        const int status = std::system(command.c_str());
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return test_support::RunProcess(
+            {TREMOLUX_COMPILER_FILE, TREMOLUX_MODULE_FILE, workplace_.Path("texts"), workplace_.Path("result")},
+            workplace_.Path("out"), workplace_.Path("said"));
     }
     void ExpectRefused(const std::string &text, const std::string &said) {
         Text("1_Bad.txt", text);

@@ -1,12 +1,12 @@
 #include "tests/program/run.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
+
+#include "host/files/folders.h"
+#include "host/services/platform.h"
+#include "tests/support/process.h"
 
 namespace program_test {
 
@@ -16,16 +16,10 @@ namespace {
 
 fs::path FreshFolder() {
     static int count = 0;
-    const fs::path folder =
-        fs::temp_directory_path() / ("tremolux-program-" + std::to_string(getpid()) + "-" + std::to_string(count++));
+    const fs::path folder = fs::temp_directory_path() /
+                            ("tremolux-program-" + std::to_string(host::ProcessId()) + "-" + std::to_string(count++));
     fs::create_directories(folder);
     return folder;
-}
-
-std::string Quoted(const std::string &word) {
-    std::string quoted = "'";
-    for (char c : word) quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return quoted + "'";
 }
 
 std::string Contents(const fs::path &file) {
@@ -41,8 +35,8 @@ std::string Contents(const fs::path &file) {
 Workplace::Workplace() : folder_(FreshFolder()), settings_(FreshFolder()) {}
 
 Workplace::~Workplace() {
-    fs::remove_all(folder_);
-    fs::remove_all(settings_);
+    for (const fs::path &folder : {folder_, settings_})
+        host::RemoveFile(folder, host::kRemoveFolder | host::kRemoveRecursive);
 }
 
 std::string Workplace::Write(const std::string &name, const std::string &text) const {
@@ -61,16 +55,18 @@ std::vector<std::string> Workplace::Names() const {
 
 Outcome Workplace::Run(const std::vector<std::string> &arguments) const {
     const fs::path out = settings_ / "out.txt", err = settings_ / "err.txt";
-    std::string command = Quoted(TREMOLUX_PROGRAM_FILE);
-    for (const std::string &argument : arguments) command += " " + Quoted(argument);
+    std::vector<std::string> command = {TREMOLUX_PROGRAM_FILE};
+    command.insert(command.end(), arguments.begin(), arguments.end());
     if (!arguments.empty() && arguments.front().rfind("--", 0) != 0) {
-        command += " --user-folder " + Quoted((settings_ / "home").string());
-        if (std::find(arguments.begin(), arguments.end(), "--module") == arguments.end())
-            command += " --module " + Quoted(TREMOLUX_MODULE_FILE);
+        const auto add = [&](const char *option, const std::string &value) {
+            if (std::find(arguments.begin(), arguments.end(), option) == arguments.end())
+                command.insert(command.end(), {option, value});
+        };
+        add("--user-folder", (settings_ / "home").string());
+        add("--module", TREMOLUX_MODULE_FILE);
     }
-    command += " >" + Quoted(out.string()) + " 2>" + Quoted(err.string()) + " </dev/null";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Contents(out), Contents(err)};
+    const int status = test_support::RunProcess(command, out, err);
+    return {status, Contents(out), Contents(err)};
 }
 
 }  // namespace program_test

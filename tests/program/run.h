@@ -24,8 +24,8 @@ class Workplace {
     std::string Read(const std::string &name) const;                            // "(missing)" when it is not there
     std::vector<std::string> Names() const;                                     // sorted
 
-    // `settings` apart from the files, so that Names shows what the program left among them. Unless --module says
-    // otherwise, with a module that has no presets: a new tag is at its defaults.
+    // Unless the arguments say otherwise, with settings apart from the files, so that Names shows what the program left
+    // among them, and with a module that has no presets: a new tag is at its defaults.
     Outcome Run(const std::vector<std::string> &arguments) const;
     const std::filesystem::path &Settings() const { return settings_; }
 

@@ -3,7 +3,6 @@
 #include <set>
 
 #include "host/scene/messages.h"
-#include "host/value/text.h"
 #include "tests/tag/preset_bench.h"
 
 namespace {
@@ -182,9 +181,10 @@ TEST_F(Buttons, HelpOpensTheGuideThatComesWithTheModule) {
     const host::Container before = State();
     Press(kHelp);
     ASSERT_EQ(running_->App().requests.opened_pages.size(), 1u);
-    const std::string page = running_->App().requests.opened_pages[0];
-    EXPECT_EQ(page, "file://" + host::PathText(module_.parent_path() / "res" / "guide.html"));
-    EXPECT_TRUE(std::filesystem::is_regular_file(page.substr(7)));
+    const std::filesystem::path page = module_.parent_path() / "res" / "guide.html";
+    EXPECT_TRUE(std::filesystem::is_regular_file(page));
+    const std::string path = page.generic_u8string();
+    EXPECT_EQ(running_->App().requests.opened_pages[0], (path[0] == '/' ? "file://" : "file:///") + path);
     EXPECT_TRUE(State() == before);
 }
 

@@ -5,6 +5,7 @@
 #include "host/files/faults.h"
 #include "host/ui/attribute_manager.h"
 #include "host/value/text.h"
+#include "tests/support/links.h"
 #include "tests/tag/preset_bench.h"
 
 namespace {
@@ -404,12 +405,19 @@ TEST_F(Imports, LeaveAloneWhatIsNoPreset) {
     fs::create_directories(From() / "User");
     std::ofstream(From() / "User" / "readme") << "text";
     std::ofstream(From() / "loose") << "text";
+    scene().Evaluate();
+    EXPECT_EQ(Files(), Names{});
+    EXPECT_TRUE(fs::exists(From() / "User" / "readme"));
+}
+
+TEST_F(Imports, DoNotFollowLinks) {
+    if (!test_support::CanLink(folder_.Path())) GTEST_SKIP() << "this system makes no symbolic links";
+    fs::create_directories(From() / "User");
     WritePresetFile(folder_.Path() / "outside" / "1_X", PresetOf("X", {}));
     fs::create_symlink(folder_.Path() / "outside" / "1_X", From() / "User" / "1_Link");
     fs::create_directory_symlink(folder_.Path() / "outside", From() / "Linked");
     scene().Evaluate();
     EXPECT_EQ(Files(), Names{});
-    EXPECT_TRUE(fs::exists(From() / "User" / "readme"));
     EXPECT_TRUE(IsPresetFile(folder_.Path() / "outside" / "1_X"));
     EXPECT_EQ(NamesIn(Root()), (Names{"1_A", "2_B"}));
 }

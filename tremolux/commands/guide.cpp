@@ -24,7 +24,7 @@ std::optional<host::Vector> ParsePoint(const std::string &text) {
 
 bool NamesMoveFile(const std::string &text) {
     try {
-        FormatOf(text);
+        FormatOf(std::filesystem::u8path(text));
         return true;
     } catch (const Failure &) {
         return false;
@@ -49,7 +49,7 @@ CameraMove ReadGuide(const char *option, const std::string &text, const CameraMo
                                       ", expected a point x,y,z in scene units, or a .csv or .chan file");
     }
     formats.only_positions = true;
-    CameraMove points = ReadMove(text, formats);
+    CameraMove points = ReadMove(std::filesystem::u8path(text), formats);
     if (points.first_frame > move.first_frame || points.LastFrame() < move.LastFrame()) {
         throw Failure(kExitInput,
                       text + ": found " + FrameText(points) + ", expected " + FrameText(move) + " of the move");

@@ -49,10 +49,10 @@ double LengthUnitOf(const std::string &name) {
 }  // namespace
 
 std::filesystem::path HostOptions::ModuleFile() const {
-    return module_file.empty() ? DefaultModuleFile() : std::filesystem::path(module_file);
+    return module_file.empty() ? DefaultModuleFile() : std::filesystem::u8path(module_file);
 }
 
-std::filesystem::path HostOptions::Home() const { return home.empty() ? DefaultHome() : std::filesystem::path(home); }
+std::filesystem::path HostOptions::Home() const { return home.empty() ? DefaultHome() : std::filesystem::u8path(home); }
 
 std::vector<std::string> MoveOptions::AllSettings() const {
     std::vector<std::string> all = settings;

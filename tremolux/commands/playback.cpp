@@ -23,7 +23,7 @@ Playback::Playback(const MoveOptions &options)
       quiet_(options.quiet) {
     const auto range = options.FrameRange();
     const std::optional<int> frames_per_second = options.FramesPerSecond();
-    move_ = ReadMove(options.input, formats_);
+    move_ = ReadMove(std::filesystem::u8path(options.input), formats_);
     if (!options.target.empty()) target_ = ReadGuide("--target", options.target.front(), move_, formats_);
     if (!options.focus_object.empty())
         focus_object_ = ReadGuide("--focus-object", options.focus_object.front(), move_, formats_);

@@ -51,7 +51,7 @@ class PresetDesk {
         host_.Application().input.control = false;
     }
     host::Dialogs &Dialogs() { return host_.Application().dialogs; }
-    fs::path UserFolder() { return host::PathFromText(Tag()->Data().Text(kFolderText)); }
+    fs::path UserFolder() { return fs::u8path(Tag()->Data().Text(kFolderText)); }
 
   private:
     static CameraMove Still() {
@@ -169,14 +169,14 @@ void Import(const PresetsOptions &options) {
         options.category.find_first_of("/\\") != std::string::npos)
         throw Failure(kExitInput,
                       "--category: found " + Quoted(options.category) + ", expected the name of a category");
-    const fs::path folder = options.host.ModuleFile().parent_path() / "Imports" / options.category;
-    for (const std::string &file : options.files) CheckPresetFile(file);
+    const fs::path folder = options.host.ModuleFile().parent_path() / "Imports" / fs::u8path(options.category);
+    for (const std::string &file : options.files) CheckPresetFile(fs::u8path(file));
     std::error_code error;
     fs::create_directories(folder, error);
     std::vector<fs::path> copies;
     for (const std::string &file : options.files) {
-        copies.push_back(folder / fs::path(file).filename());
-        if (host::CopyFileTo(file, copies.back(), false)) continue;
+        copies.push_back(folder / fs::u8path(file).filename());
+        if (host::CopyFileTo(fs::u8path(file), copies.back(), false)) continue;
         // All or none: what is left there would be taken over another time.
         copies.pop_back();
         for (const fs::path &copy : copies) host::RemoveFile(copy, 0);
@@ -185,7 +185,7 @@ void Import(const PresetsOptions &options) {
     }
     const PresetDesk desk(options.host);
     for (const std::string &file : options.files)
-        if (host::RemoveFile(folder / fs::path(file).filename(), 0))
+        if (host::RemoveFile(folder / fs::u8path(file).filename(), 0))
             throw Failure(kExitOutput, host::PathText(folder) + ": the module did not take over " + Quoted(file) +
                                            ", expected preset folders that can be written");
     Print("imported " + std::to_string(options.files.size()) + " into " + options.category + "\n");
@@ -194,7 +194,7 @@ void Import(const PresetsOptions &options) {
 void Path(const PresetsOptions &options) {
     PresetDesk desk(options.host);
     if (!options.folder.empty()) {
-        const fs::path folder = fs::absolute(options.folder);
+        const fs::path folder = fs::absolute(fs::u8path(options.folder));
         if (!fs::is_directory(folder))
             throw Failure(kExitInput, "path: found " + Quoted(options.folder) + ", expected a folder that is there");
         desk.Dialogs().AnswerText(host::PathText(folder));

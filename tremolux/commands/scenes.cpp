@@ -26,7 +26,8 @@ struct SceneOptions {
     std::vector<std::string> answers;
     bool control = false, quiet = false, quick = false, brute = false, undo = false;
 
-    std::string Output() const { return output.empty() ? scene : output; }
+    std::filesystem::path Scene() const { return std::filesystem::u8path(scene); }
+    std::filesystem::path Output() const { return std::filesystem::u8path(output.empty() ? scene : output); }
 };
 
 void Script(const std::vector<std::string> &answers, host::Dialogs *dialogs) {
@@ -69,7 +70,7 @@ std::int32_t ButtonOf(const host::Tag &tag, const std::string &name) {
 // By its label or id.
 void Press(const SceneOptions &options, const std::string &name) {
     EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
-    const OpenScene scene(&host, options.scene);
+    const OpenScene scene(&host, options.Scene());
     host::Tag *tag = scene.CameraTag(options.camera);
     const std::int32_t button = ButtonOf(*tag, name);
     host::Application &application = host.Application();
@@ -101,21 +102,21 @@ void Bake(const SceneOptions &options) {
 // Shows them, or takes those of a camera file.
 void Keys(const SceneOptions &options) {
     EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
-    const OpenScene scene(&host, options.scene);
+    const OpenScene scene(&host, options.Scene());
     host::Object *camera = options.camera.empty() ? scene.CameraTag("")->GetObject() : scene.Camera(options.camera);
     const int frames_per_second = scene.Document()->Fps();
     if (options.move.empty()) {
         Print(KeyTable(*camera, frames_per_second));
         return;
     }
-    KeyCamera(camera, ReadMove(options.move, FormatOptions()), frames_per_second);
+    KeyCamera(camera, ReadMove(std::filesystem::u8path(options.move), FormatOptions()), frames_per_second);
     scene.Save(options.Output());
     Print(KeysText(*camera));
 }
 
 void Apply(const SceneOptions &options) {
     EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
-    const OpenScene scene(&host, options.scene);
+    const OpenScene scene(&host, options.Scene());
     scene.Document()->SetActiveObject(options.camera.empty() ? nullptr : scene.Camera(options.camera));
     Script(options.answers, &host.Application().dialogs);
     host.Application().CallCommand(kCommand);

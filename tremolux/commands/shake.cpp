@@ -18,7 +18,7 @@ struct ShakeOptions {
 
 void Shake(const ShakeOptions &options) {
     using Clock = std::chrono::steady_clock;
-    for (const std::string &file : options.outputs) FormatOf(file);
+    for (const std::string &file : options.outputs) FormatOf(std::filesystem::u8path(file));
     Playback playback(options.move);
     std::vector<std::string> places = options.outputs;
     if (!options.scene.empty()) places.push_back(options.scene);
@@ -38,8 +38,9 @@ void Shake(const ShakeOptions &options) {
     const double microseconds = std::chrono::duration<double, std::micro>(Clock::now() - start).count();
 
     std::vector<std::string> texts;
-    for (const std::string &file : options.outputs) texts.push_back(FormatOf(file).write(output, playback.Formats()));
-    if (!options.scene.empty()) SaveScene(playback.GetStage().Scene(), options.scene);
+    for (const std::string &file : options.outputs)
+        texts.push_back(FormatOf(std::filesystem::u8path(file)).write(output, playback.Formats()));
+    if (!options.scene.empty()) SaveScene(playback.GetStage().Scene(), std::filesystem::u8path(options.scene));
     files.Write(texts);
     if (!options.report) return;
     const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);

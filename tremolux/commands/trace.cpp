@@ -1,6 +1,5 @@
 #include <optional>
 
-#include "host/services/platform.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
 #include "tremolux/output_files.h"
@@ -18,7 +17,6 @@ struct TraceOptions {
 std::string JsonLine(const Json &record) { return record.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n"; }
 
 void Trace(const TraceOptions &options) {
-    if (options.outputs.empty()) host::MakeStandardOutputBinary();
     Playback playback(options.move);
     OutputFiles files(options.outputs, options.move.InputFiles());
     playback.Start();
