@@ -15,7 +15,12 @@ namespace fs = std::filesystem;
 bool SameFile(const fs::path &a, const fs::path &b) {
     std::error_code error;
     if (fs::equivalent(a, b, error)) return true;
-    return fs::weakly_canonical(a, error) == fs::weakly_canonical(b, error);
+    const auto place = [](const fs::path &file) {
+        std::error_code unknown;
+        const fs::path canonical = fs::weakly_canonical(file, unknown);
+        return unknown ? host::AbsolutePath(file).lexically_normal() : canonical;
+    };
+    return place(a) == place(b);
 }
 
 [[noreturn]] void RefuseOutput(const fs::path &file, const std::string &reason) {

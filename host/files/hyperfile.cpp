@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "host/files/safe_write.h"
+#include "host/services/platform.h"
 #include "host/value/custom.h"
 #include "host/value/link.h"
 #include "host/value/text.h"
@@ -313,8 +314,7 @@ bool HyperFile::Open(std::int32_t ident, const std::filesystem::path &file, File
     Close();
     if (mode == FileMode::kWrite) {
         std::error_code ignored;
-        if (file.filename().empty() ||
-            !std::filesystem::is_directory(std::filesystem::absolute(file).parent_path(), ignored)) {
+        if (file.filename().empty() || !std::filesystem::is_directory(AbsolutePath(file).parent_path(), ignored)) {
             error_ = kFileOpen;
             return false;
         }

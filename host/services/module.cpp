@@ -49,7 +49,7 @@ std::unique_ptr<LoadedModule> LoadedModule::Load(const std::filesystem::path &fi
     std::unique_ptr<LoadedModule> module(new LoadedModule);
     module->application_ = Application::Current();
     // Absolute: the module finds its own folder by it, and no search path shall step in.
-    module->file_ = std::filesystem::absolute(file, ignored);
+    module->file_ = AbsolutePath(file);
     std::string reason;
     module->library_ = OpenLibrary(module->file_, &reason);
     if (module->library_ == nullptr) return fail("is no library that this system can load (" + reason + ")");

@@ -86,6 +86,14 @@ FileInfo GetFileInfo(const std::filesystem::path &file) {
     return info;
 }
 
+// The standard library takes a machine's name for a folder.
+std::filesystem::path AbsolutePath(const std::filesystem::path &path) {
+    std::wstring absolute(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+    const DWORD size = static_cast<DWORD>(absolute.size());
+    const DWORD length = GetFullPathNameW(path.c_str(), size, absolute.data(), nullptr);
+    return length > 0 && length < size ? std::filesystem::path(absolute.substr(0, length)) : path;
+}
+
 // The standard library lists no folder whose path has more than 260 letters.
 std::vector<std::filesystem::path> NamesIn(const std::filesystem::path &folder) {
     std::vector<std::filesystem::path> names;
@@ -172,6 +180,12 @@ FileInfo GetFileInfo(const std::filesystem::path &file) {
     info.modified = LocalTime(data.st_mtime);
     info.accessed = LocalTime(data.st_atime);
     return info;
+}
+
+std::filesystem::path AbsolutePath(const std::filesystem::path &path) {
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute;
 }
 
 std::vector<std::filesystem::path> NamesIn(const std::filesystem::path &folder) {

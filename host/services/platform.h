@@ -31,6 +31,8 @@ struct FileInfo {
     TableFileTime created{}, modified{}, accessed{};
 };
 FileInfo GetFileInfo(const std::filesystem::path &file);
+// From the present folder, from a drive, or from a machine in the network.
+std::filesystem::path AbsolutePath(const std::filesystem::path &path);
 // Of files and folders, without "." and ".."; none where there is no folder.
 std::vector<std::filesystem::path> NamesIn(const std::filesystem::path &folder);
 TableFileTime CurrentTime();

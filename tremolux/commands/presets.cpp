@@ -2,6 +2,7 @@
 
 #include "host/files/folders.h"
 #include "host/files/hyperfile.h"
+#include "host/services/platform.h"
 #include "host/ui/attribute_manager.h"
 #include "host/value/descid.h"
 #include "host/value/text.h"
@@ -194,7 +195,7 @@ void Import(const PresetsOptions &options) {
 void Path(const PresetsOptions &options) {
     PresetDesk desk(options.host);
     if (!options.folder.empty()) {
-        const fs::path folder = fs::absolute(fs::u8path(options.folder));
+        const fs::path folder = host::AbsolutePath(fs::u8path(options.folder));
         if (!fs::is_directory(folder))
             throw Failure(kExitInput, "path: found " + Quoted(options.folder) + ", expected a folder that is there");
         desk.Dialogs().AnswerText(host::PathText(folder));
