@@ -140,6 +140,34 @@ TEST(FailedStart, HappensWithoutTheResourceFolder) {
     ExpectNoStart([](const fs::path &res) { fs::remove_all(res); }, "there are no resources");
 }
 
+// Where a library's file tells the machine that it is for (two bytes): in ELF at a fixed place, in Windows' format
+// behind the header whose place stands at 0x3C.
+std::size_t PlaceOfMachine(const std::string &bytes) {
+    if (bytes.compare(0, 4,
+                      "\x7F"
+                      "ELF") == 0)
+        return 18;
+    std::uint32_t header = 0;
+    for (int i = 3; i >= 0; --i) header = header << 8 | static_cast<unsigned char>(bytes[0x3C + i]);
+    return header + 4;
+}
+
+TEST(FailedStart, HappensWithALibraryForAnotherMachine) {
+    std::string bytes, error;
+    ASSERT_TRUE(host::ReadFile(ModuleFile(), &bytes, &error)) << error;
+    const std::size_t machine = PlaceOfMachine(bytes);
+    ASSERT_LT(machine + 1, bytes.size());
+    bytes[machine] = '\x01';  // no machine that can run this test
+    bytes[machine + 1] = '\x7F';
+    TemporaryFolder folder;
+    const fs::path module = CopyModule(folder.Path());
+    ASSERT_TRUE(host::WriteFileSafely(module, bytes, &error)) << error;
+    const RunningHost running(module);
+    EXPECT_FALSE(running.Started());
+    EXPECT_EQ(running.Error().rfind(module.u8string() + ": is no library that this system can load (", 0), 0u)
+        << running.Error();
+}
+
 TEST(FailedStart, DoesNotHappenWithoutTheOtherIcons) {
     TemporaryFolder folder;
     const fs::path module = CopyModule(folder.Path());
