@@ -26,6 +26,7 @@ int Complain(int status, std::string line) {
 int RunProgram(std::vector<std::string> arguments) {
     CLI::App program{"Makes camera moves hand-held with the TremoluxCam module, in an embedded host.", "tremolux"};
     program.require_subcommand(1);
+    program.allow_windows_style_options(false);  // a path may begin with "/" there too
     Action action;
     AddShakeCommand(&program, &action);
     AddTraceCommand(&program, &action);
