@@ -38,6 +38,15 @@ if(NOT TREMOLUX_HOST_SDK)
 endif()
 tremolux_set_defaults(module_glue)
 
+# Allocations name their source file: by its place in the project, so that no folder of the builder's gets into the file.
+if(NOT MSVC)
+    foreach(part module_source module_glue)
+        if(TARGET ${part})
+            target_compile_options(${part} PRIVATE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=")
+        endif()
+    endforeach()
+endif()
+
 if(NOT TARGET module_source)
     return()
 endif()
