@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "host/files/safe_write.h"
+#include "tests/support/value_at.h"
 
 namespace {
 
@@ -45,10 +46,7 @@ class Library {
   private:
     template <class T>
     std::optional<T> At(std::uint64_t offset) const {
-        if (offset > bytes_.size() || bytes_.size() - offset < sizeof(T)) return std::nullopt;
-        T value;
-        std::memcpy(&value, bytes_.data() + offset, sizeof value);
-        return value;
+        return test_support::ValueAt<T>(bytes_, offset);
     }
     std::string Text(const Elf64_Shdr &user, std::uint64_t offset) const {
         if (user.sh_link >= sections_.size()) return {};

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "host/files/safe_write.h"
+#include "tests/support/value_at.h"
 
 namespace {
 
@@ -45,10 +46,7 @@ class Library {
   private:
     template <class T>
     std::optional<T> At(std::uint64_t offset) const {
-        if (offset > bytes_.size() || bytes_.size() - offset < sizeof(T)) return std::nullopt;
-        T value;
-        std::memcpy(&value, bytes_.data() + offset, sizeof value);
-        return value;
+        return test_support::ValueAt<T>(bytes_, offset);
     }
     // Where an address of the loaded library lies in the file; past its end when nowhere.
     std::uint64_t OffsetOf(std::uint32_t address) const {
