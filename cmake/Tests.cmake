@@ -3,8 +3,6 @@ find_package(GTest REQUIRED)
 find_package(rapidcheck REQUIRED)
 include(GoogleTest)
 
-tremolux_room_sources(support_sources tests/support)
-
 set(module_suffix ".so")
 if(WIN32)
     set(module_suffix ".cdl64")
@@ -33,7 +31,7 @@ function(tremolux_add_tests room)
         endif()
     endforeach()
     set(target ${room}_tests)
-    add_executable(${target} ${sources} ${support_sources})
+    add_executable(${target} ${sources})
     target_link_libraries(${target} PRIVATE ${ARGN} GTest::gtest_main rapidcheck)
     target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}")
     target_compile_definitions(

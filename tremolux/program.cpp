@@ -29,6 +29,7 @@ int RunProgram(std::vector<std::string> arguments) {
     program.allow_windows_style_options(false);  // a path may begin with "/" there too
     Action action;
     AddShakeCommand(&program, &action);
+    AddConvertCommand(&program, &action);
     AddTraceCommand(&program, &action);
     AddPanelCommand(&program, &action);
     AddPresetsCommand(&program, &action);

@@ -40,13 +40,15 @@ CameraSample SampleOf(const host::Object &camera, const host::Vector &nearby_ang
 
 }  // namespace
 
-Stage::Stage(const CameraMove &move, int frames_per_second)
+Stage::Stage(const CameraMove &move)
     : document_(host::Application::Current()->NewDocument()),
       input_(InsertObject(document_.get(), host::kTypeCamera, "Input Camera")),
       output_(InsertObject(document_.get(), host::kTypeCamera, "Camera")) {
-    document_->SetFps(frames_per_second);
+    document_->SetFps(move.frames_per_second);
     document_->SetRange(move.first_frame, move.LastFrame());
-    KeyCamera(input_, move, frames_per_second);
+    KeyCamera(input_, move, move.frames_per_second);
+    for (host::Object *camera : {input_, output_})
+        camera->SetParameter(host::MakeId(host::kCameraAperture), host::Data(move.aperture_width));
     tag_ = output_->MakeTag(kTremoluxCamTag);
     if (tag_ == nullptr) {
         throw Failure(kExitModule, "the module's camera tag cannot be made, expected a tag of type " +

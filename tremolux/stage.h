@@ -15,7 +15,7 @@ class Stage {
     // In the running host; its document begins with the move's first frame. The tag has had its first evaluation,
     // which only sets it up and evaluates nothing: parameters that are set from now on hold. Throws a Failure when
     // the module has no such tag.
-    Stage(const CameraMove &move, int frames_per_second);
+    explicit Stage(const CameraMove &move);
 
     // A null object with these positions, linked to the tag as what the camera turns to or focuses on; a single sample
     // holds for all time. Turning to a target is switched on with it; a parameter that is set later may switch it off.

@@ -86,7 +86,8 @@ class Compiler {
     void Save(const presets::PresetText &preset) {
         tremolux::CameraMove still;
         still.samples.emplace_back();
-        const tremolux::Stage stage(still, kFramesPerSecond);
+        still.frames_per_second = kFramesPerSecond;
+        const tremolux::Stage stage(still);
         tremolux::ApplySettings(preset.settings, kFramesPerSecond, &stage.CameraTag());
         host_.Application().dialogs.AnswerText(preset.name);
         host::PressButton(&stage.CameraTag(), host::MakeId(kSave));

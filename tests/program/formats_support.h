@@ -7,6 +7,9 @@
 #include "tremolux/failure.h"
 #include "tremolux/formats/chan.h"
 #include "tremolux/formats/csv.h"
+#include "tremolux/formats/gltf.h"
+#include "tremolux/formats/json.h"
+#include "tremolux/formats/usda.h"
 
 // The one line that a text is refused with; "accepted" when it is not, "status N: ..." for a status other than 2.
 inline std::string RefusalOf(tremolux::CameraMove (*read)(const std::string &, std::string_view,

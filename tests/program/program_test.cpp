@@ -64,7 +64,8 @@ TEST_F(Program, WritesEveryFrameOfTheMoveIntoEachOutput) {
     const Outcome outcome = workplace_.Run(arguments);
     ASSERT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_EQ(outcome.out, "");
-    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(outcome.err,
+              workplace_.Path("b.chan") + ": .chan files have no place for focus distance, film back and frame rate\n");
     const auto csv = ReadCsvFile("a.csv");
     const auto chan = tremolux::ReadChan("b.chan", workplace_.Read("b.chan"), {});
     ASSERT_EQ(csv.samples.size(), 40u);

@@ -54,9 +54,7 @@ std::vector<std::string> Workplace::Names() const {
 }
 
 Outcome Workplace::Run(const std::vector<std::string> &arguments) const {
-    const fs::path out = settings_ / "out.txt", err = settings_ / "err.txt";
-    std::vector<std::string> command = {TREMOLUX_PROGRAM_FILE};
-    command.insert(command.end(), arguments.begin(), arguments.end());
+    std::vector<std::string> command = arguments;
     if (!arguments.empty() && arguments.front().rfind("--", 0) != 0) {
         const auto add = [&](const char *option, const std::string &value) {
             if (std::find(arguments.begin(), arguments.end(), option) == arguments.end())
@@ -65,6 +63,13 @@ Outcome Workplace::Run(const std::vector<std::string> &arguments) const {
         add("--user-folder", (settings_ / "home").string());
         add("--module", TREMOLUX_MODULE_FILE);
     }
+    return RunBare(command);
+}
+
+Outcome Workplace::RunBare(const std::vector<std::string> &arguments) const {
+    const fs::path out = settings_ / "out.txt", err = settings_ / "err.txt";
+    std::vector<std::string> command = {TREMOLUX_PROGRAM_FILE};
+    command.insert(command.end(), arguments.begin(), arguments.end());
     const int status = test_support::RunProcess(command, out, err);
     return {status, Contents(out), Contents(err)};
 }

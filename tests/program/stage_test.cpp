@@ -21,7 +21,7 @@ class StageTest : public testing::Test {
     }
     program_test::Workplace workplace_;
     EmbeddedHost host_{TREMOLUX_MODULE_FILE, workplace_.Path("home")};
-    Stage stage_{Still(), 30};
+    Stage stage_{Still()};
 };
 
 TEST_F(StageTest, SwitchesTheTargetOnWithTheObject) {

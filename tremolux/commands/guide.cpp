@@ -24,7 +24,7 @@ std::optional<host::Vector> ParsePoint(const std::string &text) {
 
 bool NamesMoveFile(const std::string &text) {
     try {
-        FormatOf(std::filesystem::u8path(text));
+        FormatOf(std::filesystem::u8path(text), FormatUse::kRead);
         return true;
     } catch (const Failure &) {
         return false;
@@ -46,7 +46,8 @@ CameraMove ReadGuide(const char *option, const std::string &text, const CameraMo
     }
     if (!NamesMoveFile(text)) {
         throw Failure(kExitInput, std::string(option) + ": found " + Quoted(text) +
-                                      ", expected a point x,y,z in scene units, or a .csv or .chan file");
+                                      ", expected a point x,y,z in scene units, or a camera file, " +
+                                      KnownExtensions(FormatUse::kRead));
     }
     formats.only_positions = true;
     CameraMove points = ReadMove(std::filesystem::u8path(text), formats);

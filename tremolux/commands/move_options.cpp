@@ -9,7 +9,7 @@
 namespace tremolux {
 namespace {
 
-constexpr std::int64_t kMaxFramesPerSecond = 2500, kMaxSeed = 99999, kMaxPixels = 1000000;
+constexpr std::int64_t kMaxSeed = 99999, kMaxPixels = 1000000;
 
 struct LengthUnit {
     const char *name;
@@ -69,21 +69,27 @@ std::optional<std::pair<std::int64_t, std::int64_t>> MoveOptions::FrameRange() c
     return range;
 }
 
-std::optional<int> MoveOptions::FramesPerSecond() const {
-    if (frames_per_second.empty()) return std::nullopt;
-    return static_cast<int>(WholeOption("--fps", frames_per_second, 1, kMaxFramesPerSecond));
-}
-
-FormatOptions MoveOptions::Formats() const {
-    FormatOptions formats;
-    formats.length_unit = LengthUnitOf(unit);
+FormatOptions FormatChoices::Options() const {
+    FormatOptions options;
+    if (!frames_per_second.empty())
+        options.frames_per_second = static_cast<int>(WholeOption("--fps", frames_per_second, 1, kMaxFramesPerSecond));
+    options.length_unit = LengthUnitOf(unit);
+    const std::optional<RotationOrder> order = RotationOrderNamed(rotation_order);
+    if (!order) Refuse("--rotation-order", rotation_order, "the letters x, y and z in some order");
+    options.rotation_order = *order;
+    const std::optional<double> width = ParseNumber(aperture);
+    if (!width || *width < kMinAperture || *width > kMaxAperture) {
+        Refuse("--aperture", aperture,
+               "millimetres from " + FormatNumber(kMinAperture) + " to " + FormatNumber(kMaxAperture));
+    }
+    options.aperture_width = *width;
     const auto size = Pair(resolution, 'x');
     if (!size || size->first < 1 || size->second < 1 || size->first > kMaxPixels || size->second > kMaxPixels) {
         Refuse("--resolution", resolution, "WIDTHxHEIGHT in pixels, each from 1 to " + std::to_string(kMaxPixels));
     }
-    formats.width = static_cast<int>(size->first);
-    formats.height = static_cast<int>(size->second);
-    return formats;
+    options.width = static_cast<int>(size->first);
+    options.height = static_cast<int>(size->second);
+    return options;
 }
 
 std::vector<std::string> MoveOptions::InputFiles() const {
@@ -93,13 +99,28 @@ std::vector<std::string> MoveOptions::InputFiles() const {
     return files;
 }
 
+void AddFormatOptions(CLI::App *command, FormatChoices *choices) {
+    command->add_option("--fps", choices->frames_per_second,
+                        "frames per second, 1 to 2500; else what the file says, or 30, and 24 for recordings");
+    command->add_option("--unit", choices->unit, "length unit of .chan files: cm, m, mm, in, ft")
+        ->capture_default_str();
+    command
+        ->add_option("--rotation-order", choices->rotation_order, "of .chan files, the first turn first: zxy, xyz, ...")
+        ->capture_default_str();
+    command->add_option("--aperture", choices->aperture, "width of the film back in millimetres, where no file says it")
+        ->capture_default_str();
+    command->add_option("--resolution", choices->resolution, "size of the picture, for vertical fields of view")
+        ->capture_default_str();
+}
+
 void AddHostOptions(CLI::App *command, HostOptions *options) {
     command->add_option("--module", options->module_file, "the module's file; else the one beside this program");
     command->add_option("--user-folder", options->home, "folder of the user's presets and settings; else the system's");
 }
 
 void AddMoveOptions(CLI::App *command, MoveOptions *options) {
-    command->add_option("INPUT", options->input, "camera move to read, .csv or .chan")->required();
+    command->add_option("INPUT", options->input, "camera move to read, " + KnownExtensions(FormatUse::kRead))
+        ->required();
     command->add_option("--preset", options->preset,
                         "CATEGORY/NAME or NAME: the preset to begin with; `tremolux presets` lists them");
     command
@@ -112,22 +133,17 @@ void AddMoveOptions(CLI::App *command, MoveOptions *options) {
         ->take_all();
     command
         ->add_option("--target", options->target,
-                     "x,y,z or FILE: a point in scene units, or a moving one (.csv, .chan), that the camera turns to")
+                     "x,y,z or FILE: a point in scene units, or a moving one (a camera file), that the camera turns to")
         ->expected(1);
     command
-        ->add_option("--focus-object", options->focus_object,
-                     "x,y,z or FILE: a point in scene units, or a moving one (.csv, .chan), that the camera focuses on")
+        ->add_option(
+            "--focus-object", options->focus_object,
+            "x,y,z or FILE: a point in scene units, or a moving one (a camera file), that the camera focuses on")
         ->expected(1);
     command->add_option("--seed", options->seed, "the shake's seed, 0 to 99999: short for --set Seed=");
     command->add_option("--frames", options->frames,
                         "FIRST:LAST: the frames to write; playback still starts at the move's first frame");
-    command->add_option("--fps", options->frames_per_second,
-                        "frames per second, 1 to 2500; else 30, and 24 for recordings");
-    command->add_option("--unit", options->unit, "length unit of .chan files: cm, m, mm, in, ft")
-        ->capture_default_str();
-    command
-        ->add_option("--resolution", options->resolution, "size of the picture, for the field of view of .chan files")
-        ->capture_default_str();
+    AddFormatOptions(command, &options->formats);
     command->add_flag("--quiet", options->quiet, "show no progress");
     AddHostOptions(command, &options->host);
 }

@@ -20,23 +20,29 @@ struct HostOptions {
     std::filesystem::path Home() const;
 };
 
+// What files do not say, as it was typed.
+struct FormatChoices {
+    std::string frames_per_second, unit = "cm", rotation_order = "zxy", aperture = "36", resolution = "1920x1080";
+    FormatOptions Options() const;  // throws a Failure
+};
+
 struct MoveOptions {
     HostOptions host;
+    FormatChoices formats;
     std::string input;
     std::string preset;
     std::vector<std::string> settings;
     std::vector<std::string> target, focus_object;  // a point or a file each; at most one
-    std::string seed, frames, frames_per_second, unit = "cm", resolution = "1920x1080";
+    std::string seed, frames;
     bool quiet = false;
 
     // The texts above as values; each throws a Failure.
     std::vector<std::string> AllSettings() const;  // the seed last
     std::optional<std::pair<std::int64_t, std::int64_t>> FrameRange() const;
-    std::optional<int> FramesPerSecond() const;
-    FormatOptions Formats() const;
     std::vector<std::string> InputFiles() const;  // that no output may replace
 };
 
+void AddFormatOptions(CLI::App *command, FormatChoices *choices);
 void AddHostOptions(CLI::App *command, HostOptions *options);
 void AddMoveOptions(CLI::App *command, MoveOptions *options);
 

@@ -14,7 +14,6 @@
 namespace tremolux {
 namespace {
 
-constexpr int kFramesPerSecond = 30;
 constexpr std::int32_t kBaked = 1005;
 
 struct PanelOptions {
@@ -30,11 +29,11 @@ void ShowPanel(const PanelOptions &options) {
     const EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
     CameraMove standing;
     standing.samples.emplace_back();
-    Stage stage(standing, kFramesPerSecond);
+    Stage stage(standing);
     host::Tag *tag = &stage.CameraTag();
     if (!options.preset.empty()) ChoosePreset(FindPreset(ReadCatalog(tag), options.preset, "--preset"), tag);
     if (options.target) stage.AddTarget(standing);
-    ApplySettings(options.settings, kFramesPerSecond, tag);
+    ApplySettings(options.settings, standing.frames_per_second, tag);
     if (options.baked) stage.CameraTag().Data().Set(kBaked, host::Data(std::int32_t{1}));
 
     const std::vector<host::PanelGroup> tabs = host::BuildPanel(&stage.CameraTag());

@@ -16,18 +16,16 @@ constexpr std::int32_t kAppliedPresetName = 30000;
 }  // namespace
 
 Playback::Playback(const MoveOptions &options)
-    : formats_(options.Formats()),
+    : formats_(options.formats.Options()),
       preset_(options.preset),
       settings_(options.AllSettings()),
       host_options_(options.host),
       quiet_(options.quiet) {
     const auto range = options.FrameRange();
-    const std::optional<int> frames_per_second = options.FramesPerSecond();
     move_ = ReadMove(std::filesystem::u8path(options.input), formats_);
     if (!options.target.empty()) target_ = ReadGuide("--target", options.target.front(), move_, formats_);
     if (!options.focus_object.empty())
         focus_object_ = ReadGuide("--focus-object", options.focus_object.front(), move_, formats_);
-    frames_per_second_ = frames_per_second.value_or(move_.frames_per_second);
     first_frame_ = range ? range->first : move_.first_frame;
     last_frame_ = range ? range->second : move_.LastFrame();
     if (first_frame_ >= move_.first_frame && last_frame_ <= move_.LastFrame()) return;
@@ -35,15 +33,22 @@ Playback::Playback(const MoveOptions &options)
                                   std::to_string(move_.first_frame) + " to " + std::to_string(move_.LastFrame()));
 }
 
+CameraMove Playback::EmptyMove() const {
+    CameraMove move = move_;
+    move.first_frame = first_frame_;
+    move.samples.clear();
+    return move;
+}
+
 void Playback::Start() {
     host_ = std::make_unique<EmbeddedHost>(host_options_.ModuleFile(), host_options_.Home());
-    stage_ = std::make_unique<Stage>(move_, frames_per_second_);
+    stage_ = std::make_unique<Stage>(move_);
     host::Tag *tag = &stage_->CameraTag();
     if (!preset_.empty()) ChoosePreset(FindPreset(ReadCatalog(tag), preset_, "--preset"), tag);
     applied_preset_ = tag->Data().Text(kAppliedPresetName);
     if (target_) stage_->AddTarget(*target_);
     if (focus_object_) stage_->AddFocusObject(*focus_object_);
-    ApplySettings(settings_, frames_per_second_, tag);
+    ApplySettings(settings_, FramesPerSecond(), tag);
 }
 
 void Playback::Play(const std::function<void(std::int64_t)> &at_frame) {

@@ -24,9 +24,10 @@ class Playback {
     void Play(const std::function<void(std::int64_t)> &at_frame);
 
     const CameraMove &Move() const { return move_; }
+    CameraMove EmptyMove() const;                             // to take the wanted frames
     std::int64_t FirstFrame() const { return first_frame_; }  // wanted
     std::int64_t LastFrame() const { return last_frame_; }
-    int FramesPerSecond() const { return frames_per_second_; }
+    int FramesPerSecond() const { return move_.frames_per_second; }
     // What the tag began with, once it is started: the name of a preset, or empty.
     const std::string &Preset() const { return applied_preset_; }
     const std::vector<std::string> &Settings() const { return settings_; }
@@ -40,7 +41,6 @@ class Playback {
     CameraMove move_;
     std::optional<CameraMove> target_, focus_object_;
     std::int64_t first_frame_, last_frame_;
-    int frames_per_second_;
     HostOptions host_options_;
     bool quiet_;
     std::unique_ptr<EmbeddedHost> host_;

@@ -23,7 +23,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kFramesPerSecond = 30;
 constexpr std::int32_t kSave = 6003, kExportCurrent = 6171, kExportAll = 10033, kChooseFolder = 6176,
                        kResetFolder = 6182, kFolderText = 6178, kCategory = 5806, kUserCategory = 5810,
                        kAllCategories = 5809;
@@ -39,9 +38,9 @@ struct PresetsOptions {
 // A tag whose buttons are pressed: everything happens by the module's own messages.
 class PresetDesk {
   public:
-    explicit PresetDesk(const HostOptions &options)
-        : host_(options.ModuleFile(), options.Home()), stage_(Still(), kFramesPerSecond) {}
+    explicit PresetDesk(const HostOptions &options) : host_(options.ModuleFile(), options.Home()), stage_(Still()) {}
     host::Tag *Tag() { return &stage_.CameraTag(); }
+    int Rate() const { return stage_.Document().Fps(); }
     EmbeddedHost &Host() { return host_; }
     void Choose(const std::string &preset, const std::string &place) {
         ChoosePreset(FindPreset(ReadCatalog(Tag()), preset, place), Tag());
@@ -123,7 +122,7 @@ void CheckThatNothingWasRefused(const std::string &name, const host::Dialogs &di
 void Save(const PresetsOptions &options) {
     PresetDesk desk(options.host);
     if (!options.from.empty()) desk.Choose(options.from, "--from");
-    ApplySettings(options.settings, kFramesPerSecond, desk.Tag());
+    ApplySettings(options.settings, desk.Rate(), desk.Tag());
     const std::vector<ShownValue> wanted = PresetValues(desk.Tag());
     desk.Dialogs().AnswerText(options.name);
     if (options.as_default) desk.Dialogs().AnswerYes();

@@ -164,7 +164,7 @@ void AddSceneCommands(CLI::App *program, Action *action) {
 
     command = AddSceneCommand(program, action, keys, "keys", "Shows the keys of a camera in a saved scene", Keys);
     command->add_option("SCENE", keys->scene, "the scene")->required();
-    command->add_option("--import", keys->move, "camera file, .csv or .chan: its move becomes the camera's keys");
+    command->add_option("--import", keys->move, "camera file: its move becomes the camera's keys");
 }
 
 }  // namespace tremolux

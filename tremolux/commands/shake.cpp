@@ -18,7 +18,7 @@ struct ShakeOptions {
 
 void Shake(const ShakeOptions &options) {
     using Clock = std::chrono::steady_clock;
-    for (const std::string &file : options.outputs) FormatOf(std::filesystem::u8path(file));
+    for (const std::string &file : options.outputs) FormatOf(std::filesystem::u8path(file), FormatUse::kWrite);
     Playback playback(options.move);
     std::vector<std::string> places = options.outputs;
     if (!options.scene.empty()) places.push_back(options.scene);
@@ -28,8 +28,7 @@ void Shake(const ShakeOptions &options) {
     if (options.bake == "quick") playback.GetStage().BakeQuickly();
     if (options.bake == "brute") playback.GetStage().BakeByBruteForce();
 
-    CameraMove input, output;
-    input.first_frame = output.first_frame = playback.FirstFrame();
+    CameraMove input = playback.EmptyMove(), output = input;
     const Clock::time_point start = Clock::now();
     playback.Play([&](std::int64_t) {
         input.samples.push_back(playback.GetStage().Input());
@@ -39,7 +38,7 @@ void Shake(const ShakeOptions &options) {
 
     std::vector<std::string> texts;
     for (const std::string &file : options.outputs)
-        texts.push_back(FormatOf(std::filesystem::u8path(file)).write(output, playback.Formats()));
+        texts.push_back(MoveText(std::filesystem::u8path(file), output, playback.Formats()));
     if (!options.scene.empty()) SaveScene(playback.GetStage().Scene(), std::filesystem::u8path(options.scene));
     files.Write(texts);
     if (!options.report) return;
@@ -55,7 +54,9 @@ void AddShakeCommand(CLI::App *program, Action *action) {
     const auto options = std::make_shared<ShakeOptions>();
     CLI::App *command = program->add_subcommand("shake", "Makes a camera move hand-held and writes the shaken camera");
     AddMoveOptions(command, &options->move);
-    command->add_option("-o,--output", options->outputs, "camera file to write, .csv or .chan; may be given again")
+    command
+        ->add_option("-o,--output", options->outputs,
+                     "camera file to write, " + KnownExtensions(FormatUse::kWrite) + "; may be given again")
         ->required()
         ->expected(1)
         ->take_all();

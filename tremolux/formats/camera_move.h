@@ -21,21 +21,24 @@ struct CameraSample {
     double focus_distance = 2000;    // scene units
 };
 
+// Width of the film back where nothing says another, millimetres.
+constexpr double kApertureWidth = 36;
+
 struct CameraMove {
     std::int64_t first_frame = 0;
-    int frames_per_second = 30;         // what the format implies where the file does not say
+    int frames_per_second = 30;
     std::vector<CameraSample> samples;  // one for each frame from the first on
+    double aperture_width = kApertureWidth;
     std::int64_t LastFrame() const { return first_frame + static_cast<std::int64_t>(samples.size()) - 1; }
 };
-
-// Width of the film back, millimetres: the scene's cameras keep the host's default.
-constexpr double kApertureWidth = 36;
 
 // What a file may hold.
 constexpr std::size_t kMaxFrames = 1000000;
 constexpr std::int64_t kMaxFrameNumber = 10000000;  // either side of 0: as far as a run-up to a frame goes
 constexpr double kMaxNumber = 1e12;
 constexpr double kMinFocalLength = 1, kMaxFocalLength = 10000;  // millimetres
+constexpr double kMinAperture = 1, kMaxAperture = 2000;         // millimetres
+constexpr int kMaxFramesPerSecond = 2500;
 
 constexpr double kRadiansPerDegree = 0.017453292519943295;
 

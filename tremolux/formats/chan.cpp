@@ -1,10 +1,11 @@
 #include "tremolux/formats/chan.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "tremolux/formats/frame_order.h"
+#include "tremolux/formats/lens.h"
 #include "tremolux/formats/numbers.h"
+#include "tremolux/formats/right_handed.h"
 #include "tremolux/formats/source_text.h"
 
 namespace tremolux {
@@ -15,15 +16,12 @@ constexpr const char *kNames[] = {"frame", "tx", "ty", "tz", "rx", "ry", "rz", "
 constexpr double kHalfTurn = 180;              // degrees: beyond any lens
 constexpr double kFieldOfViewRounding = 1e-9;  // of a focal length, through a field of view with 15 digits
 
-// Half the height of the film back, millimetres; pixels are square.
-double HalfAperture(const FormatOptions &options) { return kApertureWidth * options.height / options.width / 2; }
+// Height of the film back, millimetres; pixels are square.
+double ApertureHeight(double width, const FormatOptions &options) { return width * options.height / options.width; }
 
-double FieldOfView(double focal_length, const FormatOptions &options) {
-    return 2 * std::atan(HalfAperture(options) / focal_length) / kRadiansPerDegree;
-}
-
-double FocalLength(double field_of_view, const FormatOptions &options) {
-    return HalfAperture(options) / std::tan(field_of_view / 2 * kRadiansPerDegree);
+// Degrees.
+double FieldOfView(double focal_length, double aperture_height) {
+    return AngleOfView(aperture_height, focal_length) / kRadiansPerDegree;
 }
 
 std::string ColumnCount(std::size_t count) {
@@ -43,14 +41,15 @@ void CheckCount(const SourceText &source, const Line &line, const std::vector<Fi
 
 double ReadFocalLength(const SourceText &source, const Line &line, const Field &field, const FormatOptions &options) {
     const double degrees = source.Number(line, field, kNames[kFieldOfView], 0, kHalfTurn);
-    const double focal_length = FocalLength(degrees, options);
+    const double height = ApertureHeight(options.aperture_width, options);
+    const double focal_length = FocalLengthOf(height, degrees * kRadiansPerDegree);
     // The limits themselves are rounded when they are written as a field of view.
     const bool in_limits = focal_length >= kMinFocalLength * (1 - kFieldOfViewRounding) &&
                            focal_length <= kMaxFocalLength * (1 + kFieldOfViewRounding);
     if (degrees > 0 && in_limits) return std::clamp(focal_length, kMinFocalLength, kMaxFocalLength);
     source.RefuseField(line, field,
-                       "a vertical field of view from " + FormatNumber(FieldOfView(kMaxFocalLength, options)) + " to " +
-                           FormatNumber(FieldOfView(kMinFocalLength, options)) + " degrees");
+                       "a vertical field of view from " + FormatNumber(FieldOfView(kMaxFocalLength, height)) + " to " +
+                           FormatNumber(FieldOfView(kMinFocalLength, height)) + " degrees");
 }
 
 CameraSample ReadRow(const SourceText &source, const Line &line, const std::vector<Field> &fields,
@@ -59,9 +58,15 @@ CameraSample ReadRow(const SourceText &source, const Line &line, const std::vect
         return source.Number(line, fields[column], kNames[column], -kMaxNumber, kMaxNumber);
     };
     CameraSample sample;
+    const host::Vector turns =
+        host::Vector{number(kRotation), number(kRotation + 1), number(kRotation + 2)} * kRadiansPerDegree;
+    if (options.rotation_order == kOrderZxy) {
+        sample.angles = {turns.y, turns.x, -turns.z};  // as they are, whole turns too
+    } else {
+        SetFromRightHanded(RotationOf(turns, options.rotation_order), &sample);
+    }
     sample.position =
         host::Vector{number(kPosition), number(kPosition + 1), -number(kPosition + 2)} * options.length_unit;
-    sample.angles = host::Vector{number(kRotation + 1), number(kRotation), -number(kRotation + 2)} * kRadiansPerDegree;
     if (fields.size() > kFieldOfView) {
         sample.focal_length = ReadFocalLength(source, line, fields[kFieldOfView], options);
     }
@@ -79,6 +84,7 @@ CameraMove ReadChan(const std::string &file, std::string_view bytes, const Forma
     const SourceText source(file, bytes);
     if (source.Lines().empty()) source.Refuse(1, 1, "an empty file", ColumnCount(kFieldOfView + 1));
     CameraMove move;
+    move.aperture_width = options.aperture_width;
     FrameOrder order(source);
     std::size_t count = 0;
     for (const Line &line : source.Lines()) {
@@ -89,18 +95,25 @@ CameraMove ReadChan(const std::string &file, std::string_view bytes, const Forma
         move.samples.push_back(ReadRow(source, line, fields, options));
     }
     order.Finish(&move);
+    source.CheckEnd();
     return move;
 }
 
 std::string WriteChan(const CameraMove &move, const FormatOptions &options) {
+    const double height = ApertureHeight(move.aperture_width, options);
     std::string text;
     std::int64_t frame = move.first_frame;
+    host::Vector turns{0, 0, 0};
     for (const CameraSample &sample : move.samples) {
         const host::Vector position = sample.position * (1 / options.length_unit);
-        const host::Vector degrees = sample.angles * (1 / kRadiansPerDegree);
+        turns = options.rotation_order == kOrderZxy
+                    ? host::Vector{sample.angles.y, sample.angles.x, -sample.angles.z}
+                    : NearestAngles(turns, RotationAngles(RightHanded(sample), options.rotation_order),
+                                    options.rotation_order);
+        const host::Vector degrees = turns * (1 / kRadiansPerDegree);
         text += std::to_string(frame++);
-        for (const double value : {position.x, position.y, -position.z, degrees.y, degrees.x, -degrees.z,
-                                   FieldOfView(sample.focal_length, options)}) {
+        for (const double value : {position.x, position.y, -position.z, degrees.x, degrees.y, degrees.z,
+                                   FieldOfView(sample.focal_length, height)}) {
             text += ' ' + FormatNumber(value);
         }
         text += '\n';

@@ -49,6 +49,7 @@ CameraMove ReadCsv(const std::string &file, std::string_view bytes, const Format
     const CsvColumns &columns = options.only_positions ? kPointColumns : kCameraColumns;
     const CsvHeader header(source, recorded ? kRecordingColumns : columns);
     CameraMove move;
+    move.aperture_width = options.aperture_width;
     if (recorded) move.frames_per_second = kRecordingFramesPerSecond;
     FrameOrder order(source);
     for (std::size_t i = 1; i < source.Lines().size(); ++i) {
@@ -56,8 +57,8 @@ CameraMove ReadCsv(const std::string &file, std::string_view bytes, const Format
         order.Add(row.SourceLine(), row.At(kFrame));
         move.samples.push_back(recorded ? ReadRecordingRow(row) : ReadRow(row));
     }
-    if (recorded && !move.samples.empty()) StartNearZero(&move.samples.front());
     order.Finish(&move);
+    source.CheckEnd();
     return move;
 }
 

@@ -1,13 +1,17 @@
 #include "tremolux/formats/format.h"
 
-#include <algorithm>
+#include <cstdio>
 
 #include "host/files/safe_write.h"
 #include "host/value/text.h"
 #include "tremolux/failure.h"
+#include "tremolux/formats/blender.h"
 #include "tremolux/formats/chan.h"
 #include "tremolux/formats/csv.h"
+#include "tremolux/formats/gltf.h"
+#include "tremolux/formats/json.h"
 #include "tremolux/formats/source_text.h"
+#include "tremolux/formats/usda.h"
 
 namespace tremolux {
 namespace {
@@ -24,33 +28,45 @@ std::string LowerCase(std::string text) {
     return text;
 }
 
-std::string KnownExtensions() {
-    std::string list;
-    for (const MoveFormat &format : MoveFormats()) list += (list.empty() ? "" : " or ") + std::string(format.extension);
-    return list;
-}
+bool Does(const MoveFormat &format, FormatUse use) { return use == FormatUse::kWrite || format.read != nullptr; }
 
 }  // namespace
 
 const std::vector<MoveFormat> &MoveFormats() {
-    static const std::vector<MoveFormat> formats = {{"camera table", ".csv", ReadCsv, WriteCsv},
-                                                    {"channel file", ".chan", ReadChan, WriteChan}};
+    static const std::vector<MoveFormat> formats = {
+        {".csv", ReadCsv, WriteCsv, nullptr},
+        {".json", ReadJson, WriteJson, nullptr},
+        {".chan", ReadChan, WriteChan, "focus distance, film back and frame rate"},
+        {".usda", ReadUsda, WriteUsda, nullptr},
+        {".gltf", nullptr, WriteGltf,
+         "focal length, film back and focus distance but as extras, and zoom but by KHR_animation_pointer"},
+        {".py", nullptr, WriteBlender, nullptr}};
     return formats;
 }
 
-const MoveFormat &FormatOf(const fs::path &file) {
+std::string KnownExtensions(FormatUse use) {
+    std::vector<std::string> known;
+    for (const MoveFormat &format : MoveFormats()) {
+        if (Does(format, use)) known.emplace_back(format.extension);
+    }
+    std::string list = known.front();
+    for (std::size_t i = 1; i < known.size(); ++i) list += (i + 1 < known.size() ? ", " : " or ") + known[i];
+    return list;
+}
+
+const MoveFormat &FormatOf(const fs::path &file, FormatUse use) {
     const std::string extension = LowerCase(host::PathText(file.extension()));
     for (const MoveFormat &format : MoveFormats()) {
-        if (extension == format.extension) return format;
+        if (extension == format.extension && Does(format, use)) return format;
     }
     throw Failure(kExitInput, host::PathText(file) + ": found the extension " + Quoted(extension) + ", expected " +
-                                  KnownExtensions());
+                                  KnownExtensions(use));
 }
 
 CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
     const std::string name = host::PathText(file);
-    const std::string expected = ", expected a camera file (" + KnownExtensions() + ")";
-    const MoveFormat &format = FormatOf(file);
+    const std::string expected = ", expected a camera file (" + KnownExtensions(FormatUse::kRead) + ")";
+    const MoveFormat &format = FormatOf(file, FormatUse::kRead);
     std::error_code error;
     if (!fs::exists(file, error)) throw Failure(kExitInput, name + ": found no such file" + expected);
     if (!fs::is_regular_file(file, error)) throw Failure(kExitInput, name + ": found something else" + expected);
@@ -60,7 +76,18 @@ CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
     if (!host::ReadFile(file, &bytes, &reason)) {
         throw Failure(kExitInput, name + ": found a file that cannot be read" + expected);
     }
-    return format.read(name, bytes, options);
+    CameraMove move = format.read(name, bytes, options);
+    if (options.frames_per_second) move.frames_per_second = *options.frames_per_second;
+    return move;
+}
+
+std::string MoveText(const fs::path &file, const CameraMove &move, const FormatOptions &options) {
+    const MoveFormat &format = FormatOf(file, FormatUse::kWrite);
+    if (format.lost != nullptr) {
+        std::fprintf(stderr, "%s: %s files have no place for %s\n", host::PathText(file).c_str(), format.extension,
+                     format.lost);
+    }
+    return format.write(move, options);
 }
 
 }  // namespace tremolux

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 
 #include "tremolux/formats/camera_move.h"
 #include "tremolux/formats/source_text.h"
@@ -13,7 +15,10 @@ class FrameOrder {
     explicit FrameOrder(const SourceText &source) : source_(source) {}
     // Refuses what is no frame number, out of order, twice, or after a gap.
     void Add(const Line &line, const Field &field);
-    // The move's first frame and its continuous angles; refuses a file without frames or with a cut-off last line.
+    // The same for a frame that stands alone, of a number that is perhaps none: what was expected instead, empty when
+    // it is right.
+    std::string Add(std::optional<std::int64_t> frame);
+    // The move's first frame and its continuous angles; refuses a file without frames.
     void Finish(CameraMove *move) const;
 
   private:

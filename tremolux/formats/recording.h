@@ -13,7 +13,5 @@ constexpr int kRecordingFramesPerSecond = 24;
 
 bool IsRecordingHeader(const SourceText &source);
 CameraSample ReadRecordingRow(const CsvRow &row);
-// Angles that were computed from a rotation come as positive ones: a small turn to the left would start at 359 degrees.
-void StartNearZero(CameraSample *first);
 
 }  // namespace tremolux

@@ -1,5 +1,7 @@
 #include "tremolux/formats/source_text.h"
 
+#include <algorithm>
+#include <functional>
 #include <optional>
 
 #include "tremolux/failure.h"
@@ -44,6 +46,16 @@ void SourceText::Refuse(std::size_t line, std::size_t column, const std::string 
                         const std::string &expected) const {
     throw Failure(kExitInput, file_ + ":" + std::to_string(line) + ":" + std::to_string(column) + ": found " + found +
                                   ", expected " + expected);
+}
+
+void SourceText::RefuseAt(const char *place, const std::string &found, const std::string &expected) const {
+    const auto after = std::upper_bound(lines_.begin(), lines_.end(), place, [](const char *at, const Line &line) {
+        return std::less<const char *>()(at, line.text.data());
+    });
+    if (after == lines_.begin()) Refuse(1, 1, found, expected);
+    const Line &line = *(after - 1);
+    const std::size_t column = static_cast<std::size_t>(place - line.text.data());
+    Refuse(line.number, std::min(column, line.text.size()) + 1, found, expected);
 }
 
 void SourceText::RefuseField(const Line &line, const Field &field, const std::string &expected) const {

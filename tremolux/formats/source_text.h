@@ -30,6 +30,8 @@ class SourceText {
     // Throws the Failure "file:line:column: found ..., expected ...".
     [[noreturn]] void Refuse(std::size_t line, std::size_t column, const std::string &found,
                              const std::string &expected) const;
+    // At a byte of the text that was given.
+    [[noreturn]] void RefuseAt(const char *place, const std::string &found, const std::string &expected) const;
     [[noreturn]] void RefuseField(const Line &line, const Field &field, const std::string &expected) const;
     // A field as a number of [minimum, maximum]; `name` is that of its column.
     double Number(const Line &line, const Field &field, std::string_view name, double minimum, double maximum) const;

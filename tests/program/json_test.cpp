@@ -1,0 +1,74 @@
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/program/formats_support.h"
+
+namespace tremolux {
+namespace {
+
+std::string Refusal(const std::string &text) { return RefusalOf(ReadJson, text); }
+std::string WithFrames(const std::string &frames) { return "{\n\"frames\": [\n" + frames + "\n]}"; }
+
+TEST(Json, SaysItsUnitsAndConventions) {
+    const auto json = nlohmann::json::parse(WriteJson({1, 24, {ReferencePose()}, 25}, {}));
+    EXPECT_EQ(json["units"]["position"], "centimetres");
+    EXPECT_EQ(json["units"]["hpb"], "degrees");
+    EXPECT_NE(json["conventions"]["axes"].get<std::string>().find("left-handed"), std::string::npos);
+    EXPECT_EQ(json["frames_per_second"], 24);
+    EXPECT_EQ(json["film_back_width"], 25);
+    EXPECT_EQ(json["frames"][0]["frame"], 1);
+    EXPECT_EQ(json["frames"][0]["position"], (std::vector<double>{10, 150, -300}));
+    EXPECT_NEAR(json["frames"][0]["hpb"][0].get<double>(), 30, 1e-12);
+    EXPECT_EQ(json["frames"][0]["focus_distance"], 500);
+}
+
+TEST(Json, NeedsNoMoreThanFramesWithPositionAndAngles) {
+    const CameraMove move =
+        ReadJson("move", "\xEF\xBB\xBF" + WithFrames("{\"hpb\":[1,2,3],\r\n\"position\":[4,5,6],\"frame\":7}"), {});
+    ASSERT_EQ(move.samples.size(), 1u);
+    EXPECT_EQ(move.first_frame, 7);
+    EXPECT_EQ(move.frames_per_second, 30);
+    EXPECT_EQ(move.aperture_width, 36);
+    EXPECT_EQ(move.samples[0].position.z, 6);
+    EXPECT_NEAR(move.samples[0].angles.x, kRadiansPerDegree, 1e-15);
+    EXPECT_EQ(move.samples[0].focal_length, 36);
+}
+
+TEST(Json, IsRefusedWithThePlaceAndWhatWasExpected) {
+    const std::string good = "{\"frame\":0,\"position\":[0,0,0],\"hpb\":[0,0,0]}";
+    EXPECT_EQ(Refusal(WithFrames(good + ",\n{\"frame\":2,\"position\":[0,0,0],\"hpb\":[0,0,0]}")),
+              "move:4:10: found 2, expected frame 1 (frames follow each other without gaps)");
+    EXPECT_EQ(Refusal(WithFrames("{\"frame\":0,\n\"position\":[0,0]}")),
+              "move:4:16: found 2 numbers, expected 3 numbers");
+    EXPECT_EQ(Refusal(WithFrames("{\"frame\":0}")),
+              "move:3:11: found the end of a frame, expected a frame with frame, position and hpb");
+    EXPECT_EQ(Refusal("{\"frames\": []}"), "move:1:14: found no frames, expected at least one frame in \"frames\"");
+    EXPECT_EQ(Refusal("[1]"), "move:1:1: found an array for '', expected what docs/formats.md lists for a camera move");
+    EXPECT_NE(
+        Refusal("{\n\"units\": {\"position\": \"metres\"}}").find("move:2:30: found 'metres', expected 'centimetres'"),
+        std::string::npos);
+    EXPECT_EQ(Refusal("{\"frames_per_second\": 23.976}"),
+              "move:1:23: found 23.976, expected a whole number of frames a second; --fps says another");
+    EXPECT_EQ(Refusal(""), "move:1:1: found an empty file, expected JSON");
+}
+
+TEST(Json, IsRefusedHoweverItIsBroken) {
+    const std::string good = "{\"frame\":0,\"position\":[0,0,0],\"hpb\":[0,0,0]}";
+    for (const std::string &text :
+         {std::string("{"), std::string("{\"frames\": [1]}"), WithFrames(good + "," + good), WithFrames(good) + "x",
+          WithFrames("{\"frame\":1e99,\"position\":[0,0,0],\"hpb\":[0,0,0]}"), WithFrames("[" + good + "]"),
+          WithFrames("{\"frame\":0.5,\"position\":[0,0,0],\"hpb\":[0,0,0]}"), std::string(100000, '['),
+          WithFrames("{\"frame\":0,\"position\":[0,0,0,0],\"hpb\":[0,0,0]}"), WithFrames("null"),
+          WithFrames("{\"frame\":0,\"position\":[1e999,0,0],\"hpb\":[0,0,0]}"), std::string("{\"frames\": 3}"),
+          std::string("1"), WithFrames("{\"frame\":0,\"position\":[0,0,0],\"hpb\":[0,0,0],\"focal_length\":0}"),
+          WithFrames("{\"frame\":0,\"position\":[0,0,0],\"hpb\":[0,0,0],\"hpb\":[0,0,0]}"),
+          WithFrames("{\"frame\":0,\"position\":[0,0,0],\"hpb\":[0,0,0],\"focallength\":50}")}) {
+        const std::string refusal = Refusal(text);
+        EXPECT_EQ(refusal.rfind("move:", 0), 0u) << refusal << " for " << text.substr(0, 80);
+        EXPECT_NE(refusal.find(", expected "), std::string::npos) << refusal;
+    }
+}
+
+}  // namespace
+}  // namespace tremolux
