@@ -1,6 +1,7 @@
 # The command-line program: a library, so that tests reach its parts, and a main.
 find_package(CLI11 REQUIRED)
 find_package(nlohmann_json REQUIRED)
+find_package(Eigen3 REQUIRED NO_MODULE)
 
 tremolux_room_sources(sources tremolux)
 set(program_main "${PROJECT_SOURCE_DIR}/tremolux/main.cpp")
@@ -10,7 +11,7 @@ if(NOT sources OR NOT TARGET embedded_host)
     return()
 endif()
 add_library(tremolux_program STATIC ${sources})
-target_link_libraries(tremolux_program PUBLIC embedded_host CLI11::CLI11 nlohmann_json::nlohmann_json)
+target_link_libraries(tremolux_program PUBLIC embedded_host CLI11::CLI11 nlohmann_json::nlohmann_json Eigen3::Eigen)
 tremolux_set_defaults(tremolux_program)
 
 if(EXISTS "${program_main}")
