@@ -12,6 +12,7 @@ constexpr double kPi = 3.14159265358979323846;
 constexpr double kFaintest = 0.25;  // of the strongest line's RMS
 // The window spreads a line over this many steps of an unpadded transform to each side.
 constexpr double kLobe = 2;
+constexpr double kNothing = 1e-9;  // RMS of rounding
 
 // The samples are followed by nothing up to a length whose only factor is 2, at least twice theirs: lines are then
 // resolved finely enough to find their middle.
@@ -84,7 +85,7 @@ std::vector<SpectrumPeak> StrongestPeaks(const Spectrum &spectrum, std::size_t c
         });
         if (beside_another) continue;
         const double rms = BandRms(spectrum, frequency - reach, frequency + reach);
-        if (!peaks.empty() && rms < kFaintest * peaks.front().rms) break;
+        if (rms < kNothing || (!peaks.empty() && rms < kFaintest * peaks.front().rms)) break;
         peaks.push_back({frequency, rms});
     }
     return peaks;

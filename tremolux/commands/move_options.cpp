@@ -92,6 +92,13 @@ FormatOptions FormatChoices::Options() const {
     return options;
 }
 
+std::optional<double> MoveOptions::MadeFor() const {
+    if (keep_hz.empty()) return std::nullopt;
+    const std::optional<double> rate = ParseNumber(keep_hz);
+    if (rate && *rate >= 1 && *rate <= kMaxFramesPerSecond) return rate;
+    Refuse("--keep-hz", keep_hz, "frames per second from 1 to " + std::to_string(kMaxFramesPerSecond));
+}
+
 std::vector<std::string> MoveOptions::InputFiles() const {
     std::vector<std::string> files = {input};
     files.insert(files.end(), target.begin(), target.end());
@@ -141,6 +148,9 @@ void AddMoveOptions(CLI::App *command, MoveOptions *options) {
             "x,y,z or FILE: a point in scene units, or a moving one (a camera file), that the camera focuses on")
         ->expected(1);
     command->add_option("--seed", options->seed, "the shake's seed, 0 to 99999: short for --set Seed=");
+    command->add_option(
+        "--keep-hz", options->keep_hz,
+        "FPS that the settings were made at: they are changed so that the motion keeps its frequencies");
     command->add_option("--frames", options->frames,
                         "FIRST:LAST: the frames to write; playback still starts at the move's first frame");
     AddFormatOptions(command, &options->formats);

@@ -33,12 +33,13 @@ struct MoveOptions {
     std::string preset;
     std::vector<std::string> settings;
     std::vector<std::string> target, focus_object;  // a point or a file each; at most one
-    std::string seed, frames;
+    std::string seed, frames, keep_hz;
     bool quiet = false;
 
     // The texts above as values; each throws a Failure.
     std::vector<std::string> AllSettings() const;  // the seed last
     std::optional<std::pair<std::int64_t, std::int64_t>> FrameRange() const;
+    std::optional<double> MadeFor() const;        // the frame rate of --keep-hz
     std::vector<std::string> InputFiles() const;  // that no output may replace
 };
 

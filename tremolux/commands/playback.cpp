@@ -1,9 +1,12 @@
 #include "tremolux/commands/playback.h"
 
+#include <cstdio>
+
 #include "tremolux/commands/guide.h"
 #include "tremolux/failure.h"
 #include "tremolux/formats/source_text.h"
 #include "tremolux/interrupt.h"
+#include "tremolux/keep_hz.h"
 #include "tremolux/parameters/settings.h"
 #include "tremolux/presets/catalog.h"
 #include "tremolux/progress.h"
@@ -19,6 +22,7 @@ Playback::Playback(const MoveOptions &options)
     : formats_(options.formats.Options()),
       preset_(options.preset),
       settings_(options.AllSettings()),
+      made_for_(options.MadeFor()),
       host_options_(options.host),
       quiet_(options.quiet) {
     const auto range = options.FrameRange();
@@ -49,6 +53,9 @@ void Playback::Start() {
     if (target_) stage_->AddTarget(*target_);
     if (focus_object_) stage_->AddFocusObject(*focus_object_);
     ApplySettings(settings_, FramesPerSecond(), tag);
+    if (!made_for_) return;
+    for (const std::string &note : KeepHertz(*made_for_, FramesPerSecond(), tag))
+        std::fprintf(stderr, "--keep-hz: %s\n", note.c_str());
 }
 
 void Playback::Play(const std::function<void(std::int64_t)> &at_frame) {

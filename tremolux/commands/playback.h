@@ -38,6 +38,7 @@ class Playback {
     FormatOptions formats_;
     std::string preset_, applied_preset_;
     std::vector<std::string> settings_;
+    std::optional<double> made_for_;
     CameraMove move_;
     std::optional<CameraMove> target_, focus_object_;
     std::int64_t first_frame_, last_frame_;
