@@ -6,6 +6,7 @@
 #include "tremolux/failure.h"
 #include "tremolux/formats/source_text.h"
 #include "tremolux/interrupt.h"
+#include "tremolux/jolt_watch.h"
 #include "tremolux/keep_hz.h"
 #include "tremolux/parameters/settings.h"
 #include "tremolux/presets/catalog.h"
@@ -37,13 +38,6 @@ Playback::Playback(const MoveOptions &options)
                                   std::to_string(move_.first_frame) + " to " + std::to_string(move_.LastFrame()));
 }
 
-CameraMove Playback::EmptyMove() const {
-    CameraMove move = move_;
-    move.first_frame = first_frame_;
-    move.samples.clear();
-    return move;
-}
-
 void Playback::Start() {
     host_ = std::make_unique<EmbeddedHost>(host_options_.ModuleFile(), host_options_.Home());
     stage_ = std::make_unique<Stage>(move_);
@@ -67,6 +61,21 @@ void Playback::Play(const std::function<void(std::int64_t)> &at_frame) {
         progress.Done(frame - move_.first_frame + 1);
     }
     CheckForInterrupt();
+}
+
+PlayedMotion Playback::Record() {
+    PlayedMotion motion;
+    motion.input = move_;
+    motion.input.first_frame = first_frame_;
+    motion.input.samples.clear();
+    motion.output = motion.input;
+    JoltWatch jolts(stage_->CameraTag());
+    Play([&](std::int64_t frame) {
+        motion.input.samples.push_back(stage_->Input());
+        motion.output.samples.push_back(stage_->Output());
+        if (jolts.Hit()) motion.jolts.push_back(frame);
+    });
+    return motion;
 }
 
 }  // namespace tremolux

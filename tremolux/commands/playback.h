@@ -10,6 +10,7 @@
 
 #include "tremolux/commands/move_options.h"
 #include "tremolux/embedded_host.h"
+#include "tremolux/played_motion.h"
 #include "tremolux/stage.h"
 
 namespace tremolux {
@@ -23,8 +24,10 @@ class Playback {
     // Plays up to the last wanted frame and calls `at_frame` after each wanted one. Throws a Failure.
     void Play(const std::function<void(std::int64_t)> &at_frame);
 
+    // The same, and keeps the cameras of the wanted frames.
+    PlayedMotion Record();
+
     const CameraMove &Move() const { return move_; }
-    CameraMove EmptyMove() const;                             // to take the wanted frames
     std::int64_t FirstFrame() const { return first_frame_; }  // wanted
     std::int64_t LastFrame() const { return last_frame_; }
     int FramesPerSecond() const { return move_.frames_per_second; }

@@ -3,6 +3,7 @@
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
 #include "tremolux/output_files.h"
+#include "tremolux/plots/plot.h"
 #include "tremolux/report.h"
 #include "tremolux/scene.h"
 
@@ -12,40 +13,49 @@ namespace {
 struct ShakeOptions {
     MoveOptions move;
     std::vector<std::string> outputs;
-    std::string bake, scene;
+    std::string bake, scene, plot;
     bool report = false;
 };
 
+std::filesystem::path Path(const std::string &text) { return std::filesystem::u8path(text); }
+
 void Shake(const ShakeOptions &options) {
     using Clock = std::chrono::steady_clock;
-    for (const std::string &file : options.outputs) FormatOf(std::filesystem::u8path(file), FormatUse::kWrite);
+    for (const std::string &file : options.outputs) FormatOf(Path(file), FormatUse::kWrite);
     Playback playback(options.move);
     std::vector<std::string> places = options.outputs;
+    if (!options.plot.empty()) {
+        PlotFormatOf(Path(options.plot));
+        places.push_back(options.plot);
+        places.push_back(SecondSheet(Path(options.plot)).u8string());
+    }
+    OutputFiles files(places, options.move.InputFiles());
     if (!options.scene.empty()) places.push_back(options.scene);
     const OutputFiles checked(places, options.move.InputFiles());
-    OutputFiles files(options.outputs, options.move.InputFiles());
     playback.Start();
     if (options.bake == "quick") playback.GetStage().BakeQuickly();
     if (options.bake == "brute") playback.GetStage().BakeByBruteForce();
 
-    CameraMove input = playback.EmptyMove(), output = input;
     const Clock::time_point start = Clock::now();
-    playback.Play([&](std::int64_t) {
-        input.samples.push_back(playback.GetStage().Input());
-        output.samples.push_back(playback.GetStage().Output());
-    });
+    const PlayedMotion motion = playback.Record();
     const double microseconds = std::chrono::duration<double, std::micro>(Clock::now() - start).count();
 
     std::vector<std::string> texts;
     for (const std::string &file : options.outputs)
-        texts.push_back(MoveText(std::filesystem::u8path(file), output, playback.Formats()));
-    if (!options.scene.empty()) SaveScene(playback.GetStage().Scene(), std::filesystem::u8path(options.scene));
+        texts.push_back(MoveText(Path(file), motion.output, playback.Formats()));
+    if (!options.plot.empty()) {
+        const PlotFormat format = PlotFormatOf(Path(options.plot));
+        texts.push_back(DrawMotion(motion, format));
+        texts.push_back(
+            DrawSpectrum(motion, MeasureAddedMotion(motion.input, motion.output, playback.Formats().width), format));
+    }
+    if (!options.scene.empty()) SaveScene(playback.GetStage().Scene(), Path(options.scene));
     files.Write(texts);
     if (!options.report) return;
     const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);
     Print(ReportText({options.move.input, files.Files(), playback.Preset(), playback.Settings(),
                       playback.FramesPerSecond(), microseconds / played},
-                     input, output));
+                     motion.input, motion.output));
 }
 
 }  // namespace
@@ -63,6 +73,9 @@ void AddShakeCommand(CLI::App *program, Action *action) {
     command->add_option("--bake", options->bake, "quick or brute: turn the motion into keys first, and play those")
         ->check(CLI::IsMember({"quick", "brute"}));
     command->add_option("--scene", options->scene, "save the document too, for bake, press and apply");
+    command->add_option("--plot", options->plot,
+                        "drawing of both cameras, .svg or .png; a second sheet with the path from above and the "
+                        "spectrum lies beside it, named FILE-spectrum");
     command->add_flag("--report", options->report, "print what was done and how far the camera strayed");
     command->callback([=] { *action = [options] { Shake(*options); }; });
 }
