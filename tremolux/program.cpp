@@ -30,6 +30,7 @@ int RunProgram(std::vector<std::string> arguments) {
     Action action;
     AddShakeCommand(&program, &action);
     AddConvertCommand(&program, &action);
+    AddPreviewCommand(&program, &action);
     AddTraceCommand(&program, &action);
     AddPanelCommand(&program, &action);
     AddPresetsCommand(&program, &action);

@@ -11,6 +11,7 @@ using Action = std::function<void()>;
 // Sets `action` when the command line asks for the command.
 void AddShakeCommand(CLI::App *program, Action *action);
 void AddConvertCommand(CLI::App *program, Action *action);
+void AddPreviewCommand(CLI::App *program, Action *action);
 void AddTraceCommand(CLI::App *program, Action *action);
 void AddPanelCommand(CLI::App *program, Action *action);
 void AddPresetsCommand(CLI::App *program, Action *action);

@@ -20,6 +20,9 @@ constexpr std::int32_t kAppliedPresetName = 30000;
 }  // namespace
 
 Playback::Playback(const MoveOptions &options)
+    : Playback(options, ReadMove(std::filesystem::u8path(options.input), options.formats.Options())) {}
+
+Playback::Playback(const MoveOptions &options, const CameraMove &move)
     : formats_(options.formats.Options()),
       preset_(options.preset),
       settings_(options.AllSettings()),
@@ -27,7 +30,7 @@ Playback::Playback(const MoveOptions &options)
       host_options_(options.host),
       quiet_(options.quiet) {
     const auto range = options.FrameRange();
-    move_ = ReadMove(std::filesystem::u8path(options.input), formats_);
+    move_ = move;
     if (!options.target.empty()) target_ = ReadGuide("--target", options.target.front(), move_, formats_);
     if (!options.focus_object.empty())
         focus_object_ = ReadGuide("--focus-object", options.focus_object.front(), move_, formats_);

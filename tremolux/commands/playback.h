@@ -19,6 +19,8 @@ class Playback {
   public:
     // Reads and checks everything that can be without the module; throws a Failure.
     explicit Playback(const MoveOptions &options);
+    // Of this move instead of the input file's.
+    Playback(const MoveOptions &options, const CameraMove &move);
     // Starts the module and sets the parameters; throws a Failure.
     void Start();
     // Plays up to the last wanted frame and calls `at_frame` after each wanted one. Throws a Failure.
