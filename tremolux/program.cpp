@@ -31,6 +31,8 @@ int RunProgram(std::vector<std::string> arguments) {
     AddShakeCommand(&program, &action);
     AddConvertCommand(&program, &action);
     AddPreviewCommand(&program, &action);
+    AddReportCommand(&program, &action);
+    AddBatchCommand(&program, &action);
     AddTraceCommand(&program, &action);
     AddPanelCommand(&program, &action);
     AddPresetsCommand(&program, &action);

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "tremolux/report.h"
+#include "tremolux/report_text.h"
 
 namespace tremolux {
 namespace {

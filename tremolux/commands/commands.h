@@ -12,6 +12,8 @@ using Action = std::function<void()>;
 void AddShakeCommand(CLI::App *program, Action *action);
 void AddConvertCommand(CLI::App *program, Action *action);
 void AddPreviewCommand(CLI::App *program, Action *action);
+void AddReportCommand(CLI::App *program, Action *action);
+void AddBatchCommand(CLI::App *program, Action *action);
 void AddTraceCommand(CLI::App *program, Action *action);
 void AddPanelCommand(CLI::App *program, Action *action);
 void AddPresetsCommand(CLI::App *program, Action *action);

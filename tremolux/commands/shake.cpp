@@ -4,7 +4,7 @@
 #include "tremolux/commands/playback.h"
 #include "tremolux/output_files.h"
 #include "tremolux/plots/plot.h"
-#include "tremolux/report.h"
+#include "tremolux/report_text.h"
 #include "tremolux/scene.h"
 
 namespace tremolux {

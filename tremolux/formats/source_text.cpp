@@ -75,9 +75,14 @@ std::vector<Field> CommaFields(std::string_view line) {
     std::vector<Field> fields;
     std::size_t start = 0;
     while (true) {
-        const std::size_t comma = line.find(',', start);
+        const std::size_t first = line.find_first_not_of(" \t", start);
+        const bool quoted = first != std::string_view::npos && line[first] == '"';
+        const std::size_t closing = quoted ? line.find('"', first + 1) : std::string_view::npos;
+        const std::size_t comma = line.find(',', closing != std::string_view::npos ? closing : start);
         const std::string_view whole = line.substr(start, comma == std::string_view::npos ? comma : comma - start);
-        const std::string_view text = Trimmed(whole);
+        std::string_view text = Trimmed(whole);
+        const bool closed = text.size() > 1 && text.front() == '"' && text.find('"', 1) == text.size() - 1;
+        if (closed) text = text.substr(1, text.size() - 2);
         fields.push_back({text, start + static_cast<std::size_t>(text.data() - whole.data()) + 1});
         if (comma == std::string_view::npos) return fields;
         start = comma + 1;

@@ -42,7 +42,8 @@ class SourceText {
     bool ended_ = true;
 };
 
-// Fields between commas, without the blanks around them; there is always at least one.
+// Fields between commas, without the blanks around them and without quotes, between which commas may stand; there is
+// always at least one.
 std::vector<Field> CommaFields(std::string_view line);
 // Fields between blanks and tabs.
 std::vector<Field> BlankFields(std::string_view line);

@@ -50,6 +50,12 @@ std::optional<double> Limit(const host::Container &settings, std::int32_t key, P
     return std::nullopt;
 }
 
+std::optional<host::Data> Usual(const host::Container &settings, ParameterKind kind) {
+    const host::Data *usual = settings.Find(host::kDescDefault);
+    const bool counts = kind == ParameterKind::kReal || kind == ParameterKind::kBool || kind == ParameterKind::kTime;
+    return usual != nullptr && counts ? std::optional(*usual) : std::nullopt;
+}
+
 std::vector<std::pair<std::int32_t, std::string>> ChoicesOf(const host::Container &settings) {
     std::vector<std::pair<std::int32_t, std::string>> choices;
     const host::Data *cycle = settings.Find(host::kDescCycle);
@@ -78,6 +84,7 @@ std::vector<Parameter> DescribedParameters(const host::Tag &tag) {
         parameter.unit = UnitOf(entry.settings.Whole(host::kDescUnit));
         parameter.minimum = Limit(entry.settings, host::kDescMin, parameter.kind);
         parameter.maximum = Limit(entry.settings, host::kDescMax, parameter.kind);
+        parameter.usual = Usual(entry.settings, parameter.kind);
         parameter.choices = ChoicesOf(entry.settings);
         parameters.push_back(parameter);
     }

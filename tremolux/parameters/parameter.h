@@ -21,6 +21,7 @@ struct Parameter {
     ParameterUnit unit = ParameterUnit::kNone;
     std::optional<double> minimum, maximum;                     // in the stored unit
     std::vector<std::pair<std::int32_t, std::string>> choices;  // of a choice: value and label
+    std::optional<host::Data> usual{};                          // the declared default of a number, time or switch
 };
 
 // In the order of the panel; throws a Failure when the tag does not describe itself.

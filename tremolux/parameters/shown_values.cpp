@@ -1,5 +1,6 @@
 #include "tremolux/parameters/shown_values.h"
 
+#include <algorithm>
 #include <map>
 
 #include "host/ui/panel.h"
@@ -10,12 +11,11 @@ namespace {
 
 constexpr std::int32_t kFirst = 6000, kLast = 6210;
 
-// The links, the scale and the folder are the scene's own.
-bool IsCarried(const host::PanelControl &control) {
-    constexpr std::int32_t kOverallScale = 6022, kUserFolder = 6178;
-    return control.key >= kFirst && control.key <= kLast && control.key != kOverallScale &&
-           control.key != kUserFolder && control.gadget != host::Gadget::kLink &&
-           control.gadget != host::Gadget::kButton;
+constexpr std::int32_t kOverallScale = 6022, kUserFolder = 6178;
+
+bool HasValue(const host::PanelControl &control) {
+    return control.key >= kFirst && control.key <= kLast && control.key != kUserFolder &&
+           control.gadget != host::Gadget::kLink && control.gadget != host::Gadget::kButton;
 }
 
 void Collect(const host::PanelGroup &group, std::vector<ShownValue> *values) {
@@ -23,7 +23,7 @@ void Collect(const host::PanelGroup &group, std::vector<ShownValue> *values) {
         for (const host::PanelCell &cell : row) {
             if (const auto *inner = std::get_if<std::unique_ptr<host::PanelGroup>>(&cell)) Collect(**inner, values);
             const auto *control = std::get_if<host::PanelControl>(&cell);
-            if (control != nullptr && IsCarried(*control))
+            if (control != nullptr && HasValue(*control))
                 values->push_back({control->key, std::string(Trimmed(control->label)), control->text});
         }
     }
@@ -31,13 +31,22 @@ void Collect(const host::PanelGroup &group, std::vector<ShownValue> *values) {
 
 }  // namespace
 
-std::vector<ShownValue> PresetValues(host::Tag *tag) {
+std::vector<ShownValue> PanelValues(host::Tag *tag) {
     std::vector<ShownValue> values;
     for (const host::PanelGroup &tab : host::BuildPanel(tag)) Collect(tab, &values);
     std::map<std::string, int> uses;
     for (const ShownValue &value : values) ++uses[value.label];
     for (ShownValue &value : values)
         if (uses[value.label] > 1) value.label = std::to_string(value.id) + " " + value.label;
+    return values;
+}
+
+std::vector<ShownValue> PresetValues(host::Tag *tag) {
+    std::vector<ShownValue> values = PanelValues(tag);
+    // The scale is the scene's own.
+    values.erase(
+        std::remove_if(values.begin(), values.end(), [](const ShownValue &value) { return value.id == kOverallScale; }),
+        values.end());
     return values;
 }
 

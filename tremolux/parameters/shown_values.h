@@ -14,7 +14,9 @@ struct ShownValue {
     std::string value;  // in its unit
 };
 
-// What a preset carries, in the order of the panel.
+// Everything that has a value, in the order of the panel.
+std::vector<ShownValue> PanelValues(host::Tag *tag);
+// What of that a preset carries.
 std::vector<ShownValue> PresetValues(host::Tag *tag);
 
 }  // namespace tremolux

@@ -1,4 +1,4 @@
-#include "tremolux/report.h"
+#include "tremolux/report_text.h"
 
 #include <cmath>
 

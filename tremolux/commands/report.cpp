@@ -1,0 +1,73 @@
+#include "host/value/descid.h"
+#include "tremolux/commands/commands.h"
+#include "tremolux/commands/playback.h"
+#include "tremolux/interrupt.h"
+#include "tremolux/output_files.h"
+#include "tremolux/parameters/parameter.h"
+#include "tremolux/plots/plot.h"
+#include "tremolux/preview/film.h"
+#include "tremolux/progress.h"
+#include "tremolux/report/report_page.h"
+
+namespace tremolux {
+namespace {
+
+struct ReportOptions {
+    MoveOptions move;
+    std::string output;
+};
+
+// Against the defaults that the parameters declare; where one declares none, against a new tag.
+std::vector<ReportContents::Setting> Differences(host::Tag *tag) {
+    CameraMove still;
+    still.samples.emplace_back();
+    const Stage fresh(still);
+    for (const Parameter &parameter : DescribedParameters(fresh.CameraTag())) {
+        if (parameter.usual) fresh.CameraTag().SetParameter(host::MakeId(parameter.id), *parameter.usual);
+    }
+    const std::vector<ShownValue> usual = PanelValues(&fresh.CameraTag()), now = PanelValues(tag);
+    std::vector<ReportContents::Setting> settings;
+    for (const ShownValue &value : now) {
+        for (const ShownValue &old : usual) {
+            if (old.id == value.id && old.value != value.value)
+                settings.push_back({value.label, value.value, old.value});
+        }
+    }
+    return settings;
+}
+
+void Report(const ReportOptions &options) {
+    Playback playback(options.move);
+    OutputFiles files({options.output}, options.move.InputFiles());
+    playback.Start();
+    ReportContents contents;
+    contents.title = std::filesystem::u8path(options.move.input).filename().u8string();
+    contents.preset = playback.Preset();
+    contents.motion = playback.Record();
+    contents.picture_width = playback.Formats().width;
+    contents.settings = Differences(&playback.GetStage().CameraTag());
+    contents.added = MeasureAddedMotion(contents.motion.input, contents.motion.output, contents.picture_width);
+    contents.plots = DrawMotion(contents.motion, PlotFormat::kSvg);
+    contents.spectra = DrawSpectrum(contents.motion, contents.added, PlotFormat::kSvg);
+    Progress progress(static_cast<std::int64_t>(contents.motion.output.samples.size()), options.move.quiet);
+    contents.film =
+        MakeFilm(contents.motion, FilmFormat::kMp4, PreviewSize(playback.Formats().width, playback.Formats().height),
+                 [&](std::int64_t frames) {
+                     CheckForInterrupt();
+                     progress.Done(frames);
+                 });
+    files.Write({ReportPage(contents)});
+}
+
+}  // namespace
+
+void AddReportCommand(CLI::App *program, Action *action) {
+    const auto options = std::make_shared<ReportOptions>();
+    CLI::App *command = program->add_subcommand(
+        "report", "Writes one page about a shaken move: figures, plots, a preview, and a warning of slow sway");
+    AddMoveOptions(command, &options->move);
+    command->add_option("-o,--output", options->output, "page to write, .html")->required();
+    command->callback([=] { *action = [options] { Report(*options); }; });
+}
+
+}  // namespace tremolux
