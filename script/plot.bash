@@ -1,4 +1,4 @@
-# Sourced by script/demo and script/images: draws what went in and what came out over each other.
+# Sourced by script/images: draws motions that take more than two curves.
 
 # The settings that every plot shares, for the head of a gnuplot script.
 plot_style='
@@ -11,27 +11,6 @@ set style line 2 linecolor "#ff6a00" linewidth 1.5
 set style line 3 linecolor "#1a73e8" linewidth 1.5
 set style line 4 linecolor "#188038" linewidth 1.5
 '
-
-# plot_shake INPUT.csv SHAKEN.csv PLOT.png
-plot_shake() {
-    gnuplot <<GNUPLOT
-set terminal pngcairo size 1200,760 font "sans,11" background "#ffffff"
-set output "$3"
-$plot_style
-set key autotitle columnhead
-set key outside top right horizontal samplen 2
-set multiplot layout 3,1 margins 0.08,0.98,0.07,0.95 spacing 0.06
-set ylabel "x, scene units"
-plot "$1" using 1:2 with lines linestyle 1 title "input camera", "$2" using 1:2 with lines linestyle 2 title "shaken camera"
-unset key
-set ylabel "heading, degrees"
-plot "$1" using 1:5 with lines linestyle 1, "$2" using 1:5 with lines linestyle 2
-set ylabel "pitch, degrees"
-set xlabel "frame" offset 0,0.5
-plot "$1" using 1:6 with lines linestyle 1, "$2" using 1:6 with lines linestyle 2
-unset multiplot
-GNUPLOT
-}
 
 # plot_overshoot INPUT.csv NONE.csv QUARTER.csv FULL.csv PLOT.png: headings of the same move with overshoot 0, 25 and 100 %.
 plot_overshoot() {

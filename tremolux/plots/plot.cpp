@@ -49,7 +49,7 @@ constexpr Panel kPanels[] = {{"x, cm", [](const CameraSample &s) { return s.posi
 std::string Head(PlotFormat format) {
     const std::string size = std::to_string(kWidth) + "," + std::to_string(kHeight);
     const std::string terminal = format == PlotFormat::kSvg ? "svg dynamic" : "pngcairo";
-    return "set terminal " + terminal + " background \"#ffffff\" size " + size + " font \"sans,11\"\n" + kStyle;
+    return "set terminal " + terminal + " background \"#ffffff\" size " + size + " font \"sans,13\"\n" + kStyle;
 }
 
 std::string Draw(const std::string &script) {
@@ -187,7 +187,7 @@ fs::path SecondSheet(const fs::path &file) {
 
 std::string DrawMotion(const PlayedMotion &motion, PlotFormat format) {
     std::string script = Head(format) + Table(motion) + JoltMarks(motion);
-    script += "set multiplot layout 4,2 rowsfirst margins 0.07,0.985,0.05,0.945 spacing 0.075,0.05\n";
+    script += "set multiplot layout 4,2 rowsfirst margins 0.085,0.985,0.05,0.945 spacing 0.09,0.05\n";
     script += "set xrange [" + Seconds(motion.output, motion.output.first_frame) + ":" +
               Seconds(motion.output, std::max(motion.output.LastFrame(), motion.output.first_frame + 1)) + "]\n";
     for (std::size_t i = 0; i < std::size(kPanels); ++i) {
