@@ -83,6 +83,22 @@ TEST(Usda, ReadsMetresAndZUp) {
     EXPECT_NEAR(move.aperture_width, 36, 1e-12);
 }
 
+TEST(Usda, ReadsACameraThatStandsInSomethingThatMoves) {
+    // The world is turned by +90 degrees about y and moved by (100, 0, 0): a point (x, y, z) of it comes to (100 + z,
+    // y, -x).
+    const std::string text = Replaced(kReference, "kind = \"assembly\"\n)\n{", R"(kind = "assembly"
+)
+{
+    matrix4d xformOp:transform = ( (0, 0, -1, 0), (0, 1, 0, 0), (1, 0, 0, 0), (100, 0, 0, 1) )
+    uniform token[] xformOpOrder = ["xformOp:transform"]
+)");
+    const CameraSample sample = ReadUsda("move", text, {}).samples.at(0);
+    EXPECT_LT(host::Length(sample.position - host::Vector{400, 150, 10}), 1e-9);
+    // Heading is the turn about y.
+    EXPECT_NEAR(sample.angles.x, (30 + 90) * kRadiansPerDegree, 1e-9);
+    EXPECT_NEAR(sample.angles.y, -10 * kRadiansPerDegree, 1e-9);
+}
+
 TEST(Usda, WritesTheStageAsTheSceneIs) {
     const std::string text = WriteUsda({5, 24, {ReferencePose(), ReferencePose()}}, {});
     for (const char *line : {"metersPerUnit = 0.01", "upAxis = \"Y\"", "startTimeCode = 5", "endTimeCode = 6",

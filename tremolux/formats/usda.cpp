@@ -25,8 +25,9 @@ class Reader {
         : source_(source), layer_(layer), options_(options) {}
 
     CameraMove Move() {
-        const UsdaPrim &camera = TheCamera();
-        CheckTransform(camera);
+        const Chain chain = TheCamera();
+        const UsdaPrim &camera = *chain.back();
+        transforms_ = Transforms(chain);
         unit_ = Metadata("metersPerUnit", kFallbackMetresPerUnit, kMinUnit, kMaxUnit);
         z_up_ = IsZUp();
         CameraMove move;
@@ -43,34 +44,41 @@ class Reader {
         source_.RefuseAt(place, found, expected);
     }
 
-    static void Collect(const std::vector<UsdaPrim> &prims, bool moved, std::vector<const UsdaPrim *> *cameras,
-                        std::vector<bool> *carried) {
+    using Chain = std::vector<const UsdaPrim *>;  // from a prim of the layer down to the camera
+
+    static void Collect(const std::vector<UsdaPrim> &prims, Chain *above, std::vector<Chain> *cameras) {
         for (const UsdaPrim &prim : prims) {
-            if (prim.type == "Camera") {
-                cameras->push_back(&prim);
-                carried->push_back(moved);
-            }
-            Collect(prim.children, moved || prim.attributes.count("xformOpOrder") != 0, cameras, carried);
+            above->push_back(&prim);
+            if (prim.type == "Camera") cameras->push_back(*above);
+            Collect(prim.children, above, cameras);
+            above->pop_back();
         }
     }
 
-    const UsdaPrim &TheCamera() const {
-        std::vector<const UsdaPrim *> cameras;
-        std::vector<bool> carried;
-        Collect(layer_.prims, false, &cameras, &carried);
+    Chain TheCamera() const {
+        std::vector<Chain> cameras;
+        Chain above;
+        Collect(layer_.prims, &above, &cameras);
         if (cameras.empty()) source_.Refuse(1, 1, "no camera", "one Camera");
-        if (cameras.size() > 1) Refuse(cameras[1]->place, "another camera", "one Camera");
-        if (carried[0]) Refuse(cameras[0]->place, "a camera inside something that moves it", "a camera by itself");
-        return *cameras[0];
+        if (cameras.size() > 1) Refuse(cameras[1].back()->place, "another camera", "one Camera");
+        return cameras[0];
     }
 
-    void CheckTransform(const UsdaPrim &camera) const {
-        const auto order = camera.attributes.find("xformOpOrder");
-        if (order == camera.attributes.end() || order->second.value.texts != std::vector<std::string>{kTransform} ||
-            camera.attributes.count(kTransform) == 0) {
-            Refuse(order == camera.attributes.end() ? camera.place : order->second.place, "other transforms",
-                   "xformOpOrder = [\"xformOp:transform\"] and that one");
+    // Those of a chain that are given, the camera's own first.
+    std::vector<const UsdaAttribute *> Transforms(const Chain &chain) const {
+        std::vector<const UsdaAttribute *> transforms;
+        for (auto prim = chain.rbegin(); prim != chain.rend(); ++prim) {
+            const auto order = (*prim)->attributes.find("xformOpOrder");
+            if (order == (*prim)->attributes.end() || order->second.value.texts.empty()) continue;
+            const auto transform = (*prim)->attributes.find(kTransform);
+            if (order->second.value.texts != std::vector<std::string>{kTransform} ||
+                transform == (*prim)->attributes.end()) {
+                Refuse(order->second.place, "other transforms", "[\"xformOp:transform\"] and that one");
+            }
+            transforms.push_back(&transform->second);
         }
+        if (transforms.empty()) Refuse(chain.back()->place, "no transform", "an xformOp:transform");
+        return transforms;
     }
 
     double Metadata(const char *name, double fallback, double minimum, double maximum) const {
@@ -153,25 +161,30 @@ class Reader {
     }
 
     void ReadFrames(const UsdaPrim &camera, CameraMove *move) const {
-        const UsdaAttribute &transform = camera.attributes.at(kTransform);
-        const double none = transform.samples.empty() ? 0 : transform.samples.begin()->first;
-        const double first = std::ceil(Metadata("startTimeCode", none, -kMaxNumber, kMaxNumber));
-        const double last =
-            std::floor(Metadata("endTimeCode", transform.samples.empty() ? first : transform.samples.rbegin()->first,
-                                -kMaxNumber, kMaxNumber));
+        double earliest = 0, latest = 0;
+        bool sampled = false;
+        for (const UsdaAttribute *transform : transforms_) {
+            if (transform->samples.empty()) continue;
+            const double begin = transform->samples.begin()->first, end = transform->samples.rbegin()->first;
+            earliest = sampled ? std::min(earliest, begin) : begin;
+            latest = sampled ? std::max(latest, end) : end;
+            sampled = true;
+        }
+        const double first = std::ceil(Metadata("startTimeCode", earliest, -kMaxNumber, kMaxNumber));
+        const double last = std::floor(Metadata("endTimeCode", sampled ? latest : first, -kMaxNumber, kMaxNumber));
         if (first < -kMaxFrameNumber || last > kMaxFrameNumber || last < first ||
             last - first >= static_cast<double>(kMaxFrames)) {
-            Refuse(transform.place, "frames " + FormatNumber(first) + " to " + FormatNumber(last),
+            Refuse(transforms_.front()->place, "frames " + FormatNumber(first) + " to " + FormatNumber(last),
                    "1 to " + std::to_string(kMaxFrames) + " whole time codes between -" +
                        std::to_string(kMaxFrameNumber) + " and " + std::to_string(kMaxFrameNumber));
         }
         move->first_frame = static_cast<std::int64_t>(first);
-        for (double frame = first; frame <= last; ++frame) move->samples.push_back(SampleAt(camera, transform, frame));
+        for (double frame = first; frame <= last; ++frame) move->samples.push_back(SampleAt(camera, frame));
     }
 
-    CameraSample SampleAt(const UsdaPrim &camera, const UsdaAttribute &transform, double frame) const {
+    CameraSample SampleAt(const UsdaPrim &camera, double frame) const {
         CameraSample sample;
-        SetFromRightHanded(CameraAt(transform, frame), &sample);
+        SetFromRightHanded(CameraAt(frame), &sample);
         sample.focal_length = Lens(NumberAt(camera, frame, "focalLength", kFallbackFocalLength), camera, "focalLength",
                                    kMinFocalLength, kMaxFocalLength);
         const double focus = NumberAt(camera, frame, "focusDistance", kFallbackFocusDistance);
@@ -179,25 +192,35 @@ class Reader {
         return sample;
     }
 
-    // The rows of the matrix are right, up, back and the position.
-    host::Matrix CameraAt(const UsdaAttribute &transform, double frame) const {
+    // The camera's own transform, then that of what it stands in, and so on.
+    host::Matrix CameraAt(double frame) const {
+        host::Matrix camera = MatrixAt(*transforms_.front(), frame);
+        for (std::size_t i = 1; i < transforms_.size(); ++i) camera = MatrixAt(*transforms_[i], frame) * camera;
+        camera.off = camera.off * (unit_ / kMetresPerSceneUnit);
+        const double turned = host::Dot(host::Cross(camera.v1, camera.v2), camera.v3);
+        const bool placed = std::abs(camera.off.x) <= kMaxNumber && std::abs(camera.off.y) <= kMaxNumber &&
+                            std::abs(camera.off.z) <= kMaxNumber;
+        if (!placed || !host::IsFinite(camera) || !(turned > kShortestAxis * kShortestAxis * kShortestAxis))
+            RefuseMatrix(*transforms_.front(), frame);
+        return z_up_ ? YUpOf(camera) : camera;
+    }
+
+    // The rows of the text are right, up, back and the position.
+    host::Matrix MatrixAt(const UsdaAttribute &transform, double frame) const {
         const std::vector<double> m = At(transform, frame, 16, kTransform);
         const auto row = [&m](std::size_t i) { return host::Vector{m[4 * i], m[4 * i + 1], m[4 * i + 2]}; };
-        host::Matrix camera = {row(3) * (unit_ / kMetresPerSceneUnit), row(0), row(1), row(2)};
-        const double turned = host::Dot(host::Cross(camera.v1, camera.v2), camera.v3);
-        const bool affine = m[3] == 0 && m[7] == 0 && m[11] == 0 && m[15] == 1;
-        if (!affine || !(turned > kShortestAxis * kShortestAxis * kShortestAxis) || !host::IsFinite(camera) ||
-            std::abs(camera.off.x) > kMaxNumber || std::abs(camera.off.y) > kMaxNumber ||
-            std::abs(camera.off.z) > kMaxNumber) {
-            Refuse(transform.place, "another matrix at frame " + FormatNumber(frame),
-                   "a rotation and a position, in rows");
-        }
-        return z_up_ ? YUpOf(camera) : camera;
+        if (m[3] != 0 || m[7] != 0 || m[11] != 0 || m[15] != 1) RefuseMatrix(transform, frame);
+        return {row(3), row(0), row(1), row(2)};
+    }
+
+    [[noreturn]] void RefuseMatrix(const UsdaAttribute &transform, double frame) const {
+        Refuse(transform.place, "another matrix at frame " + FormatNumber(frame), "a rotation and a position, in rows");
     }
 
     const SourceText &source_;
     const UsdaLayer &layer_;
     const FormatOptions &options_;
+    std::vector<const UsdaAttribute *> transforms_;  // the camera's own first
     double unit_ = kFallbackMetresPerUnit;
     bool z_up_ = false;
 };
