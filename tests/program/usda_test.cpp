@@ -65,6 +65,12 @@ TEST(Usda, ReadsTheReferencePose) {
     EXPECT_NEAR(move.samples[1].focal_length, 37, 1e-9);
 }
 
+TEST(Usda, ReadsAByteOrderMarkAndLineEndsOfWindows) {
+    std::string text = "\xEF\xBB\xBF";
+    for (const char c : kReference) text += c == '\n' ? "\r\n" : std::string(1, c);
+    ExpectReferencePose(ReadUsda("move", text, {}).samples.at(0));
+}
+
 TEST(Usda, ReadsMetresAndZUp) {
     // x, y, z of the Y-up world is x, -z, y here; the lens is in tenths of a metre.
     std::string text = Replaced(kReference, "metersPerUnit = 0.01", "metersPerUnit = 1");

@@ -3,21 +3,12 @@
 #include <algorithm>
 
 #include "tremolux/formats/numbers.h"
+#include "tremolux/html.h"
 
 namespace tremolux {
 namespace {
 
-constexpr const char *kHead = R"(<!doctype html>
-<html lang="en">
-<meta charset="utf-8">
-<meta name="viewport" content="width=device-width, initial-scale=1">
-<title>@TITLE@</title>
-<style>
-:root { color-scheme: light dark; --ground: #f4f4f2; --panel: #ffffff; --ink: #22252a; --soft: #5f6670; --line: #d5d8dc;
-  --field: #f0f1f3; --accent: #c44f00; --off: #767c84; }
-@media (prefers-color-scheme: dark) { :root { --ground: #1b1d20; --panel: #26292e; --ink: #e8eaed; --soft: #a5acb5;
-  --line: #3b4047; --field: #1f2226; --accent: #ff9a52; --off: #8b929b; } }
-* { box-sizing: border-box; }
+constexpr const char *kStyle = R"(* { box-sizing: border-box; }
 body { margin: 0; padding: 16px; background: var(--ground); color: var(--ink); font: 14px/1.45 system-ui, sans-serif; }
 main { max-width: 640px; margin: 0 auto; background: var(--panel); border: 1px solid var(--line); border-radius: 8px; }
 h1 { margin: 0; padding: 12px 16px 8px; font-size: 16px; }
@@ -60,9 +51,6 @@ h2 { margin: 14px 0 4px; font-size: 13px; color: var(--soft); }
   .row.paired { display: grid; grid-template-columns: minmax(0, 1fr); }
   .control, .row.paired .control { grid-template-columns: minmax(0, 1fr); gap: 2px; }
 }
-</style>
-<main>
-<h1>@TITLE@</h1>
 )";
 
 constexpr const char *kScript = R"(<script>
@@ -88,37 +76,8 @@ for (const [place, tab] of tabs.entries()) {
 </script>
 )";
 
-std::string Escaped(const std::string &text) {
-    std::string escaped;
-    for (const char c : text) {
-        switch (c) {
-            case '&':
-                escaped += "&amp;";
-                break;
-            case '<':
-                escaped += "&lt;";
-                break;
-            case '>':
-                escaped += "&gt;";
-                break;
-            case '"':
-                escaped += "&quot;";
-                break;
-            default:
-                escaped += c;
-        }
-    }
-    return escaped;
-}
-
-std::string Replaced(std::string text, const std::string &mark, const std::string &by) {
-    for (std::size_t at = text.find(mark); at != std::string::npos; at = text.find(mark, at + by.size()))
-        text.replace(at, mark.size(), by);
-    return text;
-}
-
 std::string Attribute(const char *name, const std::string &value) {
-    return std::string(" ") + name + "=\"" + Escaped(value) + "\"";
+    return std::string(" ") + name + "=\"" + EscapedHtml(value) + "\"";
 }
 
 std::string NameOf(const host::PanelControl &control) { return "p" + std::to_string(control.key); }
@@ -145,18 +104,20 @@ std::string Cycle(const host::PanelControl &control) {
     if (control.text.empty()) html += "<option selected></option>";
     for (const auto &[value, label] : control.choices) {
         if (label.empty()) continue;
-        html += "<option" + std::string(label == control.text ? " selected" : "") + ">" + Escaped(label) + "</option>";
+        html +=
+            "<option" + std::string(label == control.text ? " selected" : "") + ">" + EscapedHtml(label) + "</option>";
     }
     return html + "</select>";
 }
 
 std::string ControlHtml(const host::PanelControl &control) {
     const std::string off = control.enabled ? "" : " off";
-    const std::string label = "<label" + Attribute("for", NameOf(control)) + ">" + Escaped(control.label) + "</label>";
+    const std::string label =
+        "<label" + Attribute("for", NameOf(control)) + ">" + EscapedHtml(control.label) + "</label>";
     switch (control.gadget) {
         case host::Gadget::kButton:
             return "<div class=\"control wide" + off + "\"><button class=\"press\" type=\"button\"" +
-                   Attribute("id", NameOf(control)) + Disabled(control) + ">" + Escaped(control.label) +
+                   Attribute("id", NameOf(control)) + Disabled(control) + ">" + EscapedHtml(control.label) +
                    "</button></div>";
         case host::Gadget::kToggle:
             return "<div class=\"control toggle" + off + "\"><input type=\"checkbox\"" +
@@ -196,7 +157,7 @@ std::string RowHtml(const std::vector<host::PanelCell> &row) {
         if (const auto *control = std::get_if<host::PanelControl>(&cell)) {
             html += ControlHtml(*control);
         } else if (const auto *separator = std::get_if<host::PanelSeparator>(&cell)) {
-            if (!separator->title.empty()) html += "<h2>" + Escaped(separator->title) + "</h2>";
+            if (!separator->title.empty()) html += "<h2>" + EscapedHtml(separator->title) + "</h2>";
             if (separator->line) html += "<hr>";
         } else {
             html += GroupHtml(*std::get<std::unique_ptr<host::PanelGroup>>(cell));
@@ -215,14 +176,14 @@ std::string RowsHtml(const host::PanelGroup &group) {
 
 std::string GroupHtml(const host::PanelGroup &group) {
     if (group.title.empty()) return "<div class=\"box\">\n" + RowsHtml(group) + "</div>";
-    return "<details" + std::string(group.open ? " open" : "") + "><summary>" + Escaped(group.title) +
+    return "<details" + std::string(group.open ? " open" : "") + "><summary>" + EscapedHtml(group.title) +
            "</summary><div class=\"rows\">\n" + RowsHtml(group) + "</div></details>";
 }
 
 }  // namespace
 
 std::string PanelPage(const std::vector<host::PanelGroup> &tabs, const std::string &title) {
-    std::string html = Replaced(kHead, "@TITLE@", Escaped(title));
+    std::string html = HtmlHead(title, kStyle) + "<main>\n<h1>" + EscapedHtml(title) + "</h1>\n";
     // The tab that stands open at first; else the first.
     const auto open = std::find_if(tabs.begin(), tabs.end(), [](const host::PanelGroup &tab) { return tab.open; });
     const std::int32_t chosen = open != tabs.end() ? open->key : tabs.empty() ? 0 : tabs.front().key;
@@ -232,7 +193,7 @@ std::string PanelPage(const std::vector<host::PanelGroup> &tabs, const std::stri
         html += "<button type=\"button\" role=\"tab\"" + Attribute("id", "tab" + key) +
                 Attribute("aria-controls", "panel" + key) +
                 Attribute("aria-selected", tab.key == chosen ? "true" : "false") +
-                Attribute("tabindex", tab.key == chosen ? "0" : "-1") + ">" + Escaped(tab.title) + "</button>\n";
+                Attribute("tabindex", tab.key == chosen ? "0" : "-1") + ">" + EscapedHtml(tab.title) + "</button>\n";
     }
     html += "</div>\n";
     for (const host::PanelGroup &tab : tabs) {

@@ -4,21 +4,12 @@
 
 #include "tremolux/base64.h"
 #include "tremolux/formats/numbers.h"
+#include "tremolux/html.h"
 
 namespace tremolux {
 namespace {
 
-constexpr const char *kHead = R"(<!doctype html>
-<html lang="en">
-<meta charset="utf-8">
-<meta name="viewport" content="width=device-width, initial-scale=1">
-<title>@TITLE@</title>
-<style>
-:root { color-scheme: light dark; --ground: #f4f4f2; --panel: #ffffff; --ink: #22252a; --soft: #5f6670; --line: #d5d8dc;
-  --accent: #c44f00; --good: #1c6b45; }
-@media (prefers-color-scheme: dark) { :root { --ground: #1b1d20; --panel: #26292e; --ink: #e8eaed; --soft: #a5acb5;
-  --line: #3b4047; --accent: #ff9a52; --good: #6fcf9f; } }
-* { box-sizing: border-box; }
+constexpr const char *kStyle = R"(* { box-sizing: border-box; }
 body { margin: 0; padding: 16px; background: var(--ground); color: var(--ink); font: 15px/1.5 system-ui, sans-serif; }
 main { max-width: 1100px; margin: 0 auto; }
 h1 { font-size: 22px; margin: 8px 0 4px; overflow-wrap: anywhere; }
@@ -39,27 +30,7 @@ tbody tr:last-child > * { border-bottom: 0; }
 video, img { display: block; width: 100%; height: auto; border-radius: 4px; }
 figure { margin: 0; }
 figcaption { color: var(--soft); padding-top: 6px; }
-</style>
-<main>
 )";
-
-std::string Escaped(const std::string &text) {
-    std::string escaped;
-    for (const char c : text) {
-        if (c == '&') {
-            escaped += "&amp;";
-        } else if (c == '<') {
-            escaped += "&lt;";
-        } else if (c == '>') {
-            escaped += "&gt;";
-        } else if (c == '"') {
-            escaped += "&quot;";
-        } else {
-            escaped += c;
-        }
-    }
-    return escaped;
-}
 
 // Three significant digits, as much as a reader wants; what is less than a thousandth is nothing.
 std::string Short(double value) {
@@ -123,8 +94,8 @@ std::string SettingsTable(const ReportContents &contents) {
         "<div class=\"card\"><table class=\"words\"><thead><tr><th>Setting</th><th>Value</th><th>Default</th>"
         "</tr></thead><tbody>";
     for (const ReportContents::Setting &setting : contents.settings) {
-        text += "<tr><th>" + Escaped(setting.label) + "</th>" + Cell(Escaped(setting.value)) +
-                Cell(Escaped(setting.usual)) + "</tr>";
+        text += "<tr><th>" + EscapedHtml(setting.label) + "</th>" + Cell(EscapedHtml(setting.value)) +
+                Cell(EscapedHtml(setting.usual)) + "</tr>";
     }
     return text + "</tbody></table></div>\n";
 }
@@ -134,13 +105,10 @@ std::string SettingsTable(const ReportContents &contents) {
 std::string ReportPage(const ReportContents &contents) {
     const CameraMove &output = contents.motion.output;
     const double seconds = static_cast<double>(output.samples.size()) / output.frames_per_second;
-    std::string text = kHead;
-    const std::string title = Escaped(contents.title);
-    text.replace(text.find("@TITLE@"), 7, title);
-    text += "<h1>" + title + "</h1>\n<p>Frames " + std::to_string(output.first_frame) + " to " +
-            std::to_string(output.LastFrame()) + " at " + std::to_string(output.frames_per_second) +
-            " frames a second, " + Short(seconds) + " seconds. " +
-            (contents.preset.empty() ? "" : "Preset: " + Escaped(contents.preset) + ". ") +
+    std::string text = HtmlHead(contents.title, kStyle) + "<main>\n<h1>" + EscapedHtml(contents.title) + "</h1>\n";
+    text += "<p>Frames " + std::to_string(output.first_frame) + " to " + std::to_string(output.LastFrame()) + " at " +
+            std::to_string(output.frames_per_second) + " frames a second, " + Short(seconds) + " seconds. " +
+            (contents.preset.empty() ? "" : "Preset: " + EscapedHtml(contents.preset) + ". ") +
             std::to_string(contents.motion.jolts.size()) + (contents.motion.jolts.size() == 1 ? " jolt." : " jolts.") +
             "</p>\n" + Verdict(contents.added);
     text += "<h2>Preview</h2>\n" + Figure("<video controls loop muted playsinline src=\"data:video/mp4;base64," +
