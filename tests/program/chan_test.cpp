@@ -55,6 +55,10 @@ TEST(Chan, AgreesWithTheMirroredMatrixOfTheReferencePose) {
     EXPECT_NEAR(-matrix.v1.z, -0.48499, 1e-5);
 }
 
+TEST(Chan, IsRefusedForAnEmptyFirstLine) {
+    EXPECT_EQ(Refusal("\n1 0 0 0 0 0 0 40\n"), "move:1:1: found an empty line, " + kEightColumns);
+}
+
 TEST(Chan, ScalesLengthsByTheUnit) {
     FormatOptions metres;
     metres.length_unit = 100;

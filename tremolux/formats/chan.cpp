@@ -33,7 +33,7 @@ std::string ColumnCount(std::size_t count) {
 // The first row says whether there is a field of view.
 void CheckCount(const SourceText &source, const Line &line, const std::vector<Field> &fields, std::size_t *count) {
     if (*count == 0 && (fields.size() == kFieldOfView || fields.size() == kFieldOfView + 1)) *count = fields.size();
-    if (fields.size() == *count) return;
+    if (*count != 0 && fields.size() == *count) return;
     const std::size_t expected = *count == 0 ? kFieldOfView + 1 : *count;
     const std::size_t column = fields.size() > expected ? fields[expected].column : line.text.size() + 1;
     source.Refuse(line.number, column, CountText(line, fields.size()), ColumnCount(expected));
