@@ -17,14 +17,30 @@ static void EvaluatedFrame(benchmark::State &state) {
 }
 BENCHMARK(EvaluatedFrame)->Unit(benchmark::kMicrosecond);
 
-// Neither frame follows the other, so each visit is a jump with a run-up from the start.
-static void JumpToFrame10000(benchmark::State &state) {
+// With a seed that is new each time nothing is known of the clocks: they are counted from the start.
+static void FirstJump(benchmark::State &state) {
+    constexpr std::int32_t kSeed = 6142;
     bench::Scene scene;
-    bool there = false;
+    scene.SetLastFrame(state.range(0));
+    double seed = 0;
     for (auto _ : state) {
-        there = !there;
-        scene.Evaluate(there ? 10000 : 9990);
+        scene.Tag().Data().SetReal(kSeed, ++seed);
+        scene.Evaluate(state.range(0) - static_cast<std::int64_t>(seed) % 2 * 10);
         benchmark::DoNotOptimize(scene.CameraPosition());
     }
 }
-BENCHMARK(JumpToFrame10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(FirstJump)->Arg(100)->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
+
+// Neither frame follows the other, so each visit is a jump; the clocks of the first one are known.
+static void LaterJump(benchmark::State &state) {
+    bench::Scene scene;
+    scene.SetLastFrame(state.range(0));
+    scene.Evaluate(state.range(0));
+    bool there = true;
+    for (auto _ : state) {
+        there = !there;
+        scene.Evaluate(there ? state.range(0) : state.range(0) - 10);
+        benchmark::DoNotOptimize(scene.CameraPosition());
+    }
+}
+BENCHMARK(LaterJump)->Arg(100)->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);

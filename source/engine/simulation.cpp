@@ -102,6 +102,8 @@ class AnimatedRates {
         animated_ = speed_ || variation_ || focus_ || zoom_ || seed_;
     }
 
+    Bool AreAnimated() const { return animated_; }
+
     const ClockRates &At(LONG frame) {
         if (!animated_) return rates_;
         const BaseTime time((Real)frame, (Real)fps_);
@@ -176,6 +178,14 @@ void TremoluxCamClass::SimulateToFrame(Real frame, BaseContainer *data, BaseObje
     const LONG first = (LLONG)end - start > kMaxRunUpFrames ? end - kMaxRunUpFrames : start;
     Clocks clocks = Clocks();
     AnimatedRates rates(*data, (BaseTag *)Get(), doc);
-    for (LONG f = first; f < end; f++) AdvanceClocks(&clocks, rates.At(f), (Real)f, warp_curve);
+    LONG f = first;
+    if (!rates.AreAnimated()) {
+        run_up_.Expect(rates.At(first), first);
+        clocks = run_up_.Before(end, &f);
+    }
+    for (; f < end; f++) {
+        if (!rates.AreAnimated()) run_up_.Remember(f, clocks);
+        AdvanceClocks(&clocks, rates.At(f), (Real)f, warp_curve);
+    }
     WriteClocks(clocks, data);
 }

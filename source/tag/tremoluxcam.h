@@ -11,6 +11,7 @@
 #include "engine/curves.h"
 #include "engine/filter.h"
 #include "engine/frame.h"
+#include "engine/runup.h"
 #include "presets/presetpath.h"
 
 class UndoStep;
@@ -259,6 +260,7 @@ class TremoluxCamClass : public TagData {
     BaseBitmap *icon_;                // what the host was shown last
     const BaseObject *set_up_input_;  // by the first of two messages about a link; compared alone
     Random random_;
+    RunUpMemory run_up_;
     std::vector<LONG> trigger_frames_, twin_trigger_frames_;  // ascending, none negative
     std::vector<String> sorted_folders_, sorted_names_;       // the built-in categories: folder and display name
     std::vector<PresetPath> presets_;                         // of the chosen category
