@@ -1,7 +1,7 @@
 #include <algorithm>
+#include <cstdio>
 
 #include "host/files/safe_write.h"
-#include "host/value/text.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
 #include "tremolux/failure.h"

@@ -3,7 +3,6 @@
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
 #include "tremolux/failure.h"
-#include "tremolux/formats/source_text.h"
 #include "tremolux/interrupt.h"
 #include "tremolux/output_files.h"
 #include "tremolux/presets/catalog.h"

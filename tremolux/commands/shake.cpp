@@ -53,8 +53,10 @@ void Shake(const ShakeOptions &options) {
     files.Write(texts);
     if (!options.report) return;
     const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);
-    Print(ReportText({options.move.input, files.Files(), playback.Preset(), playback.Settings(),
-                      playback.FramesPerSecond(), microseconds / played},
+    const std::vector<std::filesystem::path> moves(
+        files.Files().begin(), files.Files().begin() + static_cast<std::ptrdiff_t>(options.outputs.size()));
+    Print(ReportText({options.move.input, moves, playback.Preset(), playback.Settings(), playback.FramesPerSecond(),
+                      microseconds / played},
                      motion.input, motion.output));
 }
 
