@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "tests/program/run.h"
-#include "tests/support/process.h"
+#include "tests/support/tools.h"
 
 namespace {
 
@@ -13,9 +13,7 @@ using namespace program_test;
 class Plot : public testing::Test {
   protected:
     void SetUp() override {
-        if (test_support::RunProcess({"gnuplot", "--version"}, workplace_.Settings() / "o",
-                                     workplace_.Settings() / "e") != 0)
-            GTEST_SKIP() << "no gnuplot on this system";
+        if (!test_support::CanRun("gnuplot", workplace_.Settings())) GTEST_SKIP() << "no gnuplot on this system";
         std::string move = "frame,x,y,z,h,p,b\n";
         for (int frame = 0; frame < 60; ++frame)
             move += std::to_string(frame) + "," + std::to_string(frame) + ",0,0,0,0,0\n";

@@ -6,7 +6,7 @@
 
 #include "tests/program/formats_support.h"
 #include "tests/program/run.h"
-#include "tests/support/process.h"
+#include "tests/support/tools.h"
 #include "tremolux/preview/film.h"
 
 namespace tremolux {
@@ -123,9 +123,7 @@ TEST(Preview, HasAnEvenSizeWithTheProportionsOfThePicture) {
 class PreviewFile : public testing::Test {
   protected:
     void SetUp() override {
-        if (test_support::RunProcess({"ffmpeg", "-version"}, workplace_.Settings() / "o",
-                                     workplace_.Settings() / "e") != 0)
-            GTEST_SKIP() << "no ffmpeg on this system";
+        if (!test_support::CanRun("ffmpeg", workplace_.Settings())) GTEST_SKIP() << "no ffmpeg on this system";
         std::string move = "frame,x,y,z,h,p,b\n";
         for (int frame = 0; frame < 8; ++frame) move += std::to_string(frame) + ",0,160,0,0,0,0\n";
         move_ = workplace_.Write("move.csv", move);

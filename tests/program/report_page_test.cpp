@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "tests/program/run.h"
-#include "tests/support/process.h"
+#include "tests/support/tools.h"
 
 namespace tremolux {
 namespace {
@@ -54,9 +54,7 @@ class ReportCommand : public testing::Test {
   protected:
     void SetUp() override {
         for (const char *tool : {"ffmpeg", "gnuplot"}) {
-            if (test_support::RunProcess({tool, tool[0] == 'f' ? "-version" : "--version"}, workplace_.Settings() / "o",
-                                         workplace_.Settings() / "e") != 0)
-                GTEST_SKIP() << "no " << tool << " on this system";
+            if (!test_support::CanRun(tool, workplace_.Settings())) GTEST_SKIP() << "no " << tool << " on this system";
         }
     }
     Workplace workplace_;
