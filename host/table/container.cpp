@@ -37,7 +37,7 @@ TableData *Live(TableContainer *container, std::int32_t id) {
 }
 
 const TableData *Find(const TableContainer *container, std::int32_t id) {
-    const Data *found = OrEmpty(container).Find(id);
+    const Data *found = container == nullptr ? nullptr : AsContainer(container).Find(id);
     // A module changes these through what it is told to only read.
     if (found != nullptr && (found->type == kDataContainer || found->type == kDataLink))
         return Live(const_cast<TableContainer *>(container), id);
@@ -58,7 +58,10 @@ TableData *LiveAt(TableContainer *container, std::int32_t index) {
 std::int32_t Set(TableContainer *container, std::int32_t id, const TableData *data) {
     if (container == nullptr || data == nullptr) return 0;
     return Guarded<std::int32_t>(0, [&] {
-        AsContainer(container).Set(id, AsData(data));
+        if (data->type == kDataWhole)
+            AsContainer(container).SetWhole(id, data->value.whole);
+        else
+            AsContainer(container).Set(id, AsData(data));
         return 1;
     });
 }

@@ -22,7 +22,7 @@ void RebuildIndex(HostContainer *body) {
 
 void RemovePlace(HostContainer *body, std::vector<std::unique_ptr<Entry>>::iterator place) {
     const std::int32_t id = (*place)->id;
-    const auto indexed = body->first_with_id.find(id);
+    auto indexed = body->first_with_id.find(id);
     const bool was_first = indexed != body->first_with_id.end() && indexed->second == place->get();
     const auto rest = body->entries.erase(place);
     if (!was_first) return;
@@ -30,7 +30,7 @@ void RemovePlace(HostContainer *body, std::vector<std::unique_ptr<Entry>>::itera
     if (next == body->entries.end())
         body->first_with_id.erase(indexed);
     else
-        indexed->second = next->get();
+        indexed.value() = next->get();
 }
 
 std::unique_ptr<HostContainer> CopyOf(const HostContainer &source, HostAliasTrans *translation) {
@@ -141,16 +141,11 @@ void Container::Flush() {
 
 std::int32_t Container::Count() const { return body == nullptr ? 0 : static_cast<std::int32_t>(body->entries.size()); }
 
-const Data *Container::Find(std::int32_t entry) const {
-    if (body == nullptr) return nullptr;
-    const auto found = body->first_with_id.find(entry);
-    return found == body->first_with_id.end() ? nullptr : &found->second->data;
-}
-
 Data *Container::Live(std::int32_t entry) {
-    if (Find(entry) == nullptr) return nullptr;
-    Own().exposed = true;
-    return &body->first_with_id.at(entry)->data;
+    HostContainer::Entry *found = FindOwnEntry(entry);
+    if (found == nullptr) return nullptr;
+    body->exposed = true;
+    return &found->data;
 }
 
 std::int32_t Container::IndexOf(std::int32_t entry) const {
@@ -251,23 +246,33 @@ HostAtom *Container::Link(std::int32_t entry, const HostAtom *document, std::int
     return data == nullptr ? nullptr : data->Link(document, instance_of);
 }
 
-void Container::SetReal(std::int32_t entry, double value) {
-    const Data *existing = Find(entry);
-    if (existing == nullptr || existing->type != kDataReal) {
+void Container::SetWhole(std::int32_t entry, std::int32_t value) {
+    HostContainer::Entry *existing = FindOwnEntry(entry);
+    if (existing == nullptr || existing->data.type != kDataWhole) {
         Set(entry, Data(value));
         return;
     }
-    Own().first_with_id.at(entry)->data.value.real = value;
+    existing->data.value.whole = value;
+    ++dirty;
+}
+
+void Container::SetReal(std::int32_t entry, double value) {
+    HostContainer::Entry *existing = FindOwnEntry(entry);
+    if (existing == nullptr || existing->data.type != kDataReal) {
+        Set(entry, Data(value));
+        return;
+    }
+    existing->data.value.real = value;
     ++dirty;
 }
 
 void Container::SetVector(std::int32_t entry, const Vector &value) {
-    const Data *existing = Find(entry);
-    if (existing == nullptr || existing->type != kDataVector || existing->value.vector == nullptr) {
+    HostContainer::Entry *existing = FindOwnEntry(entry);
+    if (existing == nullptr || existing->data.type != kDataVector || existing->data.value.vector == nullptr) {
         Set(entry, Data(value));
         return;
     }
-    *Own().first_with_id.at(entry)->data.value.vector = value;
+    *existing->data.value.vector = value;
     ++dirty;
 }
 

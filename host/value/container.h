@@ -2,10 +2,11 @@
 // one is never seen in the other. Copies share their entries until one of them is written to.
 #pragma once
 
+#include <tsl/robin_map.h>
+
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "host/value/data.h"
@@ -18,11 +19,18 @@ struct HostContainer {
         std::int32_t id;
         host::Data data;
     };
+    // Neighbouring ids come in runs, which must not fall on neighbouring places.
+    struct ScatteredId {
+        std::size_t operator()(std::int32_t id) const {
+            return static_cast<std::size_t>(static_cast<std::uint32_t>(id) * std::uint64_t{0x9E3779B97F4A7C15u} >> 32);
+        }
+    };
     std::vector<std::unique_ptr<Entry>> entries;
-    std::unordered_map<std::int32_t, Entry *> first_with_id;  // finding an id is what every frame does a hundred times
-    std::int32_t owners = 1;                                  // containers that share it
-    bool exposed = false;    // somebody may write through a pointer to a value, so it cannot be shared
-    bool has_links = false;  // here or deeper; links are re-targeted when a document is copied
+    tsl::robin_map<std::int32_t, Entry *, ScatteredId>
+        first_with_id;        // finding an id is what every frame does a hundred times
+    std::int32_t owners = 1;  // containers that share it
+    bool exposed = false;     // somebody may write through a pointer to a value, so it cannot be shared
+    bool has_links = false;   // here or deeper; links are re-targeted when a document is copied
 };
 
 namespace host {
@@ -42,8 +50,12 @@ class Container : public TableContainer {
     void Flush();
     std::int32_t Count() const;
     bool Has(std::int32_t entry) const { return Find(entry) != nullptr; }
-    const Data *Find(std::int32_t entry) const;  // first with that id; or null
-    Data *Live(std::int32_t entry);              // the same, to be written through until the entry is removed
+    // First with that id; or null.
+    const Data *Find(std::int32_t entry) const {
+        const HostContainer::Entry *found = FindEntry(entry);
+        return found == nullptr ? nullptr : &found->data;
+    }
+    Data *Live(std::int32_t entry);  // the same, to be written through until the entry is removed
     std::int32_t IndexOf(std::int32_t entry) const;
     std::int32_t IdAt(std::int32_t index) const;  // or -1
     const Data *DataAt(std::int32_t index) const;
@@ -64,6 +76,7 @@ class Container : public TableContainer {
     Vector GetVector(std::int32_t entry) const;
     Time GetTime(std::int32_t entry) const;
     HostAtom *Link(std::int32_t entry, const HostAtom *document, std::int32_t instance_of = 0) const;
+    void SetWhole(std::int32_t entry, std::int32_t value);
     void SetReal(std::int32_t entry, double value);
     void SetVector(std::int32_t entry, const Vector &value);
 
@@ -75,6 +88,18 @@ class Container : public TableContainer {
     bool SetParameter(const TableDescID &id, const Data &data);
 
   private:
+    HostContainer::Entry *FindEntry(std::int32_t entry) const {
+        if (body == nullptr) return nullptr;
+        const auto found = body->first_with_id.find(entry);
+        return found == body->first_with_id.end() ? nullptr : found->second;
+    }
+    // The same, in entries that are shared with nobody.
+    HostContainer::Entry *FindOwnEntry(std::int32_t entry) {
+        HostContainer::Entry *found = FindEntry(entry);
+        if (found == nullptr || body->owners == 1) return found;
+        Own();
+        return FindEntry(entry);
+    }
     HostContainer &Own();  // the entries, made where there are none, shared with nobody
 };
 static_assert(sizeof(Container) == sizeof(TableContainer), "a Container is a TableContainer");

@@ -48,7 +48,9 @@ bool SameTime(const Time &a, const Time &b) {
 
 bool Before(const Time &a, const Time &b) {
     if (a.numerator == b.numerator && a.denominator == b.denominator) return false;
-    return std::floor(a.numerator * b.denominator) < std::floor(b.numerator * a.denominator);
+    const double left = a.numerator * b.denominator, right = b.numerator * a.denominator;
+    // A whole unit apart, as all times of whole numbers are, they need no rounding.
+    return right - left >= 1 || (left < right && std::floor(left) < std::floor(right));
 }
 
 }  // namespace host

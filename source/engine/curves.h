@@ -14,19 +14,19 @@ struct CurveShape {
 };
 
 // Ease in and out, for the variation of the speed.
-constexpr CurveShape kSpeedWarpCurve = {{0, 0}, {0.5, 0}, {-0.5, 0}, {0.5, 0}};
+inline constexpr CurveShape kSpeedWarpCurve = {{0, 0}, {0.5, 0}, {-0.5, 0}, {0.5, 0}};
 // Leaves slowly, arrives softly: the layers' ease.
-constexpr CurveShape kLayerEaseCurve = {{0, 0}, {0.25, 0}, {-0.125, 0}, {0.125, 0}};
+inline constexpr CurveShape kLayerEaseCurve = {{0, 0}, {0.25, 0}, {-0.125, 0}, {0.125, 0}};
 // What a smoothing slider means: fine steps where little is smoothed, and again where much is.
-constexpr CurveShape kSmoothingAmountCurve = {{0, 0}, {0.019, 0.063}, {-0.531, -0.109}, {0.531, 0.109}};
+inline constexpr CurveShape kSmoothingAmountCurve = {{0, 0}, {0.019, 0.063}, {-0.531, -0.109}, {0.531, 0.109}};
 // From that to the filter's two coefficients.
-constexpr CurveShape kSmoothingCurve = {{0, 0}, {0, 0.711}, {-0.238, -0.078}, {0.238, 0.078}};
+inline constexpr CurveShape kSmoothingCurve = {{0, 0}, {0, 0.711}, {-0.238, -0.078}, {0.238, 0.078}};
 // From the slider of a shake's or a drift's smoothing to the coefficients.
-constexpr CurveShape kShakeSmoothingCurve = {{0, 0}, {0, 0.352}, {-0.125, 0}, {0.125, 0}};
+inline constexpr CurveShape kShakeSmoothingCurve = {{0, 0}, {0, 0.352}, {-0.125, 0}, {0.125, 0}};
 // From an overshoot slider to the looseness of the spring.
-constexpr CurveShape kOvershootCurve = {{0, 0}, {0, 0.45}, {-0.25, -0.01}, {0.25, 0.01}};
+inline constexpr CurveShape kOvershootCurve = {{0, 0}, {0, 0.45}, {-0.25, -0.01}, {0.25, 0.01}};
 // Ease of the zoom drift.
-constexpr CurveShape kZoomDriftCurve = {{0, 0}, {0.25, 0}, {-0.25, 0}, {0.25, 0}};
+inline constexpr CurveShape kZoomDriftCurve = {{0, 0}, {0.25, 0}, {-0.25, 0}, {0.25, 0}};
 
 // The host's spline of a shape; exists as long as this object. NULL inside when the host had no memory.
 class Curve {
@@ -39,4 +39,23 @@ class Curve {
 
   private:
     SplineData *spline_;
+};
+
+// What amounts became along a curve. A slider stands still for many frames, and its curve costs more than the layer
+// that asks for it.
+class BentAmounts {
+  public:
+    // FALSE for an amount that is not known.
+    Bool Find(const CurveShape &shape, Real amount, Real *bent) const;
+    void Remember(const CurveShape &shape, Real amount, Real bent);
+
+  private:
+    // More than one frame asks for; of two amounts that fall on the same place the later one stays.
+    static constexpr LONG kPlaceBits = 7, kPlaces = 1 << kPlaceBits;
+    struct Known {
+        const CurveShape *shape = NULL;
+        Real amount = 0.0, bent = 0.0;
+    };
+    static ULONG PlaceOf(const CurveShape &shape, Real amount);
+    Known known_[kPlaces];
 };

@@ -123,11 +123,11 @@ Vector TremoluxCamClass::Overshoot(const Vector &input, Real amount, Real fade, 
         SwitchOff(input, data, base, angles);
         return input;
     }
-    const Curve curve(kOvershootCurve);
-    if (!curve) return input;
-
-    const Real loose = RemapValue(amount, 0.0, 1.0, 0.0, kMostLoose, curve, 0, 1, 1);
-    const Real stiffness = 1.0 - RemapValue(loose, 0.0, 1.0, 0.0, 1.0, curve, 0, 1, 1);
+    Real loose, bent;
+    if (!BendAmount(FCut01(amount), kOvershootCurve, &loose)) return input;
+    loose *= kMostLoose;
+    if (!BendAmount(FCut01(loose), kOvershootCurve, &bent)) return input;
+    const Real stiffness = 1.0 - bent;
 
     Spring spring = ReadSpring(*data, base);
     if (!data->GetDataPointer(base + kOvershootOutput) || !IsSound(spring)) spring = AtRest(input, input);

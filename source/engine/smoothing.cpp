@@ -33,9 +33,11 @@ Vector TremoluxCamClass::SmoothVectorValue(Real a, Real b, const Vector &carry, 
 }
 
 Bool TremoluxCamClass::BendAmount(Real amount, const CurveShape &shape, Real *bent) {
+    if (bent_amounts_.Find(shape, amount, bent)) return TRUE;
     const Curve curve(shape);
     if (!curve) return FALSE;
     *bent = RemapValue(amount, 0.0, 1.0, 0.0, 1.0, curve, 0, 0, 0);
+    bent_amounts_.Remember(shape, amount, *bent);
     return TRUE;
 }
 

@@ -11,6 +11,13 @@ const CHAR *const kPlaceholder = "Numbers seperated by commas";
 constexpr LONG kLastTriggerFrame = 9999999;
 
 Bool IsBlank(UWORD unit) { return unit == ' ' || unit == '\t'; }
+// Asked for on every frame, so no text is made for it.
+Bool IsPlaceholder(const String &text) {
+    LONG i = 0;
+    while (i < text.GetLength() && kPlaceholder[i] && text[i] == (UWORD)kPlaceholder[i]) i++;
+    return i == text.GetLength() && !kPlaceholder[i];
+}
+
 Bool IsDigit(UWORD unit) { return unit >= '0' && unit <= '9'; }
 
 // The frame between `start` and `end` of the text: blanks, an optional sign, decimal digits, blanks. FALSE for anything
@@ -38,7 +45,7 @@ void TremoluxCamClass::ParseTrigger(BaseContainer *data, LONG parameter, std::ve
     frames->clear();
     const String text = data->GetString(parameter);
     if (!text.Content()) data->SetString(parameter, kPlaceholder);
-    if (!text.Content() || text == kPlaceholder) return;
+    if (!text.Content() || IsPlaceholder(text)) return;
 
     for (LONG start = 0; start <= text.GetLength();) {
         LONG end = start;
@@ -54,7 +61,7 @@ void TremoluxCamClass::ParseTrigger(BaseContainer *data, LONG parameter, std::ve
 void TremoluxCamClass::RefreshTrigger(BaseContainer *data, LONG parameter, const std::vector<LONG> &frames) {
     const Bool twin = parameter == kCustomTriggerTwin;
     const GeData *stored = data->GetDataPointer(parameter);
-    const Bool placeholder = stored && stored->GetType() == DA_STRING && stored->GetString() == kPlaceholder;
+    const Bool placeholder = stored && stored->GetType() == DA_STRING && IsPlaceholder(stored->GetString());
     if (placeholder) {
         (twin ? twin_trigger_frames_ : trigger_frames_).clear();
     } else if (frames.empty()) {

@@ -261,6 +261,7 @@ class TremoluxCamClass : public TagData {
     const BaseObject *set_up_input_;  // by the first of two messages about a link; compared alone
     Random random_;
     RunUpMemory run_up_;
+    BentAmounts bent_amounts_;
     std::vector<LONG> trigger_frames_, twin_trigger_frames_;  // ascending, none negative
     std::vector<String> sorted_folders_, sorted_names_;       // the built-in categories: folder and display name
     std::vector<PresetPath> presets_;                         // of the chosen category
