@@ -71,6 +71,20 @@ TEST(Chan, ScalesLengthsByTheUnit) {
     EXPECT_NEAR(written.at(3), 3, 1e-12);
 }
 
+TEST(Chan, HoldsTheFarthestPlaceInAnyUnit) {
+    CameraMove move;
+    move.samples.resize(1);
+    move.samples[0].position = {1e12, -1e12, 1e12};
+    for (const double unit : {0.001, 0.3, 7.0, 100.0, 1000.0}) {
+        FormatOptions options;
+        options.length_unit = unit;
+        const CameraMove again = ReadChan("move", WriteChan(move, options), options);
+        EXPECT_NEAR(again.samples.at(0).position.x, 1e12, 1e-3) << unit;
+        EXPECT_LE(again.samples.at(0).position.x, 1e12) << unit;
+        EXPECT_NO_THROW(ReadCsv("move", WriteCsv(again, {}), {})) << unit;
+    }
+}
+
 TEST(Chan, TakesTheAspectOfThePicture) {
     // A square picture: the film back is as high as wide, and 36 mm give 2 atan(0.5) = 53.130102 degrees.
     FormatOptions square;

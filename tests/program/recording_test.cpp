@@ -38,6 +38,15 @@ TEST(Recording, HasTwentyFourFramesASecond) {
     EXPECT_EQ(ReadCsv("move", std::string(kHeader) + "1,0,0,0,0,0,0\n", {}).frames_per_second, 24);
 }
 
+TEST(Recording, IsRefusedBeyondWhatAMoveHolds) {
+    // 1e10 metres are the 1e12 scene units that are the limit.
+    const CameraMove move = ReadCsv("move", std::string(kHeader) + "1,-1e10,0,1e10,0,0,0\n", {});
+    EXPECT_EQ(move.samples.at(0).position.x, -1e12);
+    EXPECT_EQ(ReadCsv("again", WriteCsv(move, {}), {}).samples.at(0).position.z, -1e12);
+    EXPECT_EQ(RefusalOf(ReadCsv, std::string(kHeader) + "1,0,0,1.1e10,1,3,0\n"),
+              "move:2:7: found '1.1e10', expected a number from -10000000000 to 10000000000 for pos_z");
+}
+
 TEST(Recording, TakesATurnAboutEachAxis) {
     // About x: the view rises. About y, seen from above against the clock: the heading grows. About z, seen from
     // behind the camera against the clock: the bank falls.

@@ -54,8 +54,14 @@ double ReadFocalLength(const SourceText &source, const Line &line, const Field &
 
 CameraSample ReadRow(const SourceText &source, const Line &line, const std::vector<Field> &fields,
                      const FormatOptions &options) {
-    const auto number = [&](std::size_t column) {
-        return source.Number(line, fields[column], kNames[column], -kMaxNumber, kMaxNumber);
+    const auto within = [&](std::size_t column, double limit) {
+        return source.Number(line, fields[column], kNames[column], -limit, limit);
+    };
+    const auto number = [&](std::size_t column) { return within(column, kMaxNumber); };
+    const auto place = [&](std::size_t column) {
+        // Rounded as it is when it is written.
+        const double limit = *ParseNumber(FormatNumber(kMaxNumber / options.length_unit));
+        return std::clamp(within(column, limit) * options.length_unit, -kMaxNumber, kMaxNumber);
     };
     CameraSample sample;
     const host::Vector turns =
@@ -65,8 +71,7 @@ CameraSample ReadRow(const SourceText &source, const Line &line, const std::vect
     } else {
         SetFromRightHanded(RotationOf(turns, options.rotation_order), &sample);
     }
-    sample.position =
-        host::Vector{number(kPosition), number(kPosition + 1), -number(kPosition + 2)} * options.length_unit;
+    sample.position = {place(kPosition), place(kPosition + 1), -place(kPosition + 2)};
     if (fields.size() > kFieldOfView) {
         sample.focal_length = ReadFocalLength(source, line, fields[kFieldOfView], options);
     }
@@ -105,15 +110,16 @@ std::string WriteChan(const CameraMove &move, const FormatOptions &options) {
     std::int64_t frame = move.first_frame;
     host::Vector turns{0, 0, 0};
     for (const CameraSample &sample : move.samples) {
-        const host::Vector position = sample.position * (1 / options.length_unit);
         turns = options.rotation_order == kOrderZxy
                     ? host::Vector{sample.angles.y, sample.angles.x, -sample.angles.z}
                     : NearestAngles(turns, RotationAngles(RightHanded(sample), options.rotation_order),
                                     options.rotation_order);
         const host::Vector degrees = turns * (1 / kRadiansPerDegree);
+        const host::Vector &position = sample.position;
+        const double unit = options.length_unit;
         text += std::to_string(frame++);
-        for (const double value : {position.x, position.y, -position.z, degrees.x, degrees.y, degrees.z,
-                                   FieldOfView(sample.focal_length, height)}) {
+        for (const double value : {position.x / unit, position.y / unit, -position.z / unit, degrees.x, degrees.y,
+                                   degrees.z, FieldOfView(sample.focal_length, height)}) {
             text += ' ' + FormatNumber(value);
         }
         text += '\n';

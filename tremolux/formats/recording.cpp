@@ -7,7 +7,7 @@ namespace tremolux {
 namespace {
 
 constexpr std::size_t kPosX = 1, kPosY = 2, kPosZ = 3, kRotX = 4, kRotY = 5, kRotZ = 6;
-constexpr double kSceneUnitsPerMetre = 100;
+constexpr double kSceneUnitsPerMetre = 100, kMaxMetres = kMaxNumber / kSceneUnitsPerMetre;
 constexpr RotationOrder kOrderXyz = {0, 1, 2};
 
 }  // namespace
@@ -24,10 +24,11 @@ bool IsRecordingHeader(const SourceText &source) {
 }
 
 CameraSample ReadRecordingRow(const CsvRow &row) {
-    const auto number = [&row](std::size_t column) { return row.Number(column, -kMaxNumber, kMaxNumber); };
+    const auto angle = [&row](std::size_t column) { return row.Number(column, -kMaxNumber, kMaxNumber); };
+    const auto place = [&row](std::size_t column) { return row.Number(column, -kMaxMetres, kMaxMetres); };
     CameraSample sample;
-    host::Matrix camera = RotationOf({number(kRotX), number(kRotY), number(kRotZ)}, kOrderXyz);
-    camera.off = host::Vector{number(kPosX), number(kPosY), number(kPosZ)} * kSceneUnitsPerMetre;
+    host::Matrix camera = RotationOf({angle(kRotX), angle(kRotY), angle(kRotZ)}, kOrderXyz);
+    camera.off = host::Vector{place(kPosX), place(kPosY), place(kPosZ)} * kSceneUnitsPerMetre;
     SetFromRightHanded(camera, &sample);
     return sample;
 }
