@@ -74,7 +74,11 @@ Scene::Scene() : folder_(NewTemporaryFolder()) {
     std::filesystem::create_directories(settings.user_folder);
     application_ = std::make_unique<host::Application>(settings);
     LoadModule();
+    NewShot();
+}
 
+void Scene::NewShot() {
+    application_->KillDocument(document_);
     document_ = application_->NewDocument();
     document_->SetFps(kFps);
     document_->SetRange(0, 20000);

@@ -1,4 +1,4 @@
-// The scene that is measured: a moving input camera, and a camera with the module's tag on it.
+// The scene that is measured and worked on: a moving input camera, and a camera with the module's tag on it.
 #pragma once
 
 #include <cstdint>
@@ -28,8 +28,12 @@ class Scene {
     // A button of the tag's panel, by its id. Nothing of it stays in the undo list.
     void Press(std::int32_t button);
     host::Vector CameraPosition() const;
+    host::Document &Document() const { return *document_; }
+    host::Object &Camera() const { return *camera_; }
     host::Tag &Tag() const { return *tag_; }
     const std::filesystem::path &UserFolder() const { return application_->settings.user_folder; }
+    // The scene as it was at first, in a new document.
+    void NewShot();
     // Unloads the module and loads it again; the scene's document goes, and MakeTag begins a new one.
     void RestartModule();
     void MakeTag();

@@ -17,3 +17,11 @@ endforeach()
 foreach(kind container document hyperfile parameter_text)
     tremolux_add_fuzz_target(${kind} ${kind}.cpp)
 endforeach()
+# What is fuzzed through the module itself works on the shot that is measured, too.
+foreach(kind edits preset_file trigger_text)
+    tremolux_add_fuzz_target(${kind} ${kind}.cpp "TREMOLUX_MODULE_FILE=\"$<TARGET_FILE:TremoluxCam>\"")
+    target_sources(fuzz_${kind} PRIVATE "${PROJECT_SOURCE_DIR}/bench/scene.cpp")
+    # The module's own coverage is reported to the program's fuzzer.
+    set_target_properties(fuzz_${kind} PROPERTIES ENABLE_EXPORTS ON)
+    add_dependencies(fuzz_${kind} TremoluxCam)
+endforeach()

@@ -72,7 +72,7 @@ else()
     target_link_options(TremoluxCam PRIVATE "-Wl,--version-script=${export_list}")
     # A symbol that is missing here would only be missed when a user's application loads the module. Clang leaves its
     # sanitizer runtime to the program, so there the check has to stay out.
-    if(NOT (TREMOLUX_SANITIZE AND CMAKE_CXX_COMPILER_ID MATCHES "Clang"))
+    if(NOT ((TREMOLUX_SANITIZE OR TREMOLUX_FUZZ) AND CMAKE_CXX_COMPILER_ID MATCHES "Clang"))
         target_link_options(TremoluxCam PRIVATE -Wl,--no-undefined)
     endif()
 endif()
