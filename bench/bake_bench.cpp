@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::int32_t kQuickBake = 6046, kBruteForceBake = 6175, kUnBake = 6047;
 
-// The press of the button, with every layer at work; `per_frame` is in seconds.
+// The press of the button, with every layer at work.
 void Bake(benchmark::State &state, std::int32_t button) {
     bench::Scene scene;
     const std::int64_t frames = state.range(0);
@@ -18,15 +18,13 @@ void Bake(benchmark::State &state, std::int32_t button) {
         scene.Press(kUnBake);
         state.ResumeTiming();
     }
-    using benchmark::Counter;
-    state.counters["per_frame"] =
-        Counter(static_cast<double>(frames), Counter::kIsIterationInvariantRate | Counter::kInvert);
+    state.counters["of"] = static_cast<double>(frames);
 }
 
 }  // namespace
 
 static void QuickBake(benchmark::State &state) { Bake(state, kQuickBake); }
-BENCHMARK(QuickBake)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(QuickBake)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 static void BruteForceBake(benchmark::State &state) { Bake(state, kBruteForceBake); }
-BENCHMARK(BruteForceBake)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BruteForceBake)->Arg(10000)->Unit(benchmark::kMillisecond);

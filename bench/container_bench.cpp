@@ -1,13 +1,18 @@
-// Reading one number from a tag's container, which every frame does a hundred times.
+// Reading and writing one number of a tag's container, which every frame does a hundred times.
 #include <benchmark/benchmark.h>
 
 #include <iterator>
 
 #include "bench/scene.h"
 
+namespace {
+
+// From all over the container: amounts, ratios, seed, clocks.
+constexpr std::int32_t kIds[] = {6020, 6024, 6076, 6102, 6142, 6152, 6158, 10051};
+
+}  // namespace
+
 static void ContainerRead(benchmark::State &state) {
-    // From all over the container: amounts, ratios, seed, toggles, clocks.
-    constexpr std::int32_t kIds[] = {6020, 6024, 6076, 6102, 6142, 6152, 6010, 6158, 10051};
     bench::Scene scene;
     const host::Container &data = scene.Tag().Data();
     std::size_t next = 0;
@@ -17,3 +22,14 @@ static void ContainerRead(benchmark::State &state) {
     }
 }
 BENCHMARK(ContainerRead);
+
+static void ContainerWrite(benchmark::State &state) {
+    bench::Scene scene;
+    host::Container &data = scene.Tag().Data();
+    std::size_t next = 0;
+    for (auto _ : state) {
+        data.SetReal(kIds[next], static_cast<double>(next));
+        next = (next + 1) % std::size(kIds);
+    }
+}
+BENCHMARK(ContainerWrite);

@@ -17,6 +17,28 @@ static void EvaluatedFrame(benchmark::State &state) {
 }
 BENCHMARK(EvaluatedFrame)->Unit(benchmark::kMicrosecond);
 
+// The tag's own evaluation, as the host calls it.
+static void EvaluatedTag(benchmark::State &state) {
+    bench::Scene scene;
+    host::Tag &tag = scene.Tag();
+    std::int64_t frame = 0;
+    for (auto _ : state) {
+        scene.Document().SetFrame(frame = (frame + 1) % 1000);
+        benchmark::DoNotOptimize(
+            tag.Registration().execute(tag.Plugin(), &tag, &scene.Document(), &scene.Camera(), nullptr, 0, 0));
+    }
+}
+BENCHMARK(EvaluatedTag)->Unit(benchmark::kMicrosecond);
+
+// Playback with one layer alone.
+static void Layer(benchmark::State &state) {
+    bench::Scene scene;
+    scene.KeepLayer(static_cast<bench::Layer>(state.range(0)));
+    std::int64_t frame = 0;
+    for (auto _ : state) scene.Evaluate(frame = (frame + 1) % 1000);
+}
+BENCHMARK(Layer)->DenseRange(0, 8)->Unit(benchmark::kMicrosecond);
+
 // With a seed that is new each time nothing is known of the clocks: they are counted from the start.
 static void FirstJump(benchmark::State &state) {
     constexpr std::int32_t kSeed = 6142;

@@ -1,49 +1,45 @@
-// Runs the measurements and ends with a figure that outlives the machine: a frame in units of 25 noise samples.
+// Runs the measurements and prints their ratios. --check: ends with status 1 when one is slower than the committed
+// ratio by more than a quarter. --keep: writes the ratios over the committed ones. Other arguments go to the
+// benchmarks.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <map>
-#include <string>
+#include <cstring>
 #include <vector>
+
+#include "bench/medians.h"
+#include "bench/ratios.h"
 
 namespace {
 
-// The usual table; remembers the fastest run of each measurement, in nanoseconds.
-class RememberingReporter : public benchmark::ConsoleReporter {
-  public:
-    void ReportRuns(const std::vector<Run> &runs) override {
-        benchmark::ConsoleReporter::ReportRuns(runs);
-        for (const Run &run : runs) {
-            if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
-            const double nanoseconds = run.GetAdjustedCPUTime() * 1e9 / benchmark::GetTimeUnitMultiplier(run.time_unit);
-            const auto known = fastest_.try_emplace(run.run_name.function_name, nanoseconds).first;
-            known->second = std::min(known->second, nanoseconds);
-        }
-    }
+bool TakeArgument(std::vector<char *> *arguments, const char *name) {
+    const auto given = std::find_if(arguments->begin(), arguments->end(),
+                                    [name](const char *argument) { return std::strcmp(argument, name) == 0; });
+    if (given == arguments->end()) return false;
+    arguments->erase(given);
+    return true;
+}
 
-    // 0 for a measurement that was not run.
-    double Nanoseconds(const std::string &name) const {
-        const auto found = fastest_.find(name);
-        return found == fastest_.end() ? 0.0 : found->second;
-    }
-
-  private:
-    std::map<std::string, double> fastest_;
-};
+// Repetitions of all measurements in mixed order: what disturbs the machine for a while falls on all alike.
+char repetitions[] = "--benchmark_repetitions=7", mixed[] = "--benchmark_enable_random_interleaving=true",
+     shortest[] = "--benchmark_min_time=0.05";
 
 }  // namespace
 
 int main(int argc, char **argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    RememberingReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
+    std::vector<char *> arguments(argv, argv + argc);
+    const bool check = TakeArgument(&arguments, "--check"), keep = TakeArgument(&arguments, "--keep");
+    arguments.insert(arguments.begin() + 1, {repetitions, mixed, shortest});
+    int count = static_cast<int>(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+    if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 2;
+    bench::Memory memory;
+    benchmark::RunSpecifiedBenchmarks(&memory);
     benchmark::Shutdown();
 
-    const double sample = reporter.Nanoseconds("NoiseSample"), frame = reporter.Nanoseconds("EvaluatedFrame");
-    if (sample > 0 && frame > 0)
-        std::printf("\na frame costs %.2f times 25 noise samples (%.2f us against %.2f us)\n", frame / (25 * sample),
-                    frame / 1e3, 25 * sample / 1e3);
-    return 0;
+    const std::filesystem::path committed = TREMOLUX_RATIOS_FILE;
+    bench::PrintRatios(memory, committed);
+    if (keep && !bench::WriteRatios(memory, committed)) return 1;
+    return check && bench::CountSlower(memory, committed) > 0 ? 1 : 0;
 }

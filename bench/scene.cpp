@@ -22,22 +22,43 @@ constexpr int kFps = 30, kLastKey = 1000, kFramesBetweenKeys = 20;
 struct Amount {
     std::int32_t parameter;
     double value;  // a share, radians or scene units
+    Layer layer;
 };
 // Every layer at work: shake, drifts, jolts, target and focus object, with all filters and overshoots.
-constexpr Amount kEveryLayer[] = {{6024, 0.005},         {6025, 0.009},
-                                  {6026, 0.013},         {6028, 5.4 * kDegree},
-                                  {6029, 5.0 * kDegree}, {6030, 24.0 * kDegree},
-                                  {6134, 0.02},          {6135, 0.02},
-                                  {6136, 0.02},          {6128, 0.02},
-                                  {6129, 0.02},          {6130, 0.02},
-                                  {6155, 0.25},          {6153, 0.25},
-                                  {6156, 0.25},          {6034, 0.55},
-                                  {6158, 0.25},          {6161, 0.25},
-                                  {6071, 0.65},          {6162, 0.25},
-                                  {6053, 0.25},          {6165, 0.25},
-                                  {6064, 0.25},          {6063, 0.25},
-                                  {6059, 0.25},          {kSpeedVariation, 0.25},
-                                  {6037, 0.05},          {6144, 0.15}};
+constexpr Amount kEveryLayer[] = {{6024, 0.005, Layer::kPositionShake},
+                                  {6025, 0.009, Layer::kPositionShake},
+                                  {6026, 0.013, Layer::kPositionShake},
+                                  {6028, 5.4 * kDegree, Layer::kRotationShake},
+                                  {6029, 5.0 * kDegree, Layer::kRotationShake},
+                                  {6030, 24.0 * kDegree, Layer::kRotationShake},
+                                  {6134, 0.02, Layer::kZoomDrift},
+                                  {6135, 0.02, Layer::kZoomDrift},
+                                  {6136, 0.02, Layer::kZoomDrift},
+                                  {6128, 0.02, Layer::kFocusDrift},
+                                  {6129, 0.02, Layer::kFocusDrift},
+                                  {6130, 0.02, Layer::kFocusDrift},
+                                  {6155, 0.25, Layer::kSmoothing},
+                                  {6153, 0.25, Layer::kOvershoot},
+                                  {6156, 0.25, Layer::kSmoothing},
+                                  {6034, 0.55, Layer::kOvershoot},
+                                  {6158, 0.25, Layer::kSmoothing},
+                                  {6161, 0.25, Layer::kTarget},
+                                  {6071, 0.65, Layer::kTarget},
+                                  {6162, 0.25, Layer::kSmoothing},
+                                  {6053, 0.25, Layer::kOvershoot},
+                                  {6165, 0.25, Layer::kZoomDrift},
+                                  {6064, 0.25, Layer::kSmoothing},
+                                  {6063, 0.25, Layer::kOvershoot},
+                                  {6059, 0.25, Layer::kFocusDrift},
+                                  {6037, 0.05, Layer::kJolts},
+                                  {6144, 0.15, Layer::kJolts}};
+constexpr struct {
+    std::int32_t parameter;
+    Layer layer;
+} kSwitches[] = {{6010, Layer::kPositionShake}, {6011, Layer::kPositionShake}, {6012, Layer::kPositionShake},
+                 {6013, Layer::kRotationShake}, {6014, Layer::kRotationShake}, {6015, Layer::kRotationShake},
+                 {6016, Layer::kZoomDrift},     {6017, Layer::kFocusDrift},    {6018, Layer::kTarget},
+                 {6145, Layer::kJolts}};
 constexpr int kJoltInterval = 20;
 
 [[noreturn]] void Fail(const std::string &why) {
@@ -104,6 +125,7 @@ void Scene::NewShot() {
     tag_->Data().Set(kFocusObject, host::Data::LinkTo(subject));
     tag_->Data().Set(kInterval, host::Data(host::MakeTime(kJoltInterval, kFps)));
     for (const Amount &amount : kEveryLayer) tag_->Data().SetReal(amount.parameter, amount.value);
+    tag_->Data().SetReal(kSpeedVariation, 0.25);
     Evaluate(0);
 }
 
@@ -119,6 +141,13 @@ void Scene::LoadModule() {
     std::string error;
     module_ = host::LoadedModule::Load(TREMOLUX_MODULE_FILE, &error);
     if (!module_) Fail(error);
+}
+
+void Scene::KeepLayer(Layer layer) {
+    for (const Amount &amount : kEveryLayer)
+        if (amount.layer != layer) tag_->Data().SetReal(amount.parameter, 0);
+    for (const auto &[parameter, of] : kSwitches)
+        if (of != layer) tag_->Data().SetWhole(parameter, 0);
 }
 
 void Scene::RestartModule() {

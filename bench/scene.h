@@ -12,6 +12,18 @@
 
 namespace bench {
 
+enum class Layer {
+    kNone,
+    kSmoothing,
+    kOvershoot,
+    kPositionShake,
+    kRotationShake,
+    kJolts,
+    kZoomDrift,
+    kFocusDrift,
+    kTarget
+};
+
 // Hand-held at 30 frames a second; every layer of the position and rotation shake is on. Ends the program with one line
 // when the module cannot be loaded or gives no tag: there is nothing to measure then.
 class Scene {
@@ -32,6 +44,8 @@ class Scene {
     host::Object &Camera() const { return *camera_; }
     host::Tag &Tag() const { return *tag_; }
     const std::filesystem::path &UserFolder() const { return application_->settings.user_folder; }
+    // Everything but that layer is off.
+    void KeepLayer(Layer layer);
     // The scene as it was at first, in a new document.
     void NewShot();
     // Unloads the module and loads it again; the scene's document goes, and MakeTag begins a new one.

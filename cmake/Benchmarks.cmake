@@ -8,6 +8,8 @@ if(NOT sources OR NOT TARGET TremoluxCam OR NOT TARGET embedded_host)
 endif()
 add_executable(tremolux_bench ${sources})
 target_link_libraries(tremolux_bench PRIVATE embedded_host benchmark::benchmark)
-target_compile_definitions(tremolux_bench PRIVATE TREMOLUX_MODULE_FILE="${bare_folder}/$<TARGET_FILE_NAME:TremoluxCam>")
+target_compile_definitions(
+    tremolux_bench PRIVATE TREMOLUX_MODULE_FILE="${bare_folder}/$<TARGET_FILE_NAME:TremoluxCam>"
+                           TREMOLUX_RATIOS_FILE="${PROJECT_SOURCE_DIR}/bench/ratios.txt")
 tremolux_set_defaults(tremolux_bench)
 add_dependencies(tremolux_bench bare_module)

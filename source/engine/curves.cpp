@@ -13,6 +13,12 @@ Bool AddKnot(SplineData *spline, Real position, const CurveTangent &left, const 
     return TRUE;
 }
 
+LULONG BitsOf(Real value) {
+    LULONG bits;
+    std::memcpy(&bits, &value, sizeof bits);
+    return bits;
+}
+
 }  // namespace
 
 Curve::Curve(const CurveShape &shape) : spline_(SplineData::Alloc()) {
@@ -22,15 +28,12 @@ Curve::Curve(const CurveShape &shape) : spline_(SplineData::Alloc()) {
         SplineData::Free(spline_);
 }
 
-ULONG BentAmounts::PlaceOf(const CurveShape &shape, Real amount) {
-    LULONG bits;
-    std::memcpy(&bits, &amount, sizeof bits);
-    // The shapes' last tangents differ, and tell them apart on every machine alike.
-    LULONG shape_bits;
-    std::memcpy(&shape_bits, &shape.end_left.x, sizeof shape_bits);
-    // Round amounts differ in their first bits alone, which a product carries to its own first bits.
-    constexpr LULONG kScattered = 0x9E3779B97F4A7C15u;
-    return (ULONG)(((bits ^ (shape_bits >> 7)) * kScattered) >> (64 - kPlaceBits));
+LONG BentAmounts::PlaceOf(const CurveShape &shape, Real amount) {
+    // Odd numbers with scattered bits.
+    constexpr LULONG kOfShape = 0xD6E8FEB86659FD93u, kOfAmount = 0x9E3779B97F4A7C15u;
+    LULONG key = BitsOf(amount) ^ BitsOf(shape.end_left.x) * kOfShape;  // the shapes differ there
+    key ^= key >> 32;  // round amounts differ in their first bits alone
+    return (LONG)(key * kOfAmount >> (64 - kPlaceBits));
 }
 
 Bool BentAmounts::Find(const CurveShape &shape, Real amount, Real *bent) const {

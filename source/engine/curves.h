@@ -51,11 +51,11 @@ class BentAmounts {
 
   private:
     // More than one frame asks for; of two amounts that fall on the same place the later one stays.
-    static constexpr LONG kPlaceBits = 7, kPlaces = 1 << kPlaceBits;
+    static constexpr LONG kPlaceBits = 8, kPlaces = 1 << kPlaceBits;
     struct Known {
         const CurveShape *shape = NULL;
         Real amount = 0.0, bent = 0.0;
     };
-    static ULONG PlaceOf(const CurveShape &shape, Real amount);
+    static LONG PlaceOf(const CurveShape &shape, Real amount);
     Known known_[kPlaces];
 };

@@ -45,8 +45,7 @@ Spring ReadSpring(const BaseContainer &data, LONG base) {
     return spring;
 }
 
-void WriteSpring(const Spring &spring, LONG base, BaseContainer *data) {
-    data->SetVector(base + kOvershootOutput, spring.output);
+void WriteWithoutOutput(const Spring &spring, LONG base, BaseContainer *data) {
     data->SetVector(base + kOvershootInput, spring.input);
     data->SetVector(base + kOvershootVelocity, spring.velocity);
     data->SetReal(base + kOvershootDistance, spring.distance);
@@ -56,6 +55,16 @@ void WriteSpring(const Spring &spring, LONG base, BaseContainer *data) {
     data->SetReal(base + kOvershootStiffnessFade, spring.stiffness_fade);
     data->SetReal(base + kOvershootDampingFade, spring.damping_fade);
     data->SetLong(base + kOvershootMoving, spring.moving);
+}
+
+void WriteSpring(const Spring &spring, LONG base, BaseContainer *data) {
+    data->SetVector(base + kOvershootOutput, spring.output);
+    WriteWithoutOutput(spring, base, data);
+}
+
+// To take an entry out, the host looks through all of them.
+void ForgetOutput(LONG base, BaseContainer *data) {
+    if (data->GetDataPointer(base + kOvershootOutput)) data->RemoveData(base + kOvershootOutput);
 }
 
 Spring AtRest(const Vector &output, const Vector &input) {
@@ -68,11 +77,11 @@ Spring AtRest(const Vector &output, const Vector &input) {
 // Without an output the channel starts at rest on its next input: an amount that is raised in mid-shot must not throw
 // the camera to the world's origin.
 void SwitchOff(const Vector &value, BaseContainer *data, LONG base, Bool angles) {
-    WriteSpring(AtRest(Vector(), value), base, data);
-    data->RemoveData(base + kOvershootOutput);
+    WriteWithoutOutput(AtRest(Vector(), value), base, data);
+    ForgetOutput(base, data);
     if (!angles) return;
     const LONG other = base == kOvershootTarget ? kOvershootRotation : kOvershootTarget;
-    data->RemoveData(other + kOvershootOutput);
+    ForgetOutput(other, data);
     data->SetVector(other + kOvershootInput, value);
     for (LONG entry : {kOvershootDistance, kOvershootRampIncrement, kOvershootStiffnessFade, kOvershootDampingFade})
         data->SetReal(other + entry, 0.0);
