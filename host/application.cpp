@@ -5,6 +5,7 @@
 #include "host/animation/passes.h"
 #include "host/files/hyperfile.h"
 #include "host/services/platform.h"
+#include "host/watch/operation.h"
 
 namespace host {
 
@@ -130,6 +131,7 @@ void Application::SetDocumentTime(Document *document, const Time &time) {
 void Application::CallCommand(std::int32_t id) {
     requests.called_commands.push_back(id);
     if (const CommandPlugin *command = registry.FindCommand(id)) {
+        const Operation operation("Command");
         if (command->get_state != nullptr && (command->get_state(command->self, active_) & kCommandEnabled) == 0)
             return;
         Document *document = active_;

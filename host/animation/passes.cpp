@@ -8,6 +8,7 @@
 #include "host/scene/messages.h"
 #include "host/scene/tag.h"
 #include "host/value/descid.h"
+#include "host/watch/operation.h"
 
 namespace host {
 namespace {
@@ -94,6 +95,7 @@ void CollectExpressions(Document *document) {
         if (entry.node->node == nullptr) continue;
         Tag *tag = static_cast<Tag *>(entry.node->node);
         const auto add_to_execution = tag->Registration().add_to_execution;
+        const Operation operation("AddToExecution");
         if (add_to_execution != nullptr && tag->Enabled() && add_to_execution(tag->Plugin(), tag, &list)) continue;
         list.entries.push_back(entry);
     }
@@ -108,6 +110,7 @@ bool RunExpression(const HostPriorityList::Entry &entry, Document *document, std
     Object *object = tag->GetObject();
     if (object == nullptr || tag->Plugin() == nullptr || tag->Registration().execute == nullptr) return true;
     if (!tag->Enabled() || tag->GetDocument() != document) return true;
+    const Operation operation("Execute", Operation::kEvaluation);
     return tag->Registration().execute(tag->Plugin(), tag, document, object, nullptr, entry.priority, flags) ==
            kExecutionOk;
 }

@@ -5,6 +5,7 @@
 #include "host/application.h"
 #include "host/description/builtin.h"
 #include "host/scene/tag.h"
+#include "host/watch/operation.h"
 
 namespace host {
 
@@ -16,6 +17,7 @@ constexpr std::int32_t kLoaded = 2;
 bool BuildByPlugin(const Tag &tag, std::int32_t flags, Description *out) {
     const auto build = tag.Registration().node.get_description;
     if (build == nullptr || tag.Plugin() == nullptr) return false;
+    const Operation operation("GetDDescription");
     // The flag counts, not the answer: plug-ins set it and then return their base class's FALSE.
     build(tag.Plugin(), const_cast<Tag *>(&tag), out, &flags);
     return (flags & kLoaded) != 0;

@@ -8,11 +8,15 @@
 
 #include "host/value/container.h"
 #include "host/value/link.h"
+#include "host/watch/live_atoms.h"
 #include "platform/table.h"
 
 // Every handle of the table to a node is one of these.
 struct HostAtom {
-    virtual ~HostAtom() = default;
+    HostAtom() { host::EnterAtom(this); }
+    virtual ~HostAtom() { host::LeaveAtom(this); }
+    HostAtom(const HostAtom &) = delete;
+    HostAtom &operator=(const HostAtom &) = delete;
 };
 
 namespace host {

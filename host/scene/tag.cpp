@@ -7,6 +7,7 @@
 #include "host/scene/parameters.h"
 #include "host/value/custom.h"
 #include "host/value/descid.h"
+#include "host/watch/operation.h"
 
 namespace host {
 namespace {
@@ -29,6 +30,7 @@ std::unique_ptr<Tag> Tag::Create(std::int32_t type) {
     if (registration == nullptr || registration->node.allocate == nullptr) return nullptr;
     std::unique_ptr<Tag> tag(new Tag(*registration));
     const NodeCallbacks &calls = registration->node;
+    const Operation operation("Init");
     tag->plugin_ = calls.allocate(registration->registration);
     if (tag->plugin_ == nullptr) return nullptr;
     if (calls.attach != nullptr) calls.attach(tag->plugin_, tag.get());
@@ -46,6 +48,7 @@ std::unique_ptr<Tag> Tag::CreateMissing(std::int32_t type) {
 Tag::~Tag() {
     Detach();
     if (plugin_ == nullptr) return;
+    const Operation operation("Free");
     ModuleObject *plugin = plugin_;
     if (registration_.node.free != nullptr) registration_.node.free(plugin, this);
     plugin_ = nullptr;
@@ -65,6 +68,7 @@ Document *Tag::GetDocument() const { return Main() != nullptr ? Main()->GetDocum
 bool Tag::SendMessage(std::int32_t type, void *data) {
     const bool agreed = Node::SendMessage(type, data);
     if (plugin_ == nullptr || registration_.node.message == nullptr) return agreed;
+    const Operation operation("Message");
     return registration_.node.message(plugin_, this, type, data) != 0 && agreed;
 }
 
@@ -97,19 +101,29 @@ bool Tag::GetVirtualParameter(const TableDescID &id, host::Data *out) const {
 
 bool Tag::GetPluginParameter(const TableDescID &id, host::Data *out, std::int32_t flags) const {
     if (plugin_ == nullptr || registration_.node.get_parameter == nullptr) return false;
+    const Operation operation("GetDParameter");
     registration_.node.get_parameter(plugin_, const_cast<Tag *>(this), &id, out, &flags);
     return (flags & kGetHandled) != 0;
 }
 
 bool Tag::SetPluginParameter(const TableDescID &id, const host::Data &data, std::int32_t flags) {
     if (plugin_ == nullptr || registration_.node.set_parameter == nullptr) return false;
+    const Operation operation("SetDParameter");
     registration_.node.set_parameter(plugin_, this, &id, &data, &flags);
     return (flags & kSetHandled) != 0;
+}
+
+bool Tag::IsControlEnabled(const TableDescID &id, const TableData &value, std::int32_t flags,
+                           const TableContainer *settings) {
+    if (plugin_ == nullptr || registration_.node.get_enabling == nullptr) return true;
+    const Operation operation("GetDEnabling");
+    return registration_.node.get_enabling(plugin_, this, &id, &value, flags, settings) != 0;
 }
 
 // What a plug-in keeps in its own members is copied by itself alone.
 bool Tag::CopyOwnState(Node *copy, std::int32_t flags, HostAliasTrans *translation) const {
     if (plugin_ == nullptr || registration_.node.copy_to == nullptr) return true;
+    const Operation operation("CopyTo");
     Tag *tag = static_cast<Tag *>(copy);
     return registration_.node.copy_to(plugin_, tag->plugin_, const_cast<Tag *>(this), tag, flags, translation) != 0;
 }

@@ -31,6 +31,10 @@ class Tag : public Node {
     bool SendMessage(std::int32_t type, void *data) override;
 
     bool Enabled() const;
+    // Whether the plug-in lets the user change a parameter that has this value; `settings` are those of its
+    // description.
+    bool IsControlEnabled(const TableDescID &id, const TableData &value, std::int32_t flags,
+                          const TableContainer *settings);
     // Stage (1000 initial ... 5000 generators) plus own priority: the order of evaluation.
     std::int32_t ExecutionPriority() const;
 

@@ -5,6 +5,7 @@
 #include "host/application.h"
 #include "host/services/platform.h"
 #include "host/value/text.h"
+#include "host/watch/operation.h"
 
 namespace host {
 
@@ -30,12 +31,14 @@ enum ModuleMessage : std::int32_t {
 };
 
 std::int32_t Send(ModuleMain main, ModuleMessage message, void *data = nullptr) {
+    const Operation operation("PluginMessage");
     return main(kActionMessage, reinterpret_cast<void *>(static_cast<std::intptr_t>(message)), data, nullptr);
 }
 
 }  // namespace
 
-std::unique_ptr<LoadedModule> LoadedModule::Load(const std::filesystem::path &file, std::string *error) {
+std::unique_ptr<LoadedModule> LoadedModule::Load(const std::filesystem::path &file, std::string *error,
+                                                 const HostTable *table) {
     std::error_code ignored;
     const std::string name = PathText(file);
     const auto fail = [&](const std::string &words) {
@@ -62,8 +65,7 @@ std::unique_ptr<LoadedModule> LoadedModule::Load(const std::filesystem::path &fi
                     std::to_string(kInterfaceVersion));
     TableFilename own_name{};
     Assign(&own_name, module->file_);
-    const std::int32_t started =
-        module->Call(kActionInitSystem, const_cast<HostTable *>(Application::Table()), nullptr, &own_name);
+    const std::int32_t started = module->Call(kActionInitSystem, const_cast<HostTable *>(table), nullptr, &own_name);
     ReleaseText(&own_name.path);
     if (started != 1) return fail("refused this host's function table (" + std::to_string(started) + ")");
     module->initialized_ = true;
@@ -72,12 +74,22 @@ std::unique_ptr<LoadedModule> LoadedModule::Load(const std::filesystem::path &fi
     Send(module->main_, kMessagePriority, &priority);
     if (Send(module->main_, kMessageInitSystem) != 1)
         return fail("could not start, expected its resources in the folder \"res\" beside it");
-    if (module->Call(kActionInit, nullptr, nullptr, nullptr) != 1)
+    if (module->Start() != 1)
         return fail("did not start, expected its registrations to succeed (are its icons in \"res\"?)");
     module->started_ = true;
     Send(module->main_, kMessageStartActivity);
     Send(module->main_, kMessageBuildMenu);
     return module;
+}
+
+std::int32_t LoadedModule::Start() const {
+    const Operation operation("PluginStart");
+    return Call(kActionInit, nullptr, nullptr, nullptr);
+}
+
+void LoadedModule::End() const {
+    const Operation operation("PluginEnd");
+    Call(kActionEnd, nullptr, nullptr, nullptr);
 }
 
 LoadedModule::~LoadedModule() {
@@ -86,7 +98,7 @@ LoadedModule::~LoadedModule() {
             Send(main_, message);
     // What it registered goes while its code is still there.
     if (initialized_) application_->registry.Clear();
-    if (initialized_) Call(kActionEnd, nullptr, nullptr, nullptr);
+    if (initialized_) End();
     if (library_ != nullptr) CloseLibrary(library_);
 }
 

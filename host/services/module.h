@@ -5,11 +5,10 @@
 #include <memory>
 #include <string>
 
+#include "host/application.h"
 #include "platform/table.h"
 
 namespace host {
-
-class Application;
 
 // Exists exactly as long as the module is started: the destructor sends the end messages, destroys what the module
 // registered, then unloads it. Documents with its tags must be gone before.
@@ -17,13 +16,16 @@ class LoadedModule {
   public:
     // null on failure, with one line in `error` that names the file and says what was expected (a library, the entry
     // c4d_main, the interface version, a successful start).
-    static std::unique_ptr<LoadedModule> Load(const std::filesystem::path &file, std::string *error);
+    static std::unique_ptr<LoadedModule> Load(const std::filesystem::path &file, std::string *error,
+                                              const HostTable *table = Application::Table());
     ~LoadedModule();
     std::int32_t Call(std::int32_t action, void *p1, void *p2, void *p3) const { return main_(action, p1, p2, p3); }
     const std::filesystem::path &File() const { return file_; }
 
   private:
     LoadedModule() = default;
+    std::int32_t Start() const;
+    void End() const;
     Application *application_ = nullptr;  // where it registers
     std::filesystem::path file_;
     void *library_ = nullptr;

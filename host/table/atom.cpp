@@ -68,10 +68,9 @@ std::int32_t GetEnabling(HostAtom *atom, const TableDescID *id, const TableData 
     return Guarded(0, [=] {
         if (atom == nullptr || id == nullptr) return 0;
         Tag *tag = AsTag(atom);
-        const auto get_enabling = tag != nullptr ? tag->Registration().node.get_enabling : nullptr;
-        if (get_enabling == nullptr || tag->Plugin() == nullptr) return 1;
         const Data nothing;
-        return get_enabling(tag->Plugin(), atom, id, data != nullptr ? data : &nothing, flags, settings) != 0 ? 1 : 0;
+        const TableData &value = data != nullptr ? *data : nothing;
+        return tag == nullptr || tag->IsControlEnabled(*id, value, flags, settings) ? 1 : 0;
     });
 }
 

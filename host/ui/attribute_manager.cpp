@@ -57,12 +57,9 @@ void SendCommand(Node *node, const TableDescID &id) {
 
 bool IsControlEnabled(Node *node, const TableDescID &id, const Container &settings) {
     if (node->Classification() != kTypeTag) return true;
-    const Tag *tag = static_cast<Tag *>(node);
-    const auto get_enabling = tag->Registration().node.get_enabling;
-    if (tag->Plugin() == nullptr || get_enabling == nullptr) return true;
     Data present;
     node->GetParameter(id, &present);
-    return get_enabling(tag->Plugin(), node, &id, &present, 0, &settings) != 0;
+    return static_cast<Tag *>(node)->IsControlEnabled(id, present, 0, &settings);
 }
 
 bool EditParameter(Node *node, const TableDescID &id, const Data &value) {

@@ -5,6 +5,8 @@
 #include <random>
 
 #include "host/animation/passes.h"
+#include "host/watch/judge.h"
+#include "host/watch/watched_table.h"
 
 namespace tag_test {
 
@@ -41,13 +43,17 @@ host::ApplicationSettings SettingsIn(const fs::path &folder) {
 
 RunningHost::RunningHost(const fs::path &module)
     : application_(std::make_unique<host::Application>(SettingsIn(folder_.Path()))),
-      module_(host::LoadedModule::Load(module, &error_)) {}
+      module_(host::LoadedModule::Load(module, &error_, host::WatchedTable())) {
+    host::ForgetWrongCall();
+}
 
 RunningHost::~RunningHost() {
     // Documents hold the module's tags.
     while (!application_->Documents().empty()) application_->KillDocument(application_->Documents().front().get());
     module_.reset();
     application_.reset();
+    EXPECT_EQ(host::FirstWrongCall(), "");
+    host::ForgetWrongCall();
 }
 
 bool operator==(const Shot &a, const Shot &b) {

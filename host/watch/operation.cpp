@@ -1,0 +1,27 @@
+#include "host/watch/operation.h"
+
+namespace host {
+
+namespace {
+
+thread_local const Operation *innermost = nullptr;
+
+}  // namespace
+
+Operation::Operation(const char *name, Kind kind)
+    : name_(name), evaluating_(kind == kEvaluation || Evaluating()), outer_(innermost) {
+    innermost = this;
+}
+
+Operation::~Operation() { innermost = outer_; }
+
+std::string Operation::Path() {
+    std::string path;
+    for (const Operation *operation = innermost; operation != nullptr; operation = operation->outer_)
+        path = operation->name_ + (path.empty() ? "" : " > " + path);
+    return path;
+}
+
+bool Operation::Evaluating() { return innermost != nullptr && innermost->evaluating_; }
+
+}  // namespace host
