@@ -17,6 +17,23 @@ endif()
 add_library(no_entry MODULE tests/modules/no_entry.cpp)
 tremolux_set_defaults(no_entry)
 
+# Modules that are wrong on purpose, one mistake each.
+set(wrong_modules "")
+set(wrong_folder "${PROJECT_BINARY_DIR}/wrong")
+foreach(
+    mistake
+    kUsesAFreedNode kInsertsNothing kTakesATagForAnObject kTakesAnObjectForATrack kUndoesInAnotherDocument
+    kMovesANodeOfAnotherDocument kInsertsInAFrame kRemovesInAFrame kOpensAStepInAFrame kAsksInAFrame
+    kQueuesAnEventInAFrame kEvaluatesInAFrame kKeysInAFrame kSelectsInAFrame)
+    add_library(wrong_${mistake} MODULE tests/modules/wrong.cpp $<TARGET_OBJECTS:module_glue>)
+    target_include_directories(wrong_${mistake} PRIVATE ${interface_folders})
+    target_compile_definitions(wrong_${mistake} PRIVATE TREMOLUX_WRONG=${mistake})
+    tremolux_set_defaults(wrong_${mistake})
+    set_target_properties(wrong_${mistake} PROPERTIES PREFIX "" SUFFIX "${module_suffix}" LIBRARY_OUTPUT_DIRECTORY
+                                                                                          "${wrong_folder}")
+    list(APPEND wrong_modules wrong_${mistake})
+endforeach()
+
 # tests/<room>/*.cpp, linked with the given targets. A room whose targets are missing is left out.
 function(tremolux_add_tests room)
     tremolux_room_sources(sources tests/${room})
@@ -71,6 +88,11 @@ endfunction()
 
 tremolux_add_tests(platform module_glue embedded_host)
 tremolux_add_tests(host embedded_host)
+if(TARGET host_tests)
+    target_compile_definitions(
+        host_tests PRIVATE TREMOLUX_WRONG_MODULES="${drive}${wrong_folder}" TREMOLUX_SUFFIX="${module_suffix}")
+    add_dependencies(host_tests ${wrong_modules})
+endif()
 tremolux_add_tests(engine module_code embedded_host)
 tremolux_add_tests(tag embedded_host)
 tremolux_add_tests(program tremolux_program)
