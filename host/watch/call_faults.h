@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace host {
 
@@ -10,7 +11,9 @@ namespace host {
 void ArmCallFault(std::int64_t nth);
 // Since it was armed.
 std::int64_t CallsThatMayFail();
+// The entry that was made to fail since then, "group.member"; empty: none yet.
+const std::string &FailedCall();
 // Asked by every such call.
-bool CallFails();
+bool CallFails(const char *entry);
 
 }  // namespace host

@@ -64,7 +64,7 @@ struct WatchedCall<Here, member, Answer (*Table::*)(Arguments...)> {
         (Check(&check, arguments), ...);
         if (!check.IsSound()) return Answer();
         if constexpr (!std::is_void_v<Answer>)
-            if ((entry.rules & kMayFail) != 0 && CallFails()) return Answer();
+            if ((entry.rules & kMayFail) != 0 && CallFails(entry.name)) return Answer();
         if constexpr ((entry.rules & kGivesUp) != 0) (GiveUpAtom(arguments), ...);
         return (Unwatched<Table>().*member)(arguments...);
     }

@@ -91,12 +91,15 @@ Bool Filename::CheckSuffix(const String &suffix) const { return GetSuffix().LexC
 const Filename &Filename::operator+=(const Filename &file) {
     if (!file.Content()) return *this;
     if (!Content()) return *this = file;
-    const String addition(file.path_);
     LONG start = 0;
-    while (IsSeparator(addition[start])) ++start;
-    path_ = path_.Left(TrimmedLength(path_, path_.GetLength()));
-    if (!IsSeparator(path_[path_.GetLength() - 1])) path_ += String(1, kSeparator);
-    path_ += addition.SubStr(start, addition.GetLength() - start);
+    while (IsSeparator(file.path_[start])) ++start;
+    const LONG kept = TrimmedLength(path_, path_.GetLength()), added = file.path_.GetLength() - start;
+    const LONG separators = IsSeparator(path_[kept - 1]) ? 0 : 1;
+    String whole = path_.Left(kept);
+    whole += String(separators, kSeparator);
+    whole += file.path_.SubStr(start, added);
+    // A piece of a path leads elsewhere: without memory for all of it there is none.
+    path_ = whole.GetLength() == kept + separators + added ? whole : String();
     return *this;
 }
 

@@ -10,9 +10,12 @@ constexpr LONG kPresetFileCode = 0x74656D70;  // "temp"
 constexpr Real kVersion = 1.015;
 constexpr LONG kLongestText = 65536;
 
-// Hidden by its first character, so that one left behind by a crash is never taken for a preset.
+// Hidden by its first character, so that one left behind by a crash is never taken for a preset. Empty for a file
+// without a folder: that is what is left of a path where memory ran out, and would lie who knows where.
 Filename FileBeside(const Filename &file) {
-    return file.GetDirectory() + Filename(String(".") + file.GetFileString() + String(".tremolux"));
+    const Filename folder = file.GetDirectory();
+    const Filename beside = folder + Filename(String(".") + file.GetFileString() + String(".tremolux"));
+    return folder.Content() && beside.GetDirectory() == folder ? beside : Filename();
 }
 
 // A checked new file takes the place of `file`. It lies beside until that is done, so that a complete one is there at
@@ -86,16 +89,16 @@ BaseContainer MakePreset(const String &name, Bool is_default, const BaseContaine
     for (LONG id = kFirstPresetId; id <= kLastPresetId; id++) {
         const GeData *value = IsPresetParameter(id) ? data.GetDataPointer(id) : NULL;
         if (!value) continue;
-        preset.SetData(id, *value);
-        preset.SetBool(-id, TRUE);
+        if (!preset.SetData(id, *value) || !preset.SetData(-id, GeData(TRUE))) return BaseContainer();
     }
-    return preset;
+    return preset.GetDataPointer(kPresetName) && preset.GetDataPointer(kPresetIsDefault) ? preset : BaseContainer();
 }
 
 Bool WritePresetFile(const Filename &file, const BaseContainer &preset) {
     const Filename fresh = FileBeside(file);
     BaseContainer written;
-    const Bool is_sound = Write(fresh, preset) && ReadPresetFile(fresh, &written) && written == preset;
+    const Bool is_sound =
+        fresh.Content() && Write(fresh, preset) && ReadPresetFile(fresh, &written) && written == preset;
     return PutInPlace(fresh, file, is_sound);
 }
 
@@ -103,7 +106,7 @@ Bool CopyPresetFile(const Filename &source, const Filename &destination) {
     if (source == destination) return TRUE;
     const Filename fresh = FileBeside(destination);
     BaseContainer original, copy;
-    Bool is_sound = GeFCopyFile(source, fresh, GE_FCOPY_OVERWRITE);
+    Bool is_sound = fresh.Content() && GeFCopyFile(source, fresh, GE_FCOPY_OVERWRITE);
     if (is_sound && ReadPresetFile(source, &original)) is_sound = ReadPresetFile(fresh, &copy) && copy == original;
     return PutInPlace(fresh, destination, is_sound);
 }

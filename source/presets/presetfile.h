@@ -14,7 +14,7 @@ constexpr LLONG kLargestPresetFile = 1048576;
 // FALSE for what is no preset file; `preset` is then empty.
 Bool ReadPresetFile(const Filename &file, BaseContainer *preset);
 
-// The settings in `data` as a preset of that name.
+// The settings in `data` as a preset of that name; empty when there is no memory for all of them.
 BaseContainer MakePreset(const String &name, Bool is_default, const BaseContainer &data);
 
 // Replaces a file only by a complete new one; FALSE, with the old one untouched, where that fails.

@@ -59,7 +59,7 @@ void TremoluxCamClass::SaveUserPreset(BaseContainer *data) {
     if (check.present.Content() && !MayReplace(check.present, as_default)) return;
     const Filename file = check.present.Content() ? check.present : NewFile(folder, check.files, file_name);
     const BaseContainer preset = MakePreset(name, as_default, *data);
-    if (!WritePresetFile(file, preset)) return;
+    if (preset.GetIndexId(0) == NOTOK || !WritePresetFile(file, preset)) return;
 
     if (!as_default) {
         data->SetLong(kCategory, kCategoryUser);

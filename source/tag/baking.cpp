@@ -99,13 +99,13 @@ void TremoluxCamClass::QuickBake(BaseContainer data, BaseObject *camera, BaseTag
 }
 
 // Both bakes begin alike: the old keys are kept, and the scene and the motion stand at the first frame. FALSE when
-// there is nothing to bake.
+// there is nothing to bake, or no memory to take it back.
 Bool TremoluxCamClass::BeginBake(BaseTag *tag, BaseContainer *data) {
     BaseDocument *doc = tag->GetDocument();
     BaseObject *camera = tag->GetObject();
     if (!doc || !camera || camera->GetType() != Ocamera) return FALSE;
     if (!ResolveObject(*data, kInputCamera, doc)) return FALSE;
-    doc->AddUndo(UNDOTYPE_CHANGE, camera);
+    if (!doc->AddUndo(UNDOTYPE_CHANGE, camera)) return FALSE;
     data->SetContainer(kPreBakeRecord, TakePreBakeAnimation(camera, doc->GetFps()));
     Evaluate(doc, 0);
     if (FirstFrame(doc) != 0) Evaluate(doc, FirstFrame(doc));
@@ -165,7 +165,7 @@ void TremoluxCamClass::UnBake(BaseTag *tag, BaseContainer *data) {
     const BaseContainer *stored = data->GetContainerInstance(kPreBakeRecord);
     if (!doc || !camera || !stored) return;
     const BaseContainer record = *stored;
-    doc->AddUndo(UNDOTYPE_CHANGE, camera);
+    if (!doc->AddUndo(UNDOTYPE_CHANGE, camera)) return;
     for (CTrack *track = camera->GetFirstCTrack(); track; track = camera->GetFirstCTrack()) CTrack::Free(track);
     data->SetBool(kBaked, FALSE);
     RestorePreBakeAnimation(record, camera, doc->GetFps());
