@@ -1,15 +1,22 @@
-# One program for all measurements; script/bench runs it.
+# One program for all measurements, and one that runs for long: script/bench and script/soak.
 find_package(benchmark REQUIRED)
 
-tremolux_room_sources(sources bench)
-if(NOT sources OR NOT TARGET TremoluxCam OR NOT TARGET embedded_host)
-    message(STATUS "bench/, host/ or the module is missing: no benchmarks")
+if(NOT TARGET TremoluxCam OR NOT TARGET embedded_host)
+    message(STATUS "host/ or the module is missing: no benchmarks")
     return()
 endif()
-add_executable(tremolux_bench ${sources})
-target_link_libraries(tremolux_bench PRIVATE embedded_host benchmark::benchmark)
-target_compile_definitions(
-    tremolux_bench PRIVATE TREMOLUX_MODULE_FILE="${bare_folder}/$<TARGET_FILE_NAME:TremoluxCam>"
-                           TREMOLUX_RATIOS_FILE="${PROJECT_SOURCE_DIR}/bench/ratios.txt")
-tremolux_set_defaults(tremolux_bench)
-add_dependencies(tremolux_bench bare_module)
+
+function(tremolux_add_bench name)
+    add_executable(${name} bench/scene.cpp ${ARGN})
+    target_link_libraries(${name} PRIVATE embedded_host)
+    target_compile_definitions(
+        ${name} PRIVATE TREMOLUX_MODULE_FILE="${bare_folder}/$<TARGET_FILE_NAME:TremoluxCam>"
+                        TREMOLUX_RATIOS_FILE="${PROJECT_SOURCE_DIR}/bench/ratios.txt")
+    tremolux_set_defaults(${name})
+    add_dependencies(${name} bare_module)
+endfunction()
+
+file(GLOB sources CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}" bench/*_bench.cpp)
+tremolux_add_bench(tremolux_bench bench/main.cpp bench/medians.cpp bench/ratios.cpp ${sources})
+target_link_libraries(tremolux_bench PRIVATE benchmark::benchmark)
+tremolux_add_bench(tremolux_soak bench/soak.cpp)

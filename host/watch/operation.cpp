@@ -17,8 +17,10 @@ Operation::~Operation() { innermost = outer_; }
 
 std::string Operation::Path() {
     std::string path;
-    for (const Operation *operation = innermost; operation != nullptr; operation = operation->outer_)
-        path = operation->name_ + (path.empty() ? "" : " > " + path);
+    for (const Operation *operation = innermost; operation != nullptr; operation = operation->outer_) {
+        if (!path.empty()) path.insert(0, " > ");
+        path.insert(0, operation->name_);
+    }
     return path;
 }
 

@@ -46,7 +46,7 @@ BaseContainer::~BaseContainer() {
 }
 
 BaseContainer &BaseContainer::operator=(const BaseContainer &other) {
-    other.CopyTo(this, COPYFLAGS_0, NULL);
+    if (this != &other) other.CopyTo(this, COPYFLAGS_0, NULL);
     return *this;
 }
 

@@ -104,8 +104,8 @@ void TremoluxCamClass::EvaluateFrame(BaseContainer *data, BaseObject *camera) {
 }
 
 Bool TremoluxCamClass::ComputeFrame(const FrameInput &in, BaseContainer *data, FrameMotion *motion) {
-    RefreshTrigger(data, kCustomTrigger, trigger_frames_);
-    RefreshTrigger(data, kCustomTriggerTwin, twin_trigger_frames_);
+    RefreshTrigger(data, kCustomTrigger, &trigger_frames_);
+    RefreshTrigger(data, kCustomTriggerTwin, &twin_trigger_frames_);
 
     const Curve warp_curve(kSpeedWarpCurve);
     if (!warp_curve) return FALSE;

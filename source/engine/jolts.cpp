@@ -51,7 +51,8 @@ LLONG WholeOf(Real value) {
 // place that a hash of the block's number and the seed picks.
 Bool HitsInInterval(LLONG clock_frame, LONG interval, Real seed) {
     if (interval < 1) return FALSE;
-    const Real block = (Real)(clock_frame / interval);
+    const LLONG number = clock_frame / interval;
+    const Real block = (Real)number;
     const LLONG hash = WholeOf(block * block * 111.333 * block + seed * 131.92111);
     const LLONG place = hash % interval + 1;
     return WholeOf((block + 1.0) * interval - (Real)place * 0.8) == clock_frame;

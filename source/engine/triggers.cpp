@@ -58,18 +58,12 @@ void TremoluxCamClass::ParseTrigger(BaseContainer *data, LONG parameter, std::ve
     frames->erase(std::unique(frames->begin(), frames->end()), frames->end());
 }
 
-void TremoluxCamClass::RefreshTrigger(BaseContainer *data, LONG parameter, const std::vector<LONG> &frames) {
-    const Bool twin = parameter == kCustomTriggerTwin;
+void TremoluxCamClass::RefreshTrigger(BaseContainer *data, LONG parameter, std::vector<LONG> *frames) {
     const GeData *stored = data->GetDataPointer(parameter);
-    const Bool placeholder = stored && stored->GetType() == DA_STRING && IsPlaceholder(stored->GetString());
-    if (placeholder) {
-        (twin ? twin_trigger_frames_ : trigger_frames_).clear();
-    } else if (frames.empty()) {
-        if (twin)
-            ParseCustomTriggerTwin(data);
-        else
-            ParseCustomTrigger(data);
-    }
+    if (stored && stored->GetType() == DA_STRING && IsPlaceholder(stored->GetString()))
+        frames->clear();
+    else if (frames->empty())
+        ParseTrigger(data, parameter, frames);
 }
 
 void TremoluxCamClass::ParseCustomTrigger(BaseContainer *data) { ParseTrigger(data, kCustomTrigger, &trigger_frames_); }

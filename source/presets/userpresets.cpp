@@ -28,7 +28,7 @@ NameCheck LookForName(const Filename &folder, const String &file_name) {
 // A name that no file has; counted up where a file of that number and name was left by somebody else.
 Filename NewFile(const Filename &folder, LONG number, const String &name) {
     for (;; number++) {
-        const Filename file = folder + Filename(String("0") + LongToString(number) + String("_") + name);
+        Filename file = folder + Filename(String("0") + LongToString(number) + String("_") + name);
         if (!GeFExist(file) && !GeFExist(file, TRUE)) return file;
     }
 }

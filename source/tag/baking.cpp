@@ -128,7 +128,8 @@ void TremoluxCamClass::StartQuickBake(BaseTag *tag, BaseContainer *data) {
 void TremoluxCamClass::BruteForceBake(BaseTag *tag, BaseContainer *data) {
     BaseDocument *doc = tag->GetDocument();
     BaseObject *camera = tag->GetObject();
-    const BaseTime before = doc ? doc->GetTime() : BaseTime();
+    if (!doc) return;
+    const BaseTime before = doc->GetTime();
     if (!BeginBake(tag, data)) return;
     const LONG rate = doc->GetFps(), first = FirstFrame(doc), last = LastFrame(doc);
     CCurve *curves[kBakedChannelCount];

@@ -254,7 +254,8 @@ class TremoluxCamClass : public TagData {
     void ParameterChanged(LONG id, BaseTag *tag, BaseContainer *data);
 
     void ParseTrigger(BaseContainer *data, LONG parameter, std::vector<LONG> *frames);
-    void RefreshTrigger(BaseContainer *data, LONG parameter, const std::vector<LONG> &frames);
+    // Before each frame: the list follows a text that nobody told of.
+    void RefreshTrigger(BaseContainer *data, LONG parameter, std::vector<LONG> *frames);
 
     LONG working_number_;
     BaseBitmap *icon_;                // what the host was shown last
