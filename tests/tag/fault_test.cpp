@@ -119,6 +119,31 @@ TEST_F(Faults, InAFrameLeaveTheCameraFinite) {
     EXPECT_GT(calls, 10);
 }
 
+TEST_F(Faults, InTheApplyCommandLeaveTheSelectedCameraAndNoOpenStep) {
+    Start();
+    host::Document *document = scene().document;
+    host::Object *selected = host::Object::Create(host::kTypeCamera).release();
+    selected->Data().SetReal(host::kCameraFocalLength, 85);
+    document->InsertObject(selected);
+    const std::size_t objects = document->AllObjects().size();
+    const std::int64_t calls = FailEveryCall(
+        [&] {
+            document->SetActiveObject(selected);
+            running_->App().CallCommand(1039960);
+        },
+        [&](std::int64_t n) {
+            ASSERT_EQ(document->Undo().Depth(), 0) << "call " << n;
+            while (document->Undo().Undo()) continue;
+            // Where the step had no memory for it, the new camera is there to be deleted by hand.
+            ASSERT_LE(document->AllObjects().size(), objects + 1) << "call " << n;
+            if (document->AllObjects().size() > objects) delete document->FirstObject();
+            ASSERT_EQ(document->AllObjects().size(), objects) << "call " << n;
+            ASSERT_EQ(selected->Data().Real(host::kCameraFocalLength), 85) << "call " << n;
+            document->Undo().Flush();
+        });
+    EXPECT_GT(calls, 20);
+}
+
 TEST_F(Faults, InABakeAndItsUnBakeLoseNoKeyOfTheArtists) {
     Start();
     scene().document->SetRange(0, 4);

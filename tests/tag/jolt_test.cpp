@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/scene/messages.h"
 #include "host/ui/attribute_manager.h"
 #include "tests/tag/scene.h"
 
@@ -118,6 +119,14 @@ TEST_F(Jolt, OnFramesOutsideTheListNeverHappens) {
 
 TEST_F(Jolt, OfTheTwinListNeverHits) {
     scene().State().Set(kTwinList, host::Data("5,6,7"));
+    EXPECT_EQ(Hits(20), Frames{});
+}
+
+TEST_F(Jolt, OfATwinListThatTheTagWasToldOfNeverHits) {
+    const TableDescID id = host::MakeId(kTwinList);
+    scene().State().Set(kTwinList, host::Data("5,6,7"));
+    TableDescriptionCheckUpdate update{scene().document, 0, 0, &id};
+    scene().tag->SendMessage(host::kMessageCheckUpdate, &update);
     EXPECT_EQ(Hits(20), Frames{});
 }
 

@@ -381,6 +381,17 @@ TEST_F(ChosenPresets, HoldTheirValuesToTheLimitsAndTypes) {
     EXPECT_EQ(State().Whole(6011, 7), 0);
 }
 
+TEST_F(ChosenPresets, HoldTheirIntervalToTimesFromZeroOn) {
+    const std::pair<TableTime, double> intervals[] = {
+        {{15, 30}, 0.5}, {{-15, 30}, 0}, {{1, 0}, 0}, {{std::nan(""), 30}, 0}, {{HUGE_VAL, 1}, 0}};
+    for (const auto &[interval, seconds] : intervals) {
+        WritePresetFile(Root() / "1_A" / "2_Second", PresetOf("Second", {{6038, host::Data(interval)}}));
+        Choose(kPreset, 0);
+        Choose(kPreset, 1);
+        EXPECT_EQ(host::Seconds(State().GetTime(6038)), seconds) << interval.numerator << "/" << interval.denominator;
+    }
+}
+
 TEST_F(ChosenPresets, WithoutTheMarkAValueIsNotThere) {
     host::Container preset = PresetOf("Second", {{kPositionSlow, host::Data(0.75)}});
     preset.Set(-kPositionSlow, host::Data(0));
