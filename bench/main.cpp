@@ -34,12 +34,12 @@ int main(int argc, char **argv) {
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 2;
-    bench::Memory memory;
-    benchmark::RunSpecifiedBenchmarks(&memory);
+    bench::Medians medians;
+    benchmark::RunSpecifiedBenchmarks(&medians);
     benchmark::Shutdown();
 
     const std::filesystem::path committed = TREMOLUX_RATIOS_FILE;
-    bench::PrintRatios(memory, committed);
-    if (keep && !bench::WriteRatios(memory, committed)) return 1;
-    return check && bench::CountSlower(memory, committed) > 0 ? 1 : 0;
+    bench::PrintRatios(medians, committed);
+    if (keep && !bench::WriteRatios(medians, committed)) return 1;
+    return check && bench::CountSlower(medians, committed) > 0 ? 1 : 0;
 }

@@ -24,7 +24,7 @@ bool Terminal() { return isatty(STDERR_FILENO) != 0; }
 
 }  // namespace
 
-void Memory::ReportRuns(const std::vector<Run> &runs) {
+void Medians::ReportRuns(const std::vector<Run> &runs) {
     for (const Run &run : runs) {
         if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
         const auto of = run.counters.find("of");
@@ -37,12 +37,12 @@ void Memory::ReportRuns(const std::vector<Run> &runs) {
     }
 }
 
-void Memory::Finalize() {
+void Medians::Finalize() {
     if (Terminal()) std::fprintf(stderr, "\r%-56s\r", "");
     for (const auto &[name, nanoseconds] : nanoseconds_) times_[name] = TimeOf(nanoseconds);
 }
 
-const Time *Memory::Find(const std::string &name) const {
+const Time *Medians::Find(const std::string &name) const {
     const auto found = times_.find(name);
     return found == times_.end() ? nullptr : &found->second;
 }

@@ -17,7 +17,7 @@ struct Time {
 
 // Shows how far the run is, and remembers. A measurement whose iteration is many of the same says how many in its
 // counter "of".
-class Memory : public benchmark::BenchmarkReporter {
+class Medians : public benchmark::BenchmarkReporter {
   public:
     bool ReportContext(const Context &) override { return true; }
     void ReportRuns(const std::vector<Run> &runs) override;

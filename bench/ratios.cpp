@@ -55,8 +55,8 @@ constexpr Row kRows[] = {
 };
 
 // 0 when one of its measurements was not run.
-double RatioOf(const Row &row, const Memory &memory) {
-    const Time *measured = memory.Find(row.measured), *against = memory.Find(row.against);
+double RatioOf(const Row &row, const Medians &medians) {
+    const Time *measured = medians.Find(row.measured), *against = medians.Find(row.against);
     return measured == nullptr || against == nullptr ? 0 : measured->median / (row.count * against->median);
 }
 
@@ -92,25 +92,25 @@ std::string Duration(double nanoseconds) {
 
 }  // namespace
 
-void PrintRatios(const Memory &memory, const std::filesystem::path &committed) {
+void PrintRatios(const Medians &medians, const std::filesystem::path &committed) {
     const std::map<std::string, double> ratios = ReadRatios(committed);
     std::printf("%-38s %9s %6s %8s %-18s %5s %7s\n", "", "time", "noise", "ratio", "to one", "aim", "before");
-    if (const Time *sample = memory.Find(kSample))
+    if (const Time *sample = medians.Find(kSample))
         std::printf("%-38s %9s %5.1f%%\n", "Noise sample", Duration(sample->median).c_str(), 100 * sample->noise);
     for (const Row &row : kRows) {
-        const double ratio = RatioOf(row, memory);
+        const double ratio = RatioOf(row, medians);
         if (ratio == 0) continue;
-        const Time &time = *memory.Find(row.measured);
+        const Time &time = *medians.Find(row.measured);
         std::printf("%-38s %9s %5.1f%% %8s %-18s %5s %7s\n", row.name, Duration(time.median).c_str(), 100 * time.noise,
                     Figure(ratio).c_str(), row.unit, Figure(row.aim).c_str(), Figure(Known(ratios, row)).c_str());
     }
 }
 
-int CountSlower(const Memory &memory, const std::filesystem::path &committed) {
+int CountSlower(const Medians &medians, const std::filesystem::path &committed) {
     const std::map<std::string, double> ratios = ReadRatios(committed);
     int slower = 0;
     for (const Row &row : kRows) {
-        const double ratio = RatioOf(row, memory), known = Known(ratios, row);
+        const double ratio = RatioOf(row, medians), known = Known(ratios, row);
         if (ratio == 0 || (known > 0 && ratio <= known * kSlower)) continue;
         ++slower;
         if (known > 0)
@@ -123,12 +123,12 @@ int CountSlower(const Memory &memory, const std::filesystem::path &committed) {
     return slower;
 }
 
-bool WriteRatios(const Memory &memory, const std::filesystem::path &committed) {
+bool WriteRatios(const Medians &medians, const std::filesystem::path &committed) {
     const std::map<std::string, double> ratios = ReadRatios(committed);
     std::ostringstream text;
     text.precision(4);
     for (const Row &row : kRows) {
-        const double ratio = RatioOf(row, memory);
+        const double ratio = RatioOf(row, medians);
         if (ratio > 0 || Known(ratios, row) > 0)
             text << (ratio > 0 ? ratio : Known(ratios, row)) << ' ' << row.name << '\n';
     }
