@@ -32,10 +32,9 @@ const AtomKind *KindOf(char letter) {
 
 }  // namespace
 
-bool CallCheck::Complain(const char *found, const char *expected) {
+void CallCheck::Complain(const char *found, const char *expected) {
     host::Complain(entry_.name, found, expected);
     sound_ = false;
-    return false;
 }
 
 void CallCheck::Argument(const HostAtom *atom) {

@@ -42,7 +42,7 @@ class CallCheck {
     bool IsSound();
 
   private:
-    bool Complain(const char *found, const char *expected);
+    void Complain(const char *found, const char *expected);
     const WatchedEntry &entry_;
     int place_ = 0;
     bool sound_ = true, in_scene_ = false, has_atoms_ = false;
@@ -61,21 +61,12 @@ struct WatchedCall<Here, member, Answer (*Table::*)(Arguments...)> {
     static Answer Call(Arguments... arguments) {
         static constexpr WatchedEntry entry = Here::Entry();
         CallCheck check(entry);
-        (Check(&check, arguments), ...);
+        (check.Argument(arguments), ...);
         if (!check.IsSound()) return Answer();
         if constexpr (!std::is_void_v<Answer>)
             if ((entry.rules & kMayFail) != 0 && CallFails(entry.name)) return Answer();
         if constexpr ((entry.rules & kGivesUp) != 0) (GiveUpAtom(arguments), ...);
         return (Unwatched<Table>().*member)(arguments...);
-    }
-
-  private:
-    template <typename Argument>
-    static void Check(CallCheck *check, const Argument &argument) {
-        if constexpr (std::is_function_v<std::remove_pointer_t<Argument>>)
-            check->Argument(0);
-        else
-            check->Argument(argument);
     }
 };
 
