@@ -1,5 +1,12 @@
 #include "engine/curves.h"
 
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <map>
+#include <utility>
+#include <vector>
+
 #include "host/value/memory.h"
 #include "tests/engine/glue.h"
 #include "tests/engine/shake_model.h"
@@ -36,6 +43,20 @@ TEST_F(Curves, ACurveIsEmptyWhenTheHostHasNoMemory) {
     const Curve refused(kSpeedWarpCurve);
     host::RefuseCustomData(0, 0);
     EXPECT_EQ(static_cast<SplineData *>(refused), nullptr);
+}
+
+// Many more amounts than there is room for: each is known with its own value, or not at all.
+RC_GTEST_PROP(BentAmounts, KnowNoAmountByTheValueOfAnother, ()) {
+    const CurveShape *shapes[] = {&kSmoothingAmountCurve, &kSmoothingCurve, &kShakeSmoothingCurve, &kOvershootCurve};
+    BentAmounts known;
+    std::map<std::pair<const CurveShape *, Real>, Real> told;
+    for (const int step : *rc::gen::container<std::vector<int>>(600, rc::gen::inRange(0, 400))) {
+        const auto asked = std::make_pair(shapes[step % 4], step / 400.0);
+        Real bent = -1;
+        if (known.Find(*asked.first, asked.second, &bent)) RC_ASSERT(bent == told.at(asked));
+        known.Remember(*asked.first, asked.second, told.try_emplace(asked, step).first->second);
+        RC_ASSERT(known.Find(*asked.first, asked.second, &bent) && bent == told.at(asked));
+    }
 }
 
 }  // namespace
