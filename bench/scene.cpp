@@ -88,7 +88,7 @@ std::filesystem::path NewTemporaryFolder() {
 
 }  // namespace
 
-Scene::Scene() : folder_(NewTemporaryFolder()) {
+Scene::Scene(const HostTable *table) : table_(table), folder_(NewTemporaryFolder()) {
     host::ApplicationSettings settings;
     settings.application_folder = folder_ / "application";
     settings.user_folder = folder_ / "user";
@@ -139,7 +139,7 @@ Scene::~Scene() {
 
 void Scene::LoadModule() {
     std::string error;
-    module_ = host::LoadedModule::Load(TREMOLUX_MODULE_FILE, &error);
+    module_ = host::LoadedModule::Load(TREMOLUX_MODULE_FILE, &error, table_);
     if (!module_) Fail(error);
 }
 

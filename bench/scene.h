@@ -28,7 +28,8 @@ enum class Layer {
 // when the module cannot be loaded or gives no tag: there is nothing to measure then.
 class Scene {
   public:
-    Scene();
+    // The module calls the host through `table`.
+    explicit Scene(const HostTable *table = host::Application::Table());
     ~Scene();
     Scene(const Scene &) = delete;
     Scene &operator=(const Scene &) = delete;
@@ -54,6 +55,7 @@ class Scene {
 
   private:
     void LoadModule();
+    const HostTable *table_;
     std::filesystem::path folder_;
     std::unique_ptr<host::Application> application_;
     std::unique_ptr<host::LoadedModule> module_;

@@ -1,5 +1,6 @@
 // An artist's work on one shot: any settings, buttons, links, keys, jumps, undo, bakes, saves and loads, in any order.
-// Whatever was done, the camera stays finite, and what it shows on a frame does not depend on the way there.
+// Whatever was done, the camera stays finite, what it shows on a frame does not depend on the way there, and the module
+// makes no wrong call.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
@@ -14,6 +15,8 @@
 #include "host/files/scenefile.h"
 #include "host/ui/attribute_manager.h"
 #include "host/value/descid.h"
+#include "host/watch/judge.h"
+#include "host/watch/watched_table.h"
 
 namespace {
 
@@ -108,7 +111,7 @@ class Work {
         Require(IsSame(ShownAfter(loaded.get(), frame + 7, frame), shown));
     }
 
-    void Check() { Require(IsFinite(scene_.Camera())); }
+    void Check() { Require(IsFinite(scene_.Camera()) && host::FirstWrongCall().empty()); }
 
   private:
     host::Document &Document() { return scene_.Document(); }
@@ -212,7 +215,7 @@ void CleanUp(bench::Scene *scene) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
-    static bench::Scene scene;
+    static bench::Scene scene(host::WatchedTable());
     scene.NewShot();
     scene.SetLastFrame(kLastFrame);
     FuzzedDataProvider input(data, size);
