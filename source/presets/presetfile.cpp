@@ -89,7 +89,7 @@ BaseContainer MakePreset(const String &name, Bool is_default, const BaseContaine
     for (LONG id = kFirstPresetId; id <= kLastPresetId; id++) {
         const GeData *value = IsPresetParameter(id) ? data.GetDataPointer(id) : NULL;
         if (!value) continue;
-        if (!preset.SetData(id, *value) || !preset.SetData(-id, GeData(TRUE))) return BaseContainer();
+        if (!preset.SetData(id, *value) || !preset.SetData(-id, GeData((LONG)TRUE))) return BaseContainer();
     }
     return preset.GetDataPointer(kPresetName) && preset.GetDataPointer(kPresetIsDefault) ? preset : BaseContainer();
 }
