@@ -26,9 +26,11 @@ AtomMap &Atoms() {
 
 }  // namespace
 
-void EnterAtom(const HostAtom *atom) { Atoms().insert_or_assign(atom, false); }
+void FollowAtoms() { atoms_are_followed = true; }
 
-void LeaveAtom(const HostAtom *atom) { Atoms().erase(atom); }
+void RememberAtom(const HostAtom *atom) { Atoms().insert_or_assign(atom, false); }
+
+void ForgetAtom(const HostAtom *atom) { Atoms().erase(atom); }
 
 bool IsLiveAtom(const HostAtom *atom) { return Atoms().count(atom) > 0; }
 

@@ -5,10 +5,20 @@ struct HostAtom;
 
 namespace host {
 
+// From the first call on nodes are followed: before the first one is made, and only where somebody judges, as it costs.
+void FollowAtoms();
+inline bool atoms_are_followed = false;
+
+void RememberAtom(const HostAtom *atom);
+void ForgetAtom(const HostAtom *atom);
 // Told by every node when it comes to be and when it goes.
-void EnterAtom(const HostAtom *atom);
-void LeaveAtom(const HostAtom *atom);
-// false for an address at which there is no node, or none any more. null is none.
+inline void EnterAtom(const HostAtom *atom) {
+    if (atoms_are_followed) RememberAtom(atom);
+}
+inline void LeaveAtom(const HostAtom *atom) {
+    if (atoms_are_followed) ForgetAtom(atom);
+}
+// false for an address at which there is no node that is followed, or none any more. null is none.
 bool IsLiveAtom(const HostAtom *atom);
 
 // A node that its owner freed, which may live on in an undo step.

@@ -423,6 +423,7 @@ BitmapTable WatchedBitmap() {
 }  // namespace
 
 const HostTable *WatchedTable() {
+    FollowAtoms();
     static const GeneralTable general = WatchedGeneral();
     static const MathTable math = WatchedMath();
     static const DataTable data = WatchedData();
