@@ -125,9 +125,13 @@ TEST_F(Jolt, OfTheTwinListNeverHits) {
 TEST_F(Jolt, OfATwinListThatTheTagWasToldOfNeverHits) {
     const TableDescID id = host::MakeId(kTwinList);
     scene().State().Set(kTwinList, host::Data("5,6,7"));
-    TableDescriptionCheckUpdate update{scene().document, 0, 0, &id};
-    scene().tag->SendMessage(host::kMessageCheckUpdate, &update);
+    TableDescriptionPostSetValue told{&id};
+    scene().tag->SendMessage(host::kMessagePostSetParameter, &told);
     EXPECT_EQ(Hits(20), Frames{});
+    // It was read, all the same: what it showed when it was empty it shows again.
+    scene().State().Set(kTwinList, host::Data(""));
+    scene().tag->SendMessage(host::kMessagePostSetParameter, &told);
+    EXPECT_EQ(scene().State().Text(kTwinList), "Numbers seperated by commas");
 }
 
 TEST_F(Jolt, FieldThatShowsItsPlaceholderListsNothing) {
