@@ -1,5 +1,6 @@
 #include "presets/cache.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <map>
 
@@ -11,10 +12,16 @@ constexpr std::size_t kMostFiles = 50000;
 
 Bool SameTime(const LocalFileTime &a, const LocalFileTime &b) { return std::memcmp(&a, &b, sizeof(a)) == 0; }
 
-LocalFileTime Now() {
+LONG SecondOfDay(const LocalFileTime &time) { return (time.hour * 60 + time.minute) * 60 + time.second; }
+
+// Whether what changes from now on gets another time. File times count seconds, or two of them, and their clock may lag
+// behind or run ahead a little. Two times of day are enough to tell: on another day it only means reading once more.
+Bool IsLongPast(const LocalFileTime &changed) {
+    constexpr LONG kDay = 24 * 60 * 60, kClocksApart = 5;
     LocalFileTime now = LocalFileTime();
     GeGetCurrentTime(&now);
-    return now;
+    const LONG since = std::abs(SecondOfDay(now) - SecondOfDay(changed));
+    return since > kClocksApart && since < kDay - kClocksApart;
 }
 
 struct FileState {
@@ -24,7 +31,7 @@ struct FileState {
 
 struct CachedFile {
     FileState state;
-    // Times count seconds: a file that changed in the second in which it was read may change again unseen.
+    // FALSE: the file may change unseen, or could not be read, perhaps for being in use.
     Bool is_certain;
     Bool is_preset;
     BaseContainer preset;
@@ -40,9 +47,10 @@ const CachedFile *ReadThroughCache(const Filename &file, const FileState &state)
     CachedFile &cached = (*files)[file.GetString()];
     if (cached.is_certain && cached.state.size == state.size && SameTime(cached.state.changed, state.changed))
         return &cached;
+    const Bool is_long_past = IsLongPast(state.changed);
     cached.state = state;
-    cached.is_certain = !SameTime(state.changed, Now());
     cached.is_preset = state.size <= kLargestPresetFile && ReadPresetFile(file, &cached.preset);
+    cached.is_certain = cached.is_preset && is_long_past;
     return &cached;
 }
 
@@ -114,7 +122,7 @@ Bool ReadAgain(const PresetPath &record, BaseContainer *preset) {
 
 FolderStamp::FolderStamp(const Filename &folder) : folder_(folder), changed_(LocalFileTime()) {
     exists_ = GeGetFileTime(folder, GE_FILETIME_MODIFIED, &changed_);
-    is_certain_ = !exists_ || !SameTime(changed_, Now());
+    is_certain_ = !exists_ || IsLongPast(changed_);
 }
 
 Bool FolderStamp::operator==(const FolderStamp &other) const {

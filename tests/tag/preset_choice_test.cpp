@@ -1,7 +1,9 @@
 // Lists of categories and presets, choosing from them, and the library behind them.
+#include <chrono>
 #include <cmath>
 #include <fstream>
 
+#include "host/files/faults.h"
 #include "host/ui/attribute_manager.h"
 #include "tests/support/links.h"
 #include "tests/tag/preset_bench.h"
@@ -329,6 +331,38 @@ TEST_F(ChosenPresets, AreReadAsTheirFileIsNow) {
     BuiltIn("1_A", "2_Second", {{kPositionSlow, host::Data(0.75)}});
     Choose(kPreset, 1);
     EXPECT_EQ(scene().Real(kPositionSlow), 0.75);
+}
+
+TEST_F(ChosenPresets, AreReadAsTheirFileIsNowThoughItsTimeIsTheSame) {
+    // The clock of files may lag behind: the same second is given to files written after it.
+    const fs::path file = Root() / "1_A" / "2_Second";
+    const auto a_second_ago = fs::file_time_type::clock::now() - std::chrono::seconds(1);
+    for (const double slow : {0.5, 0.75}) {
+        BuiltIn("1_A", "2_Second", {{kPositionSlow, host::Data(slow)}});
+        fs::last_write_time(file, a_second_ago);
+        Choose(kPreset, 1);
+        EXPECT_EQ(scene().Real(kPositionSlow), slow);
+        Choose(kPreset, 0);
+    }
+}
+
+TEST_F(ChosenPresets, AreAppliedAsSoonAsTheirFileCanBeReadAgain) {
+    const fs::path file = Root() / "1_A" / "2_Second";
+    bool came_through = false;
+    for (std::int64_t nth = 1; !came_through; ++nth) {
+        ASSERT_LT(nth, 50);
+        const double slow = 0.5 + 0.01 * static_cast<double>(nth);
+        BuiltIn("1_A", "2_Second", {{kPositionSlow, host::Data(slow)}});
+        fs::last_write_time(file, fs::last_write_time(file) - std::chrono::hours(400 + nth));
+        host::ArmFileFault(nth, host::FileFault::kFails);
+        Choose(kPreset, 1);
+        came_through = host::FileUses() < nth;
+        host::ArmFileFault(0, host::FileFault::kNone);
+        Choose(kPreset, 0);
+        Choose(kPreset, 1);
+        EXPECT_EQ(scene().Real(kPositionSlow), slow) << "after use " << nth << " of the file system failed";
+        Choose(kPreset, 0);
+    }
 }
 
 TEST_F(ChosenPresets, ACategoryAppliesNothingByItself) {
