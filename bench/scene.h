@@ -24,7 +24,7 @@ enum class Layer {
     kTarget
 };
 
-// Hand-held at 30 frames a second; every layer of the position and rotation shake is on. Ends the program with one line
+// Hand-held at 30 frames a second; every layer is on. Ends the program with one line
 // when the module cannot be loaded or gives no tag: there is nothing to measure then.
 class Scene {
   public:

@@ -3,11 +3,13 @@
 #include <malloc.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
 #include <random>
+#include <string_view>
 
 #include "bench/scene.h"
 #include "host/ui/attribute_manager.h"
@@ -103,9 +105,12 @@ class Soak {
 }  // namespace
 
 int main(int argc, char **argv) {
-    const std::int64_t frames = argc > 1 ? std::atoll(argv[1]) : kDefaultFrames;
-    if (argc > 2 || frames < 1) {
-        std::fprintf(stderr, "soak: found '%s', expected a number of frames\n", argv[1]);
+    std::int64_t frames = kDefaultFrames;
+    const std::string_view given = argc > 1 ? argv[argc - 1] : "";
+    const std::from_chars_result read = std::from_chars(given.data(), given.data() + given.size(), frames);
+    const bool is_number = read.ec == std::errc() && read.ptr == given.data() + given.size() && frames > 0;
+    if (argc > 2 || (argc == 2 && !is_number)) {
+        std::fprintf(stderr, "soak: found '%s', expected one number of frames\n", argv[argc - 1]);
         return 2;
     }
     Soak().Run(frames);
