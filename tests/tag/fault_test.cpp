@@ -159,6 +159,19 @@ TEST_F(Faults, InABakeAndItsUnBakeLoseNoKeyOfTheArtists) {
                           scene().document->Undo().Flush();
                           ExpectAWorkingCamera(n);
                       });
+        host::PressButton(scene().tag, host::MakeId(bake));
+        scene().document->Undo().Flush();
+        FailEveryCall([&] { host::PressButton(scene().tag, host::MakeId(6047)); },
+                      [&](std::int64_t n) {
+                          while (scene().document->Undo().Undo()) continue;
+                          ASSERT_EQ(State().Whole(kBaked), 1) << "call " << n;
+                          ASSERT_EQ(scene().camera->Tracks().size(), 8u) << "call " << n;
+                          scene().document->Undo().Flush();
+                      });
+        host::PressButton(scene().tag, host::MakeId(6047));
+        scene().document->Undo().Flush();
+        ASSERT_EQ(scene().camera->Tracks().size(), 1u);
+        ASSERT_EQ(scene().camera->Tracks()[0]->GetCurve()->KeyCount(), 2);
     }
 }
 
