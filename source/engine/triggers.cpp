@@ -11,14 +11,14 @@ const CHAR *const kPlaceholder = "Numbers seperated by commas";
 constexpr LONG kLastTriggerFrame = 9999999;
 
 Bool IsBlank(UWORD unit) { return unit == ' ' || unit == '\t'; }
+Bool IsDigit(UWORD unit) { return unit >= '0' && unit <= '9'; }
+
 // Asked for on every frame, so no text is made for it.
 Bool IsPlaceholder(const String &text) {
     LONG i = 0;
     while (i < text.GetLength() && kPlaceholder[i] && text[i] == (UWORD)kPlaceholder[i]) i++;
     return i == text.GetLength() && !kPlaceholder[i];
 }
-
-Bool IsDigit(UWORD unit) { return unit >= '0' && unit <= '9'; }
 
 // The frame between `start` and `end` of the text: blanks, an optional sign, decimal digits, blanks. FALSE for anything
 // else, for frames below 0, for frames that nobody animates, and for a zero in any form but "0".
