@@ -24,8 +24,8 @@ enum class Layer {
     kTarget
 };
 
-// Hand-held at 30 frames a second; every layer is on. Ends the program with one line
-// when the module cannot be loaded or gives no tag: there is nothing to measure then.
+// Hand-held at 30 frames a second; every layer is on. Ends the program with one line when the module cannot be loaded
+// or gives no tag: there is nothing to measure then.
 class Scene {
   public:
     // The module calls the host through `table`.

@@ -51,7 +51,7 @@ Key *Curve::KeyAt(std::int32_t index) const {
 }
 
 std::size_t Curve::FirstAfter(const Time &time) const {
-    // A bake always is at the end.
+    // A bake is always at the end.
     if (keys_.empty() || !Before(time, keys_.back()->GetTime())) return keys_.size();
     const auto after = std::upper_bound(keys_.begin(), keys_.end(), time,
                                         [](const Time &t, const Key *key) { return Before(t, key->GetTime()); });
