@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <regex>
+#include <string>
 
 #include "tests/program/run.h"
 #include "tests/support/tools.h"
@@ -56,6 +58,23 @@ TEST_F(Plot, OfACameraThatNothingMovesIsDrawnToo) {
                                    "Rotation Intensity=0", "--set", "Jolt=off"});
     ASSERT_EQ(outcome.status, 0) << outcome.err;
     EXPECT_NE(workplace_.Read("p-spectrum.svg").find("nothing was added"), std::string::npos);
+}
+
+TEST_F(Plot, HasRoomForItsAxisTitlesBesideLongNumbers) {
+    // Next to nothing moves, far from the origin: numbers like -123.45 on the axes.
+    workplace_.Write("move.csv",
+                     "frame,x,y,z,h,p,b\n0,-123.45,-123.45,-123.45,0,0,0\n1,-123.45,-123.45,-123.45,0,0,0\n");
+    const Outcome outcome = Shake({"--plot", workplace_.Path("p.svg"), "--set", "Position Intensity=0.001"});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    constexpr double kLineHeight = 13;
+    for (const char *sheet : {"p.svg", "p-spectrum.svg"}) {
+        const std::string text = workplace_.Read(sheet);
+        const std::regex title("translate\\(([-0-9.]+),[-0-9.]+\\) rotate\\(270\\)");
+        int titles = 0;
+        for (std::sregex_iterator found(text.begin(), text.end(), title), end; found != end; ++found, ++titles)
+            EXPECT_GE(std::stod((*found)[1]), kLineHeight) << sheet;
+        EXPECT_GE(titles, 3) << sheet;
+    }
 }
 
 TEST_F(Plot, IsRefusedInOtherFormatsBeforeAnythingIsDone) {

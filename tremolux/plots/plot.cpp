@@ -147,7 +147,7 @@ std::string Margins(double left, double right, double bottom, double top) {
 
 // As many pixels a centimetre along as up: a map.
 std::string MapRanges(const PlayedMotion &motion) {
-    constexpr double kPixelsAlong = 0.9 * kWidth, kPixelsUp = 0.375 * kHeight, kMargin = 1.1, kLeast = 1;
+    constexpr double kPixelsAlong = 0.88 * kWidth, kPixelsUp = 0.375 * kHeight, kMargin = 1.1, kLeast = 1;
     const host::Vector start = motion.output.samples.front().position;
     double left = start.x, right = start.x, near = start.z, far = start.z;
     for (const CameraMove *move : {&motion.input, &motion.output}) {
@@ -187,7 +187,7 @@ fs::path SecondSheet(const fs::path &file) {
 
 std::string DrawMotion(const PlayedMotion &motion, PlotFormat format) {
     std::string script = Head(format) + Table(motion) + JoltMarks(motion);
-    script += "set multiplot layout 4,2 rowsfirst margins 0.085,0.985,0.05,0.945 spacing 0.09,0.05\n";
+    script += "set multiplot layout 4,2 rowsfirst margins 0.11,0.985,0.05,0.945 spacing 0.12,0.05\n";
     script += "set xrange [" + Seconds(motion.output, motion.output.first_frame) + ":" +
               Seconds(motion.output, std::max(motion.output.LastFrame(), motion.output.first_frame + 1)) + "]\n";
     for (std::size_t i = 0; i < std::size(kPanels); ++i) {
@@ -210,17 +210,17 @@ std::string DrawSpectrum(const PlayedMotion &motion, const AddedMotion &added, P
     std::string script = Head(format) + Table(motion) +
                          SpectrumTable(added, rate, static_cast<double>(motion.output.samples.size()) / rate);
     script += "set multiplot\nset key at screen 0.98, screen 0.99 right top horizontal samplen 3\n" +
-              Margins(0.08, 0.98, 0.57, 0.945) +
-              "set label 1 \"the path seen from above\" at screen 0.08, screen 0.975\n" + MapRanges(motion) +
+              Margins(0.1, 0.98, 0.57, 0.945) +
+              "set label 1 \"the path seen from above\" at screen 0.1, screen 0.975\n" + MapRanges(motion) +
               "set xlabel \"x, cm\" offset 0,0.5\nset ylabel \"z, cm\"\n"
               "plot $move using 2:10 with lines linestyle 1 title \"input camera\", "
               "$move using 3:11 with lines linestyle 2 title \"shaken camera\"\n"
               "set autoscale\nset logscale xy\nset format y \"%g\"\nset xlabel \"frequency, Hz\" offset 0,0.5\n" +
-              Margins(0.08, 0.49, 0.06, 0.475) +
+              Margins(0.1, 0.49, 0.06, 0.475) +
               "set key at graph 1, graph 1 right top vertical\n"
-              "set label 1 \"added to the position\" at screen 0.08, screen 0.49\n";
+              "set label 1 \"added to the position\" at screen 0.1, screen 0.49\n";
     script += SpectrumPanel("RMS in a third of an octave, cm", added, 0);
-    script += Margins(0.58, 0.98, 0.06, 0.475) + "set label 1 \"added to the angles\" at screen 0.58, screen 0.49\n";
+    script += Margins(0.6, 0.98, 0.06, 0.475) + "set label 1 \"added to the angles\" at screen 0.6, screen 0.49\n";
     script += SpectrumPanel("RMS in a third of an octave, degrees", added, 3);
     return Draw(script + "unset multiplot\n");
 }
