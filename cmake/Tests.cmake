@@ -17,6 +17,18 @@ endif()
 add_library(no_entry MODULE tests/modules/no_entry.cpp)
 tremolux_set_defaults(no_entry)
 
+# The module as it is, with no memory but the host's.
+if(TARGET module_code)
+    add_library(host_memory MODULE tests/modules/host_memory.cpp)
+    target_link_libraries(host_memory PRIVATE module_code)
+    tremolux_set_defaults(host_memory)
+    set_target_properties(host_memory PROPERTIES PREFIX "" SUFFIX "${module_suffix}" LINKER_LANGUAGE CXX)
+    if(NOT WIN32)
+        # Its operators are its own: those of a program that loads it would come first.
+        target_link_options(host_memory PRIVATE "-Wl,--version-script=${export_list}")
+    endif()
+endif()
+
 # Modules that are wrong on purpose, one mistake each.
 set(wrong_modules "")
 set(wrong_folder "${PROJECT_BINARY_DIR}/wrong")
@@ -95,6 +107,10 @@ if(TARGET host_tests)
 endif()
 tremolux_add_tests(engine module_code embedded_host)
 tremolux_add_tests(tag embedded_host)
+if(TARGET tag_tests)
+    target_compile_definitions(tag_tests PRIVATE TREMOLUX_HOST_MEMORY_MODULE="${drive}$<TARGET_FILE:host_memory>")
+    add_dependencies(tag_tests host_memory)
+endif()
 tremolux_add_tests(program tremolux_program)
 
 if(TARGET parameter_page)

@@ -47,15 +47,17 @@ void TremoluxCamClass::ParseTrigger(BaseContainer *data, LONG parameter, std::ve
     if (!text.Content()) data->SetString(parameter, kPlaceholder);
     if (!text.Content() || IsPlaceholder(text)) return;
 
+    std::vector<LONG> found;
     for (LONG start = 0; start <= text.GetLength();) {
         LONG end = start;
         while (end < text.GetLength() && text[end] != ',') end++;
         LONG frame;
-        if (ReadFrame(text, start, end, &frame)) frames->push_back(frame);
+        if (ReadFrame(text, start, end, &frame)) found.push_back(frame);
         start = end + 1;
     }
-    std::sort(frames->begin(), frames->end());
-    frames->erase(std::unique(frames->begin(), frames->end()), frames->end());
+    std::sort(found.begin(), found.end());
+    found.erase(std::unique(found.begin(), found.end()), found.end());
+    frames->swap(found);
 }
 
 void TremoluxCamClass::RefreshTrigger(BaseContainer *data, LONG parameter, std::vector<LONG> *frames) {

@@ -63,11 +63,11 @@ FileState StateOf(BrowseFiles *browse) {
     return state;
 }
 
-// Every entry but hidden ones, until `visit(browse, name)` is FALSE.
+// Every entry but hidden ones of a folder that can be named, until `visit(browse, name)` is FALSE.
 template <class Visit>
 void ForEachIn(const Filename &folder, Visit visit) {
     AutoAlloc<BrowseFiles> browse;
-    if (!browse) return;
+    if (!browse || !folder.Content()) return;
     browse->Init(folder, 0);
     while (browse->GetNext()) {
         const Filename name = browse->GetFilename();

@@ -10,8 +10,8 @@
 namespace {
 
 void ExportFiles(const Filename &from, const String &category) {
-    const Filename to = ExistingFolder(ExportFolder() + Filename(category));
-    for (const Filename &file : FilesIn(from)) CopyPresetFile(from + file, to + file);
+    const Filename to = ExistingFolder(InFolder(ExportFolder(), Filename(category)));
+    for (const Filename &file : FilesIn(from)) CopyPresetFile(InFolder(from, file), InFolder(to, file));
 }
 
 // The file of the same display name; of several the first in the order of a list.
@@ -21,13 +21,13 @@ Filename SameName(const Filename &folder, const String &file_name) {
     for (const Filename &file : FilesIn(folder))
         if (DisplayName(file.GetString()).ToLower() == wanted) same.push_back(file);
     SortByName(&same, [](const Filename &file) { return file.GetString(); });
-    return same.empty() ? Filename() : folder + same[0];
+    return same.empty() ? Filename() : InFolder(folder, same[0]);
 }
 
 // The imported file takes the old one's place under its own name; it is gone from where it was only after that.
 Bool ImportFile(const PresetPath &record, const Filename &to) {
     const Filename old = SameName(to, record.FileName());
-    const Filename target = to + Filename(record.FileName());
+    const Filename target = InFolder(to, Filename(record.FileName()));
     if (!CopyPresetFile(record.path, target)) return FALSE;
     if (old.Content() && old != target) GeFKill(old);
     GeFKill(record.path);
@@ -42,7 +42,7 @@ Filename CategoryFolder(const String &name) {
     for (const PresetPath &category : categories)
         if (DisplayName(category.FileName()).ToLower() == DisplayName(name).ToLower()) return category.path;
     ExistingFolder(root);
-    return ExistingFolder(root + Filename(name));
+    return ExistingFolder(InFolder(root, Filename(name)));
 }
 
 }  // namespace
@@ -56,15 +56,15 @@ void TremoluxCamClass::ExportCurrentPreset(BaseContainer *data) {
         return;
     }
     const Filename exports = ExportFolder();
-    const Filename to = ExistingFolder(exports + Filename(record->category));
-    CopyPresetFile(record->path, to + Filename(record->FileName()));
+    const Filename to = ExistingFolder(InFolder(exports, Filename(record->category)));
+    CopyPresetFile(record->path, InFolder(to, Filename(record->FileName())));
     ShowInFinder(exports, TRUE);
 }
 
 void TremoluxCamClass::ExportAllPresets() {
     if (IsControlKeyHeld())
         for (const String &category : sorted_folders_)
-            ExportFiles(BuiltInPresetFolder() + Filename(category), category);
+            ExportFiles(InFolder(BuiltInPresetFolder(), Filename(category)), category);
     ExportFiles(UserPresetFolder(), kUserCategory);
 }
 

@@ -6,31 +6,36 @@
 namespace {
 
 Filename OwnFolder() {
-    const Filename plugins = ExistingFolder(GeGetC4DPath(C4D_PATH_STARTUPWRITE) + Filename("plugins"));
-    return ExistingFolder(plugins + Filename("TremoluxCam"));
+    const Filename plugins = ExistingFolder(InFolder(GeGetC4DPath(C4D_PATH_STARTUPWRITE), Filename("plugins")));
+    return ExistingFolder(InFolder(plugins, Filename("TremoluxCam")));
 }
 
 }  // namespace
 
-Filename BuiltInPresetFolder() { return GeGetPluginPath() + Filename("res") + Filename("Presets"); }
+Filename InFolder(const Filename &folder, const Filename &name) {
+    const Filename path = folder + name;
+    return name.Content() && path.GetDirectory().Content() ? path : Filename();
+}
 
-Filename ImportFolder() { return GeGetPluginPath() + Filename("Imports"); }
+Filename BuiltInPresetFolder() { return InFolder(InFolder(GeGetPluginPath(), Filename("res")), Filename("Presets")); }
+
+Filename ImportFolder() { return InFolder(GeGetPluginPath(), Filename("Imports")); }
 
 Filename UserPresetFolder() {
     const BaseContainer *settings = GetWorldPluginData(kTremoluxCamId);
     return settings ? settings->GetFilename(kUserPresetFolderSetting) : Filename();
 }
 
-Filename ExportFolder() { return ExistingFolder(OwnFolder() + Filename("Exports")); }
+Filename ExportFolder() { return ExistingFolder(InFolder(OwnFolder(), Filename("Exports"))); }
 
 void EnsureUserPresetFolder() {
     const Filename usual = DefaultUserPresetFolder();
     ExportFolder();
     const Filename chosen = UserPresetFolder();
-    if (!chosen.Content() || !GeFExist(chosen, TRUE)) RememberUserPresetFolder(usual);
+    if (usual.Content() && (!chosen.Content() || !GeFExist(chosen, TRUE))) RememberUserPresetFolder(usual);
 }
 
-Filename DefaultUserPresetFolder() { return ExistingFolder(OwnFolder() + Filename("User")); }
+Filename DefaultUserPresetFolder() { return ExistingFolder(InFolder(OwnFolder(), Filename("User"))); }
 
 void RememberUserPresetFolder(const Filename &folder) {
     BaseContainer settings;
@@ -39,6 +44,6 @@ void RememberUserPresetFolder(const Filename &folder) {
 }
 
 Filename ExistingFolder(const Filename &folder) {
-    if (!GeFExist(folder, TRUE)) GeFCreateDir(folder);
+    if (folder.Content() && !GeFExist(folder, TRUE)) GeFCreateDir(folder);
     return folder;
 }

@@ -3,6 +3,9 @@
 
 #include "c4d.h"
 
+// `name` in `folder`. Empty when one of them is, as without memory: what is left of a path then lies who knows where.
+Filename InFolder(const Filename &folder, const Filename &name);
+
 // Beside the module: one folder for each category.
 Filename BuiltInPresetFolder();
 // Beside the module: what is to be taken over at the next chance.
@@ -20,5 +23,5 @@ Filename DefaultUserPresetFolder();
 // From now on the user's presets lie there, for every tag.
 void RememberUserPresetFolder(const Filename &folder);
 
-// Made where it is missing.
+// Made where it is missing; none is made of an empty path.
 Filename ExistingFolder(const Filename &folder);

@@ -1,5 +1,7 @@
 #include "presets/library.h"
 
+#include <memory>
+
 #include "presets/folders.h"
 #include "presets/order.h"
 #include "presets/presetfile.h"
@@ -60,13 +62,13 @@ const PresetLibrary &ReadPresetLibrary(const Filename &root) {
     if (last_read && last_read->stamps == stamps) return last_read->library;
 
     ForgetPresetLibrary();
-    last_read = new ReadLibrary{PresetLibrary(), stamps};
-    PresetLibrary *library = &last_read->library;
+    std::unique_ptr<ReadLibrary> read(new ReadLibrary{PresetLibrary(), stamps});
     LONG category = 0;
     for (const PresetPath &folder : categories)
-        AddCategory(PresetsIn(folder.path, folder.category, TRUE), category++, library);
-    AddCategory(PresetsIn(user, kUserCategory, FALSE), category, library);
-    return *library;
+        AddCategory(PresetsIn(folder.path, folder.category, TRUE), category++, &read->library);
+    AddCategory(PresetsIn(user, kUserCategory, FALSE), category, &read->library);
+    last_read = read.release();
+    return last_read->library;
 }
 
 void ForgetPresetLibrary() {
@@ -85,13 +87,14 @@ void TremoluxCamClass::LoadPresetLibrary(BaseContainer *data) {
 }
 
 void TremoluxCamClass::ScanPresetCategories(const String &, BaseContainer *data) {
-    sorted_folders_.clear();
-    sorted_names_.clear();
-    if (!data) return;
-    std::vector<PresetPath> categories = FoldersIn(data->GetFilename(kBuiltInPresetFolder));
+    std::vector<PresetPath> categories;
+    if (data) categories = FoldersIn(data->GetFilename(kBuiltInPresetFolder));
     SortByName(&categories, [](const PresetPath &category) { return category.FileName(); });
+    std::vector<String> folders, names;
     for (const PresetPath &category : categories) {
-        sorted_folders_.push_back(category.FileName());
-        sorted_names_.push_back(DisplayName(category.FileName()));
+        folders.push_back(category.FileName());
+        names.push_back(DisplayName(category.FileName()));
     }
+    sorted_folders_.swap(folders);
+    sorted_names_.swap(names);
 }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "presets/folders.h"
 #include "tag/parameters.h"
 
 namespace {
@@ -10,12 +11,9 @@ constexpr LONG kPresetFileCode = 0x74656D70;  // "temp"
 constexpr Real kVersion = 1.015;
 constexpr LONG kLongestText = 65536;
 
-// Hidden by its first character, so that one left behind by a crash is never taken for a preset. Empty for a file
-// without a folder: that is what is left of a path where memory ran out, and would lie who knows where.
+// Hidden by its first character, so that one left behind by a crash is never taken for a preset.
 Filename FileBeside(const Filename &file) {
-    const Filename folder = file.GetDirectory();
-    const Filename beside = folder + Filename(String(".") + file.GetFileString() + String(".tremolux"));
-    return folder.Content() && beside.GetDirectory() == folder ? beside : Filename();
+    return InFolder(file.GetDirectory(), Filename(String(".") + file.GetFileString() + String(".tremolux")));
 }
 
 // A checked new file takes the place of `file`. It lies beside until that is done, so that a complete one is there at

@@ -1,6 +1,7 @@
 // One category folder or preset file that was found.
 #pragma once
 
+#include "presets/folders.h"
 #include "presets/order.h"
 #include "presets/presetfile.h"
 
@@ -13,7 +14,7 @@ class PresetPath : public BaseData {
   public:
     PresetPath() {}
     PresetPath(const Filename &folder, const Filename &file, const String &category_name)
-        : path(folder + file), full_path(path.GetString()), category(category_name) {}
+        : path(InFolder(folder, file)), full_path(path.GetString()), category(category_name) {}
 
     String FileName() const { return path.GetFileString(); }
     // Its own name, or the file's where it has none.

@@ -25,20 +25,23 @@ BaseContainer TremoluxCamClass::PresetEntries(BaseContainer *data) {
 
 void TremoluxCamClass::CollectCategoryPresets(BaseContainer *data) {
     presets_.clear();
+    is_collected_ = FALSE;
     if (!data) return;
     const LONG category = data->GetLong(kCategory);
-    is_collected_ = TRUE;
-    collected_category_ = category;
 
-    const auto collect = [this](const Filename &folder, const String &name) {
+    std::vector<PresetPath> found;
+    const auto collect = [&](const Filename &folder, const String &name) {
         for (const PresetPath &record : PresetsIn(folder, name, FALSE))
-            if ((LONG)presets_.size() < kLongestList) presets_.push_back(record);
+            if ((LONG)found.size() < kLongestList) found.push_back(record);
     };
     for (std::size_t i = 0; i < sorted_folders_.size(); i++)
         if (category == kCategoryAll || category == (LONG)i)
-            collect(BuiltInPresetFolder() + Filename(sorted_folders_[i]), sorted_folders_[i]);
+            collect(InFolder(BuiltInPresetFolder(), Filename(sorted_folders_[i])), sorted_folders_[i]);
     if (category == kCategoryAll || category == kCategoryUser) collect(UserPresetFolder(), kUserCategory);
-    SortByName(&presets_, [](const PresetPath &record) { return record.FileName(); });
+    SortByName(&found, [](const PresetPath &record) { return record.FileName(); });
+    presets_.swap(found);
+    is_collected_ = TRUE;
+    collected_category_ = category;
 }
 
 const std::vector<PresetPath> &TremoluxCamClass::PresetList(BaseContainer *data) {

@@ -20,7 +20,7 @@ NameCheck LookForName(const Filename &folder, const String &file_name) {
     const String wanted = file_name.ToLower();
     for (const Filename &file : FilesIn(folder)) {
         check.files++;
-        if (DisplayName(file.GetString()).ToLower() == wanted) check.present = folder + file;
+        if (DisplayName(file.GetString()).ToLower() == wanted) check.present = InFolder(folder, file);
     }
     return check;
 }
@@ -28,7 +28,7 @@ NameCheck LookForName(const Filename &folder, const String &file_name) {
 // A name that no file has; counted up where a file of that number and name was left by somebody else.
 Filename NewFile(const Filename &folder, LONG number, const String &name) {
     for (;; number++) {
-        Filename file = folder + Filename(String("0") + LongToString(number) + String("_") + name);
+        Filename file = InFolder(folder, Filename(String("0") + LongToString(number) + String("_") + name));
         if (!GeFExist(file) && !GeFExist(file, TRUE)) return file;
     }
 }
@@ -98,7 +98,7 @@ void TremoluxCamClass::SetUserPresetFolder(BaseContainer *data) {
     if (!folder.FileSelect(FILESELECTTYPE_ANYTHING, FILESELECT_DIRECTORY, String("Select your User Preset folder")))
         return;
     if (!GeFExist(folder, TRUE)) return;
-    ExistingFolder(folder + Filename("Exports"));
+    ExistingFolder(InFolder(folder, Filename("Exports")));
     SelectNoPreset(data);
     UseUserPresetFolder(folder, data);
 }

@@ -1,8 +1,5 @@
 #include "tag/bakerecord.h"
 
-#include <algorithm>
-#include <vector>
-
 #include "engine/frame.h"
 #include "obase.h"
 #include "ocamera.h"
@@ -44,17 +41,15 @@ BaseContainer RecordOf(CTrack *track, CCurve *curve, LONG frames_per_second) {
     return record;
 }
 
-// The frames with a key, ascending: as many as the record really holds.
-std::vector<LONG> KeyFrames(const BaseContainer &record) {
-    std::vector<LONG> frames;
+// As many keys as the record really holds, whatever it says of itself.
+void RestoreKeys(const BaseContainer &record, CCurve *curve, LONG frames_per_second) {
     const LONG last = record.GetLong(kLastKeyFrame);
     for (LONG i = 0; record.GetIndexId(i) != NOTOK; i++) {
-        const LONG id = record.GetIndexId(i);
-        if (id < kKeyMark || id >= kMovedValue || record.GetLong(id) != 1) continue;
-        if (id - kKeyMark <= last) frames.push_back(id - kKeyMark);
+        const LONG id = record.GetIndexId(i), frame = id - kKeyMark;
+        if (id < kKeyMark || id >= kMovedValue || record.GetLong(id) != 1 || frame > last) continue;
+        CKey *key = curve->AddKey(TimeOfFrame(frame, frames_per_second));
+        if (key) key->SetValue(curve, record.GetReal(ValueKey(frame)));
     }
-    std::sort(frames.begin(), frames.end());
-    return frames;
 }
 
 }  // namespace
@@ -89,11 +84,7 @@ void RestorePreBakeAnimation(const BaseContainer &record, BaseObject *camera, LO
         CTrack *track = CTrack::Alloc(camera, DescID(DescLevel(parameter), DescLevel(saved->GetLong(kComponent))));
         if (!track) continue;
         camera->InsertTrackSorted(track);
-        CCurve *curve = track->GetCurve();
-        if (!curve) continue;
-        for (LONG frame : KeyFrames(*saved))
-            if (CKey *key = curve->AddKey(TimeOfFrame(frame, frames_per_second)))
-                key->SetValue(curve, saved->GetReal(ValueKey(frame)));
+        if (CCurve *curve = track->GetCurve()) RestoreKeys(*saved, curve, frames_per_second);
     }
 }
 

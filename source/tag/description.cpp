@@ -1,6 +1,7 @@
 #include "c4d_customdatatypeplugin.h"
 #include "lib_description.h"
 #include "tag/cameraloader.h"
+#include "tag/guarded.h"
 #include "tag/layout.h"
 #include "tag/parameters.h"
 #include "tag/tremoluxcam.h"
@@ -100,8 +101,13 @@ Bool Describe(const LayoutElement &element, DescID *id, BaseContainer *settings)
 }  // namespace
 
 Bool TremoluxCamClass::GetDDescription(GeListNode *node, Description *description, DESCFLAGS_DESC &flags) {
-    if (!node || !description || !description->LoadDescription(kTremoluxCamId)) return FALSE;
-    BaseContainer *data = ((BaseTag *)node)->GetDataInstance();
+    if (!node || !description) return FALSE;
+    return Guarded<Bool>(FALSE, [&] { return DescribePanel((BaseTag *)node, description, &flags); });
+}
+
+Bool TremoluxCamClass::DescribePanel(BaseTag *tag, Description *description, DESCFLAGS_DESC *flags) {
+    if (!description->LoadDescription(kTremoluxCamId)) return FALSE;
+    BaseContainer *data = tag->GetDataInstance();
     if (!data) return FALSE;
     const DescID *single = description->GetSingleDescID();
 
@@ -118,6 +124,6 @@ Bool TremoluxCamClass::GetDDescription(GeListNode *node, Description *descriptio
                                                             : DescID(DescLevel(element->parent, DTYPE_GROUP, 0));
         description->SetParameter(id, settings, parent);
     }
-    flags |= DESCFLAGS_DESC_LOADED;
+    *flags |= DESCFLAGS_DESC_LOADED;
     return TRUE;
 }

@@ -7,6 +7,7 @@
 #include "obase.h"
 #include "ocamera.h"
 #include "presets/folders.h"
+#include "tag/guarded.h"
 #include "tag/parameters.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
@@ -43,7 +44,16 @@ EXECUTIONRESULT TremoluxCamClass::Execute(BaseTag *tag, BaseDocument *doc, BaseO
     if (!doc || !op || op->GetType() != Ocamera || !tag) return EXECUTIONRESULT_OK;
     BaseContainer *data = tag->GetDataInstance();
     if (!data || data->GetBool(kBaked)) return EXECUTIONRESULT_OK;
+    const Bool is_done = Guarded<Bool>(FALSE, [&] {
+        ShowFrame(tag, data, op, doc);
+        return TRUE;
+    });
+    // What a frame left half done is counted anew from the start.
+    if (!is_done) data->SetReal(kLastFrame, kNoFrame);
+    return EXECUTIONRESULT_OK;
+}
 
+void TremoluxCamClass::ShowFrame(BaseTag *tag, BaseContainer *data, BaseObject *camera, BaseDocument *doc) {
     const Real rate = (Real)doc->GetFps();
     const LONG start_frame = FrameOfTime(doc->GetMinTime(), rate);
     data->SetReal(kStartFrame, (Real)start_frame);
@@ -51,35 +61,34 @@ EXECUTIONRESULT TremoluxCamClass::Execute(BaseTag *tag, BaseDocument *doc, BaseO
     const Real frame = (Real)FrameOfTime(time, rate);
 
     const BaseContainer *settings = doc->GetSettingsInstance(DOCUMENTSETTINGS_DOCUMENT);
-    if (!settings || settings->GetIndexId(0) == NOTOK) return EXECUTIONRESULT_OK;
+    if (!settings || settings->GetIndexId(0) == NOTOK) return;
 
     if (data->GetBool(kFirstRun) || data->GetBool(kRecheckPreset)) {
-        SetUp(tag, data, op, doc);
-        return EXECUTIONRESULT_OK;
+        SetUp(tag, data, camera, doc);
+        return;
     }
 
     BaseObject *input = ResolveObject(*data, kInputCamera, doc);
-    if (!input) return EXECUTIONRESULT_OK;
-    if (FollowsCamera(input, op)) {
+    if (!input) return;
+    if (FollowsCamera(input, camera)) {
         data->SetLink(kInputCamera, NULL);
-        return EXECUTIONRESULT_OK;
+        return;
     }
 
     const Real seconds = time.GetDenominator() == 0.0 ? 0.0 : time.GetNumerator() / time.GetDenominator();
     const Real last_frame = data->GetReal(kLastFrame);
     if (frame == (Real)start_frame || seconds * settings->GetReal(DOCUMENT_FPS) < 0.0) {
-        Restart(data, op, input, doc);
+        Restart(data, camera, input, doc);
     } else if (!(std::abs(frame - last_frame) < kSameFrame)) {
         if (std::abs(frame - last_frame - 1.0) <= kPlainStep)
-            EvaluateFrame(data, op);
+            EvaluateFrame(data, camera);
         else
-            Jump(frame, data, op, doc);
+            Jump(frame, data, camera, doc);
         data->SetBool(kCatchingUp, FALSE);
     } else {
-        return EXECUTIONRESULT_OK;
+        return;
     }
     data->SetReal(kLastFrame, frame);
-    return EXECUTIONRESULT_OK;
 }
 
 void TremoluxCamClass::Restart(BaseContainer *data, BaseObject *camera, BaseObject *input, BaseDocument *doc) {

@@ -1,6 +1,7 @@
 #include "customgui_priority.h"
 #include "lib_description.h"
 #include "presets/folders.h"
+#include "tag/guarded.h"
 #include "tag/parameters.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
@@ -40,11 +41,15 @@ void TremoluxCamClass::AfterInit() {}
 
 Bool TremoluxCamClass::Init(GeListNode *node) {
     if (!node) return TRUE;
+    return Guarded<Bool>(FALSE, [&] { return Prepare((BaseTag *)node); });
+}
+
+Bool TremoluxCamClass::Prepare(BaseTag *tag) {
     working_number_ = 0;
     EnsureUserPresetFolder();
-    SetExecutionPriority(node);
+    SetExecutionPriority(tag);
 
-    BaseContainer *data = ((BaseTag *)node)->GetDataInstance();
+    BaseContainer *data = tag->GetDataInstance();
     if (!data) return FALSE;
     data->SetFilename(kBuiltInPresetFolder, BuiltInPresetFolder());
     data->SetBool(kFirstRun, TRUE);
@@ -52,7 +57,7 @@ Bool TremoluxCamClass::Init(GeListNode *node) {
     AfterInit();
     WriteMissingDefaults(data);
     LoadPresetLibrary(data);
-    node->Message(MSG_CHANGE);
+    tag->Message(MSG_CHANGE);
     ScanPresetCategories(String(), data);
     return TRUE;
 }

@@ -1,6 +1,7 @@
 #include "engine/frame.h"
 #include "lib_description.h"
 #include "presets/folders.h"
+#include "tag/guarded.h"
 #include "tag/parameters.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
@@ -19,9 +20,12 @@ LONG FirstLevel(const DescID *id) { return id ? (*id)[0].id : 0; }
 
 Bool TremoluxCamClass::Message(GeListNode *node, LONG type, void *message) {
     if (!node) return TRUE;
-    BaseContainer *data = ((BaseTag *)node)->GetDataInstance();
+    return Guarded<Bool>(FALSE, [&] { return Answer((BaseTag *)node, type, message); });
+}
+
+Bool TremoluxCamClass::Answer(BaseTag *tag, LONG type, void *message) {
+    BaseContainer *data = tag->GetDataInstance();
     if (!data) return FALSE;
-    BaseTag *tag = (BaseTag *)node;
     if (type == MSG_EDIT) ToggleViewCamera(tag, data);
     if (!message) return TRUE;
     switch (type) {

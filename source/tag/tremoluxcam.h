@@ -160,7 +160,11 @@ class TremoluxCamClass : public TagData {
     virtual void ImportPresets();
 
   private:
+    // ---- Init
+    Bool Prepare(BaseTag *tag);
+
     // ---- Execute
+    void ShowFrame(BaseTag *tag, BaseContainer *data, BaseObject *camera, BaseDocument *doc);
     void SetUp(BaseTag *tag, BaseContainer *data, BaseObject *camera, BaseDocument *doc);
     void ApplyFirstPreset(BaseContainer *data);
     void CheckRememberedPreset(BaseContainer *data);
@@ -246,7 +250,11 @@ class TremoluxCamClass : public TagData {
     // Takes all keys of the camera away and puts those from before the bake back.
     void UnBake(BaseTag *tag, BaseContainer *data);
 
+    // ---- Description
+    Bool DescribePanel(BaseTag *tag, Description *description, DESCFLAGS_DESC *flags);
+
     // ---- Messages
+    Bool Answer(BaseTag *tag, LONG type, void *message);
     Bool ShowIcon(GetCustomIconData *icon, BaseTag *tag, const BaseContainer &data);
     void PressButton(LONG id, BaseTag *tag, BaseContainer *data);
     void ChangeSettings(LONG button, BaseTag *tag, BaseContainer *data);

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "host/animation/passes.h"
+#include "host/description/description.h"
 #include "host/files/faults.h"
 #include "host/files/scenefile.h"
 #include "host/ui/attribute_manager.h"
@@ -59,6 +60,8 @@ std::int64_t FailEveryFileUse(host::FileFault fault, const std::function<void()>
 class Faults : public WithPresets {
   protected:
     Faults() {
+        fs::copy_file(TREMOLUX_HOST_MEMORY_MODULE, module_, fs::copy_options::overwrite_existing);
+        fs::current_path(elsewhere_.Path());
         BuiltIn("1_A", "1_Shaky", {{kPositionSlow, host::Data(0.2)}});
         BuiltIn("1_A", "2_Shakier", {{kPositionSlow, host::Data(0.4)}, {kRotationSlow, host::Data(0.3)}});
     }
@@ -66,6 +69,8 @@ class Faults : public WithPresets {
         host::ArmCallFault(0);
         host::ArmFileFault(0, host::FileFault::kNone);
         WithPresets::TearDown();
+        EXPECT_TRUE(fs::is_empty(elsewhere_.Path())) << "a path that was cut short leads there";
+        fs::current_path(before_);
     }
     fs::path From() const { return Imports() / "User"; }
     // Plays on as if nothing had been.
@@ -83,6 +88,8 @@ class Faults : public WithPresets {
             ASSERT_TRUE(ReadPresetFile(folder / name) == whole) << name << ", fault " << n;
         }
     }
+    const fs::path before_ = fs::current_path();
+    const TemporaryFolder elsewhere_;
 };
 
 TEST_F(Faults, AtTheStartEndInOneLineOrInAModuleThatWorks) {
@@ -117,6 +124,73 @@ TEST_F(Faults, InAFrameLeaveTheCameraFinite) {
         },
         [&](std::int64_t n) { ExpectAWorkingCamera(n); });
     EXPECT_GT(calls, 10);
+}
+
+TEST_F(Faults, OfMemoryInAFrameLeaveTheClocksAsTheyAreInPlayback) {
+    constexpr std::int32_t kTriggers = 6181;
+    Start();
+    // Jumps and a plain step; a jump to the frame after the one that a jump counts from.
+    for (const std::vector<std::int64_t> &frames : {std::vector<std::int64_t>{300, 29, 30, 31}, {-5, 0}}) {
+        const auto begin = [&] {
+            scene_ = std::make_unique<Scene>(*running_, 30, -5);
+            scene().Shake();
+            State().Set(kTriggers, "31, 40");
+        };
+        bool had_no_memory = false;
+        const auto play = [&] {
+            for (const std::int64_t frame : frames) scene().Show(frame);
+            had_no_memory = host::FailedCall() == "general.allocate_uncleared";
+        };
+        begin();
+        play();
+        std::vector<double> clocks;
+        for (const std::int32_t clock : kClocks) clocks.push_back(scene().Real(clock));
+        ASSERT_GT(clocks[1], 0);
+        begin();
+        int failures = 0;
+        FailEveryCall(
+            play,
+            [&](std::int64_t n) {
+                scene().Show(frames.back());
+                if (had_no_memory) {
+                    ++failures;
+                    for (std::size_t i = 0; i < clocks.size(); ++i)
+                        ASSERT_EQ(scene().Real(kClocks[i]), clocks[i]) << kClocks[i] << ", call " << n;
+                }
+                begin();
+            },
+            1);
+        EXPECT_GT(failures, 1);
+    }
+}
+
+TEST_F(Faults, InTheListsLeaveThemToBeReadAgain) {
+    constexpr std::int32_t kLucky = 6041;
+    BuiltIn("2_B", "1_Other");
+    Users("01_Mine");
+    Start();
+    Choose(kCategory, kAll);
+    const std::vector<std::string> names = PresetNames();
+    ASSERT_EQ(names.size(), 4u);
+    const auto browse = [&] {
+        State().Set(kCategory, 0);
+        host::Description panel;
+        const TableDescID list = host::MakeId(kPreset);
+        host::BuildDescription(scene().tag, &list, 0, &panel);
+        host::EditParameter(scene().tag, host::MakeId(kCategory), host::Data(kAll));
+        for (const std::int32_t button : {kLucky, kExportAll, kResetFolder})
+            host::PressButton(scene().tag, host::MakeId(button));
+    };
+    const std::int64_t calls = FailEveryCall(
+        browse,
+        [&](std::int64_t n) {
+            Press(kResetFolder);
+            Choose(kCategory, kAll);
+            ASSERT_EQ(PresetNames(), names) << "call " << n;
+        },
+        kStride * 5);
+    EXPECT_GT(calls, 100);
+    ExpectAWorkingCamera(calls);
 }
 
 TEST_F(Faults, InTheApplyCommandLeaveTheSelectedCameraAndNoOpenStep) {
