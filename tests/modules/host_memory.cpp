@@ -1,5 +1,5 @@
 // Linked into the module, this makes the standard library's memory the host's too: every allocation is a call that may
-// fail.
+// fail. Not for a std::string: part of that is compiled into the library itself, and the module uses none.
 #include <new>
 
 #include "c4d.h"
