@@ -26,8 +26,8 @@ Every setting of the tag, tab by tab in the order of its panel.
 
 * **Unit**: how a value is shown. Percentages are stored as fractions, angles in radians, times in seconds.
 * **Limits** hold for what is typed; a **slider** covers only its range. **Step**: one press of an arrow.
-* **Default** is what the panel's reset-to-default restores, **reset value** what a new tag begins with and what a preset
-  that does not hold the parameter sets. Without a reset value the parameter stays as it is.
+* **Default** is what the panel's reset-to-default restores, **reset value** what a preset sets that does not hold the
+  parameter; without a reset value it goes to its default then. A new tag begins with the first preset.
 * Sizes and times of the shake hold at 100 % of everything that multiplies them.
 )";
 
@@ -78,8 +78,9 @@ std::string StartingValue(const ParameterInfo &parameter, const OptionalReal &va
         case ParameterType::kBool:
             return value.value != 0.0 ? "on" : "off";
         case ParameterType::kLink:
-        case ParameterType::kCycle:
             return "none";
+        case ParameterType::kCycle:
+            return "0";
         case ParameterType::kString:
             return "empty";
         default:

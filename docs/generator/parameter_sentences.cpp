@@ -54,7 +54,9 @@ constexpr ParameterSentence kSentences[] = {
      "Sets smoothing and overshoot of the position to 0, and those of the target where one is linked, else those of "
      "the rotation."},
     {kRandomizeSeeds, "Picks another seed: the same kind of shake, moving differently."},
-    {kFeelingLucky, "Applies another preset of the category with another seed; each comes once before any repeats."},
+    {kFeelingLucky,
+     "Applies another of all presets that shake, with another seed, and leaves the category for \"User\"; each comes "
+     "once before any repeats."},
 
     {kJoltPositionIntensity, "How far a jolt pushes the position: up to 150 scene units at 100 %."},
     {kJoltRotationIntensity, "How far a jolt turns the camera: up to one radian at 100 %."},
@@ -64,7 +66,7 @@ constexpr ParameterSentence kSentences[] = {
      "What a jolt's intensity loses at each frame: a tenth of this amount, so that 10 % ends a jolt of 5 % after about "
      "five frames."},
     {kJoltSmooth, "Softens a jolt: the higher, the slower it comes and goes."},
-    {kQuickBake, "Writes the motion as keys, computed from the keys of the input camera alone."},
+    {kQuickBake, "Writes the motion as keys, computed from keys alone; it does not see a zoom."},
     {kBruteForceBake, "Writes the motion as keys, playing the whole scene frame by frame."},
     {kUnBake, "Takes the baked keys away and lets the tag move the camera again."},
 

@@ -141,6 +141,7 @@ void UndoStack::Close() {
 bool UndoStack::Add(std::int32_t type, Node *node) {
     if (node == nullptr || exchanging_ || !IsKnown(type) || node->GetDocument() != document_) return false;
     const bool own_step = depth_ == 0;
+    if (own_step && refuses_outside_steps_) return false;
     if (own_step) Start();
     open_->push_back(std::make_unique<Entry>(type, node));
     if (own_step) End();

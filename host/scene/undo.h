@@ -30,8 +30,10 @@ class UndoStack {
 
     bool Start();  // nested pairs join the outer step
     bool End();    // false when nothing was opened; a step without entries is dropped
-    // Outside of a step: a step of its own. Before a change or a removal, after an insertion.
+    // Outside of a step: a step of its own, unless those are refused. Before a change or a removal, after an insertion.
     bool Add(std::int32_t type, Node *node);
+    // Hosts may do either.
+    void RefuseOutsideSteps() { refuses_outside_steps_ = true; }
     bool Undo();  // false when there is nothing to undo
     bool Redo();
     void Flush();
@@ -46,6 +48,7 @@ class UndoStack {
     void Exchange(Step *step, bool backwards);
     Document *document_;
     int depth_ = 0;
+    bool refuses_outside_steps_ = false;
     bool exchanging_ = false;  // what restoring sets off adds no entries
     std::unique_ptr<Step> open_;
     std::vector<std::unique_ptr<Step>> done_, undone_;

@@ -47,6 +47,7 @@ BoxAnswer BoxAnswerFor(std::int32_t buttons, bool yes) {
 }  // namespace
 
 Dialogs::Answer Dialogs::Next() {
+    if (on_show) on_show();
     if (answers_.empty()) return {};
     Answer answer = std::move(answers_.front());
     answers_.pop_front();

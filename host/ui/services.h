@@ -37,6 +37,7 @@ class Dialogs {
     bool Question(const std::string &text);
     bool Rename(std::string *text);  // true: the text was changed
     bool SelectFile(const std::string &title, std::string *path);
+    std::function<void()> on_show;  // told of each dialog but a message before it is answered
 
   private:
     Answer Next();

@@ -53,8 +53,26 @@ Bool FollowsCamera(BaseObject *object, BaseObject *camera) {
 }
 
 BaseObject *ResolveGuide(const BaseContainer &data, LONG link, BaseObject *camera) {
-    BaseObject *guide = ResolveObject(data, link, camera->GetDocument());
+    BaseObject *guide = camera ? ResolveObject(data, link, camera->GetDocument()) : NULL;
     return guide && !FollowsCamera(guide, camera) ? guide : NULL;
+}
+
+Bool HasTarget(BaseTag *tag, const BaseContainer &data) {
+    return ResolveGuide(data, kTargetObject, tag->GetObject()) != NULL;
+}
+
+FrameInput ReadScene(const BaseContainer &data, BaseObject *input, BaseObject *camera) {
+    FrameInput scene;
+    const Matrix matrix = input->GetMg();
+    scene.position = matrix.off;
+    scene.angles = AnglesOf(matrix);
+    scene.focal_length = ReadLens(input, CAMERA_FOCUS);
+    scene.focus_distance = ReadLens(input, CAMERAOBJECT_TARGETDISTANCE);
+    scene.target = ResolveGuide(data, kTargetObject, camera);
+    if (scene.target) scene.target_position = scene.target->GetMg().off;
+    scene.focus = ResolveGuide(data, kFocusObject, camera);
+    if (scene.focus) scene.focus_position = scene.focus->GetMg().off;
+    return scene;
 }
 
 Real ReadLens(BaseObject *camera, LONG parameter) {
@@ -75,23 +93,16 @@ void TremoluxCamClass::EvaluateFrame(BaseContainer *data, BaseObject *camera) {
     const BaseContainer *settings = doc->GetSettingsInstance(DOCUMENTSETTINGS_DOCUMENT);
     if (!settings || settings->GetIndexId(0) == NOTOK) return;
 
-    FrameInput frame;
-    frame.frames_per_second = settings->GetReal(DOCUMENT_FPS);
-    frame.frame = ExactFrame(doc->GetTime(), frame.frames_per_second);
-    if (frame.frame == data->GetReal(kLastFrame)) return;
-    const Matrix input_matrix = input->GetMg();
-    frame.position = input_matrix.off;
-    frame.angles = AnglesOf(input_matrix);
-    frame.focal_length = ReadLens(input, CAMERA_FOCUS);
-    frame.focus_distance = ReadLens(input, CAMERAOBJECT_TARGETDISTANCE);
-    frame.target = ResolveGuide(*data, kTargetObject, camera);
-    if (frame.target) frame.target_position = frame.target->GetMg().off;
-    frame.focus = ResolveGuide(*data, kFocusObject, camera);
-    if (frame.focus) frame.focus_position = frame.focus->GetMg().off;
+    const Real frames_per_second = settings->GetReal(DOCUMENT_FPS);
+    const Real frame = ExactFrame(doc->GetTime(), frames_per_second);
+    if (frame == data->GetReal(kLastFrame)) return;
+    FrameInput in = ReadScene(*data, input, camera);
+    in.frame = frame;
+    in.frames_per_second = frames_per_second;
 
     FrameMotion motion;
-    if (!ComputeFrame(frame, data, &motion)) return;
-    const Vector reference = frame.frame == 0.0 ? Vector() : ReadSoundVector(*data, kPreviousRotation);
+    if (!ComputeFrame(in, data, &motion)) return;
+    const Vector reference = frame == 0.0 ? Vector() : ReadSoundVector(*data, kPreviousRotation);
     const Vector angles = GetOptimalAngle(reference, motion.angles, ROTATIONORDER_HPB);
 
     Matrix output = HPBToMatrix(angles, ROTATIONORDER_HPB);
@@ -104,8 +115,7 @@ void TremoluxCamClass::EvaluateFrame(BaseContainer *data, BaseObject *camera) {
 }
 
 Bool TremoluxCamClass::ComputeFrame(const FrameInput &in, BaseContainer *data, FrameMotion *motion) {
-    RefreshTrigger(data, kCustomTrigger, &trigger_frames_);
-    RefreshTrigger(data, kCustomTriggerTwin, &twin_trigger_frames_);
+    RefreshTriggers(data);
 
     const Curve warp_curve(kSpeedWarpCurve);
     if (!warp_curve) return FALSE;

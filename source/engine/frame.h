@@ -29,8 +29,15 @@ Real ExactFrame(const BaseTime &time, Real frames_per_second);
 BaseObject *ResolveObject(const BaseContainer &data, LONG link, BaseDocument *doc);
 // True for the camera itself and everything below it: such an object would follow what it drives.
 Bool FollowsCamera(BaseObject *object, BaseObject *camera);
-// The target or focus object of the tag: what the link resolves to, unless that follows the camera.
+// The target or focus object of the tag on `camera`: what the link resolves to, unless that follows the camera. NULL
+// without a camera.
 BaseObject *ResolveGuide(const BaseContainer &data, LONG link, BaseObject *camera);
+
+// Whether the tag's camera turns to a target, where that is not switched off.
+Bool HasTarget(BaseTag *tag, const BaseContainer &data);
+
+// The scene as it stands, for a tag on `camera`: all of a frame but its number and rate.
+FrameInput ReadScene(const BaseContainer &data, BaseObject *input, BaseObject *camera);
 
 Real ReadLens(BaseObject *camera, LONG parameter);
 void WriteLens(BaseObject *camera, LONG parameter, Real value);

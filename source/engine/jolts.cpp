@@ -72,7 +72,7 @@ void TremoluxCamClass::EvaluateJolts(BaseContainer *data, Real time_scale, Real 
                                      Real ratio_y, Real ratio_z, Real ratio_h, Real ratio_p, Real ratio_b,
                                      Real shake_rotation_intensity, Real falloff_step, LONG frame, LONG use_list) {
     const Bool hit = HitsInInterval((LLONG)clock + Truncate(time_offset), interval, seed) ||
-                     (use_list == 1 && std::binary_search(trigger_frames_.begin(), trigger_frames_.end(), frame));
+                     (use_list == 1 && std::binary_search(trigger_.frames.begin(), trigger_.frames.end(), frame));
     Coefficients c;
     InputSmoothingTwin(smooth, &c.a, &c.b);
     const Real time = (ReadClock(*data, kJoltClock) + time_offset) * time_scale;

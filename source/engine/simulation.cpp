@@ -1,9 +1,10 @@
 // Putting the motion back to its start, and catching up with the clocks after a jump.
+#include "engine/simulation.h"
+
 #include <cmath>
 
 #include "engine/clocks.h"
 #include "engine/curves.h"
-#include "engine/frame.h"
 #include "engine/overshoot.h"
 #include "engine/rotation.h"
 #include "lib_description.h"
@@ -60,16 +61,17 @@ struct Seeds {
     Real focal_length, focus_distance;
 };
 
-Seeds SeedsFrom(const BaseContainer &data, BaseObject *camera, BaseObject *input) {
-    Seeds seeds;
-    const Matrix matrix = input->GetMg();
-    seeds.position = matrix.off;
-    BaseObject *target = data.GetBool(kUseTarget) ? ResolveGuide(data, kTargetObject, camera) : NULL;
-    if (!target || !AimAngles(matrix.off, target->GetMg().off, &seeds.angles)) seeds.angles = AnglesOf(matrix);
-    seeds.focal_length = ReadLens(input, CAMERA_FOCUS);
-    BaseObject *focus = ResolveGuide(data, kFocusObject, camera);
-    seeds.focus_distance = focus ? Len(focus->GetMg().off - matrix.off) : ReadLens(input, CAMERAOBJECT_TARGETDISTANCE);
+Seeds SeedsOf(const FrameInput &start, const BaseContainer &data) {
+    Seeds seeds = {start.position, start.angles, start.focal_length, start.focus_distance};
+    if (start.target && data.GetBool(kUseTarget)) AimAngles(start.position, start.target_position, &seeds.angles);
+    if (start.focus) seeds.focus_distance = Len(start.focus_position - start.position);
     return seeds;
+}
+
+void ClearAll(BaseContainer *data) {
+    ClearSimulation(data);
+    data->SetReal(kFocusDriftCarry, 0.0);
+    RestOvershoot(kOvershootSpare, Vector(), data);
 }
 
 void SeedMovingOvershoot(const Seeds &seeds, BaseContainer *data) {
@@ -77,6 +79,16 @@ void SeedMovingOvershoot(const Seeds &seeds, BaseContainer *data) {
     RestOvershoot(kOvershootPosition, seeds.position, data);
     RestOvershoot(kOvershootRotation, seeds.angles, data);
     RestOvershoot(kOvershootZoom, Vector(seeds.focal_length, 0.0, 0.0), data);
+}
+
+void SeedAll(const FrameInput &start, BaseContainer *data) {
+    const Seeds seeds = SeedsOf(start, *data);
+    data->SetVector(kPositionValue, seeds.position);
+    data->SetVector(kRotationValue, seeds.angles);
+    data->SetReal(kZoomValue, seeds.focal_length);
+    data->SetReal(kFocusValue, seeds.focus_distance);
+    SeedMovingOvershoot(seeds, data);
+    RestOvershoot(kOvershootFocus, Vector(seeds.focus_distance, 0.0, 0.0), data);
 }
 
 // A focus object that the camera links by itself becomes the tag's: two masters would fight over the distance.
@@ -142,23 +154,18 @@ class AnimatedRates {
 
 }  // namespace
 
+void RestSimulation(const FrameInput &start, BaseContainer *data) {
+    ClearAll(data);
+    SeedAll(start, data);
+}
+
 void TremoluxCamClass::ResetSimulation(BaseContainer *data, BaseObject *camera, BaseDocument *doc) {
     if (!data || !camera) return;
-    ClearSimulation(data);
-    data->SetReal(kFocusDriftCarry, 0.0);
-    RestOvershoot(kOvershootSpare, Vector(), data);
-
+    ClearAll(data);
     BaseObject *input = ResolveObject(*data, kInputCamera, doc);
     if (!input) return;
     AdoptFocusObject(data, camera, doc);
-
-    const Seeds seeds = SeedsFrom(*data, camera, input);
-    data->SetVector(kPositionValue, seeds.position);
-    data->SetVector(kRotationValue, seeds.angles);
-    data->SetReal(kZoomValue, seeds.focal_length);
-    data->SetReal(kFocusValue, seeds.focus_distance);
-    SeedMovingOvershoot(seeds, data);
-    RestOvershoot(kOvershootFocus, Vector(seeds.focus_distance, 0.0, 0.0), data);
+    SeedAll(ReadScene(*data, input, camera), data);
 }
 
 void TremoluxCamClass::SimulateToFrame(Real frame, BaseContainer *data, BaseObject *camera) {
@@ -168,7 +175,7 @@ void TremoluxCamClass::SimulateToFrame(Real frame, BaseContainer *data, BaseObje
     BaseDocument *doc = camera->GetDocument();
     if (!doc) return;
     BaseObject *input = ResolveObject(*data, kInputCamera, doc);
-    if (input) SeedMovingOvershoot(SeedsFrom(*data, camera, input), data);
+    if (input) SeedMovingOvershoot(SeedsOf(ReadScene(*data, input, camera), *data), data);
 
     const Curve warp_curve(kSpeedWarpCurve);
     if (!warp_curve) return;

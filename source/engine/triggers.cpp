@@ -13,7 +13,6 @@ constexpr LONG kLastTriggerFrame = 9999999;
 Bool IsBlank(UWORD unit) { return unit == ' ' || unit == '\t'; }
 Bool IsDigit(UWORD unit) { return unit >= '0' && unit <= '9'; }
 
-// Asked for on every frame, so no text is made for it.
 Bool IsPlaceholder(const String &text) {
     LONG i = 0;
     while (i < text.GetLength() && kPlaceholder[i] && text[i] == (UWORD)kPlaceholder[i]) i++;
@@ -39,13 +38,21 @@ Bool ReadFrame(const String &text, LONG start, LONG end, LONG *frame) {
     return number == 0 ? zero : !negative;
 }
 
+// Whether the list is that of the parameter's present text. Asked on every frame, so no text is made for it.
+Bool IsTextOf(const Trigger &trigger, const BaseContainer &data, LONG parameter) {
+    const GeData *stored = data.GetDataPointer(parameter);
+    return stored && stored->GetType() == DA_STRING && stored->GetString().Content() &&
+           stored->GetString() == trigger.text;
+}
+
 }  // namespace
 
-void TremoluxCamClass::ParseTrigger(BaseContainer *data, LONG parameter, std::vector<LONG> *frames) {
-    frames->clear();
+void TremoluxCamClass::ParseTrigger(BaseContainer *data, LONG parameter, Trigger *trigger) {
+    trigger->frames.clear();
+    if (!data->GetString(parameter).Content()) data->SetString(parameter, kPlaceholder);
     const String text = data->GetString(parameter);
-    if (!text.Content()) data->SetString(parameter, kPlaceholder);
-    if (!text.Content() || IsPlaceholder(text)) return;
+    trigger->text = text;
+    if (IsPlaceholder(text)) return;
 
     std::vector<LONG> found;
     for (LONG start = 0; start <= text.GetLength();) {
@@ -57,19 +64,16 @@ void TremoluxCamClass::ParseTrigger(BaseContainer *data, LONG parameter, std::ve
     }
     std::sort(found.begin(), found.end());
     found.erase(std::unique(found.begin(), found.end()), found.end());
-    frames->swap(found);
+    trigger->frames.swap(found);
 }
 
-void TremoluxCamClass::RefreshTrigger(BaseContainer *data, LONG parameter, std::vector<LONG> *frames) {
-    const GeData *stored = data->GetDataPointer(parameter);
-    if (stored && stored->GetType() == DA_STRING && IsPlaceholder(stored->GetString()))
-        frames->clear();
-    else if (frames->empty())
-        ParseTrigger(data, parameter, frames);
+void TremoluxCamClass::RefreshTriggers(BaseContainer *data) {
+    if (!IsTextOf(trigger_, *data, kCustomTrigger)) ParseCustomTrigger(data);
+    if (!IsTextOf(twin_trigger_, *data, kCustomTriggerTwin)) ParseCustomTriggerTwin(data);
 }
 
-void TremoluxCamClass::ParseCustomTrigger(BaseContainer *data) { ParseTrigger(data, kCustomTrigger, &trigger_frames_); }
+void TremoluxCamClass::ParseCustomTrigger(BaseContainer *data) { ParseTrigger(data, kCustomTrigger, &trigger_); }
 
 void TremoluxCamClass::ParseCustomTriggerTwin(BaseContainer *data) {
-    ParseTrigger(data, kCustomTriggerTwin, &twin_trigger_frames_);
+    ParseTrigger(data, kCustomTriggerTwin, &twin_trigger_);
 }

@@ -111,6 +111,21 @@ std::vector<PresetPath> PresetsIn(const Filename &folder, const String &category
     return found;
 }
 
+std::vector<PresetPath> PresetsNamed(const Filename &folder, const String &name) {
+    const String wanted = name.ToLower();
+    std::vector<PresetPath> found;
+    ForEachIn(folder, [&](BrowseFiles *browse, const Filename &file) {
+        if (browse->IsDir() || DisplayName(file.GetString()).ToLower() != wanted) return TRUE;
+        PresetPath record(folder, file, String());
+        const CachedFile *read = ReadThroughCache(record.path, StateOf(browse));
+        if (!read->is_preset) return TRUE;
+        record.contents = read->preset;
+        found.push_back(record);
+        return TRUE;
+    });
+    return found;
+}
+
 Bool ReadAgain(const PresetPath &record, BaseContainer *preset) {
     for (const PresetPath &present : PresetsIn(record.path.GetDirectory(), record.category, FALSE)) {
         if (present.full_path != record.full_path) continue;

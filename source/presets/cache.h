@@ -16,6 +16,8 @@ std::vector<Filename> FilesIn(const Filename &folder);
 // The presets in a folder, in the order of browsing. What is no preset file, hidden or too large is left out;
 // `stop_at_folder`: so is whatever comes after a folder.
 std::vector<PresetPath> PresetsIn(const Filename &folder, const String &category, Bool stop_at_folder);
+// The presets in a folder that are displayed under a name, whatever its case, in the order of browsing.
+std::vector<PresetPath> PresetsNamed(const Filename &folder, const String &name);
 // The preset of one record as its file is now; FALSE when it opens no more.
 Bool ReadAgain(const PresetPath &record, BaseContainer *preset);
 

@@ -1,7 +1,9 @@
 // Presets that come from others and go to others.
 #include "presets/cache.h"
+#include "presets/filenames.h"
 #include "presets/folders.h"
 #include "presets/library.h"
+#include "presets/paths.h"
 #include "tag/keyboard.h"
 #include "tag/parameters.h"
 #include "tag/state.h"
@@ -14,23 +16,26 @@ void ExportFiles(const Filename &from, const String &category) {
     for (const Filename &file : FilesIn(from)) CopyPresetFile(InFolder(from, file), InFolder(to, file));
 }
 
-// The file of the same display name; of several the first in the order of a list.
-Filename SameName(const Filename &folder, const String &file_name) {
-    const String wanted = DisplayName(file_name).ToLower();
-    std::vector<Filename> same;
-    for (const Filename &file : FilesIn(folder))
-        if (DisplayName(file.GetString()).ToLower() == wanted) same.push_back(file);
-    SortByName(&same, [](const Filename &file) { return file.GetString(); });
-    return same.empty() ? Filename() : InFolder(folder, same[0]);
+// Where an imported file goes: its own name, but for a file there that is no preset.
+Filename ImportTarget(const PresetPath &record, const Filename &to, const std::vector<PresetPath> &presets) {
+    const Filename own = InFolder(to, Filename(record.FileName()));
+    if (!GeFExist(own) && !GeFExist(own, TRUE)) return own;
+    for (const PresetPath &preset : presets)
+        if (IsSamePlace(preset.path, own)) return own;
+    return NewFileIn(to, DisplayName(record.FileName()));
 }
 
-// The imported file takes the old one's place under its own name; it is gone from where it was only after that.
+// The imported file takes the place of the preset of its name, of several the first in the order of a list; it is gone
+// from where it was only after that.
 Bool ImportFile(const PresetPath &record, const Filename &to) {
-    const Filename old = SameName(to, record.FileName());
-    const Filename target = InFolder(to, Filename(record.FileName()));
+    std::vector<PresetPath> same = PresetsNamed(to, DisplayName(record.FileName()));
+    SortByName(&same, [](const PresetPath &preset) { return preset.FileName(); });
+    const Filename target = ImportTarget(record, to, same);
     if (!CopyPresetFile(record.path, target)) return FALSE;
-    if (old.Content() && old != target) GeFKill(old);
+    if (!same.empty() && !IsSamePlace(same[0].path, target)) GeFKill(same[0].path);
     GeFKill(record.path);
+    // On a file system that knows one file under several names it may have gone with the others.
+    if (!GeFExist(target)) WritePresetFile(target, record.contents);
     return TRUE;
 }
 
@@ -58,7 +63,8 @@ void TremoluxCamClass::ExportCurrentPreset(BaseContainer *data) {
     const Filename exports = ExportFolder();
     const Filename to = ExistingFolder(InFolder(exports, Filename(record->category)));
     CopyPresetFile(record->path, InFolder(to, Filename(record->FileName())));
-    ShowInFinder(exports, TRUE);
+    const Bool as_built_in = category == kCategoryAll && IsControlKeyHeld();
+    if (record->category == kUserCategory && !as_built_in) ShowInFinder(exports, TRUE);
 }
 
 void TremoluxCamClass::ExportAllPresets() {
@@ -73,8 +79,10 @@ void TremoluxCamClass::ImportPresets() {
     for (const PresetPath &folder : FoldersIn(ImportFolder())) {
         const std::vector<PresetPath> presets = PresetsIn(folder.path, folder.category, FALSE);
         if (presets.empty()) continue;
+        // What the user keeps there is no import.
+        if (IsSamePlace(folder.path, UserPresetFolder())) continue;
         const Filename to = folder.FileName() == kUserCategory ? UserPresetFolder() : CategoryFolder(folder.FileName());
-        if (!GeFExist(to, TRUE)) continue;
+        if (!GeFExist(to, TRUE) || IsSamePlace(folder.path, to)) continue;
         for (const PresetPath &record : presets) is_changed = ImportFile(record, to) || is_changed;
     }
     if (is_changed) ForgetPresetLibrary();

@@ -1,5 +1,8 @@
 #include "presets/filenames.h"
 
+#include "presets/cache.h"
+#include "presets/folders.h"
+
 namespace {
 
 // Bytes; leaves room for what is put before and behind it while the file is written.
@@ -41,4 +44,11 @@ String FileNameOf(const String &typed) {
     for (LONG i = length - 1; i >= 0 && IsBlankOrDot(name[i]); i--) name[i] = '-';
     const LONG device = DeviceLength(name);
     return device ? String("-") + name.Right(length - device) : name;
+}
+
+Filename NewFileIn(const Filename &folder, const String &name) {
+    for (LONG number = (LONG)FilesIn(folder).size();; number++) {
+        Filename file = InFolder(folder, Filename(String("0") + LongToString(number) + String("_") + name));
+        if (!GeFExist(file) && !GeFExist(file, TRUE)) return file;
+    }
 }

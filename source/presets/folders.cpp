@@ -1,5 +1,6 @@
 #include "presets/folders.h"
 
+#include "presets/paths.h"
 #include "tag/cameraloader.h"
 #include "tag/state.h"
 
@@ -31,8 +32,7 @@ Filename ExportFolder() { return ExistingFolder(InFolder(OwnFolder(), Filename("
 void EnsureUserPresetFolder() {
     const Filename usual = DefaultUserPresetFolder();
     ExportFolder();
-    const Filename chosen = UserPresetFolder();
-    if (usual.Content() && (!chosen.Content() || !GeFExist(chosen, TRUE))) RememberUserPresetFolder(usual);
+    if (usual.Content() && !NormalFolder(UserPresetFolder()).Content()) RememberUserPresetFolder(usual);
 }
 
 Filename DefaultUserPresetFolder() { return ExistingFolder(InFolder(OwnFolder(), Filename("User"))); }

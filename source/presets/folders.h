@@ -16,7 +16,7 @@ Filename UserPresetFolder();
 Filename ExportFolder();
 
 // Sees to it that a user folder exists and that the host's settings name it: the one chosen before where it is still
-// there, else the default one.
+// there whatever the working folder is, else the default one.
 void EnsureUserPresetFolder();
 // The user folder in the host's own user folder, made where it is missing.
 Filename DefaultUserPresetFolder();

@@ -1,4 +1,6 @@
 // The lists of categories and presets, choosing from them, and noticing that the settings are a preset no more.
+#include <algorithm>
+
 #include "presets/folders.h"
 #include "presets/library.h"
 #include "tag/parameters.h"
@@ -23,12 +25,7 @@ BaseContainer TremoluxCamClass::PresetEntries(BaseContainer *data) {
     return entries;
 }
 
-void TremoluxCamClass::CollectCategoryPresets(BaseContainer *data) {
-    presets_.clear();
-    is_collected_ = FALSE;
-    if (!data) return;
-    const LONG category = data->GetLong(kCategory);
-
+std::vector<PresetPath> TremoluxCamClass::PresetsOf(LONG category) const {
     std::vector<PresetPath> found;
     const auto collect = [&](const Filename &folder, const String &name) {
         for (const PresetPath &record : PresetsIn(folder, name, FALSE))
@@ -39,7 +36,15 @@ void TremoluxCamClass::CollectCategoryPresets(BaseContainer *data) {
             collect(InFolder(BuiltInPresetFolder(), Filename(sorted_folders_[i])), sorted_folders_[i]);
     if (category == kCategoryAll || category == kCategoryUser) collect(UserPresetFolder(), kUserCategory);
     SortByName(&found, [](const PresetPath &record) { return record.FileName(); });
-    presets_.swap(found);
+    return found;
+}
+
+void TremoluxCamClass::CollectCategoryPresets(BaseContainer *data) {
+    presets_.clear();
+    is_collected_ = FALSE;
+    if (!data) return;
+    const LONG category = data->GetLong(kCategory);
+    presets_ = PresetsOf(category);
     is_collected_ = TRUE;
     collected_category_ = category;
 }
@@ -49,10 +54,15 @@ const std::vector<PresetPath> &TremoluxCamClass::PresetList(BaseContainer *data)
     return presets_;
 }
 
-const PresetPath *TremoluxCamClass::ChosenPreset(BaseContainer *data) {
+const PresetPath *TremoluxCamClass::ListedPreset(BaseContainer *data) {
     const std::vector<PresetPath> &list = PresetList(data);
     const LONG position = data->GetLong(kPreset);
     return position >= 0 && position < (LONG)list.size() ? &list[position] : NULL;
+}
+
+const PresetPath *TremoluxCamClass::ChosenPreset(BaseContainer *data) {
+    const PresetPath *listed = ListedPreset(data);
+    return listed && listed->Key() == data->GetString(kAppliedPresetPath) ? listed : NULL;
 }
 
 void TremoluxCamClass::CopyPresetParameter(const BaseContainer &preset, LONG id, BaseContainer *data) {
@@ -88,7 +98,7 @@ void TremoluxCamClass::RememberPreset(LONG position, const BaseContainer &preset
     data->SetLong(kPreset, position);
     data->SetLong(kRememberedPreset, position);
     data->SetLong(kAppliedPresetPosition, position);
-    const PresetPath *record = ChosenPreset(data);
+    const PresetPath *record = ListedPreset(data);
     data->SetString(kAppliedPresetPath, record ? record->Key() : String());
     data->SetString(kAppliedPresetName, record ? record->Name() : preset.GetString(kPresetName));
     data->SetReal(kAppliedPresetValue, (Real)position);
@@ -111,14 +121,14 @@ void TremoluxCamClass::SelectNoPreset(BaseContainer *data) {
 }
 
 void TremoluxCamClass::ChoosePreset(BaseContainer *data) {
-    const PresetPath *record = ChosenPreset(data);
+    const PresetPath *record = ListedPreset(data);
     const LONG position = data->GetLong(kPreset);
     if (record && ReadAgain(*record, &presets_[position].contents))
         ApplyPreset(data, presets_[position].contents);
     else if (position == kPresetCustom)
         ApplyPreset(data, BaseContainer());
     else
-        data->SetLong(kPreset, data->GetLong(kAppliedPresetPosition, kPresetCustom));
+        FindRememberedPreset(data);
     data->SetLong(kRememberedPreset, data->GetLong(kPreset));
 }
 
@@ -142,6 +152,11 @@ void TremoluxCamClass::FindRememberedPreset(BaseContainer *data) {
     }
 }
 
+// Undo puts old positions back, but no files.
+void TremoluxCamClass::CorrectSelection(BaseContainer *data) {
+    if (data->GetLong(kPreset) != kPresetCustom && !ChosenPreset(data)) FindRememberedPreset(data);
+}
+
 void TremoluxCamClass::ReloadPresets(BaseContainer *data) {
     ForgetPresetLibrary();
     LoadPresetLibrary(data);
@@ -163,4 +178,26 @@ void TremoluxCamClass::NoticeEdit(LONG id, BaseContainer *data) {
         data->SetString(kAppliedPresetName, String());
     }
     data->SetLong(kPreset, kPresetCustom);
+}
+
+// The applied preset is still there when its file has kept its name and its place in the list. In the list of another
+// category it has no place: then its own tells.
+void TremoluxCamClass::CheckRememberedPreset(BaseContainer *data) {
+    CollectCategoryPresets(data);
+    const LONG position = data->GetLong(kAppliedPresetPosition);
+    if (position == kPresetCustom) return;
+    const String key = data->GetString(kAppliedPresetPath), name = data->GetString(kAppliedPresetName);
+    const auto is_its_file = [&](const PresetPath &record) { return record.Key() == key; };
+    const auto is_remembered = [&](const PresetPath &record) {
+        return is_its_file(record) && (!name.Content() || record.Name() == name);
+    };
+    if (std::any_of(presets_.begin(), presets_.end(), is_its_file)) {
+        if (position >= 0 && position < (LONG)presets_.size() && is_remembered(presets_[position])) return;
+    } else {
+        const std::vector<PresetPath> all = PresetsOf(kCategoryAll);
+        data->SetLong(kPreset, kPresetCustom);
+        if (std::any_of(all.begin(), all.end(), is_remembered)) return;
+    }
+    data->SetBool(kSettingsChanged, TRUE);
+    SelectNoPreset(data);
 }

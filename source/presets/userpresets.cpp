@@ -2,6 +2,7 @@
 #include "presets/cache.h"
 #include "presets/filenames.h"
 #include "presets/folders.h"
+#include "presets/paths.h"
 #include "tag/keyboard.h"
 #include "tag/parameters.h"
 #include "tag/state.h"
@@ -9,35 +10,9 @@
 
 namespace {
 
-// What the user's folder holds under a name.
-struct NameCheck {
-    LONG files;        // in the folder, whatever they are
-    Filename present;  // the last one of that name; empty: none
-};
-
-NameCheck LookForName(const Filename &folder, const String &file_name) {
-    NameCheck check = {0, Filename()};
-    const String wanted = file_name.ToLower();
-    for (const Filename &file : FilesIn(folder)) {
-        check.files++;
-        if (DisplayName(file.GetString()).ToLower() == wanted) check.present = InFolder(folder, file);
-    }
-    return check;
-}
-
-// A name that no file has; counted up where a file of that number and name was left by somebody else.
-Filename NewFile(const Filename &folder, LONG number, const String &name) {
-    for (;; number++) {
-        Filename file = InFolder(folder, Filename(String("0") + LongToString(number) + String("_") + name));
-        if (!GeFExist(file) && !GeFExist(file, TRUE)) return file;
-    }
-}
-
 // FALSE when the user does not want it replaced, or must not.
-Bool MayReplace(const Filename &file, Bool as_default) {
-    BaseContainer old;
-    ReadPresetFile(file, &old);
-    const Bool is_default = old.GetBool(kPresetIsDefault);
+Bool MayReplace(const PresetPath &old, Bool as_default) {
+    const Bool is_default = old.contents.GetBool(kPresetIsDefault);
     if (is_default && !as_default) {
         MessageDialog(String("Preset name has already been used, choose another."));
         return FALSE;
@@ -48,16 +23,18 @@ Bool MayReplace(const Filename &file, Bool as_default) {
 }  // namespace
 
 void TremoluxCamClass::SaveUserPreset(BaseContainer *data) {
+    // As the button is pressed: nobody holds the key while typing a name.
+    const Bool with_control = IsControlKeyHeld();
     String name;
     if (!RenameDialog(&name)) return;
     const Filename folder = UserPresetFolder();
     const String file_name = FileNameOf(name);
     if (!file_name.Content() || !folder.Content()) return;
-    const Bool as_default = IsControlKeyHeld() && QuestionDialog(String("Saving as a default preset"));
+    const Bool as_default = with_control && QuestionDialog(String("Saving as a default preset"));
 
-    const NameCheck check = LookForName(folder, file_name);
-    if (check.present.Content() && !MayReplace(check.present, as_default)) return;
-    const Filename file = check.present.Content() ? check.present : NewFile(folder, check.files, file_name);
+    const std::vector<PresetPath> same = PresetsNamed(folder, file_name);
+    if (!same.empty() && !MayReplace(same.back(), as_default)) return;
+    const Filename file = same.empty() ? NewFileIn(folder, file_name) : same.back().path;
     const BaseContainer preset = MakePreset(name, as_default, *data);
     if (preset.GetIndexId(0) == NOTOK || !WritePresetFile(file, preset)) return;
 
@@ -78,8 +55,8 @@ void TremoluxCamClass::DeleteUserPreset(BaseContainer *data) {
     const PresetPath *record = ChosenPreset(data);
     if (!record) return;
     const Filename folder = record->path.GetDirectory();
-    const Bool is_users = folder == UserPresetFolder();
-    const Bool is_built_in = folder.GetDirectory() == BuiltInPresetFolder();
+    const Bool is_users = IsSamePlace(folder, UserPresetFolder());
+    const Bool is_built_in = IsSamePlace(folder.GetDirectory(), BuiltInPresetFolder());
     if (!is_users && !(is_built_in && IsControlKeyHeld())) return;
 
     if (GeFExist(record->path)) GeFKill(record->path);
@@ -87,17 +64,23 @@ void TremoluxCamClass::DeleteUserPreset(BaseContainer *data) {
     ReloadPresets(data);
 }
 
+void TremoluxCamClass::ShowUserPresetFolder(BaseContainer *data) {
+    const String folder = UserPresetFolder().GetString();
+    if (data->GetString(kUserPresetFolder) != folder) data->SetString(kUserPresetFolder, folder);
+}
+
 void TremoluxCamClass::UseUserPresetFolder(const Filename &folder, BaseContainer *data) {
     RememberUserPresetFolder(folder);
-    data->SetString(kUserPresetFolder, folder.GetString());
+    ShowUserPresetFolder(data);
     ReloadPresets(data);
 }
 
 void TremoluxCamClass::SetUserPresetFolder(BaseContainer *data) {
-    Filename folder;
-    if (!folder.FileSelect(FILESELECTTYPE_ANYTHING, FILESELECT_DIRECTORY, String("Select your User Preset folder")))
+    Filename chosen;
+    if (!chosen.FileSelect(FILESELECTTYPE_ANYTHING, FILESELECT_DIRECTORY, String("Select your User Preset folder")))
         return;
-    if (!GeFExist(folder, TRUE)) return;
+    const Filename folder = NormalFolder(chosen);
+    if (!folder.Content()) return;
     ExistingFolder(InFolder(folder, Filename("Exports")));
     SelectNoPreset(data);
     UseUserPresetFolder(folder, data);
@@ -109,9 +92,9 @@ void TremoluxCamClass::ResetUserPresetFolder(BaseContainer *data) {
 }
 
 void TremoluxCamClass::TypeUserPresetFolder(BaseContainer *data) {
-    const Filename folder(data->GetString(kUserPresetFolder));
-    if (!folder.Content() || !GeFExist(folder, TRUE)) {
-        data->SetString(kUserPresetFolder, UserPresetFolder().GetString());
+    const Filename folder = NormalFolder(Filename(data->GetString(kUserPresetFolder)));
+    if (!folder.Content()) {
+        ShowUserPresetFolder(data);
         return;
     }
     const Bool was_chosen = ChosenPreset(data) != NULL;

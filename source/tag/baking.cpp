@@ -1,12 +1,16 @@
 // The motion as keys on the tag's camera, and back.
+#include <optional>
+
 #include "ddoc.h"
 #include "engine/frame.h"
 #include "engine/rotation.h"
+#include "engine/simulation.h"
 #include "ocamera.h"
 #include "tag/bakerecord.h"
 #include "tag/curvefeeder.h"
 #include "tag/parameters.h"
 #include "tag/state.h"
+#include "tag/step.h"
 #include "tag/tremoluxcam.h"
 
 namespace {
@@ -35,6 +39,26 @@ Bool MakeCurves(BaseObject *camera, const BakedIndex (&order)[kBakedChannelCount
     return TRUE;
 }
 
+// The camera's keys as they are now, for the user's undo list: in the step that the host has open, else in one of its
+// own.
+class KeptKeys {
+  public:
+    KeptKeys(BaseTag *tag, BaseObject *camera, BaseDocument *doc) : are_kept_(doc->AddUndo(UNDOTYPE_CHANGE, camera)) {
+        if (are_kept_) return;
+        own_step_.emplace(tag);
+        are_kept_ = own_step_->Add(UNDOTYPE_CHANGE, camera);
+    }
+    // FALSE without memory for them.
+    operator Bool() const { return are_kept_; }
+
+  private:
+    std::optional<UndoStep> own_step_;
+    Bool are_kept_;
+};
+
+// Playback begins anew on every frame before 0; a bake has done so for its first one already.
+Bool BeginsAnew(LONG frame, LONG first) { return frame < 0 && frame != first; }
+
 LONG FirstFrame(BaseDocument *doc) { return FrameOfTime(doc->GetMinTime(), doc->GetFps()); }
 LONG LastFrame(BaseDocument *doc) { return FrameOfTime(doc->GetMaxTime(), doc->GetFps()); }
 
@@ -54,13 +78,16 @@ void TremoluxCamClass::QuickBake(BaseContainer data, BaseObject *camera, BaseTag
     const MovingObject moving_input(input);
     BaseObject *target = ResolveGuide(data, kTargetObject, camera), *focus = ResolveGuide(data, kFocusObject, camera);
     const MovingObject moving_target(target), moving_focus(focus);
-    const Matrix to_camera = !camera->GetUpMg();
-    const Bool has_parent = camera->GetUp() != NULL;
+    const Real focal_length = ReadLens(input, CAMERA_FOCUS);
+    const Matrix from_global = !(camera->GetUpMg() * FrozenMatrix(camera));
+    const Bool is_global = from_global == Matrix();
 
     CCurve *curves[kBakedChannelCount];
     if (!MakeCurves(camera, kPositionFirst, curves)) return;
     data.SetReal(kStartFrame, (Real)first);
-    for (LONG frame = first; frame <= last; frame++) {
+    Vector previous;
+    for (LLONG counted = first; counted <= last; counted++) {
+        const LONG frame = (LONG)counted;
         ShowProgress(frame, last);
         const Bool are_there = ResolveObject(data, kInputCamera, doc) == input &&
                                ResolveGuide(data, kTargetObject, camera) == target &&
@@ -72,40 +99,45 @@ void TremoluxCamClass::QuickBake(BaseContainer data, BaseObject *camera, BaseTag
         in.frame = (Real)frame;
         in.frames_per_second = (Real)rate;
         moving_input.Read(doc, time, &in.position, &in.angles);
-        in.focal_length = moving_input.Lens(CAMERA_FOCUS, doc, time);
-        in.focus_distance = moving_input.Lens(CAMERAOBJECT_TARGETDISTANCE, doc, time);
+        in.focal_length = focal_length;
+        in.focus_distance = moving_input.FocusDistance(doc, time);
         in.target = target;
         in.focus = focus;
         moving_target.Read(doc, time, &in.target_position, NULL);
         moving_focus.Read(doc, time, &in.focus_position, NULL);
 
+        if (BeginsAnew(frame, first)) RestSimulation(in, &data);
         FrameMotion motion;
         if (!ComputeFrame(in, &data, &motion)) continue;
         Vector position = motion.position, angles = motion.angles;
-        if (has_parent) {
+        if (!is_global) {
             Matrix global = HPBToMatrix(angles, ROTATIONORDER_HPB);
             global.off = position;
-            const Matrix local = to_camera * global;
-            position = local.off;
-            angles = AnglesOf(local);
+            const Matrix relative = from_global * global;
+            position = relative.off;
+            angles = AnglesOf(relative);
         }
+        // The camera would turn once round between two keys that are whole turns apart.
+        angles = GetOptimalAngle(previous, angles, ROTATIONORDER_HPB);
         const Real values[] = {
             position.x,         position.y, position.z, angles.x, angles.y, angles.z, motion.focus_distance,
             motion.focal_length};
         for (LONG i = 0; i < kBakedChannelCount; i++) AddKey(curves[i], time, values[i]);
+        previous = angles;
     }
     StatusClear();
     camera->Message(MSG_CHANGE);
 }
 
-// Both bakes begin alike: the old keys are kept, and the scene and the motion stand at the first frame. FALSE when
-// there is nothing to bake, or no memory to take it back.
+Bool TremoluxCamClass::CanBake(BaseTag *tag, const BaseContainer &data) {
+    BaseDocument *doc = tag->GetDocument();
+    BaseObject *camera = tag->GetObject();
+    return doc && camera && camera->GetType() == Ocamera && ResolveObject(data, kInputCamera, doc);
+}
+
 Bool TremoluxCamClass::BeginBake(BaseTag *tag, BaseContainer *data) {
     BaseDocument *doc = tag->GetDocument();
     BaseObject *camera = tag->GetObject();
-    if (!doc || !camera || camera->GetType() != Ocamera) return FALSE;
-    if (!ResolveObject(*data, kInputCamera, doc)) return FALSE;
-    if (!doc->AddUndo(UNDOTYPE_CHANGE, camera)) return FALSE;
     data->SetContainer(kPreBakeRecord, TakePreBakeAnimation(camera, doc->GetFps()));
     Evaluate(doc, 0);
     if (FirstFrame(doc) != 0) Evaluate(doc, FirstFrame(doc));
@@ -116,9 +148,11 @@ Bool TremoluxCamClass::BeginBake(BaseTag *tag, BaseContainer *data) {
 }
 
 void TremoluxCamClass::StartQuickBake(BaseTag *tag, BaseContainer *data) {
-    if (!BeginBake(tag, data)) return;
-    QuickBake(*data, tag->GetObject(), tag);
+    if (!CanBake(tag, *data)) return;
     BaseDocument *doc = tag->GetDocument();
+    const KeptKeys kept(tag, tag->GetObject(), doc);
+    if (!kept || !BeginBake(tag, data)) return;
+    QuickBake(*data, tag->GetObject(), tag);
     for (LONG frame : {1, 0}) {
         doc->SetTime(TimeOfFrame(frame, doc->GetFps()));
         EventAdd();
@@ -126,30 +160,37 @@ void TremoluxCamClass::StartQuickBake(BaseTag *tag, BaseContainer *data) {
 }
 
 void TremoluxCamClass::BruteForceBake(BaseTag *tag, BaseContainer *data) {
+    if (!CanBake(tag, *data)) return;
     BaseDocument *doc = tag->GetDocument();
     BaseObject *camera = tag->GetObject();
-    if (!doc) return;
     const BaseTime before = doc->GetTime();
-    if (!BeginBake(tag, data)) return;
+    const KeptKeys kept(tag, camera, doc);
+    if (!kept || !BeginBake(tag, data)) return;
     const LONG rate = doc->GetFps(), first = FirstFrame(doc), last = LastFrame(doc);
     CCurve *curves[kBakedChannelCount];
     if (!MakeCurves(camera, kLensFirst, curves)) return;
 
     Vector previous;
     data->SetReal(kLastFrame, kNoFrame);
-    for (LONG frame = first; frame <= last; frame++) {
-        if (!ResolveObject(*data, kInputCamera, doc)) return;
+    for (LLONG counted = first; counted <= last; counted++) {
+        const LONG frame = (LONG)counted;
+        BaseObject *input = ResolveObject(*data, kInputCamera, doc);
+        if (!input) return;
         ShowProgress(frame, last);
         Evaluate(doc, frame);
-        EvaluateFrame(data, camera);
+        if (BeginsAnew(frame, first))
+            Restart(data, camera, input, doc);
+        else
+            EvaluateFrame(data, camera);
         data->SetReal(kLastFrame, (Real)frame);
 
         const BaseTime time = TimeOfFrame(frame, rate);
         AddKey(curves[kBakedFocusDistance], time, ReadLens(camera, CAMERAOBJECT_TARGETDISTANCE));
         AddKey(curves[kBakedFocalLength], time, ReadLens(camera, CAMERA_FOCUS));
-        const Matrix local = camera->GetMl();
-        const Vector angles = GetOptimalAngle(previous, MatrixToHPB(local, ROTATIONORDER_HPB), ROTATIONORDER_HPB);
-        const Real values[] = {local.off.x, local.off.y, local.off.z, angles.x, angles.y, angles.z};
+        const Matrix relative = !FrozenMatrix(camera) * camera->GetMl();
+        const Vector position = relative.off;
+        const Vector angles = GetOptimalAngle(previous, AnglesOf(relative), ROTATIONORDER_HPB);
+        const Real values[] = {position.x, position.y, position.z, angles.x, angles.y, angles.z};
         for (LONG i = kBakedX; i <= kBakedB; i++) AddKey(curves[i], time, values[i]);
         previous = angles;
         camera->Message(MSG_CHANGE);
@@ -166,7 +207,8 @@ void TremoluxCamClass::UnBake(BaseTag *tag, BaseContainer *data) {
     const BaseContainer *stored = data->GetContainerInstance(kPreBakeRecord);
     if (!doc || !camera || !stored) return;
     const BaseContainer record = *stored;
-    if (!doc->AddUndo(UNDOTYPE_CHANGE, camera)) return;
+    const KeptKeys kept(tag, camera, doc);
+    if (!kept) return;
     for (CTrack *track = camera->GetFirstCTrack(); track; track = camera->GetFirstCTrack()) CTrack::Free(track);
     data->SetBool(kBaked, FALSE);
     RestorePreBakeAnimation(record, camera, doc->GetFps());

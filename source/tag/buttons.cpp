@@ -100,7 +100,7 @@ void TremoluxCamClass::ChangeSettings(LONG id, BaseTag *tag, BaseContainer *data
             ZeroParameters(kRotationShake, data);
             break;
         case kZeroInitials:
-            if (data->GetObjectLink(kTargetObject, tag->GetDocument()))
+            if (HasTarget(tag, *data))
                 ZeroParameters(kFollowingTarget, data);
             else
                 ZeroParameters(kFollowingInput, data);

@@ -4,6 +4,7 @@
 #include "engine/rotation.h"
 #include "lib_description.h"
 #include "obase.h"
+#include "ocamera.h"
 #include "tag/parameters.h"
 
 namespace {
@@ -48,6 +49,12 @@ void ParameterCurves::Read(BaseDocument *doc, const BaseTime &time, BaseContaine
     }
 }
 
+Matrix FrozenMatrix(BaseObject *object) {
+    Matrix frozen = HPBToMatrix(object->GetFrozenRot(), ROTATIONORDER_HPB);
+    frozen.off = object->GetFrozenPos();
+    return frozen;
+}
+
 MovingObject::MovingObject(BaseObject *object) : object_(object), is_animated_(FALSE) {
     for (CTrack *track = object ? object->GetFirstCTrack() : NULL; track; track = track->GetNext()) {
         if (!HasKeys(track)) continue;
@@ -72,17 +79,17 @@ void MovingObject::Read(BaseDocument *doc, const BaseTime &time, Vector *positio
     if (!object_) return;
     Matrix global = object_->GetMg();
     if (is_animated_) {
-        Matrix local =
+        Matrix relative =
             HPBToMatrix(ReadVector(ID_BASEOBJECT_REL_ROTATION, object_->GetRelRot(), doc, time), ROTATIONORDER_HPB);
-        local.off = ReadVector(ID_BASEOBJECT_REL_POSITION, object_->GetRelPos(), doc, time);
-        global = object_->GetUpMg() * local;
+        relative.off = ReadVector(ID_BASEOBJECT_REL_POSITION, object_->GetRelPos(), doc, time);
+        global = object_->GetUpMg() * FrozenMatrix(object_) * relative;
     }
     *position = global.off;
     if (angles) *angles = AnglesOf(global);
 }
 
-Real MovingObject::Lens(LONG parameter, BaseDocument *doc, const BaseTime &time) const {
+Real MovingObject::FocusDistance(BaseDocument *doc, const BaseTime &time) const {
     for (const Animated &animated : animated_)
-        if (animated.parameter == parameter) return ValueAt(animated.track, doc, time);
-    return ReadLens(object_, parameter);
+        if (animated.parameter == CAMERAOBJECT_TARGETDISTANCE) return ValueAt(animated.track, doc, time);
+    return ReadLens(object_, CAMERAOBJECT_TARGETDISTANCE);
 }

@@ -20,14 +20,17 @@ class ParameterCurves {
     std::vector<Animated> animated_;
 };
 
+// What an object's position and rotation are on top of: its frozen ones, in the parent.
+Matrix FrozenMatrix(BaseObject *object);
+
 // An object's place, under parents that stand still; NULL: none.
 class MovingObject {
   public:
     explicit MovingObject(BaseObject *object);
     // Global; `angles` (HPB, radians) may be NULL. Nothing is written without an object.
     void Read(BaseDocument *doc, const BaseTime &time, Vector *position, Vector *angles) const;
-    // Of a camera: CAMERA_FOCUS or CAMERAOBJECT_TARGETDISTANCE.
-    Real Lens(LONG parameter, BaseDocument *doc, const BaseTime &time) const;
+    // Of a camera.
+    Real FocusDistance(BaseDocument *doc, const BaseTime &time) const;
 
   private:
     Vector ReadVector(LONG parameter, const Vector &present, BaseDocument *doc, const BaseTime &time) const;

@@ -4,6 +4,7 @@
 #include "tag/guarded.h"
 #include "tag/layout.h"
 #include "tag/parameters.h"
+#include "tag/state.h"
 #include "tag/tremoluxcam.h"
 
 namespace {
@@ -43,6 +44,15 @@ void SetNumber(BaseContainer *settings, LONG key, const OptionalReal &number, LO
         settings->SetReal(key, number.value);
 }
 
+void SetDefault(BaseContainer *settings, const ParameterInfo &parameter, LONG dtype) {
+    if (parameter.whole_preset)
+        settings->SetLong(DESC_DEFAULT, Truncate(parameter.preset.value));
+    else if (dtype == DTYPE_STRING && parameter.preset.given)
+        settings->SetString(DESC_DEFAULT, String());
+    else
+        SetNumber(settings, DESC_DEFAULT, parameter.preset, dtype);
+}
+
 BaseContainer SettingsOf(const ParameterInfo &parameter, const HostType &type) {
     BaseContainer settings = GetCustomDataTypeDefault(type.dtype);
     settings.SetString(DESC_NAME, parameter.label);
@@ -54,10 +64,7 @@ BaseContainer SettingsOf(const ParameterInfo &parameter, const HostType &type) {
     SetNumber(&settings, DESC_MINSLIDER, parameter.slider_minimum, type.dtype);
     SetNumber(&settings, DESC_MAXSLIDER, parameter.slider_maximum, type.dtype);
     SetNumber(&settings, DESC_STEP, parameter.step, type.dtype);
-    if (parameter.whole_preset)
-        settings.SetLong(DESC_DEFAULT, Truncate(parameter.preset.value));
-    else
-        SetNumber(&settings, DESC_DEFAULT, parameter.preset, type.dtype);
+    SetDefault(&settings, parameter, type.dtype);
     return settings;
 }
 
@@ -109,6 +116,8 @@ Bool TremoluxCamClass::DescribePanel(BaseTag *tag, Description *description, DES
     if (!description->LoadDescription(kTremoluxCamId)) return FALSE;
     BaseContainer *data = tag->GetDataInstance();
     if (!data) return FALSE;
+    // Another tag may have changed it.
+    if (!data->GetBool(kFirstRun)) ShowUserPresetFolder(data);
     const DescID *single = description->GetSingleDescID();
 
     LONG count;

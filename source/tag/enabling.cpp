@@ -32,7 +32,7 @@ Bool TremoluxCamClass::GetDEnabling(GeListNode *node, const DescID &id, const Ge
     if (data->GetBool(kBaked)) return id[0].id == kUnBake;
     for (const TargetDependence &dependence : kTargetDependences) {
         if (dependence.id != id[0].id) continue;
-        const Bool has_target = data->GetObjectLink(kTargetObject, doc) != NULL;
+        const Bool has_target = HasTarget((BaseTag *)node, *data);
         if (dependence.rule == TargetRule::kNeeds) return has_target;
         if (has_target) return FALSE;
     }

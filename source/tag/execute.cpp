@@ -152,14 +152,3 @@ void TremoluxCamClass::ApplyFirstPreset(BaseContainer *data) {
     ApplyPreset(data, preset);
     data->SetReal(kOverallScale, 1.0);
 }
-
-void TremoluxCamClass::CheckRememberedPreset(BaseContainer *data) {
-    CollectCategoryPresets(data);
-    const LONG position = data->GetLong(kAppliedPresetPosition);
-    if (position == kPresetCustom) return;
-    const Bool is_listed = position >= 0 && position < (LONG)presets_.size() &&
-                           presets_[position].Key() == data->GetString(kAppliedPresetPath);
-    if (is_listed) return;
-    data->SetBool(kSettingsChanged, TRUE);
-    SelectNoPreset(data);
-}

@@ -35,7 +35,7 @@ Bool TremoluxCamClass::Answer(BaseTag *tag, LONG type, void *message) {
             TakeDrop((DragAndDrop *)message, tag, data);
             break;
         case MSG_DOCUMENTINFO:
-            if (((const DocumentInfoData *)message)->type == MSG_DOCUMENTINFO_TYPE_LOAD) AfterLoading(data);
+            DocumentChanged(((const DocumentInfoData *)message)->type, data);
             break;
         case MSG_DESCRIPTION_POSTSETPARAMETER:
             ParameterChanged(FirstLevel(((const DescriptionPostSetValue *)message)->descid), tag, data);
@@ -47,6 +47,14 @@ Bool TremoluxCamClass::Answer(BaseTag *tag, LONG type, void *message) {
             break;
     }
     return TRUE;
+}
+
+void TremoluxCamClass::DocumentChanged(LONG type, BaseContainer *data) {
+    if (type == MSG_DOCUMENTINFO_TYPE_LOAD) AfterLoading(data);
+    if (type != MSG_DOCUMENTINFO_TYPE_UNDO && type != MSG_DOCUMENTINFO_TYPE_REDO) return;
+    if (data->GetBool(kFirstRun)) return;
+    ShowUserPresetFolder(data);
+    CorrectSelection(data);
 }
 
 void TremoluxCamClass::ParameterChanged(LONG id, BaseTag *tag, BaseContainer *data) {

@@ -159,7 +159,7 @@ constexpr ParameterInfo kParameters[] = {
     Button(kExportAll, "Export All"),
     Button(kChoosePresetFolder, "Preset Path"),
     Button(kResetPresetFolder, "Reset Path"),
-    Plain(kUserPresetFolder, "", ParameterType::kString, Some(0.0)),
+    Plain(kUserPresetFolder, "", ParameterType::kString, kNone),
 
     {kStoredOnlyA, NULL, ParameterType::kReal, 0, kNone, kNone, kNone, kNone, kNone, kNone, Some(0.0)},
     {kStoredOnlyB, NULL, ParameterType::kReal, 0, kNone, kNone, kNone, kNone, kNone, kNone, Some(0.15)},

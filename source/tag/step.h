@@ -16,10 +16,8 @@ class UndoStep {
     }
     UndoStep(const UndoStep &) = delete;
     UndoStep &operator=(const UndoStep &) = delete;
-    // Before a change; after an insertion.
-    void Add(UNDOTYPE type, void *node) {
-        if (doc_) doc_->AddUndo(type, node);
-    }
+    // Before a change; after an insertion. FALSE when it cannot be taken back.
+    Bool Add(UNDOTYPE type, void *node) { return doc_ && doc_->AddUndo(type, node); }
 
   private:
     BaseDocument *doc_;

@@ -12,6 +12,7 @@
 #include "engine/filter.h"
 #include "engine/frame.h"
 #include "engine/runup.h"
+#include "engine/triggers.h"
 #include "presets/presetpath.h"
 
 class UndoStep;
@@ -154,7 +155,7 @@ class TremoluxCamClass : public TagData {
     // Copies a preset's values into the tag, as chosen under the "Preset" cycle's present value; what the preset lacks
     // is put back to its reset value or default.
     virtual void ApplyPreset(BaseContainer *data, BaseContainer preset);
-    // Called at the end of the initialisation.
+    // Called in the initialisation, before missing defaults are written and presets are read.
     virtual void AfterInit();
     // Takes over what lies in the import folder.
     virtual void ImportPresets();
@@ -167,7 +168,6 @@ class TremoluxCamClass : public TagData {
     void ShowFrame(BaseTag *tag, BaseContainer *data, BaseObject *camera, BaseDocument *doc);
     void SetUp(BaseTag *tag, BaseContainer *data, BaseObject *camera, BaseDocument *doc);
     void ApplyFirstPreset(BaseContainer *data);
-    void CheckRememberedPreset(BaseContainer *data);
     void Restart(BaseContainer *data, BaseObject *camera, BaseObject *input, BaseDocument *doc);
     void Jump(Real frame, BaseContainer *data, BaseObject *camera, BaseDocument *doc);
 
@@ -199,7 +199,11 @@ class TremoluxCamClass : public TagData {
     void CopyPresetParameter(const BaseContainer &preset, LONG id, BaseContainer *data);
     // Collected for the category that the container names.
     const std::vector<PresetPath> &PresetList(BaseContainer *data);
-    // The chosen one; NULL for the fixed entries and past the end of the list.
+    // In the order of that category's list.
+    std::vector<PresetPath> PresetsOf(LONG category) const;
+    // The one under the "Preset" cycle's value; NULL for the fixed entries and past the end of the list.
+    const PresetPath *ListedPreset(BaseContainer *data);
+    // The same where it is the one that was applied, or NULL: a value may be left over from another list.
     const PresetPath *ChosenPreset(BaseContainer *data);
     void ChoosePreset(BaseContainer *data);
     void ChooseCategory(BaseContainer *data);
@@ -210,6 +214,8 @@ class TremoluxCamClass : public TagData {
     void ReloadPresets(BaseContainer *data);
     // Selects the remembered preset in the present list, or "Custom".
     void FindRememberedPreset(BaseContainer *data);
+    void CorrectSelection(BaseContainer *data);
+    void CheckRememberedPreset(BaseContainer *data);
     void NoticeEdit(LONG id, BaseContainer *data);
     BaseContainer CategoryEntries() const;
     BaseContainer PresetEntries(BaseContainer *data);
@@ -221,6 +227,7 @@ class TremoluxCamClass : public TagData {
     void ResetUserPresetFolder(BaseContainer *data);
     void TypeUserPresetFolder(BaseContainer *data);
     void UseUserPresetFolder(const Filename &folder, BaseContainer *data);
+    void ShowUserPresetFolder(BaseContainer *data);
     void ExportCurrentPreset(BaseContainer *data);
     void ExportAllPresets();
 
@@ -244,6 +251,10 @@ class TremoluxCamClass : public TagData {
     // ---- Bakes
     // Keys for every frame of the document, from what the camera does while the scene is played.
     void BruteForceBake(BaseTag *tag, BaseContainer *data);
+    // Whether the tag sits on a camera in a document, and follows something.
+    static Bool CanBake(BaseTag *tag, const BaseContainer &data);
+    // Both bakes begin alike: the old keys are in the record, and the scene and the motion stand at the first frame.
+    // FALSE when the input has gone on the way.
     Bool BeginBake(BaseTag *tag, BaseContainer *data);
     // The quick bake as the button starts it.
     void StartQuickBake(BaseTag *tag, BaseContainer *data);
@@ -259,11 +270,12 @@ class TremoluxCamClass : public TagData {
     void PressButton(LONG id, BaseTag *tag, BaseContainer *data);
     void ChangeSettings(LONG button, BaseTag *tag, BaseContainer *data);
     Bool RunOperation(LONG button, BaseTag *tag, BaseContainer *data);
+    void DocumentChanged(LONG type, BaseContainer *data);
     void ParameterChanged(LONG id, BaseTag *tag, BaseContainer *data);
 
-    void ParseTrigger(BaseContainer *data, LONG parameter, std::vector<LONG> *frames);
-    // Before each frame: the list follows a text that nobody told of.
-    void RefreshTrigger(BaseContainer *data, LONG parameter, std::vector<LONG> *frames);
+    void ParseTrigger(BaseContainer *data, LONG parameter, Trigger *trigger);
+    // Before each frame: the lists follow texts that nobody told of, as after an undo.
+    void RefreshTriggers(BaseContainer *data);
 
     LONG working_number_;
     BaseBitmap *icon_;                // what the host was shown last
@@ -271,10 +283,10 @@ class TremoluxCamClass : public TagData {
     Random random_;
     RunUpMemory run_up_;
     BentAmounts bent_amounts_;
-    std::vector<LONG> trigger_frames_, twin_trigger_frames_;  // ascending, none negative
-    std::vector<String> sorted_folders_, sorted_names_;       // the built-in categories: folder and display name
-    std::vector<PresetPath> presets_;                         // of the chosen category
-    Bool is_collected_;                                       // whether presets_ was read,
-    LONG collected_category_;                                 // and for which category
-    std::vector<BaseContainer> shaking_presets_;              // those with shake in them, in random order
+    Trigger trigger_, twin_trigger_;
+    std::vector<String> sorted_folders_, sorted_names_;  // the built-in categories: folder and display name
+    std::vector<PresetPath> presets_;                    // of the chosen category
+    Bool is_collected_;                                  // whether presets_ was read,
+    LONG collected_category_;                            // and for which category
+    std::vector<BaseContainer> shaking_presets_;         // those with shake in them, in random order
 };

@@ -20,6 +20,17 @@ TEST_F(Driver, TheFirstEvaluationSetsUpAndEvaluatesNothing) {
     EXPECT_EQ(State().Whole(kFirstRun), 0);
 }
 
+TEST_F(Driver, AFrameReadsATriggerTextThatIsNewByTheTagsOwnOperation) {
+    Show(1);
+    probe_->is_noting_triggers = TRUE;
+    EXPECT_EQ(After(2), Names{"evaluate"}) << "what was read is not read again";
+    State().Set(6181, host::Data("5"));
+    EXPECT_EQ(After(3), (Names{"evaluate", "parse"}));
+    State().Set(6209, host::Data("no frame"));
+    EXPECT_EQ(After(4), (Names{"evaluate", "parse twin"}));
+    EXPECT_EQ(After(5), Names{"evaluate"}) << "though nothing was found in it";
+}
+
 TEST_F(Driver, TheStartFrameRestarts) { EXPECT_EQ(After(0), (Names{"reset", "evaluate"})); }
 
 TEST_F(Driver, TheStartFrameRestartsEveryTime) {

@@ -38,6 +38,15 @@ class ProbeTag : public TremoluxCamClass {
         Note("run up", data);
         TremoluxCamClass::SimulateToFrame(frame, data, camera);
     }
+    void ParseCustomTrigger(BaseContainer *data) override {
+        if (is_noting_triggers) Note("parse", data);
+        TremoluxCamClass::ParseCustomTrigger(data);
+    }
+    void ParseCustomTriggerTwin(BaseContainer *data) override {
+        if (is_noting_triggers) Note("parse twin", data);
+        TremoluxCamClass::ParseCustomTriggerTwin(data);
+    }
+    Bool is_noting_triggers = FALSE;
     void ImportPresets() override {
         calls.push_back({"import", 0, 0, 0});
         TremoluxCamClass::ImportPresets();

@@ -70,6 +70,22 @@ TEST_F(Scenes, BakedMovesAreTheLiveOnes) {
     ExpectRefused({"shake", Path("move.csv"), "-o", Path("x.csv"), "--bake", "slow"}, "--bake");
 }
 
+TEST_F(Scenes, BakedQuicklyDoNotSeeAZoomAndSaySo) {
+    std::string zoom = "frame,x,y,z,h,p,b,focal_length\n";
+    for (int frame = 0; frame < 30; ++frame)
+        zoom += std::to_string(frame) + ",0,0,0,0,0,0," + std::to_string(30 + frame) + "\n";
+    const std::string move = workplace_.Write("zoom.csv", zoom);
+    for (const std::string bake : {"quick", "brute"}) {
+        const Outcome outcome = workplace_.Run({"shake", move, "-o", Path("baked.csv"), "--bake", bake, "--set",
+                                                "Zoom=off", "--set", "6162=0", "--quiet"});
+        ASSERT_EQ(outcome.status, 0) << outcome.err;
+        EXPECT_EQ(outcome.err, bake == "quick" ? "--bake quick: the move zooms, which a quick bake does not see; "
+                                                 "--bake brute does\n"
+                                               : "");
+    }
+    EXPECT_EQ(workplace_.Run({"shake", Path("move.csv"), "-o", Path("x.csv"), "--bake", "quick", "--quiet"}).err, "");
+}
+
 TEST_F(Scenes, AreBakedAndUnBaked) {
     Shake("live.csv", {"--scene", Path("live.scene")});
     EXPECT_EQ(Text({"bake", Path("live.scene"), "--brute", "-o", Path("baked.scene"), "--quiet"}),

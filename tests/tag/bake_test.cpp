@@ -64,7 +64,7 @@ class Bakes : public WithModule {
 };
 
 TEST_F(Bakes, ByBruteForceKeepTheLiveMotionOnEveryFrame) {
-    for (const std::int64_t first : {0, 10}) {
+    for (const std::int64_t first : {-20, -1, 0, 10}) {
         SCOPED_TRACE(first);
         Begin(first);
         const std::vector<Shot> live = Playback(first);
@@ -75,7 +75,7 @@ TEST_F(Bakes, ByBruteForceKeepTheLiveMotionOnEveryFrame) {
     }
 }
 
-// Every key of both bakes; angles up to whole turns.
+// Every key of both bakes.
 class BothBakes : public Bakes {
   protected:
     void AnimateWholeInput() {
@@ -84,7 +84,32 @@ class BothBakes : public Bakes {
         AddTrack(scene().input, host::MakeId(904, 1001), {{0, -0.1}, {kLast, 0.2}});
         AddTrack(scene().input, host::MakeId(904, 1002), {{0, 0}, {kLast, 0.1}});
         AddTrack(scene().input, host::MakeId(1010), {{0, 300}, {kLast, 900}});
-        AddTrack(scene().input, host::MakeId(500), {{0, 28}, {kLast, 50}});
+    }
+    // Moves the object under a new parent at this place.
+    host::Object *PutUnder(host::Object *child, const host::Vector &angles) {
+        host::Object *object = scene().AddObject(host::kTypeNull, {100, -50, 30});
+        host::Transform transform = object->GetTransform();
+        transform.rotation = angles;
+        object->SetTransform(transform);
+        child->Remove();
+        scene().document->InsertObject(child, object);
+        return object;
+    }
+    static void Freeze(host::Object *object, const host::Vector &position, const host::Vector &angles) {
+        host::Transform transform = object->GetTransform();
+        transform.frozen_position = position;
+        transform.frozen_rotation = angles;
+        object->SetTransform(transform);
+    }
+    // At half frames too, where a key that is a whole turn off would show.
+    std::vector<Shot> PlayHalfFrames(std::int64_t first) {
+        std::vector<Shot> shots;
+        for (std::int64_t half = 2 * first; half <= 2 * kLast; ++half) {
+            scene().document->SetTime(host::MakeTime(static_cast<double>(half), 60));
+            scene().Evaluate();
+            shots.push_back(scene().Camera());
+        }
+        return shots;
     }
     using Keys = std::map<std::pair<std::int32_t, std::int32_t>, std::vector<double>>;
     Keys BakedKeys(std::int32_t button) {
@@ -98,21 +123,21 @@ class BothBakes : public Bakes {
         }
         return keys;
     }
-    void ExpectAgreement() {
+    void ExpectAgreement(std::int64_t first = 0) {
         const Keys quick = BakedKeys(kQuick);
+        const std::vector<Shot> played = PlayHalfFrames(first);
         ASSERT_TRUE(Press(kUnBake));
         scene().document->SetFrame(0);
         const Keys brute = BakedKeys(kBrute);
+        const std::vector<Shot> other_played = PlayHalfFrames(first);
+        for (std::size_t i = 0; i < played.size(); ++i)
+            ASSERT_LT(Difference(played[i], other_played[i]), 1e-6) << "half frame " << i;
         ASSERT_EQ(quick.size(), brute.size());
         for (const auto &[channel, values] : brute) {
             const std::vector<double> &other = quick.at(channel);
             ASSERT_EQ(values.size(), other.size());
-            for (std::size_t i = 0; i < values.size(); ++i) {
-                const double difference = values[i] - other[i];
-                const bool is_angle = channel.first == 904;
-                EXPECT_NEAR(is_angle ? std::remainder(difference, 2 * kPi) : difference, 0, 1e-6)
-                    << channel.first << "/" << channel.second << " at " << i;
-            }
+            for (std::size_t i = 0; i < values.size(); ++i)
+                EXPECT_NEAR(values[i], other[i], 1e-6) << channel.first << "/" << channel.second << " at " << i;
         }
     }
 };
@@ -148,23 +173,66 @@ TEST_F(BothBakes, AgreeOnAMovingTargetAndFocusObject) {
 
 TEST_F(BothBakes, AgreeBelowParents) {
     AnimateWholeInput();
-    const auto parent = [&](host::Object *child) {
-        host::Object *object = scene().AddObject(host::kTypeNull, {100, -50, 30});
-        host::Transform transform = object->GetTransform();
-        transform.rotation = {0.5, 0.2, 0.1};
-        object->SetTransform(transform);
-        child->Remove();
-        scene().document->InsertObject(child, object);
-    };
-    parent(scene().input);
-    parent(scene().camera);
+    PutUnder(scene().input, {0.5, 0.2, 0.1});
+    PutUnder(scene().camera, {0.5, 0.2, 0.1});
     ExpectAgreement();
 }
 
-TEST_F(BothBakes, AgreeInADocumentThatStartsLater) {
-    Begin(12);
+TEST_F(BothBakes, NeverTurnTheCameraRoundBetweenTwoKeys) {
     AnimateWholeInput();
+    // The input's heading of 0 to 2 and back to -1 passes half a turn within each of these.
+    for (const double heading : {0.0, 1.5, -1.5, 2.5, -2.5, kPi}) {
+        Begin(0);
+        AnimateWholeInput();
+        PutUnder(scene().camera, {heading, 0.1, 0});
+        for (const std::int32_t bake : {kQuick, kBrute}) {
+            const Keys keys = BakedKeys(bake);
+            for (const std::int32_t component : {1000, 1001, 1002}) {
+                const std::vector<double> &angles = keys.at({904, component});
+                for (std::size_t i = 1; i < angles.size(); ++i)
+                    ASSERT_LT(std::fabs(angles[i] - angles[i - 1]), 1.0) << heading << " at " << i;
+            }
+            ASSERT_TRUE(Press(kUnBake));
+        }
+        ExpectAgreement();
+    }
+}
+
+TEST_F(BothBakes, AgreeInADocumentThatStartsElsewhere) {
+    for (const std::int64_t first : {-20, -1, 0, 10}) {
+        SCOPED_TRACE(first);
+        Begin(first);
+        AnimateWholeInput();
+        AddTrack(scene().input, host::MakeId(903, 1000), {{-20, 0}, {-10, 90}, {kLast, 40}});
+        host::Object *subject = scene().AddObject(host::kTypeNull, {0, 120, 300});
+        AddTrack(subject, host::MakeId(903, 1000), {{-20, -200}, {kLast, 200}});
+        scene().Link(kTarget, subject);
+        scene().Link(kFocusObject, subject);
+        ExpectAgreement(first);
+    }
+}
+
+TEST_F(BothBakes, AgreeWithPlaybackOnCamerasWithFrozenValues) {
+    AnimateWholeInput();
+    Freeze(scene().input, {1000, -200, 30}, {0.7, -0.3, 0.2});
+    Freeze(scene().camera, {-500, 80, 900}, {-1.1, 0.4, 0.5});
+    PutUnder(scene().camera, {0.5, 0.2, 0.1});
+    const std::vector<Shot> live = Playback(0);
+    EXPECT_GT(host::Length(live[0].matrix.off - scene().camera->GetTransform().position), 100) << "frozen for good";
     ExpectAgreement();
+    ExpectSame(Playback(0), live);
+}
+
+TEST_F(BothBakes, DifferOnAZoomWhichQuickOnesDoNotSee) {
+    AddTrack(scene().input, host::MakeId(500), {{0, 28}, {kLast, 50}});
+    for (const std::int32_t id : {6162, 6053, 6134}) scene().Set(id, 0);  // the focal length is the input's
+    scene().Show(20);
+    const std::vector<double> quick = BakedKeys(kQuick).at({500, 0});
+    for (const double focal_length : quick) EXPECT_NEAR(focal_length, 28, 1e-9);
+    ASSERT_TRUE(Press(kUnBake));
+    const std::vector<double> brute = BakedKeys(kBrute).at({500, 0});
+    for (int frame = 0; frame <= kLast; ++frame)
+        EXPECT_NEAR(brute[static_cast<std::size_t>(frame)], 28 + 22.0 * frame / kLast, 1e-9) << frame;
 }
 
 TEST_F(BothBakes, QuickOnesEndAtFrameZeroWithTheTagAsleep) {
@@ -401,6 +469,19 @@ TEST_F(Bakes, OfADocumentThatEndsAtZeroKeyTheOneFrameThereIs) {
     }
 }
 
+TEST_F(Bakes, EndAtTheLargestFrameThatADocumentCanHave) {
+    constexpr std::int32_t kLargest = 2147483647;
+    for (const std::int32_t bake : {kQuick, kBrute}) {
+        scene_ = std::make_unique<Scene>(running_, 30, kLargest - 3, kLargest);
+        ASSERT_TRUE(Press(bake));
+        ASSERT_EQ(Tracks(), 8u);
+        for (const host::Track *track : scene().camera->Tracks()) {
+            ASSERT_EQ(track->GetCurve()->KeyCount(), 4);
+            EXPECT_NEAR(host::Seconds(track->GetCurve()->KeyAt(3)->GetTime()) * 30, kLargest, 1e-6);
+        }
+    }
+}
+
 TEST_F(Bakes, MeasureTheirProgressByTheLastFrame) {
     for (const std::int32_t bake : {kQuick, kBrute}) {
         Begin(20);
@@ -418,6 +499,36 @@ TEST_F(Bakes, FromANegativeFrameComeBackFromZeroOn) {
         EXPECT_EQ(scene().camera->FindTrack(host::MakeId(500))->GetCurve()->KeyCount(), kLast + 6);
         ASSERT_TRUE(Press(kUnBake));
         EXPECT_EQ(scene().camera->Tracks()[0]->GetCurve()->KeyCount(), 2) << "frames 0 and 3";
+    }
+}
+
+// ---- Undo
+
+TEST_F(Bakes, AreOneStepOfTheirOwnWhereNoneIsOpenAndTheHostRefusesEntriesThen) {
+    AddTrack(scene().camera, host::MakeId(500), {{0, 40}, {10, 50}});
+    scene().document->Undo().RefuseOutsideSteps();
+    const auto send = [this](std::int32_t button) {
+        TableDescriptionCommand press{};
+        press.id = host::MakeId(button);
+        EXPECT_TRUE(scene().tag->SendMessage(host::kMessageCommand, &press));
+    };
+    host::UndoStack &undo = scene().document->Undo();
+    for (const std::int32_t bake : {kQuick, kBrute}) {
+        undo.Flush();
+        send(bake);
+        ASSERT_EQ(Tracks(), 8u);
+        EXPECT_EQ(undo.Depth(), 0);
+        EXPECT_EQ(undo.Steps(), 1u);
+        send(kUnBake);
+        ASSERT_EQ(Tracks(), 1u);
+        EXPECT_EQ(undo.Steps(), 2u);
+        ASSERT_TRUE(undo.Undo());
+        ASSERT_EQ(Tracks(), 8u);
+        EXPECT_EQ(scene().State().Whole(kBaked), 1);
+        ASSERT_TRUE(undo.Undo());
+        ASSERT_EQ(Tracks(), 1u);
+        EXPECT_EQ(scene().State().Whole(kBaked, 0), 0);
+        EXPECT_EQ(ValueAt(500, 0, 10), 50);
     }
 }
 

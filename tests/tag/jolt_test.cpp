@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/files/scenefile.h"
 #include "host/scene/messages.h"
 #include "host/ui/attribute_manager.h"
 #include "tests/tag/scene.h"
@@ -139,6 +140,48 @@ TEST_F(Jolt, FieldThatShowsItsPlaceholderListsNothing) {
     scene().Play(0, 1);
     List("Numbers seperated by commas");
     EXPECT_EQ(Hits(20), Frames{});
+}
+
+TEST_F(Jolt, HitsOnTheFramesOfTheTextThatIsThereNow) {
+    List("3");
+    EXPECT_EQ(Hits(20), Frames{3});
+    List("5, 9");  // nobody tells the tag
+    EXPECT_EQ(Hits(20), (Frames{5, 9}));
+    List("");
+    EXPECT_EQ(Hits(20), Frames{});
+    EXPECT_EQ(scene().State().Text(kList), "Numbers seperated by commas");
+}
+
+TEST_F(Jolt, HitsOnTheOldFramesAgainAfterAnUndoAndOnTheNewOnesAfterARedo) {
+    ASSERT_TRUE(host::EditParameter(scene().tag, host::MakeId(kList), host::Data("3")));
+    ASSERT_TRUE(host::EditParameter(scene().tag, host::MakeId(kList), host::Data("5, 9")));
+    EXPECT_EQ(Hits(20), (Frames{5, 9}));
+    ASSERT_TRUE(scene().document->Undo().Undo());
+    EXPECT_EQ(scene().State().Text(kList), "3");
+    EXPECT_EQ(Hits(20), Frames{3});
+    ASSERT_TRUE(scene().document->Undo().Undo());
+    EXPECT_EQ(Hits(20), Frames{});
+    for (int i = 0; i < 2; ++i) ASSERT_TRUE(scene().document->Undo().Redo());
+    EXPECT_EQ(Hits(20), (Frames{5, 9}));
+}
+
+TEST_F(Jolt, HitsInACloneForRenderingAndInTheSavedSceneAsInTheOpenOne) {
+    ASSERT_TRUE(host::EditParameter(scene().tag, host::MakeId(kList), host::Data("3")));
+    scene().Play(0, 5);
+    List("7");
+    TemporaryFolder folder;
+    std::string error;
+    ASSERT_TRUE(host::SaveDocument(scene().document, folder.Path() / "scene", &error)) << error;
+    std::unique_ptr<host::Document> loaded = host::LoadDocument(folder.Path() / "scene", &error);
+    ASSERT_NE(loaded, nullptr) << error;
+    Scene saved(running_, std::move(loaded));
+    saved.Evaluate();
+    Scene clone(running_,
+                std::unique_ptr<host::Document>(static_cast<host::Document *>(scene().document->Clone(0, nullptr))));
+    ASSERT_NE(clone.tag, nullptr);
+    EXPECT_EQ(Hits(20), Frames{7});
+    EXPECT_EQ(Hits(saved, 20), Frames{7});
+    EXPECT_EQ(Hits(clone, 20), Frames{7});
 }
 
 TEST_F(Jolt, TextCountsPlainNumbersOnly) {

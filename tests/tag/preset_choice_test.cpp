@@ -327,6 +327,33 @@ TEST_F(ChosenPresets, ThatAreGoneByThenApplyNothing) {
     EXPECT_EQ(scene().Real(6025), 0.77);
 }
 
+TEST_F(ChosenPresets, InAnotherCategoryAreCustomHoweverNothingIsChosenThere) {
+    BuiltIn("2_B", "2_Fourth");
+    Choose(kPreset, 1);
+    Choose(kCategory, 1);
+    ASSERT_EQ(PresetNames(), (Names{"Third", "Fourth"}));
+    for (const std::int32_t value : {6179, 5805, 2}) {
+        host::EditParameter(scene().tag, host::MakeId(kPreset), host::Data(value));
+        EXPECT_EQ(State().Whole(kPreset), kCustom) << value;
+        Press(kDelete, true);
+        EXPECT_EQ(NamesIn(Root() / "2_B"), (Names{"1_Third", "2_Fourth"})) << value;
+    }
+    fs::remove(Root() / "2_B" / "2_Fourth");
+    Choose(kPreset, 1);
+    EXPECT_EQ(State().Whole(kPreset), kCustom) << "its file is gone, and \"Second\" is not in this list";
+    Choose(kCategory, 0);
+    EXPECT_EQ(State().Whole(kPreset), 1) << "\"Second\" is what the settings are";
+}
+
+TEST_F(ChosenPresets, AreNotDeletedByAValueThatChoseNone) {
+    Choose(kPreset, 1);
+    Choose(kCategory, 1);
+    State().Set(kPreset, 0);
+    Press(kDelete, true);
+    EXPECT_EQ(NamesIn(Root() / "2_B"), Names{"1_Third"});
+    EXPECT_EQ(NamesIn(Root() / "1_A"), (Names{"1_First", "2_Second"}));
+}
+
 TEST_F(ChosenPresets, AreReadAsTheirFileIsNow) {
     BuiltIn("1_A", "2_Second", {{kPositionSlow, host::Data(0.75)}});
     Choose(kPreset, 1);
@@ -499,6 +526,41 @@ TEST_F(ChosenPresets, AreStillRememberedWhenAllIsAsItWas) {
     EXPECT_EQ(State().Whole(kPreset), 1);
     EXPECT_EQ(State().Whole(kAppliedPosition), 1);
     EXPECT_EQ(State().Text(kAppliedName), "Second");
+}
+
+TEST_F(ChosenPresets, AreStillRememberedInASceneThatShowsAnotherCategory) {
+    Choose(kPreset, 1);
+    Choose(kCategory, 1);
+    State().Set(kRecheck, 1);
+    scene().Evaluate();
+    EXPECT_EQ(State().Whole(kPreset), kCustom);
+    EXPECT_EQ(State().Whole(kChanged, 7), 0);
+    Choose(kCategory, 0);
+    EXPECT_EQ(State().Whole(kPreset), 1);
+}
+
+TEST_F(ChosenPresets, OfAnotherCategoryAreForgottenWithTheirFileAndNeverThoseOfTheSamePlace) {
+    BuiltIn("2_B", "2_Fourth");
+    Choose(kPreset, 1);
+    Choose(kCategory, 1);
+    fs::remove(Root() / "1_A" / "2_Second");
+    State().Set(kRecheck, 1);
+    scene().Evaluate();
+    ExpectNoPreset();
+    EXPECT_EQ(State().Whole(kChanged), 1);
+}
+
+TEST_F(ChosenPresets, AreForgottenWhenTheirFileHoldsOneOfAnotherName) {
+    for (const std::int32_t category : {0, 1}) {
+        WritePresetFile(Root() / "1_A" / "2_Second", PresetOf("Second", {}));
+        Choose(kCategory, 0);
+        Choose(kPreset, 1);
+        Choose(kCategory, category);
+        WritePresetFile(Root() / "1_A" / "2_Second", PresetOf("Somebody else's", {}));
+        State().Set(kRecheck, 1);
+        scene().Evaluate();
+        ExpectNoPreset();
+    }
 }
 
 TEST_F(ChosenPresets, AreCustomWhenAnotherOneStandsInTheirPlace) {

@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "host/files/scenefile.h"
+#include "host/ui/attribute_manager.h"
 #include "host/value/text.h"
 #include "tests/tag/preset_bench.h"
 #include "tests/tag/tracks.h"
@@ -16,6 +17,8 @@ struct Button {
     const char *name;
     bool changes_scene = true;
     bool with_control = false;
+    // An entry that follows the files, which no undo brings back.
+    std::int32_t follows_files = 0;
 };
 
 void PrintTo(const Button &button, std::ostream *out) { *out << button.name; }
@@ -54,15 +57,76 @@ class EveryButton : public WithPresets, public testing::WithParamInterface<Butto
 
 TEST_P(EveryButton, IsTakenBackInOneStepAndDoneAgain) {
     const std::string before = Everything();
+    const host::Container settings = State();
     Press(GetParam().id, GetParam().with_control);
     const std::string after = Everything();
     EXPECT_EQ(after != before, GetParam().changes_scene);
     EXPECT_EQ(Undo().Steps(), 1u);
     EXPECT_EQ(Undo().Depth(), 0);
     ASSERT_TRUE(Undo().Undo());
+    if (const std::int32_t id = GetParam().follows_files) {
+        EXPECT_FALSE(host::EqualData(*State().Find(id), *settings.Find(id)));
+        State().Set(id, *settings.Find(id));
+    }
     EXPECT_TRUE(Everything() == before);
     ASSERT_TRUE(Undo().Redo());
     EXPECT_TRUE(Everything() == after);
+}
+
+class UndonePresets : public WithPresets {
+  protected:
+    UndonePresets() {
+        for (const char *name : {"1_One", "2_Two", "3_Three"}) Users(name);
+    }
+    void SetUp() override {
+        Start();
+        Choose(kCategory, kUser);
+        Choose(kPreset, 0);
+        scene().document->Undo().Flush();
+    }
+    host::UndoStack &Undo() { return scene().document->Undo(); }
+};
+
+TEST_F(UndonePresets, ThatWereDeletedAreNotChosenAgainNorIsAnotherOneDeletedInTheirPlace) {
+    Press(kDelete);
+    ASSERT_EQ(PresetNames(), (std::vector<std::string>{"Two", "Three"}));
+    ASSERT_TRUE(Undo().Undo());
+    EXPECT_EQ(State().Whole(kPreset), kCustom) << "its file is gone";
+    Press(kDelete);
+    EXPECT_EQ(NamesIn(UserFolder()), (std::vector<std::string>{"2_Two", "3_Three"}));
+    ASSERT_TRUE(Undo().Undo());
+    ASSERT_TRUE(Undo().Redo());
+    EXPECT_EQ(State().Whole(kPreset), kCustom);
+}
+
+TEST_F(UndonePresets, AreLookedUpWhereTheirFileIsNow) {
+    Choose(kPreset, 2);
+    Press(6042);
+    ASSERT_EQ(State().Whole(kPreset), kCustom);
+    // Another tag's Delete moves what stands behind it.
+    Scene other(*running_);
+    ASSERT_TRUE(host::EditParameter(other.tag, host::MakeId(kCategory), host::Data(kUser)));
+    ASSERT_TRUE(host::EditParameter(other.tag, host::MakeId(kPreset), host::Data(0)));
+    ASSERT_TRUE(host::PressButton(other.tag, host::MakeId(kDelete)));
+    Choose(kCategory, 0);
+    Choose(kCategory, kUser);
+    ASSERT_EQ(PresetNames(), (std::vector<std::string>{"Two", "Three"}));
+    for (int i = 0; i < 3; ++i) ASSERT_TRUE(Undo().Undo());
+    EXPECT_EQ(State().Whole(kPreset), 1) << "\"Three\"";
+    Press(kDelete);
+    EXPECT_EQ(NamesIn(UserFolder()), std::vector<std::string>{"2_Two"});
+}
+
+TEST_F(UndonePresets, LieInTheFolderThatIsShown) {
+    const std::string old = State().Text(kFolderText), chosen = host::PathText(folder_.Path() / "other");
+    std::filesystem::create_directories(folder_.Path() / "other");
+    Dialogs().AnswerText(chosen);
+    Press(kChooseFolder);
+    ASSERT_EQ(State().Text(kFolderText), chosen);
+    ASSERT_TRUE(Undo().Undo());
+    EXPECT_EQ(State().Text(kFolderText), chosen) << "saves go there";
+    ASSERT_TRUE(Undo().Redo());
+    EXPECT_EQ(State().Text(kFolderText), chosen);
 }
 
 TEST_F(WithPresets, ABakeAndItsUnBakeAreTakenBackOneAfterTheOther) {
@@ -95,8 +159,9 @@ INSTANTIATE_TEST_SUITE_P(Panel, EveryButton,
                                          Button{6185, "Human", false}, Button{6186, "Car"}, Button{6187, "House"},
                                          Button{6188, "Skyscraper"}, Button{6046, "QuickBake"},
                                          Button{6175, "BruteForceBake"}, Button{6003, "Save"},
-                                         Button{6005, "Delete", true, true}, Button{6171, "ExportCurrent", false},
-                                         Button{10033, "ExportAll", false}, Button{6176, "PresetPath"},
+                                         Button{6005, "Delete", true, true, kPreset},
+                                         Button{6171, "ExportCurrent", false}, Button{10033, "ExportAll", false},
+                                         Button{6176, "PresetPath", true, false, kFolderText},
                                          Button{6182, "ResetPath"}, Button{6047, "UnBake", false}),
                          Name);
 

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <fstream>
 
+#include "host/description/description.h"
 #include "host/files/faults.h"
 #include "host/ui/attribute_manager.h"
 #include "host/value/text.h"
@@ -138,6 +139,27 @@ TEST_F(UserPresets, OfTheSameNameTwiceHaveTheLastOneReplaced) {
     EXPECT_EQ(Saved("01_Walk"), 0.75);
 }
 
+TEST_F(UserPresets, NeverTakeThePlaceOfAFileThatIsNone) {
+    Users("00_Walk", {{kPositionSlow, host::Data(0.1)}});
+    std::ofstream(UserFolder() / "zz_Walk") << "text";
+    scene().Set(kPositionSlow, 0.75);
+    Dialogs().AnswerText("Walk");
+    Dialogs().AnswerYes();
+    Press(kSave);
+    EXPECT_EQ(Files(), (Names{"00_Walk", "zz_Walk"}));
+    EXPECT_EQ(Saved("00_Walk"), 0.75);
+    EXPECT_EQ(fs::file_size(UserFolder() / "zz_Walk"), 4u);
+}
+
+TEST_F(UserPresets, OfANameThatOnlyAForeignFileHasAreNewOnes) {
+    std::ofstream(UserFolder() / "01_Walk") << "text";
+    Save("Walk");
+    EXPECT_EQ(Files(), (Names{"01_Walk", "02_Walk"})) << "one file is there, and its number is taken";
+    EXPECT_EQ(Asked(), Names{});
+    EXPECT_EQ(fs::file_size(UserFolder() / "01_Walk"), 4u);
+    EXPECT_EQ(PresetNames(), Names{"Walk"});
+}
+
 TEST_F(UserPresets, AreNotSavedOverADefaultPreset) {
     Users("00_Walk", {{kPositionSlow, host::Data(0.1)}}, true);
     Dialogs().AnswerText("walk");
@@ -163,6 +185,22 @@ TEST_F(UserPresets, AreSavedAsDefaultsWithControl) {
     Press(kSave, true);
     EXPECT_EQ(Asked().back(), "Override existing default preset?");
     EXPECT_EQ(Saved("00_Walk"), 0.75);
+}
+
+TEST_F(UserPresets, AreSavedAsDefaultsThoughControlIsReleasedToTypeTheName) {
+    Dialogs().on_show = [this] { running_->App().input.control = false; };
+    Dialogs().AnswerText("Walk");
+    Dialogs().AnswerYes();
+    Press(kSave, true);
+    EXPECT_EQ(Asked(), Names{"Saving as a default preset"});
+    EXPECT_EQ(ReadPresetFile(UserFolder() / "00_Walk").Whole(100), 1);
+}
+
+TEST_F(UserPresets, AreSavedAsUsualThoughControlIsHeldInTheDialog) {
+    Dialogs().on_show = [this] { running_->App().input.control = true; };
+    Save("Walk");
+    EXPECT_EQ(Asked(), Names{});
+    EXPECT_EQ(ReadPresetFile(UserFolder() / "00_Walk").Whole(100, 7), 0);
 }
 
 TEST_F(UserPresets, AreSavedAsUsualWhenTheDefaultQuestionIsDenied) {
@@ -291,6 +329,66 @@ TEST_F(UserPresets, DoNotMoveToAFolderThatIsNotThere) {
               UserFolder().lexically_normal());
 }
 
+TEST_F(UserPresets, LieInATypedFolderHoweverItIsWritten) {
+    const fs::path other = folder_.Path() / "other";
+    const std::string plain = host::PathText(other);
+    for (const std::string &typed :
+         {plain + "/", plain + "//", plain + "/.", host::PathText(folder_.Path()) + "/./other/",
+          host::PathText(folder_.Path()) + "/plugins/../other"}) {
+        fs::remove_all(other);
+        WritePresetFile(other / "5_Other", PresetOf("Other", {}));
+        Press(kResetFolder);
+        Type(kFolderText, host::Data(typed));
+        EXPECT_EQ(host::PathFromText(State().Text(kFolderText)), other) << typed;
+        EXPECT_EQ(host::PathFromText(running_->App().WorldPluginData(kTag)->Text(5037)), other) << typed;
+        Choose(kCategory, kUser);
+        Choose(kPreset, 0);
+        Press(kDelete);
+        EXPECT_EQ(NamesIn(other), Names{}) << typed;
+    }
+}
+
+TEST_F(UserPresets, OfAFolderThatALinkLeadsToLieThere) {
+    if (!test_support::CanLink(folder_.Path())) GTEST_SKIP() << "this system makes no symbolic links";
+    const fs::path other = folder_.Path() / "far" / "other";
+    fs::create_directories(other / "inside");
+    fs::create_directory_symlink(other / "inside", folder_.Path() / "link");
+    WritePresetFile(other / "5_Other", PresetOf("Other", {}));
+    Type(kFolderText, host::Data(host::PathText(folder_.Path() / "link" / "..")));
+    EXPECT_EQ(host::PathFromText(State().Text(kFolderText)), other) << "not beside the link";
+    Choose(kCategory, kUser);
+    EXPECT_EQ(PresetNames(), Names{"Other"});
+}
+
+TEST_F(UserPresets, DoNotMoveToAFolderThatDependsOnTheWorkingFolder) {
+    const std::string before = State().Text(kFolderText);
+    for (const char *text : {".", "./", "..", "tests"}) {
+        Type(kFolderText, host::Data(text));
+        EXPECT_EQ(State().Text(kFolderText), before) << text;
+        Dialogs().AnswerText(text);
+        Press(kChooseFolder);
+        EXPECT_EQ(State().Text(kFolderText), before) << text;
+    }
+}
+
+TEST_F(UserPresets, LieInTheUsualFolderAgainWhereTheSettingsNameNoFolderOfTheirOwn) {
+    running_->App().WorldPluginData(kTag)->Set(5037, host::Data::Filename("."));
+    const Scene second(*running_);
+    EXPECT_EQ(host::PathFromText(running_->App().WorldPluginData(kTag)->Text(5037)).lexically_normal(),
+              UserFolder().lexically_normal());
+}
+
+TEST_F(UserPresets, LieInTheFolderThatEveryPanelShows) {
+    Scene second(*running_);
+    second.Evaluate();
+    const std::string other = host::PathText(folder_.Path() / "other");
+    fs::create_directories(folder_.Path() / "other");
+    Type(kFolderText, host::Data(other));
+    host::Description panel;
+    EXPECT_TRUE(host::BuildDescription(second.tag, nullptr, 0, &panel));
+    EXPECT_EQ(second.tag->Data().Text(kFolderText), other);
+}
+
 // ---- Export
 
 TEST_F(UserPresets, AreExportedOneByOne) {
@@ -305,6 +403,14 @@ TEST_F(UserPresets, AreExportedOneByOne) {
     Choose(kPreset, 0);
     Press(kExportOne);
     EXPECT_TRUE(IsPresetFile(UserRoot() / "Exports" / "1_A" / "1_First"));
+    EXPECT_EQ(running_->App().requests.shown_folders.size(), 1u) << "for a built-in one nothing is opened";
+
+    Choose(kPreset, 3);
+    ASSERT_EQ(State().Text(kAppliedName), "Walk");
+    Press(kExportOne);
+    EXPECT_EQ(running_->App().requests.shown_folders.size(), 2u);
+    Press(kExportOne, true);
+    EXPECT_EQ(running_->App().requests.shown_folders.size(), 2u) << "with Control as a built-in one";
 }
 
 TEST_F(UserPresets, AreNotExportedFromABuiltInCategory) {
@@ -383,6 +489,59 @@ TEST_F(Imports, TakeThePlaceOfWhatHasTheirName) {
     scene().Evaluate();
     EXPECT_EQ(NamesIn(Root() / "1_A"), (Names{"1_First", "9_second"}));
     EXPECT_EQ(BuiltInValue("1_A", "9_second"), 0.9);
+}
+
+TEST_F(Imports, LeaveFilesOfTheirNameThatAreNoPresets) {
+    std::ofstream(Root() / "1_A" / "9_walk") << "text";
+    std::ofstream(Root() / "1_A" / "5_walk") << "another text";
+    Import("1_A", "5_walk", 0.9);
+    scene().Evaluate();
+    EXPECT_EQ(NamesIn(Root() / "1_A"), (Names{"04_walk", "1_First", "2_Second", "5_walk", "9_walk"}));
+    EXPECT_EQ(BuiltInValue("1_A", "04_walk"), 0.9) << "four files were there";
+    EXPECT_EQ(fs::file_size(Root() / "1_A" / "9_walk"), 4u);
+    EXPECT_EQ(fs::file_size(Root() / "1_A" / "5_walk"), 12u);
+    EXPECT_EQ(NamesIn(From() / "1_A"), Names{});
+}
+
+TEST_F(Imports, LeaveADamagedPresetOfTheirName) {
+    std::ifstream good(Root() / "1_A" / "2_Second", std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(good)), std::istreambuf_iterator<char>());
+    std::ofstream(Root() / "1_A" / "7_Walk", std::ios::binary) << bytes.substr(0, bytes.size() / 2);
+    Import("1_A", "5_walk", 0.9);
+    scene().Evaluate();
+    EXPECT_EQ(NamesIn(Root() / "1_A"), (Names{"1_First", "2_Second", "5_walk", "7_Walk"}));
+    EXPECT_EQ(fs::file_size(Root() / "1_A" / "7_Walk"), bytes.size() / 2);
+}
+
+TEST_F(Imports, LeaveTheUsersPresetsAloneThatLieThere) {
+    const fs::path users = From() / "User";
+    const std::string plain = host::PathText(users), root = host::PathText(From());
+    std::vector<std::string> spellings = {plain, plain + "/", plain + "/.", root + "/./User",
+                                          root + "/../Imports/User"};
+#ifdef _WIN32
+    spellings.push_back(root + "/uSER");
+#else
+    fs::create_directories(users);
+    fs::create_directory_symlink(users, folder_.Path() / "link");
+    spellings.push_back(host::PathText(folder_.Path() / "link"));
+#endif
+    for (const std::string &spelling : spellings) {
+        Import("User", "5_Mine", 0.1);
+        Import("User", "6_Other", 0.2);
+        running_->App().WorldPluginData(kTag)->Set(5037, host::Data::Filename(spelling));
+        State().Set(kFirstRun, 1);
+        scene().Evaluate();
+        EXPECT_EQ(NamesIn(users), (Names{"5_Mine", "6_Other"})) << spelling;
+    }
+    EXPECT_EQ(NamesIn(Root()), (Names{"1_A", "2_B"}));
+}
+
+TEST_F(Imports, LeaveTheUsersPresetsAloneInAnyFolderOfTheirs) {
+    Import("Mine", "5_Walk", 0.1);
+    running_->App().WorldPluginData(kTag)->Set(5037, host::Data::Filename(host::PathText(From() / "Mine")));
+    scene().Evaluate();
+    EXPECT_EQ(NamesIn(From() / "Mine"), Names{"5_Walk"});
+    EXPECT_EQ(NamesIn(Root()), (Names{"1_A", "2_B"}));
 }
 
 TEST_F(Imports, OfTwoOfTheirNameTakeThePlaceOfTheFirstInTheList) {

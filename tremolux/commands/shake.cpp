@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <chrono>
+#include <cstdio>
 
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
@@ -19,6 +21,20 @@ struct ShakeOptions {
 
 std::filesystem::path Path(const std::string &text) { return std::filesystem::u8path(text); }
 
+bool Zooms(const CameraMove &move) {
+    return std::any_of(move.samples.begin(), move.samples.end(), [&move](const CameraSample &sample) {
+        return sample.focal_length != move.samples.front().focal_length;
+    });
+}
+
+void Bake(const std::string &kind, Playback *playback) {
+    if (kind == "brute") playback->GetStage().BakeByBruteForce();
+    if (kind != "quick") return;
+    playback->GetStage().BakeQuickly();
+    if (Zooms(playback->Move()))
+        std::fprintf(stderr, "--bake quick: the move zooms, which a quick bake does not see; --bake brute does\n");
+}
+
 void Shake(const ShakeOptions &options) {
     using Clock = std::chrono::steady_clock;
     for (const std::string &file : options.outputs) FormatOf(Path(file), FormatUse::kWrite);
@@ -33,8 +49,7 @@ void Shake(const ShakeOptions &options) {
     if (!options.scene.empty()) places.push_back(options.scene);
     const OutputFiles checked(places, options.move.InputFiles());
     playback.Start();
-    if (options.bake == "quick") playback.GetStage().BakeQuickly();
-    if (options.bake == "brute") playback.GetStage().BakeByBruteForce();
+    Bake(options.bake, &playback);
 
     const Clock::time_point start = Clock::now();
     const PlayedMotion motion = playback.Record();
