@@ -68,6 +68,13 @@ TEST_F(Buttons, ZeroInitialsWithATargetLeavesTheInputsRotation) {
     ExpectZeroed(kZeroInitials, {6161, 6071, 6155, 6153});
 }
 
+TEST_F(Buttons, ZeroInitialsTakesATargetThatFollowsTheCameraForNone) {
+    for (host::Object *target : {scene().camera, scene().AddObject(host::kTypeNull, {0, 0, 0}, scene().camera)}) {
+        scene().Link(kTarget, target);
+        ExpectZeroed(kZeroInitials, {6156, 6034, 6155, 6153});
+    }
+}
+
 TEST_F(Buttons, OfScalesSetTheOverallScaleAlone) {
     const std::pair<std::int32_t, double> scales[] = {{6184, 0.2}, {6185, 1}, {6186, 1.3}, {6187, 5}, {6188, 20}};
     for (const auto &[button, scale] : scales) {

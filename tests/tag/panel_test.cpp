@@ -229,6 +229,14 @@ TEST_F(Panel, ShowsEveryRealWithItsUnitLimitsSliderStepAndDefault) {
     }
 }
 
+TEST_F(Panel, DeclaresTheEmptyTextOfTheTriggersAndNoneForTheFolder) {
+    const host::Data *preset = Settings(6181).Find(host::kDescDefault);
+    ASSERT_NE(preset, nullptr);
+    EXPECT_EQ(preset->type, host::kDataString);
+    EXPECT_EQ(preset->Text(), "");
+    EXPECT_EQ(Settings(6178).Find(host::kDescDefault), nullptr);
+}
+
 TEST_F(Panel, DeclaresTheOverallScalesDefaultAsAWholeNumber) {
     EXPECT_EQ(Settings(6022).Find(host::kDescDefault)->type, host::kDataWhole);
 }
@@ -304,6 +312,15 @@ TEST_F(Panel, CountsATargetOfAnotherDocumentAsNone) {
     scene().Link(kTarget, other.AddObject(host::kTypeNull, {0, 0, 0}));
     for (const std::int32_t id : kTargetAmounts) EXPECT_FALSE(Enabled(id)) << id;
     for (const std::int32_t id : kInputRotation) EXPECT_TRUE(Enabled(id)) << id;
+}
+
+TEST_F(Panel, CountsATargetThatFollowsTheCameraAsNone) {
+    host::Object *below = scene().AddObject(host::kTypeNull, {0, 0, 0}, scene().camera);
+    for (host::Object *target : {scene().camera, below, scene().AddObject(host::kTypeNull, {0, 0, 0}, below)}) {
+        scene().Link(kTarget, target);
+        for (const std::int32_t id : kTargetAmounts) EXPECT_FALSE(Enabled(id)) << id;
+        for (const std::int32_t id : kInputRotation) EXPECT_TRUE(Enabled(id)) << id;
+    }
 }
 
 TEST_F(Panel, OfATagInNoDocumentAnswersEverywhere) {
