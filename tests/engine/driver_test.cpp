@@ -207,6 +207,16 @@ TEST_F(DirectEvaluation, WithoutContainerOrCameraDoesNothing) {
     EXPECT_TRUE(State() == before);
 }
 
+TEST_F(DirectEvaluation, WithoutDocumentSettingsDoesNothing) {
+    document_->SetFrame(11);
+    document_->Settings().Flush();
+    const host::Container before = State();
+    const host::Matrix shown = camera_->GlobalMatrix();
+    probe_->EvaluateFrame(Data(), Camera());
+    EXPECT_TRUE(State() == before);
+    EXPECT_TRUE(host::operator==(camera_->GlobalMatrix(), shown));
+}
+
 TEST_F(DirectEvaluation, OfATagInNoDocumentDoesNothing) {
     document_->SetFrame(11);
     // As in the undo buffer: the camera and its tag live on outside.

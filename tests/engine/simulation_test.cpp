@@ -177,4 +177,41 @@ TEST_F(Reset, LeavesTheUsersSettingsAlone) {
     for (const LONG id : numbers) EXPECT_EQ(State().Real(id), id / 100.0) << id;
 }
 
+// The blocks of what moves with the input camera and the lens; the spare one and that of the focus stay.
+TEST_F(Reset, AReplayStartsTheOvershootOfTheInputAtRestOnIt) {
+    for (const LONG base : {30002, 30022, 30042, 30062, 30082, 30102})
+        for (LONG entry = 1; entry <= 10; ++entry) State().SetReal(base + entry, kFar);
+    probe_->SimulateToFrame(20, Data(), Camera());
+    for (const LONG base : {30002, 30042}) {
+        for (const LONG entry : {1, 2}) {
+            const host::Vector angles = State().GetVector(base + entry);
+            EXPECT_NEAR(std::remainder(angles.x - 0.5, 2 * PI), 0, 1e-9);
+            EXPECT_NEAR(angles.y, -0.25, 1e-9);
+            EXPECT_NEAR(std::remainder(angles.z - 0.125, 2 * PI), 0, 1e-9);
+        }
+    }
+    for (const LONG entry : {1, 2}) {
+        ExpectVector(30022 + entry, 10, 20, -30);
+        ExpectVector(30062 + entry, 50, 0, 0);
+    }
+    for (const LONG base : {30002, 30022, 30042, 30062}) {
+        ExpectVector(base + 8, 0, 0, 0);
+        for (const LONG entry : {3, 4, 5, 6, 7, 9, 10}) EXPECT_EQ(State().Real(base + entry), 0) << base + entry;
+    }
+    for (const LONG base : {30082, 30102})
+        for (LONG entry = 1; entry <= 10; ++entry) EXPECT_EQ(State().Real(base + entry), kFar) << base + entry;
+}
+
+TEST_F(Reset, AReplayWithATargetStartsTheOvershootOnTheLookAtIt) {
+    State().Set(6068, host::Data::LinkTo(AddNull({110, 120, -30})));
+    State().Set(6018, 1);
+    probe_->SimulateToFrame(20, Data(), Camera());
+    for (const LONG base : {30002, 30042}) {
+        const host::Vector angles = State().GetVector(base + 1);
+        EXPECT_NEAR(std::remainder(angles.x + PI / 2, 2 * PI), 0, 1e-9);
+        EXPECT_NEAR(angles.y, PI / 4, 1e-9);
+        EXPECT_EQ(angles.z, 0);
+    }
+}
+
 }  // namespace

@@ -202,6 +202,52 @@ TEST_F(Jolt, TextCountsPlainNumbersOnly) {
     }
 }
 
+TEST_F(Jolt, OfATextThatIsTakenBackHitsNoMoreAndHitsAgainWhenItIsDoneAgain) {
+    const std::string before = scene().State().Text(kList);
+    scene().document->Undo().Flush();
+    ASSERT_TRUE(host::EditParameter(scene().tag, host::MakeId(kList), host::Data("5,9")));
+    EXPECT_EQ(Hits(20), (Frames{5, 9}));
+    EXPECT_EQ(scene().document->Undo().Steps(), 1u);
+    ASSERT_TRUE(scene().document->Undo().Undo());
+    EXPECT_EQ(scene().State().Text(kList), before);
+    EXPECT_EQ(Hits(20), Frames{});
+    ASSERT_TRUE(scene().document->Undo().Redo());
+    EXPECT_EQ(scene().State().Text(kList), "5,9");
+    EXPECT_EQ(Hits(20), (Frames{5, 9}));
+}
+
+TEST_F(Jolt, PlaceholderThatTheTagWroteGoesWithItsEdit) {
+    ASSERT_TRUE(host::EditParameter(scene().tag, host::MakeId(kList), host::Data("5,9")));
+    ASSERT_TRUE(host::EditParameter(scene().tag, host::MakeId(kList), host::Data("")));
+    EXPECT_EQ(scene().State().Text(kList), "Numbers seperated by commas");
+    EXPECT_EQ(Hits(20), Frames{});
+    ASSERT_TRUE(scene().document->Undo().Undo());
+    EXPECT_EQ(scene().State().Text(kList), "5,9");
+    EXPECT_EQ(Hits(20), (Frames{5, 9}));
+    ASSERT_TRUE(scene().document->Undo().Redo());
+    EXPECT_EQ(scene().State().Text(kList), "Numbers seperated by commas");
+    EXPECT_EQ(Hits(20), Frames{});
+}
+
+// No row of the panel shows the twin: a script sets it, in a step of its own.
+TEST_F(Jolt, TextOfTheTwinIsTakenBackAndDoneAgain) {
+    const std::string before = scene().State().Text(kTwinList);
+    host::UndoStack &undo = scene().document->Undo();
+    undo.Flush();
+    undo.Start();
+    undo.Add(host::kUndoChangeSmall, scene().tag);
+    const TableDescID id = host::MakeId(kTwinList);
+    scene().State().Set(kTwinList, host::Data(""));
+    TableDescriptionPostSetValue told{&id};
+    scene().tag->SendMessage(host::kMessagePostSetParameter, &told);
+    undo.End();
+    EXPECT_EQ(scene().State().Text(kTwinList), "Numbers seperated by commas");
+    ASSERT_TRUE(undo.Undo());
+    EXPECT_EQ(scene().State().Text(kTwinList), before);
+    ASSERT_TRUE(undo.Redo());
+    EXPECT_EQ(scene().State().Text(kTwinList), "Numbers seperated by commas");
+}
+
 TEST_F(Jolt, WithoutFalloffKeepsItsHeight) {
     scene().Set(kFalloff, 0);
     List("2");

@@ -307,6 +307,15 @@ TEST_F(Panel, GivesTheRotationToTheTargetWhileThereIsOne) {
     for (const std::int32_t id : {6020, 6155, 6153, 6154, 6068, 6069, 6046}) EXPECT_TRUE(Enabled(id)) << id;
 }
 
+TEST_F(Panel, GivesTheReservedAmountOfTheTargetToItThoughNoRowShowsIt) {
+    constexpr std::int32_t kReserved = 6210;
+    EXPECT_EQ(description_.Find(host::MakeId(kReserved)), nullptr);
+    const auto enabled = [this] { return host::IsControlEnabled(scene().tag, host::MakeId(kReserved), {}); };
+    EXPECT_FALSE(enabled());
+    scene().Link(kTarget, scene().AddObject(host::kTypeNull, {0, 0, 0}));
+    EXPECT_TRUE(enabled());
+}
+
 TEST_F(Panel, CountsATargetOfAnotherDocumentAsNone) {
     Scene other(running_);
     scene().Link(kTarget, other.AddObject(host::kTypeNull, {0, 0, 0}));

@@ -203,6 +203,42 @@ TEST_F(Presets, TheFirstOfTheFirstCategoryIsANewTagsBeginning) {
     EXPECT_EQ(State().Whole(kChanged, 7), 0);
 }
 
+TEST_F(Presets, BeginANewTagAtAnOverallScaleOfOne) {
+    BuiltIn("1_A", "1_B", {{6022, host::Data(4.0)}});
+    StartWithoutEvaluation();
+    scene().Set(6022, 7);
+    scene().Evaluate();
+    EXPECT_EQ(scene().Real(6022), 1) << "neither what stood there nor what the preset holds";
+}
+
+TEST_F(Presets, BeginANewTagAtTheFirstCategory) {
+    BuiltIn("1_A", "1_First", {{kPositionSlow, host::Data(0.125)}});
+    BuiltIn("2_B", "1_Other", {{kPositionSlow, host::Data(0.75)}});
+    StartWithoutEvaluation();
+    for (const std::int32_t category : {1, kUser, kAll, -3}) {
+        State().Set(kFirstRun, 1);
+        State().Set(kCategory, category);
+        scene().Evaluate();
+        EXPECT_EQ(State().Whole(kCategory, 7), 0) << category;
+        EXPECT_EQ(PresetNames(), std::vector<std::string>{"First"}) << category;
+        EXPECT_EQ(scene().Real(kPositionSlow), 0.125) << category;
+    }
+}
+
+TEST_F(Presets, AreNotAppliedToANewTagWhoseInputIsItsOwnCamera) {
+    BuiltIn("1_A", "1_B", {{kPositionSlow, host::Data(0.125)}});
+    StartWithoutEvaluation();
+    scene().Link(kInput, scene().camera);
+    scene().Set(kPositionSlow, 0.75);
+    scene().Set(6022, 7);
+    State().Set(kPreset, host::Data(kCustom));
+    scene().Evaluate();
+    EXPECT_EQ(scene().Real(kPositionSlow), 0.75);
+    EXPECT_EQ(scene().Real(6022), 7);
+    EXPECT_EQ(State().Whole(kPreset), kCustom);
+    EXPECT_EQ(State().Whole(kFirstRun, 7), 0) << "and it is set up all the same";
+}
+
 TEST_F(Presets, WithoutANameLeaveANewTagAtCustomWithTheirValues) {
     WritePresetFile(Root() / "1_A" / "1_B", PresetOf("", {{kPositionSlow, host::Data(0.125)}}));
     Start();

@@ -111,9 +111,12 @@ TEST_F(FirstEvaluation, ClearsItsMarksAndTheClocks) {
 }
 
 TEST_F(FirstEvaluation, ReplacesAnEmptyTriggerByItsPlaceholder) {
-    scene().State().Set(6181, host::Data(""));
-    scene().Evaluate();
-    EXPECT_EQ(scene().State().Text(6181), "Numbers seperated by commas");
+    for (const std::int32_t trigger : {6181, 6209}) {
+        scene().State().Set(kFirstRun, 1);
+        scene().State().Set(trigger, host::Data(""));
+        scene().Evaluate();
+        EXPECT_EQ(scene().State().Text(trigger), "Numbers seperated by commas") << trigger;
+    }
 }
 
 TEST_F(FirstEvaluation, HappensWithoutAnInputCameraToo) {
@@ -172,6 +175,28 @@ TEST_F(Recheck, EvaluatesNothingAndIsOver) {
     EXPECT_EQ(scene().State().Whole(kRecheck, 7), 0);
     scene().Evaluate();
     EXPECT_NEAR(scene().Position().x, 100, 1e-9);
+}
+
+TEST_F(Recheck, GivesTheCameraItsColourAgain) {
+    scene().camera->Data().Set(host::kParamUseColor, 0);
+    scene().camera->SetParameter(host::MakeId(host::kParamColor), host::Data(host::Vector{0, 1, 0}));
+    scene().Evaluate();
+    host::Data mode, colour;
+    ASSERT_TRUE(scene().camera->GetParameter(host::MakeId(host::kParamUseColor), &mode));
+    ASSERT_TRUE(scene().camera->GetParameter(host::MakeId(host::kParamColor), &colour));
+    EXPECT_EQ(mode.Whole(), 2);
+    EXPECT_EQ(colour.GetVector().x, 1);
+    EXPECT_NEAR(colour.GetVector().y, 0.41667, 1e-12);
+    EXPECT_EQ(colour.GetVector().z, 0);
+}
+
+TEST_F(Recheck, ReplacesAnEmptyTriggerByItsPlaceholder) {
+    for (const std::int32_t trigger : {6181, 6209}) {
+        scene().State().Set(kRecheck, 1);
+        scene().State().Set(trigger, host::Data(""));
+        scene().Evaluate();
+        EXPECT_EQ(scene().State().Text(trigger), "Numbers seperated by commas") << trigger;
+    }
 }
 
 TEST_F(Recheck, FallsBackToCustomWhenTheRememberedPresetIsGone) {
