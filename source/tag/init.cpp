@@ -32,8 +32,7 @@ void WriteMissingDefaults(BaseContainer *data) {
 
 }  // namespace
 
-TremoluxCamClass::TremoluxCamClass()
-    : working_number_(0), icon_(NULL), set_up_input_(NULL), is_collected_(FALSE), collected_category_(0) {}
+TremoluxCamClass::TremoluxCamClass() : icon_(NULL), set_up_input_(NULL), is_collected_(FALSE), collected_category_(0) {}
 
 TremoluxCamClass::~TremoluxCamClass() { BaseBitmap::Free(icon_); }
 
@@ -45,7 +44,6 @@ Bool TremoluxCamClass::Init(GeListNode *node) {
 }
 
 Bool TremoluxCamClass::Prepare(BaseTag *tag) {
-    working_number_ = 0;
     EnsureUserPresetFolder();
     SetExecutionPriority(tag);
 

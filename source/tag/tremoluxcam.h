@@ -277,7 +277,6 @@ class TremoluxCamClass : public TagData {
     // Before each frame: the lists follow texts that nobody told of, as after an undo.
     void RefreshTriggers(BaseContainer *data);
 
-    LONG working_number_;
     BaseBitmap *icon_;                // what the host was shown last
     const BaseObject *set_up_input_;  // by the first of two messages about a link; compared alone
     Random random_;

@@ -8,7 +8,7 @@ namespace {
 
 using NewInstance = WithPlainTag;
 
-// No operation draws from its generator yet, so that its memory alone shows the seed.
+// No operation draws from it: its memory alone shows the seed.
 TEST_F(NewInstance, HoldsARandomGeneratorWithTheSeedOneHundred) {
     constexpr std::size_t kWords = sizeof(TremoluxCamClass) / sizeof(ULONG);
     std::vector<ULONG> words(kWords);

@@ -43,16 +43,17 @@ class BakeOrder : public WithScene, public testing::WithParamInterface<Bake> {
 };
 
 TEST_P(BakeOrder, IsThatOfTheTracksMadeBeforeOneFails) {
-    scene().document->SetRange(0, 1);
+    scene().document->SetRange(0, 0);
+    const std::size_t tracks = GetParam().order.size();
     std::vector<std::set<Channel>> made;
     std::string failed = "none yet";
-    for (std::int64_t call = 1; !failed.empty(); ++call) {
+    for (std::int64_t call = 1; !failed.empty() && made.size() < tracks; ++call) {
         const std::set<Channel> channels = TracksWithout(call, &failed);
         if (failed == "animation.create_track") made.push_back(channels);
     }
-    ASSERT_EQ(made.size(), GetParam().order.size());
+    ASSERT_EQ(made.size(), tracks);
     std::set<Channel> expected;
-    for (std::size_t i = 0; i < made.size(); ++i) {
+    for (std::size_t i = 0; i < tracks; ++i) {
         EXPECT_EQ(made[i], expected) << "track " << i;
         expected.insert(GetParam().order[i]);
     }
