@@ -71,6 +71,7 @@ TEST_F(Buttons, ZeroInitialsWithATargetLeavesTheInputsRotation) {
 TEST_F(Buttons, ZeroInitialsTakesATargetThatFollowsTheCameraForNone) {
     for (host::Object *target : {scene().camera, scene().AddObject(host::kTypeNull, {0, 0, 0}, scene().camera)}) {
         scene().Link(kTarget, target);
+        scene().document->Undo().Flush();
         ExpectZeroed(kZeroInitials, {6156, 6034, 6155, 6153});
     }
 }
