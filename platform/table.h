@@ -19,8 +19,12 @@
 extern "C" {
 #endif
 
-// Grows with every change of any struct below: a module refuses a table that is older than what it was built for.
-#define HOST_TABLE_LAYOUT 2
+// What a table begins with: bytes that neither chance nor the version number of another interface's table makes.
+#define HOST_TABLE_MARK \
+    { 0x23, 0x88, 0x18, 0x7e, 0xe9, 0xe0, 0x89, 0x0b, 0x65, 0x5d, 0x2e, 0xab, 0x68, 0xbb, 0x60, 0x38 }
+#define HOST_TABLE_MARK_BYTES 16
+// Grows with every change of any struct below: a module refuses every table but the one that it was built for.
+#define HOST_TABLE_LAYOUT 3
 // The release of the plug-in interface that the table speaks: what `API_VERSION` is compared with.
 #define HOST_TABLE_API_VERSION 14000
 
@@ -571,10 +575,12 @@ typedef struct BitmapTable {
                       uint16_t *out_b);
 } BitmapTable;
 
-// The table itself. `api_version` stands first and never moves: it is read before anything else is trusted.
+// The table itself. The mark and the two numbers stand first and never move: they are read before anything else is
+// trusted. No part is NULL.
 typedef struct HostTable {
-    int32_t api_version;  // HOST_TABLE_API_VERSION
-    int32_t layout;       // HOST_TABLE_LAYOUT
+    uint8_t mark[HOST_TABLE_MARK_BYTES];  // HOST_TABLE_MARK
+    int32_t layout;                       // HOST_TABLE_LAYOUT
+    int32_t api_version;                  // HOST_TABLE_API_VERSION
     const GeneralTable *general;
     const MathTable *math;
     const DataTable *data;

@@ -438,8 +438,9 @@ const HostTable *WatchedTable() {
     static const DescriptionTable description = WatchedDescription();
     static const FileTable file = WatchedFile();
     static const BitmapTable bitmap = WatchedBitmap();
-    static const HostTable table = {HOST_TABLE_API_VERSION,
+    static const HostTable table = {HOST_TABLE_MARK,
                                     HOST_TABLE_LAYOUT,
+                                    HOST_TABLE_API_VERSION,
                                     &general,
                                     &math,
                                     &data,

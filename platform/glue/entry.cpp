@@ -1,4 +1,8 @@
 // c4d_main: the module's one export. Everything else goes through the table that it is given here.
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+
 #include "c4d_plugin.h"
 #include "c4d_resource.h"
 #include "platform/glue/handles.h"
@@ -8,14 +12,40 @@ namespace {
 // How often the module was started and not ended: the host may start it once for each of its parts.
 LONG use_count = 0;
 
-LONG Start(const HostTable *table, const TableFilename *file) {
+// Another host's table may be shorter than the mark alone: it is read from its front, byte by byte, and no further than
+// it agrees. `volatile` keeps a compiler from reading ahead.
+bool IsMarked(const void *table) {
+    static const UCHAR mark[] = HOST_TABLE_MARK;
+    static_assert(sizeof(mark) == HOST_TABLE_MARK_BYTES, "the mark fills its place");
+    const volatile UCHAR *found = static_cast<const volatile UCHAR *>(table);
+    for (std::size_t i = 0; i < sizeof(mark); ++i)
+        if (found[i] != mark[i]) return false;
+    return true;
+}
+
+bool IsComplete(const HostTable *table) {
+    const void *const parts[] = {table->general,   table->math,        table->data, table->container, table->link,
+                                 table->custom,    table->atom,        table->list, table->object,    table->document,
+                                 table->animation, table->description, table->file, table->bitmap};
+    static_assert(sizeof(parts) == sizeof(HostTable) - offsetof(HostTable, general), "every part is looked at");
+    return std::find(std::begin(parts), std::end(parts), nullptr) == std::end(parts);
+}
+
+// The table that the module was built for, or NULL.
+const HostTable *OwnTable(const void *memory) {
+    if (!memory || !IsMarked(memory)) return NULL;
+    const HostTable *table = static_cast<const HostTable *>(memory);
+    if (table->layout != HOST_TABLE_LAYOUT || table->api_version < API_VERSION) return NULL;
+    return IsComplete(table) ? table : NULL;
+}
+
+LONG Start(const void *memory, const TableFilename *file) {
     if (use_count > 0) {
         ++use_count;
         return 1;
     }
-    // The version stands first in the table and is trusted before anything else.
-    if (!table || table->api_version < API_VERSION || table->layout != HOST_TABLE_LAYOUT || !file)
-        return C4DPL_ERROR_VERSION;
+    const HostTable *table = OwnTable(memory);
+    if (!table || !file) return C4DPL_ERROR_VERSION;
     host_table = table;
     module_file = gNew Filename(*FromTable(file));
     if (!module_file) return C4DPL_ERROR_MEM;
@@ -38,7 +68,7 @@ LONG c4d_main(LONG action, void *p1, void *p2, void *p3) {
         case C4DPL_INIT_VERSION:
             return C4DPL_VERSION;
         case C4DPL_INIT_SYS:
-            return Start(static_cast<const HostTable *>(p1), static_cast<const TableFilename *>(p3));
+            return Start(p1, static_cast<const TableFilename *>(p3));
         default:
             break;
     }

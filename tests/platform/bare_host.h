@@ -58,12 +58,29 @@ class BareHost {
         return table;
     }
     static HostTable MakeTable(const GeneralTable *general, const MathTable *math) {
-        HostTable table = {};
-        table.api_version = HOST_TABLE_API_VERSION;
-        table.layout = HOST_TABLE_LAYOUT;
-        table.general = general;
-        table.math = math;
-        return table;
+        return {HOST_TABLE_MARK,
+                HOST_TABLE_LAYOUT,
+                HOST_TABLE_API_VERSION,
+                general,
+                math,
+                Empty<DataTable>(),
+                Empty<ContainerTable>(),
+                Empty<LinkTable>(),
+                Empty<CustomDataTable>(),
+                Empty<AtomTable>(),
+                Empty<ListTable>(),
+                Empty<ObjectTable>(),
+                Empty<DocumentTable>(),
+                Empty<AnimationTable>(),
+                Empty<DescriptionTable>(),
+                Empty<FileTable>(),
+                Empty<BitmapTable>()};
+    }
+    // A part that is there and can do nothing.
+    template <class Part>
+    static const Part *Empty() {
+        static const Part part = {};
+        return &part;
     }
 
     const HostTable *previous_;
