@@ -1,7 +1,5 @@
 #include "engine/runup.h"
 
-#include <algorithm>
-
 namespace {
 
 // A jump counts at most so many frames; what is remembered of ten million stays below five megabytes.
@@ -24,7 +22,7 @@ void RunUpMemory::Expect(const ClockRates &rates, LONG first) {
 Clocks RunUpMemory::Before(LONG end, LONG *frame) const {
     *frame = first_;
     if (kept_.empty() || end <= first_) return Clocks();
-    const LONG index = std::min((end - first_) / kSpacing, (LONG)kept_.size() - 1);
+    const LONG index = LMin((end - first_) / kSpacing, (LONG)kept_.size() - 1);
     *frame = first_ + index * kSpacing;
     return kept_[(size_t)index];
 }

@@ -31,7 +31,8 @@ HostType HostTypeOf(const ParameterInfo &parameter) {
         case ParameterType::kReal:
             break;
     }
-    return {DTYPE_REAL, parameter.slider_maximum.given ? CUSTOMGUI_REALSLIDER : CUSTOMGUI_REAL};
+    const LONG gui = parameter.slider_maximum.given ? CUSTOMGUI_REALSLIDER : CUSTOMGUI_REAL;
+    return {DTYPE_REAL, gui};
 }
 
 void SetNumber(BaseContainer *settings, LONG key, const OptionalReal &number, LONG dtype) {
