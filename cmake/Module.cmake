@@ -1,23 +1,8 @@
-# The plug-in module: source/ behind platform/include, tied to the host's function table by platform/glue.
+# The plug-in module: source/ behind platform/include, tied to the embedded host's function table by platform/glue. For
+# the application, kit/ builds source/ with the vendor's SDK in the place of platform/.
 
-# With the vendor's SDK in place of platform/: every folder below it that holds headers, and all of its glue.
-set(TREMOLUX_HOST_SDK "" CACHE PATH "The vendor's SDK folder; empty: platform/ stands in for it")
-if(TREMOLUX_HOST_SDK)
-    file(GLOB_RECURSE interface_headers "${TREMOLUX_HOST_SDK}/*.h")
-    file(GLOB_RECURSE interface_glue "${TREMOLUX_HOST_SDK}/*.cpp")
-    if(NOT interface_headers OR NOT interface_glue)
-        message(FATAL_ERROR "${TREMOLUX_HOST_SDK}: found no headers and sources, expected the SDK's folder")
-    endif()
-    set(interface_folders "")
-    foreach(header IN LISTS interface_headers)
-        cmake_path(GET header PARENT_PATH folder)
-        list(APPEND interface_folders "${folder}")
-    endforeach()
-    list(REMOVE_DUPLICATES interface_folders)
-else()
-    tremolux_room_sources(interface_glue platform/glue)
-    set(interface_folders "${PROJECT_SOURCE_DIR}/platform/include")
-endif()
+tremolux_room_sources(interface_glue platform/glue)
+set(interface_folders "${PROJECT_SOURCE_DIR}/platform/include")
 
 # source/ sees the host's programming interface and itself, and no other room: that arrow is held by the include path.
 tremolux_room_sources(sources source)
@@ -32,10 +17,7 @@ else()
 endif()
 
 add_library(module_glue OBJECT ${interface_glue})
-target_include_directories(module_glue PUBLIC ${interface_folders})
-if(NOT TREMOLUX_HOST_SDK)
-    target_include_directories(module_glue PUBLIC "${PROJECT_SOURCE_DIR}")
-endif()
+target_include_directories(module_glue PUBLIC ${interface_folders} "${PROJECT_SOURCE_DIR}")
 tremolux_set_defaults(module_glue)
 
 # Allocations name their source file: by its place in the project, so that no folder of the builder's gets into the file.
@@ -77,7 +59,7 @@ else()
     endif()
 endif()
 
-# The module's folder is complete after each build: what a user copies into the application's plug-in folder.
+# The module's folder is complete after each build: what a host's plug-in folder takes.
 file(GLOB_RECURSE resources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/res/*")
 set(resources_stamp "${PROJECT_BINARY_DIR}/module_resources.stamp")
 add_custom_command(
