@@ -57,6 +57,7 @@ Application::~Application() {
 Application *Application::Current() { return current; }
 
 Container *Application::WorldPluginData(std::int32_t id) {
+    const std::lock_guard<std::mutex> hold(world_lock_);
     for (auto &[number, data] : world_)
         if (number == id) return data.get();
     return nullptr;
@@ -64,6 +65,7 @@ Container *Application::WorldPluginData(std::int32_t id) {
 
 bool Application::SetWorldPluginData(std::int32_t id, const Container &data, bool add) {
     Container *known = WorldPluginData(id);
+    const std::lock_guard<std::mutex> hold(world_lock_);
     if (known == nullptr) {
         world_.emplace_back(id, std::make_unique<Container>(data));
     } else if (add) {
@@ -146,14 +148,18 @@ void Application::CallCommand(std::int32_t id) {
 }
 
 void Application::QueueEvent(std::int32_t flags) {
+    const std::lock_guard<std::mutex> hold(event_lock_);
     ++requests.events;
     queued_flags_ = queued_flags_ < 0 ? flags : queued_flags_ | flags;
 }
 
 void Application::HandleEvents() {
-    if (queued_flags_ < 0) return;
-    const std::int32_t flags = queued_flags_;
-    queued_flags_ = -1;
+    std::int32_t flags = -1;
+    {
+        const std::lock_guard<std::mutex> hold(event_lock_);
+        std::swap(flags, queued_flags_);
+    }
+    if (flags < 0) return;
     if (active_ == nullptr) return;
     const bool moved = !SameTime(active_->GetTime(), active_->AnimatedTime());
     ExecutePasses(active_, moved || (flags & kEventAnimate) != 0, (flags & kEventNoExpressions) == 0, true);

@@ -1,9 +1,12 @@
-// The embedded host: everything that a running application would be. One at a time.
+// The embedded host: everything that a running application would be. One at a time. It belongs to the thread that made
+// it; documents that no other thread uses may be made, evaluated and freed on any.
 #pragma once
 
 #include <filesystem>
 #include <memory>
+#include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "host/scene/document.h"
@@ -26,6 +29,7 @@ class Application {
     ~Application();                 // kills the documents; modules must have been unloaded before
     static Application *Current();  // null when none is running
     static const HostTable *Table();
+    bool IsOnMainThread() const { return std::this_thread::get_id() == main_thread_; }
 
     ApplicationSettings settings;
     Registry registry;
@@ -62,6 +66,8 @@ class Application {
     Document *active_ = nullptr;
     std::vector<std::pair<std::int32_t, std::unique_ptr<Container>>> world_;
     std::int32_t queued_flags_ = -1;  // -1: no event waits
+    std::thread::id main_thread_ = std::this_thread::get_id();
+    std::mutex world_lock_, event_lock_;
 };
 
 }  // namespace host

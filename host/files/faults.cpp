@@ -1,11 +1,13 @@
 #include "host/files/faults.h"
 
+#include <atomic>
+
 namespace host {
 
 namespace {
 
-std::int64_t uses = 0, faulty_use = 0;
-FileFault armed = FileFault::kNone;
+std::atomic<std::int64_t> uses{0}, faulty_use{0};
+std::atomic<FileFault> armed{FileFault::kNone};
 
 }  // namespace
 
@@ -18,9 +20,10 @@ void ArmFileFault(std::int64_t nth, FileFault fault) {
 std::int64_t FileUses() { return uses; }
 
 FileFault NextFileUse() {
-    ++uses;
-    if (armed == FileFault::kKilled && uses > faulty_use) return FileFault::kGone;
-    return uses == faulty_use ? armed : FileFault::kNone;
+    const std::int64_t use = uses.fetch_add(1, std::memory_order_relaxed) + 1;
+    const FileFault fault = armed;
+    if (fault == FileFault::kKilled && use > faulty_use) return FileFault::kGone;
+    return use == faulty_use ? fault : FileFault::kNone;
 }
 
 }  // namespace host

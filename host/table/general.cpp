@@ -54,7 +54,7 @@ std::int32_t RegisterDescription(std::int32_t id, const TableString *name) {
 std::int32_t HostVersion() { return App() == nullptr ? 0 : App()->settings.version; }
 std::int32_t VersionType() { return App() == nullptr ? 0 : App()->settings.version_type; }
 std::int32_t OperatingSystem() { return App() == nullptr ? 0 : App()->settings.operating_system; }
-std::int32_t IsMainThread() { return 1; }
+std::int32_t IsMainThread() { return App() == nullptr || App()->IsOnMainThread() ? 1 : 0; }
 
 double Milliseconds() {
     static const auto start = std::chrono::steady_clock::now();

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -47,12 +48,17 @@ class Dialogs {
 
 class Console {
   public:
+    // From any thread; whoever reads the lines has the others at rest.
     void Print(const std::string &line) {
+        const std::lock_guard<std::mutex> hold(lock_);
         lines.push_back(line);
         if (on_line) on_line(line);
     }
     std::vector<std::string> lines;
     std::function<void(const std::string &)> on_line;  // also told, e.g. to show it at once
+
+  private:
+    std::mutex lock_;
 };
 
 class StatusBar {

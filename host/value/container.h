@@ -1,9 +1,11 @@
 // The parameter container: an ordered list of (id, value). Ids may be any number. A copy is its own: what is written to
-// one is never seen in the other. Copies share their entries until one of them is written to.
+// one is never seen in the other. Copies share their entries until one of them is written to, on whichever threads they
+// are.
 #pragma once
 
 #include <tsl/robin_map.h>
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -27,10 +29,10 @@ struct HostContainer {
     };
     std::vector<std::unique_ptr<Entry>> entries;
     tsl::robin_map<std::int32_t, Entry *, ScatteredId>
-        first_with_id;        // finding an id is what every frame does a hundred times
-    std::int32_t owners = 1;  // containers that share it
-    bool exposed = false;     // somebody may write through a pointer to a value, so it cannot be shared
-    bool has_links = false;   // here or deeper; links are re-targeted when a document is copied
+        first_with_id;                    // finding an id is what every frame does a hundred times
+    std::atomic<std::int32_t> owners{1};  // containers that share it
+    bool exposed = false;                 // somebody may write through a pointer to a value, so it cannot be shared
+    bool has_links = false;               // here or deeper; links are re-targeted when a document is copied
 };
 
 namespace host {

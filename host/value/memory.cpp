@@ -1,5 +1,6 @@
 #include "host/value/memory.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -9,7 +10,14 @@ namespace host {
 
 namespace {
 
-int passes_left = 0, refusals_left = 0;
+std::atomic<int> passes_left{0}, refusals_left{0};
+
+// Takes one away where there is one left.
+bool UseUp(std::atomic<int> *left) {
+    int now = left->load();
+    while (now > 0 && !left->compare_exchange_weak(now, now - 1)) continue;
+    return now > 0;
+}
 
 // A block of no bytes still needs an address of its own, and a size must fit the system's size type.
 bool BlockSize(std::int64_t bytes, std::size_t *size) {
@@ -42,14 +50,6 @@ void RefuseCustomData(int successes, int refusals) {
     refusals_left = refusals;
 }
 
-bool CustomDataRefused() {
-    if (passes_left > 0) {
-        --passes_left;
-        return false;
-    }
-    if (refusals_left <= 0) return false;
-    --refusals_left;
-    return true;
-}
+bool CustomDataRefused() { return !UseUp(&passes_left) && UseUp(&refusals_left); }
 
 }  // namespace host

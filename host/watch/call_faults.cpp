@@ -1,26 +1,35 @@
 #include "host/watch/call_faults.h"
 
+#include <atomic>
+#include <mutex>
+
 namespace host {
 
 namespace {
 
-std::int64_t calls = 0, faulty_call = 0;
-std::string failed;
+std::atomic<std::int64_t> calls{0}, faulty_call{0};
+std::mutex lock;
+std::string failed;  // behind the lock
 
 }  // namespace
 
 void ArmCallFault(std::int64_t nth) {
     calls = 0;
     faulty_call = nth;
+    const std::lock_guard<std::mutex> hold(lock);
     failed.clear();
 }
 
 std::int64_t CallsThatMayFail() { return calls; }
 
-const std::string &FailedCall() { return failed; }
+std::string FailedCall() {
+    const std::lock_guard<std::mutex> hold(lock);
+    return failed;
+}
 
 bool CallFails(const char *entry) {
-    if (++calls != faulty_call) return false;
+    if (calls.fetch_add(1, std::memory_order_relaxed) + 1 != faulty_call) return false;
+    const std::lock_guard<std::mutex> hold(lock);
     failed = entry;
     return true;
 }

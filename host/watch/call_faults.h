@@ -1,4 +1,4 @@
-// For tests: the nth call of the module's that may fail does fail.
+// For tests: the nth call of the module's that may fail does fail. Calls of all threads count together.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ void ArmCallFault(std::int64_t nth);
 // Since it was armed.
 std::int64_t CallsThatMayFail();
 // The entry that was made to fail since then, "group.member"; empty: none yet.
-const std::string &FailedCall();
+std::string FailedCall();
 // Asked by every such call.
 bool CallFails(const char *entry);
 

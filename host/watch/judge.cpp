@@ -1,22 +1,32 @@
 #include "host/watch/judge.h"
 
+#include <mutex>
+
 #include "host/watch/operation.h"
 
 namespace host {
 
 namespace {
 
+std::mutex lock;
 std::string first;
 
 }  // namespace
 
-const std::string &FirstWrongCall() { return first; }
+std::string FirstWrongCall() {
+    const std::lock_guard<std::mutex> hold(lock);
+    return first;
+}
 
-void ForgetWrongCall() { first.clear(); }
+void ForgetWrongCall() {
+    const std::lock_guard<std::mutex> hold(lock);
+    first.clear();
+}
 
 void Complain(const char *entry, const std::string &found, const std::string &expected) {
-    if (!first.empty()) return;
     const std::string operation = Operation::Path();
+    const std::lock_guard<std::mutex> hold(lock);
+    if (!first.empty()) return;
     first = (operation.empty() ? "outside of any operation" : operation) + ": " + entry + ": found " + found +
             ", expected " + expected;
 }

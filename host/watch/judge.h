@@ -1,4 +1,4 @@
-// What a module did wrong at the host's border.
+// What a module did wrong at the host's border, on whichever thread.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@ namespace host {
 
 // The first wrong call since the last time it was forgotten, in one line: the module's operation, the entry, what was
 // found and what was expected. Empty: there was none.
-const std::string &FirstWrongCall();
+std::string FirstWrongCall();
 void ForgetWrongCall();
 
 void Complain(const char *entry, const std::string &found, const std::string &expected);

@@ -3,6 +3,7 @@
 #include <tsl/robin_map.h>
 
 #include <cstdint>
+#include <mutex>
 
 namespace host {
 
@@ -18,29 +19,52 @@ struct ScatteredAddress {
 // Whether the module gave it up.
 using AtomMap = tsl::robin_map<const HostAtom *, bool, ScatteredAddress>;
 
-// Lives as long as the process: nodes may outlive what is static elsewhere.
-AtomMap &Atoms() {
-    static auto *atoms = new AtomMap;
+struct FollowedAtoms {
+    std::mutex lock;
+    AtomMap map;
+};
+
+// They live as long as the process: nodes may outlive what is static elsewhere.
+FollowedAtoms &Atoms() {
+    static auto *atoms = new FollowedAtoms;
     return *atoms;
+}
+
+// What `use` answers of the map.
+template <typename Use>
+auto WithAtoms(Use &&use) {
+    FollowedAtoms &atoms = Atoms();
+    const std::lock_guard<std::mutex> hold(atoms.lock);
+    return use(atoms.map);
 }
 
 }  // namespace
 
 void FollowAtoms() { atoms_are_followed = true; }
 
-void RememberAtom(const HostAtom *atom) { Atoms().insert_or_assign(atom, false); }
+void RememberAtom(const HostAtom *atom) {
+    WithAtoms([&](AtomMap &atoms) { atoms.insert_or_assign(atom, false); });
+}
 
-void ForgetAtom(const HostAtom *atom) { Atoms().erase(atom); }
+void ForgetAtom(const HostAtom *atom) {
+    WithAtoms([&](AtomMap &atoms) { atoms.erase(atom); });
+}
 
-bool IsLiveAtom(const HostAtom *atom) { return Atoms().count(atom) > 0; }
+bool IsLiveAtom(const HostAtom *atom) {
+    return WithAtoms([&](AtomMap &atoms) { return atoms.count(atom) > 0; });
+}
 
 void GiveUpAtom(const HostAtom *atom) {
-    if (IsLiveAtom(atom)) Atoms()[atom] = true;
+    WithAtoms([&](AtomMap &atoms) {
+        if (atoms.count(atom) > 0) atoms[atom] = true;
+    });
 }
 
 bool IsGivenUpAtom(const HostAtom *atom) {
-    const auto found = Atoms().find(atom);
-    return found != Atoms().end() && found->second;
+    return WithAtoms([&](AtomMap &atoms) {
+        const auto found = atoms.find(atom);
+        return found != atoms.end() && found->second;
+    });
 }
 
 }  // namespace host

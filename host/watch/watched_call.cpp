@@ -2,6 +2,7 @@
 
 #include <cctype>
 
+#include "host/application.h"
 #include "host/scene/document.h"
 #include "host/watch/judge.h"
 #include "host/watch/live_atoms.h"
@@ -72,6 +73,9 @@ void CallCheck::Argument(const void *pointer) {
 bool CallCheck::IsSound() {
     if (sound_ && (entry_.rules & kEdits) != 0 && Operation::Evaluating() && (in_scene_ || !has_atoms_))
         Complain("it while a frame is evaluated", "it outside of that");
+    const Application *application = Application::Current();
+    if (sound_ && (entry_.rules & kMainOnly) != 0 && application != nullptr && !application->IsOnMainThread())
+        Complain("it on another thread", "it on the main thread");
     return sound_;
 }
 

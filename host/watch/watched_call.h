@@ -12,10 +12,11 @@ namespace host {
 
 enum CallRule : std::int32_t {
     kFreely = 0,
-    kMayFail = 1,  // by the interface's word: without memory, by a file, a user, an absent thing
-    kEdits = 2,    // the scene, or asks the user: not while a frame is evaluated, except on what is in no scene yet
-    kAcross = 4,   // its nodes may be of different documents
-    kGivesUp = 8   // its node is the caller's no more
+    kMayFail = 1,   // by the interface's word: without memory, by a file, a user, an absent thing
+    kEdits = 2,     // the scene, or asks the user: not while a frame is evaluated, except on what is in no scene yet
+    kAcross = 4,    // its nodes may be of different documents
+    kGivesUp = 8,   // its node is the caller's no more
+    kMainOnly = 16  // asks the user, keeps undo steps or the list of documents: on the main thread
 };
 
 // `arguments` has a letter for each argument:

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "host/animation/passes.h"
 #include "host/animation/track.h"
 #include "host/scene/tag.h"
@@ -95,6 +97,27 @@ constexpr Mistake kMistakesOfFrames[] = {
     {"kKeysInAFrame", "animation.add_key"},          {"kSelectsInAFrame", "document.set_active_object"}};
 
 INSTANTIATE_TEST_SUITE_P(Frames, JudgeOfFrames, ::testing::ValuesIn(kMistakesOfFrames),
+                         [](const auto &info) { return std::string(info.param.name); });
+
+// The same calls in answer to a message that another thread sends.
+class JudgeOfThreads : public Judge {};
+
+TEST_P(JudgeOfThreads, NamesTheFirstCallThatIsForTheMainThreadAlone) {
+    ASSERT_NE(tag_, nullptr);
+    std::thread([this] { tag_->SendMessage(kDoWrong, nullptr); }).join();
+    EXPECT_EQ(FirstWrongCall(), std::string("Message: ") + GetParam().told +
+                                    ": found it on another thread, expected it on the main thread");
+    EXPECT_TRUE(application_.dialogs.All().empty());
+    EXPECT_EQ(document_->Undo().Depth(), 0);
+    ForgetWrongCall();
+    tag_->SendMessage(kDoWrong, nullptr);
+    EXPECT_EQ(FirstWrongCall(), "");
+}
+
+constexpr Mistake kMistakesOfThreads[] = {{"kOpensAStepInAFrame", "document.start_undo"},
+                                          {"kAsksInAFrame", "general.question"}};
+
+INSTANTIATE_TEST_SUITE_P(Threads, JudgeOfThreads, ::testing::ValuesIn(kMistakesOfThreads),
                          [](const auto &info) { return std::string(info.param.name); });
 
 }  // namespace
