@@ -111,7 +111,8 @@ void TremoluxCamClass::Jump(Real frame, BaseContainer *data, BaseObject *camera,
 }
 
 void TremoluxCamClass::SetUp(BaseTag *, BaseContainer *data, BaseObject *camera, BaseDocument *doc) {
-    ImportPresets();
+    // It moves files, so it waits for a set-up on the main thread; a clone for rendering is set up on another.
+    if (GeIsMainThread()) ImportPresets();
     LoadPresetLibrary(data);
     ScanPresetCategories(String(), data);
     if (data->GetBool(kFirstRun)) {
