@@ -1,9 +1,11 @@
 // What the host calls when it starts, ends and addresses the module.
 #include "c4d.h"
+#include "presets/folders.h"
 #include "presets/library.h"
 #include "tag/cameraloader.h"
 
 Bool PluginStart(void) {
+    UserPresetFolder();  // for tags that other threads make first
     if (!RegisterTremoluxCommand()) return FALSE;
     return RegisterTremoluxCam();
 }
@@ -11,6 +13,7 @@ Bool PluginStart(void) {
 void PluginEnd(void) {
     ForgetPresetLibrary();
     ForgetPresets();
+    ForgetUserPresetFolder();
 }
 
 Bool PluginMessage(LONG id, void *) {

@@ -10,8 +10,11 @@ Filename InFolder(const Filename &folder, const Filename &name);
 Filename BuiltInPresetFolder();
 // Beside the module: what is to be taken over at the next chance.
 Filename ImportFolder();
-// The user's own, as the host's settings name it; empty when they do not.
+// The user's own, as the host's settings name it; empty when they do not. On any thread: others than the main one get
+// it as that asked for it last.
 Filename UserPresetFolder();
+// At the module's end.
+void ForgetUserPresetFolder();
 // Made where it is missing.
 Filename ExportFolder();
 

@@ -44,7 +44,7 @@ Bool TremoluxCamClass::Init(GeListNode *node) {
 }
 
 Bool TremoluxCamClass::Prepare(BaseTag *tag) {
-    EnsureUserPresetFolder();
+    if (GeIsMainThread()) EnsureUserPresetFolder();
     SetExecutionPriority(tag);
 
     BaseContainer *data = tag->GetDataInstance();
