@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <mutex>
 
 #include "presets/presetfile.h"
 
@@ -39,19 +40,38 @@ struct CachedFile {
 
 typedef std::map<String, CachedFile> CachedFiles;
 
+// Held for moments, and over every use of `files`: what is in it is copied in and out, and files are read outside of
+// it.
+std::mutex lock;
 CachedFiles *files = NULL;
 
-const CachedFile *ReadThroughCache(const Filename &file, const FileState &state) {
+Bool FindCached(const String &path, const FileState &state, CachedFile *found) {
+    const std::lock_guard<std::mutex> hold(lock);
+    if (!files) return FALSE;
+    const CachedFiles::const_iterator place = files->find(path);
+    if (place == files->end() || !place->second.is_certain) return FALSE;
+    if (place->second.state.size != state.size || !SameTime(place->second.state.changed, state.changed)) return FALSE;
+    *found = place->second;
+    return TRUE;
+}
+
+void KeepCached(const String &path, const CachedFile &file) {
+    const std::lock_guard<std::mutex> hold(lock);
     if (!files) files = new CachedFiles;
     if (files->size() >= kMostFiles) files->clear();
-    CachedFile &cached = (*files)[file.GetString()];
-    if (cached.is_certain && cached.state.size == state.size && SameTime(cached.state.changed, state.changed))
-        return &cached;
+    (*files)[path] = file;
+}
+
+CachedFile ReadThroughCache(const Filename &path, const FileState &state) {
+    CachedFile file;
+    if (FindCached(path.GetString(), state, &file)) return file;
     const Bool is_long_past = IsLongPast(state.changed);
-    cached.state = state;
-    cached.is_preset = state.size <= kLargestPresetFile && ReadPresetFile(file, &cached.preset);
-    cached.is_certain = cached.is_preset && is_long_past;
-    return &cached;
+    file.state = state;
+    file.is_preset = state.size <= kLargestPresetFile && ReadPresetFile(path, &file.preset);
+    file.is_certain = file.is_preset && is_long_past;
+    // The others are read again each time.
+    if (file.is_certain) KeepCached(path.GetString(), file);
+    return file;
 }
 
 Bool IsHidden(BrowseFiles *browse, const String &name) { return browse->IsHidden() || name[0] == '.'; }
@@ -102,9 +122,9 @@ std::vector<PresetPath> PresetsIn(const Filename &folder, const String &category
     ForEachIn(folder, [&](BrowseFiles *browse, const Filename &name) {
         if (browse->IsDir()) return !stop_at_folder;
         PresetPath record(folder, name, category);
-        const CachedFile *file = ReadThroughCache(record.path, StateOf(browse));
-        if (!file->is_preset) return true;
-        record.contents = file->preset;
+        const CachedFile file = ReadThroughCache(record.path, StateOf(browse));
+        if (!file.is_preset) return true;
+        record.contents = file.preset;
         found.push_back(record);
         return (bool)HasRoom(found);
     });
@@ -146,6 +166,7 @@ Bool FolderStamp::operator==(const FolderStamp &other) const {
 }
 
 void ForgetPresets() {
+    const std::lock_guard<std::mutex> hold(lock);
     delete files;
     files = NULL;
 }

@@ -1,5 +1,5 @@
 // What was read from preset files, so that each is read once however many tags there are. The cache lives as long as
-// the module; no number from a file depends on it.
+// the module; no number from a file depends on it. Everything here may be called on any thread.
 #pragma once
 
 #include <vector>

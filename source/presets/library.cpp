@@ -1,8 +1,9 @@
 #include "presets/library.h"
 
-#include <memory>
+#include <mutex>
 
 #include "presets/folders.h"
+#include "presets/lucky.h"
 #include "presets/order.h"
 #include "presets/presetfile.h"
 #include "presets/shuffle.h"
@@ -21,7 +22,22 @@ struct ReadLibrary {
     std::vector<FolderStamp> stamps;
 };
 
-ReadLibrary *last_read = NULL;
+// The last one that was read. Held for moments: files are read, and old ones released, outside of it.
+std::mutex lock;
+std::shared_ptr<const ReadLibrary> last_read;
+ULONG times_forgotten = 0;
+
+std::shared_ptr<const ReadLibrary> LastRead(ULONG *forgotten) {
+    const std::lock_guard<std::mutex> hold(lock);
+    *forgotten = times_forgotten;
+    return last_read;
+}
+
+// Not where it was forgotten while it was being read: then something may have changed behind it.
+void Keep(std::shared_ptr<const ReadLibrary> read, ULONG forgotten) {
+    const std::lock_guard<std::mutex> hold(lock);
+    if (forgotten == times_forgotten) last_read.swap(read);
+}
 
 Bool HasShake(const BaseContainer &preset) {
     for (LONG id : kShakeAmounts) {
@@ -31,13 +47,14 @@ Bool HasShake(const BaseContainer &preset) {
     return FALSE;
 }
 
-void AddCategory(const std::vector<PresetPath> &presets, LONG category, PresetLibrary *library) {
+void AddCategory(const std::vector<PresetPath> &presets, LONG category, Bool is_users, PresetLibrary *library) {
     LONG index = 0;
     for (const PresetPath &record : presets) {
         BaseContainer preset = record.contents;
         if (HasShake(preset) && (LONG)library->shaking.size() < kLongestShuffle) {
             preset.SetString(kPresetShakeFile, record.FileName());
-            library->shaking.push_back(preset);
+            const String id = is_users ? record.full_path : record.category + String("/") + record.FileName();
+            library->shaking.push_back(ShakingPreset{id, preset});
         }
         const LONG n = library->count++;
         library->categories.SetLong(n, category);
@@ -55,35 +72,42 @@ std::vector<FolderStamp> StampsOf(const Filename &root, const Filename &user,
 
 }  // namespace
 
-const PresetLibrary &ReadPresetLibrary(const Filename &root) {
+std::shared_ptr<const PresetLibrary> ReadPresetLibrary(const Filename &root) {
     const Filename user = UserPresetFolder();
     const std::vector<PresetPath> categories = FoldersIn(root);
     const std::vector<FolderStamp> stamps = StampsOf(root, user, categories);
-    if (last_read && last_read->stamps == stamps) return last_read->library;
-
-    ForgetPresetLibrary();
-    std::unique_ptr<ReadLibrary> read(new ReadLibrary{PresetLibrary(), stamps});
-    LONG category = 0;
-    for (const PresetPath &folder : categories)
-        AddCategory(PresetsIn(folder.path, folder.category, TRUE), category++, &read->library);
-    AddCategory(PresetsIn(user, kUserCategory, FALSE), category, &read->library);
-    last_read = read.release();
-    return last_read->library;
+    ULONG forgotten;
+    std::shared_ptr<const ReadLibrary> known = LastRead(&forgotten);
+    if (!known || !(known->stamps == stamps)) {
+        const auto read = std::make_shared<ReadLibrary>(ReadLibrary{PresetLibrary(), stamps});
+        LONG category = 0;
+        for (const PresetPath &folder : categories)
+            AddCategory(PresetsIn(folder.path, folder.category, TRUE), category++, FALSE, &read->library);
+        AddCategory(PresetsIn(user, kUserCategory, FALSE), category, TRUE, &read->library);
+        Keep(read, forgotten);
+        known = read;
+    }
+    return std::shared_ptr<const PresetLibrary>(known, &known->library);
 }
 
 void ForgetPresetLibrary() {
-    delete last_read;
-    last_read = NULL;
+    std::shared_ptr<const ReadLibrary> old;
+    const std::lock_guard<std::mutex> hold(lock);
+    last_read.swap(old);
+    times_forgotten++;
 }
 
 void TremoluxCamClass::LoadPresetLibrary(BaseContainer *data) {
     if (!data) return;
-    const PresetLibrary &library = ReadPresetLibrary(data->GetFilename(kBuiltInPresetFolder));
-    shaking_presets_ = Shuffled(library.shaking);
-    data->SetLong(kLibraryCount, library.count);
-    data->SetContainer(kLibraryCategories, library.categories);
-    data->SetContainer(kLibraryIndices, library.indices);
-    data->SetContainer(kLibraryPresets, library.presets);
+    library_ = ReadPresetLibrary(data->GetFilename(kBuiltInPresetFolder));
+    lucky_order_.clear();
+    // The random numbers are the buttons', which are pressed on the main thread: what other threads set up in the
+    // meantime draws none, and its order is made as the button is pressed.
+    if (GeIsMainThread()) lucky_order_ = Shuffled(IdsOf(*library_));
+    data->SetLong(kLibraryCount, library_->count);
+    data->SetContainer(kLibraryCategories, library_->categories);
+    data->SetContainer(kLibraryIndices, library_->indices);
+    data->SetContainer(kLibraryPresets, library_->presets);
 }
 
 void TremoluxCamClass::ScanPresetCategories(const String &, BaseContainer *data) {

@@ -5,7 +5,8 @@
 
 #include "engine/frame.h"
 #include "lib_description.h"
-#include "presets/shuffle.h"
+#include "presets/library.h"
+#include "presets/lucky.h"
 #include "tag/help.h"
 #include "tag/parameters.h"
 #include "tag/random.h"
@@ -54,17 +55,29 @@ void TremoluxCamClass::RandomizeSeed(BaseContainer *data) {
     if (is_whole) data->SetReal(kSeed, (Real)(NextRandom() % kSeeds));
 }
 
+// As the files are now: what could not be read before may be there by this time.
+Bool TremoluxCamClass::HasLuckyPresets(const BaseContainer &data) {
+    ForgetPresetLibrary();
+    library_ = ReadPresetLibrary(data.GetFilename(kBuiltInPresetFolder));
+    return !library_->shaking.empty();
+}
+
 void TremoluxCamClass::ApplyLuckyPreset(BaseContainer *data) {
-    const LONG last = data->GetLong(kLuckyPosition, -1);
-    const Bool is_next_there = last >= -1 && last < (LONG)shaking_presets_.size() - 1;
-    if (!is_next_there) shaking_presets_ = Shuffled(shaking_presets_);
-    const LONG position = is_next_there ? last + 1 : 0;
-    CopyPreset(shaking_presets_[position], data);
+    std::vector<String> order = ReadLuckyOrder(*data);
+    if (order.empty()) order = lucky_order_;
+    const LONG position = NextInLuckyOrder(IdsOf(*library_), data->GetLong(kLuckyPosition, -1), &order);
+    for (const ShakingPreset &shaking : library_->shaking) {
+        if (shaking.id != order[position]) continue;
+        const BaseContainer preset = shaking.preset;
+        CopyPreset(preset, data);
+        break;
+    }
     ParseCustomTrigger(data);
     ParseCustomTriggerTwin(data);
     data->SetLong(kCategory, kCategoryUser);
     SelectNoPreset(data);
     data->SetLong(kLuckyPosition, position);
+    WriteLuckyOrder(order, data);
     CollectCategoryPresets(data);
     RandomizeSeed(data);
 }
@@ -163,7 +176,7 @@ Bool TremoluxCamClass::RunOperation(LONG id, BaseTag *tag, BaseContainer *data) 
 }
 
 void TremoluxCamClass::PressButton(LONG id, BaseTag *tag, BaseContainer *data) {
-    if (id == kFeelingLucky && shaking_presets_.empty()) return;
+    if (id == kFeelingLucky && !HasLuckyPresets(*data)) return;
     if (IsOneStep(id))
         ChangeSettings(id, tag, data);
     else if (!RunOperation(id, tag, data))

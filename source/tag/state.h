@@ -65,6 +65,7 @@ constexpr LONG kPreBakeRecord = 10032;  // container
 constexpr LONG kLibraryCategories = 3000, kLibraryIndices = 3001, kLibraryPresets = 3002;  // containers
 constexpr LONG kLibraryCount = 1040441;
 constexpr LONG kLuckyPosition = 3004;  // in the shuffled presets
+constexpr LONG kLuckyOrder = 3007;     // container: key n = which preset stands there
 constexpr LONG kRememberedCategory = 3005, kRememberedPreset = 3006;
 constexpr LONG kBuiltInPresetFolder = 5026;  // file name
 constexpr LONG kSettingsChanged = 20001;     // bool: the settings no longer match the preset

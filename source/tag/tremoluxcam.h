@@ -4,6 +4,7 @@
 // be rebuilt at any moment.
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include "c4d.h"
@@ -16,6 +17,7 @@
 #include "presets/presetpath.h"
 
 class UndoStep;
+struct PresetLibrary;
 
 class TremoluxCamClass : public TagData {
     INSTANCEOF(TremoluxCamClass, TagData)
@@ -236,6 +238,7 @@ class TremoluxCamClass : public TagData {
     void ZeroParameters(const LONG (&ids)[count], BaseContainer *data);
     // Where the present one is a whole number.
     void RandomizeSeed(BaseContainer *data);
+    Bool HasLuckyPresets(const BaseContainer &data);
     // One of the shaking presets, of which there must be some.
     void ApplyLuckyPreset(BaseContainer *data);
     void CreateLinkedNull(const CHAR *name, LONG link, UndoStep *step, BaseDocument *doc, BaseContainer *data);
@@ -287,5 +290,6 @@ class TremoluxCamClass : public TagData {
     std::vector<PresetPath> presets_;                    // of the chosen category
     Bool is_collected_;                                  // whether presets_ was read,
     LONG collected_category_;                            // and for which category
-    std::vector<BaseContainer> shaking_presets_;         // those with shake in them, in random order
+    std::shared_ptr<const PresetLibrary> library_;       // as it was read last
+    std::vector<String> lucky_order_;                    // of the first round, where none has begun
 };
