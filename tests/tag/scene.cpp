@@ -41,9 +41,9 @@ host::ApplicationSettings SettingsIn(const fs::path &folder) {
     return settings;
 }
 
-RunningHost::RunningHost(const fs::path &module)
+RunningHost::RunningHost(const fs::path &module, const HostTable *table)
     : application_(std::make_unique<host::Application>(SettingsIn(folder_.Path()))),
-      module_(host::LoadedModule::Load(module, &error_, host::WatchedTable())) {
+      module_(host::LoadedModule::Load(module, &error_, table != nullptr ? table : host::WatchedTable())) {
     host::ForgetWrongCall();
 }
 

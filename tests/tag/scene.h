@@ -50,10 +50,10 @@ std::filesystem::path ModuleFile();
 std::filesystem::path CopyModule(const std::filesystem::path &folder);
 host::ApplicationSettings SettingsIn(const std::filesystem::path &folder);
 
-// A host that runs, with the module started.
+// A host that runs, with the module started; without a table behind the judge.
 class RunningHost {
   public:
-    explicit RunningHost(const std::filesystem::path &module = ModuleFile());
+    explicit RunningHost(const std::filesystem::path &module = ModuleFile(), const HostTable *table = nullptr);
     ~RunningHost();
     host::Application &App() { return *application_; }
     const std::filesystem::path &UserFolder() const { return application_->settings.user_folder; }
