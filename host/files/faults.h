@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 
 namespace host {
 
@@ -13,6 +14,9 @@ enum class FileFault { kNone, kFails, kKilled, kGone };
 void ArmFileFault(std::int64_t nth, FileFault fault);
 // Since it was armed.
 std::int64_t FileUses();
+// As for a file that nobody may delete: removing it fails from now on. An empty path: all may be removed again.
+void ProtectFromRemoval(const std::filesystem::path &file);
+bool IsProtectedFromRemoval(const std::filesystem::path &file);
 // Asked by whatever is about to read or change a file or folder.
 FileFault NextFileUse();
 

@@ -88,7 +88,7 @@ bool CreateFolder(const fs::path &name) {
 }
 
 bool RemoveFile(const fs::path &name, std::int32_t flags) {
-    if (NextFileUse() != FileFault::kNone) return false;
+    if (NextFileUse() != FileFault::kNone || IsProtectedFromRemoval(name)) return false;
     std::error_code error;
     if (!fs::is_directory(fs::symlink_status(name, error))) return fs::remove(name, error) && !error;
     if ((flags & kRemoveFolder) == 0) return false;

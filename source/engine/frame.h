@@ -33,7 +33,7 @@ Bool FollowsCamera(BaseObject *object, BaseObject *camera);
 // without a camera.
 BaseObject *ResolveGuide(const BaseContainer &data, LONG link, BaseObject *camera);
 
-// Whether the tag's camera turns to a target, where that is not switched off.
+// Whether the tag's camera has a target to turn to, switched on or not.
 Bool HasTarget(BaseTag *tag, const BaseContainer &data);
 
 // The scene as it stands, for a tag on `camera`: all of a frame but its number and rate.

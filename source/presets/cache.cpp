@@ -95,6 +95,14 @@ void ForEachIn(const Filename &folder, Visit visit) {
     }
 }
 
+// The entry that is browsed, where it is a preset.
+void AddPreset(BrowseFiles *browse, PresetPath record, std::vector<PresetPath> *list) {
+    const CachedFile file = ReadThroughCache(record.path, StateOf(browse));
+    if (!file.is_preset) return;
+    record.contents = file.preset;
+    list->push_back(record);
+}
+
 Bool HasRoom(const std::vector<PresetPath> &list) { return (LONG)list.size() < kLongestList; }
 
 }  // namespace
@@ -121,11 +129,7 @@ std::vector<PresetPath> PresetsIn(const Filename &folder, const String &category
     std::vector<PresetPath> found;
     ForEachIn(folder, [&](BrowseFiles *browse, const Filename &name) {
         if (browse->IsDir()) return !stop_at_folder;
-        PresetPath record(folder, name, category);
-        const CachedFile file = ReadThroughCache(record.path, StateOf(browse));
-        if (!file.is_preset) return true;
-        record.contents = file.preset;
-        found.push_back(record);
+        AddPreset(browse, PresetPath(folder, name, category), &found);
         return (bool)HasRoom(found);
     });
     return found;
@@ -136,11 +140,7 @@ std::vector<PresetPath> PresetsNamed(const Filename &folder, const String &name)
     std::vector<PresetPath> found;
     ForEachIn(folder, [&](BrowseFiles *browse, const Filename &file) {
         if (browse->IsDir() || DisplayName(file.GetString()).ToLower() != wanted) return TRUE;
-        PresetPath record(folder, file, String());
-        const CachedFile *read = ReadThroughCache(record.path, StateOf(browse));
-        if (!read->is_preset) return TRUE;
-        record.contents = read->preset;
-        found.push_back(record);
+        AddPreset(browse, PresetPath(folder, file, String()), &found);
         return TRUE;
     });
     return found;

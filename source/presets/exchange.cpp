@@ -16,27 +16,47 @@ void ExportFiles(const Filename &from, const String &category) {
     for (const Filename &file : FilesIn(from)) CopyPresetFile(InFolder(from, file), InFolder(to, file));
 }
 
-// Where an imported file goes: its own name, but for a file there that is no preset.
-Filename ImportTarget(const PresetPath &record, const Filename &to, const std::vector<PresetPath> &presets) {
-    const Filename own = InFolder(to, Filename(record.FileName()));
-    if (!GeFExist(own) && !GeFExist(own, TRUE)) return own;
-    for (const PresetPath &preset : presets)
-        if (IsSamePlace(preset.path, own)) return own;
-    return NewFileIn(to, DisplayName(record.FileName()));
+Bool IsAmong(const std::vector<Filename> &files, const Filename &file) {
+    for (const Filename &known : files)
+        if (IsSamePlace(known, file)) return TRUE;
+    return FALSE;
 }
 
-// The imported file takes the place of the preset of its name, of several the first in the order of a list; it is gone
-// from where it was only after that.
-Bool ImportFile(const PresetPath &record, const Filename &to) {
+// The preset that an import takes the place of: the one under its file's name, else of those that are displayed alike
+// the first in the order of a list. None of those that came before it in the same scan: they are news, too.
+const PresetPath *ReplacedPreset(const std::vector<PresetPath> &same, const Filename &own,
+                                 const std::vector<Filename> &imported) {
+    const PresetPath *first = NULL;
+    for (const PresetPath &preset : same) {
+        if (IsAmong(imported, preset.path)) continue;
+        if (IsSamePlace(preset.path, own)) return &preset;
+        if (!first) first = &preset;
+    }
+    return first;
+}
+
+// The imported file is gone from where it was only when it has its place here. One that nobody may delete would come
+// back over whatever the user saves under its name: it takes no place.
+void ImportFile(const PresetPath &record, const Filename &to, std::vector<Filename> *imported) {
     std::vector<PresetPath> same = PresetsNamed(to, DisplayName(record.FileName()));
     SortByName(&same, [](const PresetPath &preset) { return preset.FileName(); });
-    const Filename target = ImportTarget(record, to, same);
-    if (!CopyPresetFile(record.path, target)) return FALSE;
-    if (!same.empty() && !IsSamePlace(same[0].path, target)) GeFKill(same[0].path);
+    const Filename own = InFolder(to, Filename(record.FileName()));
+    if (IsSamePlace(record.path, own)) return;
+    const PresetPath *replaced = ReplacedPreset(same, own, *imported);
+    const Bool is_over_it = replaced && IsSamePlace(replaced->path, own);
+    const Bool is_taken = !is_over_it && (GeFExist(own) || GeFExist(own, TRUE));
+    const Filename target = is_taken ? NewFileIn(to, DisplayName(record.FileName())) : own;
+
+    if (!CopyPresetFile(record.path, target)) return;
+    if (replaced && !is_over_it) GeFKill(replaced->path);
     GeFKill(record.path);
+    if (replaced && GeFExist(record.path)) {
+        if (WritePresetFile(replaced->path, replaced->contents) && !is_over_it) GeFKill(target);
+        return;
+    }
     // On a file system that knows one file under several names it may have gone with the others.
     if (!GeFExist(target)) WritePresetFile(target, record.contents);
-    return TRUE;
+    imported->push_back(target);
 }
 
 // The folder of the built-in category that is displayed under the same name, made where there is none.
@@ -75,7 +95,7 @@ void TremoluxCamClass::ExportAllPresets() {
 }
 
 void TremoluxCamClass::ImportPresets() {
-    Bool is_changed = FALSE;
+    std::vector<Filename> imported;
     for (const PresetPath &folder : FoldersIn(ImportFolder())) {
         const std::vector<PresetPath> presets = PresetsIn(folder.path, folder.category, FALSE);
         if (presets.empty()) continue;
@@ -83,7 +103,7 @@ void TremoluxCamClass::ImportPresets() {
         if (IsSamePlace(folder.path, UserPresetFolder())) continue;
         const Filename to = folder.FileName() == kUserCategory ? UserPresetFolder() : CategoryFolder(folder.FileName());
         if (!GeFExist(to, TRUE) || IsSamePlace(folder.path, to)) continue;
-        for (const PresetPath &record : presets) is_changed = ImportFile(record, to) || is_changed;
+        for (const PresetPath &record : presets) ImportFile(record, to, &imported);
     }
-    if (is_changed) ForgetPresetLibrary();
+    if (!imported.empty()) ForgetPresetLibrary();
 }

@@ -27,26 +27,34 @@ Bool AreEquivalent(const fs::path &a, const fs::path &b) {
     return fs::equivalent(a, b, error) && !error;
 }
 
+// Empty for a path that is not absolute, or that leads nowhere.
+fs::path Normalised(const fs::path &path) {
+    if (!path.is_absolute()) return fs::path();
+    fs::path normal = path.lexically_normal();
+    if (!normal.has_filename() && normal.has_relative_path()) normal = normal.parent_path();
+    // What ".." after a link leads to is not what the text says.
+    return AreEquivalent(path, normal) ? normal : fs::canonical(path);
+}
+
 Bool IsThere(const Filename &name) { return name.Content() && (GeFExist(name) || GeFExist(name, TRUE)); }
 
 }  // namespace
 
 Bool IsSamePlace(const Filename &a, const Filename &b) {
-    // What the host finds is a path that the system can take.
-    return IsThere(a) && IsThere(b) && (a == b || AreEquivalent(PathOf(a), PathOf(b)));
+    if (!IsThere(a) || !IsThere(b)) return FALSE;
+    if (a == b) return TRUE;
+    try {
+        return AreEquivalent(PathOf(a), PathOf(b));
+    } catch (const std::system_error &) {
+        return FALSE;
+    }
 }
 
 Filename NormalFolder(const Filename &folder) {
     if (!folder.Content() || !GeFExist(folder, TRUE)) return Filename();
-    const fs::path typed = PathOf(folder);
-    if (!typed.is_absolute()) return Filename();
-    fs::path normal = typed.lexically_normal();
-    if (!normal.has_filename() && normal.has_relative_path()) normal = normal.parent_path();
-    // What ".." after a link leads to is not what the text says.
-    if (!AreEquivalent(typed, normal)) {
-        std::error_code error;
-        normal = fs::canonical(typed, error);
-        if (error) return Filename();
+    try {
+        return FilenameOf(Normalised(PathOf(folder)));
+    } catch (const std::system_error &) {
+        return Filename();  // not every name is text
     }
-    return FilenameOf(normal);
 }

@@ -135,18 +135,17 @@ void TremoluxCamClass::ChoosePreset(BaseContainer *data) {
 // Nothing is applied: the list shows the preset that the settings still are, where the category has it.
 void TremoluxCamClass::ChooseCategory(BaseContainer *data) {
     data->SetLong(kRememberedCategory, data->GetLong(kCategory));
-    CollectCategoryPresets(data);
     FindRememberedPreset(data);
 }
 
 void TremoluxCamClass::FindRememberedPreset(BaseContainer *data) {
+    CollectCategoryPresets(data);
     const String key = data->GetString(kAppliedPresetPath);
     const BaseContainer preset = data->GetContainer(kReferencePreset);
     data->SetLong(kPreset, kPresetCustom);
     if (!key.Content() || data->GetBool(kSettingsChanged)) return;
-    const std::vector<PresetPath> &list = PresetList(data);
-    for (std::size_t i = 0; i < list.size(); i++) {
-        if (list[i].Key() != key) continue;
+    for (std::size_t i = 0; i < presets_.size(); i++) {
+        if (presets_[i].Key() != key || presets_[i].contents != preset) continue;
         RememberPreset((LONG)i, preset, data);
         return;
     }
@@ -154,7 +153,9 @@ void TremoluxCamClass::FindRememberedPreset(BaseContainer *data) {
 
 // Undo puts old positions back, but no files.
 void TremoluxCamClass::CorrectSelection(BaseContainer *data) {
-    if (data->GetLong(kPreset) != kPresetCustom && !ChosenPreset(data)) FindRememberedPreset(data);
+    if (data->GetLong(kPreset) == kPresetCustom) return;
+    CollectCategoryPresets(data);
+    if (!ChosenPreset(data)) FindRememberedPreset(data);
 }
 
 void TremoluxCamClass::ReloadPresets(BaseContainer *data) {
@@ -185,7 +186,10 @@ void TremoluxCamClass::NoticeEdit(LONG id, BaseContainer *data) {
 void TremoluxCamClass::CheckRememberedPreset(BaseContainer *data) {
     CollectCategoryPresets(data);
     const LONG position = data->GetLong(kAppliedPresetPosition);
-    if (position == kPresetCustom) return;
+    if (position == kPresetCustom) {
+        data->SetLong(kPreset, kPresetCustom);
+        return;
+    }
     const String key = data->GetString(kAppliedPresetPath), name = data->GetString(kAppliedPresetName);
     const auto is_its_file = [&](const PresetPath &record) { return record.Key() == key; };
     const auto is_remembered = [&](const PresetPath &record) {

@@ -10,13 +10,14 @@
 
 namespace {
 
-// FALSE when the user does not want it replaced, or must not.
-Bool MayReplace(const PresetPath &old, Bool as_default) {
-    const Bool is_default = old.contents.GetBool(kPresetIsDefault);
-    if (is_default && !as_default) {
+// FALSE when the user does not want the last of them replaced, or must not take their name.
+Bool MayReplace(const std::vector<PresetPath> &same, Bool as_default) {
+    for (const PresetPath &preset : same) {
+        if (as_default || !preset.contents.GetBool(kPresetIsDefault)) continue;
         MessageDialog(String("Preset name has already been used, choose another."));
         return FALSE;
     }
+    const Bool is_default = same.back().contents.GetBool(kPresetIsDefault);
     return QuestionDialog(String(is_default ? "Override existing default preset?" : "Override existing preset?"));
 }
 
@@ -33,7 +34,7 @@ void TremoluxCamClass::SaveUserPreset(BaseContainer *data) {
     const Bool as_default = with_control && QuestionDialog(String("Saving as a default preset"));
 
     const std::vector<PresetPath> same = PresetsNamed(folder, file_name);
-    if (!same.empty() && !MayReplace(same.back(), as_default)) return;
+    if (!same.empty() && !MayReplace(same, as_default)) return;
     const Filename file = same.empty() ? NewFileIn(folder, file_name) : same.back().path;
     const BaseContainer preset = MakePreset(name, as_default, *data);
     if (preset.GetIndexId(0) == NOTOK || !WritePresetFile(file, preset)) return;

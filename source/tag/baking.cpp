@@ -43,13 +43,15 @@ Bool MakeCurves(BaseObject *camera, const BakedIndex (&order)[kBakedChannelCount
 // own.
 class KeptKeys {
   public:
-    KeptKeys(BaseTag *tag, BaseObject *camera, BaseDocument *doc) : are_kept_(doc->AddUndo(UNDOTYPE_CHANGE, camera)) {
+    KeptKeys(BaseTag *tag, BaseObject *camera, BaseDocument *doc) {
+        StopAllThreads();
+        are_kept_ = doc->AddUndo(UNDOTYPE_CHANGE, camera);
         if (are_kept_) return;
         own_step_.emplace(tag);
         are_kept_ = own_step_->Add(UNDOTYPE_CHANGE, camera);
     }
     // FALSE without memory for them.
-    operator Bool() const { return are_kept_; }
+    Bool AreKept() const { return are_kept_; }
 
   private:
     std::optional<UndoStep> own_step_;
@@ -58,6 +60,13 @@ class KeptKeys {
 
 // Playback begins anew on every frame before 0; a bake has done so for its first one already.
 Bool BeginsAnew(LONG frame, LONG first) { return frame < 0 && frame != first; }
+
+// Whether the tag sits on a camera in a document, and follows something.
+Bool CanBake(BaseTag *tag, const BaseContainer &data) {
+    BaseDocument *doc = tag->GetDocument();
+    BaseObject *camera = tag->GetObject();
+    return doc && camera && camera->GetType() == Ocamera && ResolveObject(data, kInputCamera, doc);
+}
 
 LONG FirstFrame(BaseDocument *doc) { return FrameOfTime(doc->GetMinTime(), doc->GetFps()); }
 LONG LastFrame(BaseDocument *doc) { return FrameOfTime(doc->GetMaxTime(), doc->GetFps()); }
@@ -84,7 +93,6 @@ void TremoluxCamClass::QuickBake(BaseContainer data, BaseObject *camera, BaseTag
 
     CCurve *curves[kBakedChannelCount];
     if (!MakeCurves(camera, kPositionFirst, curves)) return;
-    data.SetReal(kStartFrame, (Real)first);
     Vector previous;
     for (LLONG counted = first; counted <= last; counted++) {
         const LONG frame = (LONG)counted;
@@ -129,18 +137,14 @@ void TremoluxCamClass::QuickBake(BaseContainer data, BaseObject *camera, BaseTag
     camera->Message(MSG_CHANGE);
 }
 
-Bool TremoluxCamClass::CanBake(BaseTag *tag, const BaseContainer &data) {
-    BaseDocument *doc = tag->GetDocument();
-    BaseObject *camera = tag->GetObject();
-    return doc && camera && camera->GetType() == Ocamera && ResolveObject(data, kInputCamera, doc);
-}
-
 Bool TremoluxCamClass::BeginBake(BaseTag *tag, BaseContainer *data) {
     BaseDocument *doc = tag->GetDocument();
     BaseObject *camera = tag->GetObject();
     data->SetContainer(kPreBakeRecord, TakePreBakeAnimation(camera, doc->GetFps()));
     Evaluate(doc, 0);
     if (FirstFrame(doc) != 0) Evaluate(doc, FirstFrame(doc));
+    // A tag that sleeps does not follow the document's range.
+    data->SetReal(kStartFrame, (Real)FirstFrame(doc));
     ResetSimulation(data, camera, doc);
     if (!ResolveObject(*data, kInputCamera, doc)) return FALSE;
     data->SetBool(kBaked, TRUE);
@@ -151,7 +155,7 @@ void TremoluxCamClass::StartQuickBake(BaseTag *tag, BaseContainer *data) {
     if (!CanBake(tag, *data)) return;
     BaseDocument *doc = tag->GetDocument();
     const KeptKeys kept(tag, tag->GetObject(), doc);
-    if (!kept || !BeginBake(tag, data)) return;
+    if (!kept.AreKept() || !BeginBake(tag, data)) return;
     QuickBake(*data, tag->GetObject(), tag);
     for (LONG frame : {1, 0}) {
         doc->SetTime(TimeOfFrame(frame, doc->GetFps()));
@@ -165,7 +169,7 @@ void TremoluxCamClass::BruteForceBake(BaseTag *tag, BaseContainer *data) {
     BaseObject *camera = tag->GetObject();
     const BaseTime before = doc->GetTime();
     const KeptKeys kept(tag, camera, doc);
-    if (!kept || !BeginBake(tag, data)) return;
+    if (!kept.AreKept() || !BeginBake(tag, data)) return;
     const LONG rate = doc->GetFps(), first = FirstFrame(doc), last = LastFrame(doc);
     CCurve *curves[kBakedChannelCount];
     if (!MakeCurves(camera, kLensFirst, curves)) return;
@@ -174,11 +178,11 @@ void TremoluxCamClass::BruteForceBake(BaseTag *tag, BaseContainer *data) {
     data->SetReal(kLastFrame, kNoFrame);
     for (LLONG counted = first; counted <= last; counted++) {
         const LONG frame = (LONG)counted;
-        BaseObject *input = ResolveObject(*data, kInputCamera, doc);
-        if (!input) return;
+        if (!ResolveObject(*data, kInputCamera, doc)) return;
         ShowProgress(frame, last);
         Evaluate(doc, frame);
-        if (BeginsAnew(frame, first))
+        BaseObject *input = ResolveObject(*data, kInputCamera, doc);
+        if (input && BeginsAnew(frame, first))
             Restart(data, camera, input, doc);
         else
             EvaluateFrame(data, camera);
@@ -208,7 +212,7 @@ void TremoluxCamClass::UnBake(BaseTag *tag, BaseContainer *data) {
     if (!doc || !camera || !stored) return;
     const BaseContainer record = *stored;
     const KeptKeys kept(tag, camera, doc);
-    if (!kept) return;
+    if (!kept.AreKept()) return;
     for (CTrack *track = camera->GetFirstCTrack(); track; track = camera->GetFirstCTrack()) CTrack::Free(track);
     data->SetBool(kBaked, FALSE);
     RestorePreBakeAnimation(record, camera, doc->GetFps());

@@ -118,7 +118,7 @@ Bool TremoluxCamClass::DescribePanel(BaseTag *tag, Description *description, DES
     BaseContainer *data = tag->GetDataInstance();
     if (!data) return FALSE;
     // Another tag may have changed it.
-    if (!data->GetBool(kFirstRun)) ShowUserPresetFolder(data);
+    if (GeIsMainThread() && !data->GetBool(kFirstRun)) ShowUserPresetFolder(data);
     const DescID *single = description->GetSingleDescID();
 
     LONG count;

@@ -214,7 +214,7 @@ class TremoluxCamClass : public TagData {
     void SelectNoPreset(BaseContainer *data);
     // Library, categories and list from the files; the remembered preset stays selected where it is still listed.
     void ReloadPresets(BaseContainer *data);
-    // Selects the remembered preset in the present list, or "Custom".
+    // Selects the remembered preset in the list as the files are now, where it is what was applied, or "Custom".
     void FindRememberedPreset(BaseContainer *data);
     void CorrectSelection(BaseContainer *data);
     void CheckRememberedPreset(BaseContainer *data);
@@ -254,8 +254,6 @@ class TremoluxCamClass : public TagData {
     // ---- Bakes
     // Keys for every frame of the document, from what the camera does while the scene is played.
     void BruteForceBake(BaseTag *tag, BaseContainer *data);
-    // Whether the tag sits on a camera in a document, and follows something.
-    static Bool CanBake(BaseTag *tag, const BaseContainer &data);
     // Both bakes begin alike: the old keys are in the record, and the scene and the motion stand at the first frame.
     // FALSE when the input has gone on the way.
     Bool BeginBake(BaseTag *tag, BaseContainer *data);

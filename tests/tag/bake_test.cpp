@@ -34,8 +34,8 @@ class Bakes : public WithModule {
         scene_->Set(6128, 0.05);
         scene_->State().Set(6181, host::Data("20"));
         host::EditParameter(scene_->tag, host::MakeId(6181), host::Data("20"));
-        AddTrack(scene_->input, host::MakeId(903, 1000), {{0, 0}, {30, 300}, {kLast, 100}});
-        AddTrack(scene_->input, host::MakeId(904, 1000), {{0, 0}, {25, 2}, {kLast, -1}});
+        AddTrack(scene_->input, host::MakeId(903, 1000), {{-20, -200}, {0, 0}, {30, 300}, {kLast, 100}});
+        AddTrack(scene_->input, host::MakeId(904, 1000), {{-20, 1}, {0, 0}, {25, 2}, {kLast, -1}});
     }
     void AddTrack(host::Node *node, const TableDescID &id, std::initializer_list<std::pair<int, double>> keys) {
         Animate(node, id, 30, keys);
@@ -203,13 +203,47 @@ TEST_F(BothBakes, AgreeInADocumentThatStartsElsewhere) {
         SCOPED_TRACE(first);
         Begin(first);
         AnimateWholeInput();
-        AddTrack(scene().input, host::MakeId(903, 1000), {{-20, 0}, {-10, 90}, {kLast, 40}});
         host::Object *subject = scene().AddObject(host::kTypeNull, {0, 120, 300});
         AddTrack(subject, host::MakeId(903, 1000), {{-20, -200}, {kLast, 200}});
         scene().Link(kTarget, subject);
+        AddTrack(scene().tag, host::MakeId(6018), {{-20, 0}, {-10, 1}, {20, 1}, {21, 0}});
+        AddTrack(scene().tag, host::MakeId(6155), {{-20, 0.8}, {kLast, 0.1}});
+        const std::vector<Shot> live = Playback(first);
+        ExpectAgreement(first);
+        ExpectSame(Playback(first), live);
+        ASSERT_TRUE(Press(kUnBake));
         scene().Link(kFocusObject, subject);
         ExpectAgreement(first);
     }
+}
+
+TEST_F(BothBakes, AgreeUnderAParentWithAScale) {
+    AnimateWholeInput();
+    for (host::Object *child : {scene().input, scene().camera}) {
+        host::Object *parent = PutUnder(child, {0.5, 0.2, 0.1});
+        host::Transform transform = parent->GetTransform();
+        transform.scale = {2, 2, 2};
+        parent->SetTransform(transform);
+    }
+    Freeze(scene().camera, {-500, 80, 900}, {-1.1, 0.4, 0.5});
+    ExpectAgreement();
+}
+
+TEST_F(BothBakes, OfATagThatSleptStartWhereTheDocumentStartsNow) {
+    Begin(10);
+    ASSERT_TRUE(Press(kBrute));
+    ASSERT_TRUE(Press(kUnBake));
+    scene().State().Set(kBaked, 1);
+    scene().document->SetRange(0, kLast);
+    TableDescriptionCommand press{};
+    press.id = host::MakeId(kBrute);
+    ASSERT_TRUE(scene().tag->SendMessage(host::kMessageCommand, &press));
+    const std::vector<Shot> baked = Playback(0);
+    ASSERT_TRUE(Press(kUnBake));
+    ASSERT_TRUE(Press(kUnBake));
+    scene().State().Set(kBaked, 0);
+    for (host::Track *track : std::vector<host::Track *>(scene().camera->Tracks())) delete track;
+    ExpectSame(Playback(0), baked);
 }
 
 TEST_F(BothBakes, AgreeWithPlaybackOnCamerasWithFrozenValues) {

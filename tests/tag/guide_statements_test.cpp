@@ -5,6 +5,7 @@
 #include <iterator>
 #include <map>
 
+#include "host/files/scenefile.h"
 #include "host/scene/messages.h"
 #include "host/scene/view.h"
 #include "host/ui/attribute_manager.h"
@@ -147,14 +148,18 @@ TEST_F(GuideSays, ALoadedSceneShowsTheSavedCameraInItsColour) {
     Play(10);
     const Shot saved = scene().Camera();
     scene().camera->SetParameter(host::MakeId(host::kParamUseColor), host::Data(0));
-    State().Set(kRecheck, 1);
-    scene().Evaluate();
-    EXPECT_TRUE(scene().Camera() == saved);
+    std::string error;
+    ASSERT_TRUE(host::SaveDocument(scene().document, folder_.Path() / "scene", &error)) << error;
+    std::unique_ptr<host::Document> document = host::LoadDocument(folder_.Path() / "scene", &error);
+    ASSERT_NE(document, nullptr) << error;
+    Scene loaded(*running_, std::move(document));
+    loaded.Evaluate();
+    EXPECT_TRUE(loaded.Camera() == saved);
     host::Data uses_color;
-    ASSERT_TRUE(scene().camera->GetParameter(host::MakeId(host::kParamUseColor), &uses_color));
+    ASSERT_TRUE(loaded.camera->GetParameter(host::MakeId(host::kParamUseColor), &uses_color));
     EXPECT_EQ(uses_color.Whole(), 2);
-    scene().Show(11);
-    EXPECT_FALSE(scene().Camera() == saved);
+    loaded.Show(11);
+    EXPECT_FALSE(loaded.Camera() == saved);
 }
 
 // ---- Presets
@@ -257,6 +262,23 @@ TEST_F(GuideSays, ASwitchTakesOneAxisAway) {
     State().Set(6011, 0);
     for (const Shot &shot : Play()) EXPECT_EQ(shot.matrix.off.y, 0);
     EXPECT_GT(Strayed(Play()), 0);
+    scene().Set(6134, 0.05);
+    scene().Set(6128, 0.05);
+    const Shot drifted = Play().back();
+    State().Set(6016, 0);
+    EXPECT_EQ(Play().back().focal_length, scene().input->Data().Real(host::kCameraFocalLength));
+    EXPECT_NE(scene().Camera().focus_distance, scene().input->Data().Real(host::kCameraFocusDistance));
+    State().Set(6017, 0);
+    EXPECT_EQ(Play().back().focus_distance, scene().input->Data().Real(host::kCameraFocusDistance));
+    EXPECT_NE(drifted.focal_length, scene().Camera().focal_length);
+    Type(6181, host::Data("118"));
+    const Shot jolted = Play().back();
+    State().Set(6145, 0);
+    EXPECT_FALSE(Play().back() == jolted);
+    scene().Link(kTarget, scene().AddObject(host::kTypeNull, {900, 0, 10}));
+    const Shot turned = Play().back();
+    State().Set(6018, 0);
+    EXPECT_GT(Difference(Play().back(), turned), 0.5);
 }
 
 // ---- Lag and swing
@@ -473,7 +495,13 @@ TEST_F(GuideSays, ABakeWritesAKeyForEachFrameAndTheTagSleeps) {
     for (const std::int32_t bake : {kQuick, kBrute}) {
         Press(bake);
         ASSERT_EQ(scene().camera->Tracks().size(), 8u);
-        for (const host::Track *track : scene().camera->Tracks()) EXPECT_EQ(track->GetCurve()->KeyCount(), 21);
+        for (const TableDescID &id :
+             {host::MakeId(903, 1000), host::MakeId(903, 1001), host::MakeId(903, 1002), host::MakeId(904, 1000),
+              host::MakeId(904, 1001), host::MakeId(904, 1002), host::MakeId(500), host::MakeId(1010)}) {
+            const host::Track *track = scene().camera->FindTrack(id);
+            ASSERT_NE(track, nullptr);
+            EXPECT_EQ(track->GetCurve()->KeyCount(), 21);
+        }
         scene().Set(kPositionSlow, 9);
         scene().Show(3);
         const Shot baked = scene().Camera();
@@ -503,12 +531,15 @@ TEST_F(GuideSays, UnBakeGivesTheKeysBackAtWholeFrames) {
     Says(
         "Removes all keys of the camera, gives back those that its position, rotation, focal length and focus distance "
         "had before the bake, at whole frames, and wakes the tag. Keys of other parameters do not come back");
-    Animate(scene().camera, host::MakeId(500), 30, {{2, 40}, {9, 50}});
+    Animate(scene().camera, host::MakeId(500), 60, {{4, 40}, {19, 50}});  // frames 2 and 9.5
     Animate(scene().camera, host::MakeId(907), 30, {{0, 2}});
     Press(kBrute);
     Press(kUnBake);
     ASSERT_EQ(scene().camera->Tracks().size(), 1u);
-    EXPECT_EQ(scene().camera->Tracks()[0]->ValueAt(host::MakeTime(9, 30)), 50);
+    const host::Curve *curve = scene().camera->Tracks()[0]->GetCurve();
+    ASSERT_EQ(curve->KeyCount(), 2);
+    EXPECT_EQ(host::Seconds(curve->KeyAt(1)->GetTime()) * 30, 9);
+    EXPECT_NEAR(curve->KeyAt(1)->GetValue(), 40 + 10 * 7 / 7.5, 1e-9) << "the value at that whole frame";
     EXPECT_EQ(State().Whole(kBaked, 7), 0);
 }
 

@@ -381,6 +381,14 @@ TEST_F(ChosenPresets, InAnotherCategoryAreCustomHoweverNothingIsChosenThere) {
     EXPECT_EQ(State().Whole(kPreset), 1) << "\"Second\" is what the settings are";
 }
 
+TEST_F(ChosenPresets, AreNoLongerWhatTheSettingsAreWhenTheirFileHoldsOtherValues) {
+    Choose(kPreset, 1);
+    Choose(kCategory, 1);
+    BuiltIn("1_A", "2_Second", {{kPositionSlow, host::Data(0.75)}});
+    Choose(kCategory, 0);
+    EXPECT_EQ(State().Whole(kPreset), kCustom);
+}
+
 TEST_F(ChosenPresets, AreNotDeletedByAValueThatChoseNone) {
     Choose(kPreset, 1);
     Choose(kCategory, 1);

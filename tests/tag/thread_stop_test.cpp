@@ -85,6 +85,11 @@ TEST_F(StoppedThreads, ComeBeforeTheStepOfEachButton) {
         EXPECT_EQ(CallsOf(button), (Calls{"stop", "step"})) << button;
 }
 
+TEST_F(StoppedThreads, ComeBeforeABakeAndAnUnBakeTakeKeysAway) {
+    document_->SetRange(0, 2);
+    for (const std::int32_t button : {6046, 6047, 6175, 6047}) EXPECT_EQ(CallsOf(button), Calls{"stop"}) << button;
+}
+
 TEST_F(StoppedThreads, ComeBeforeEachStepOfANewInputCamera) {
     const Calls calls = CallsOf(kInput);
     ASSERT_FALSE(calls.empty());

@@ -50,7 +50,7 @@ TEST_F(UndoKinds, OfABakeAreChangesOfTagAndCamera) {
         EXPECT_EQ(KindsOf(button), (Kinds{host::kUndoChange, host::kUndoChange})) << button;
 }
 
-TEST_F(UndoKinds, OfANewInputCameraAreChangesOfTagAndCameraAndASmallOneOfTheInput) {
+TEST_F(UndoKinds, OfANewInputCameraAreChangesAndASmallOneAtTheEnd) {
     const Kinds kinds = KindsOf(kInput);
     ASSERT_GE(kinds.size(), 3u);
     EXPECT_EQ(kinds.back(), host::kUndoChangeSmall) << "only its name may change";

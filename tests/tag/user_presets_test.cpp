@@ -170,6 +170,16 @@ TEST_F(UserPresets, AreNotSavedOverADefaultPreset) {
     EXPECT_EQ(Files(), Names{"00_Walk"});
 }
 
+TEST_F(UserPresets, AreNotSavedWhereAnyOfTheirNameIsADefaultPreset) {
+    Users("00_Walk", {{kPositionSlow, host::Data(0.1)}}, true);
+    Users("01_Walk", {{kPositionSlow, host::Data(0.2)}});
+    Dialogs().AnswerText("walk");
+    Dialogs().AnswerYes();
+    Press(kSave);
+    EXPECT_EQ(Asked(), Names{"Preset name has already been used, choose another."});
+    EXPECT_EQ(Saved("01_Walk"), 0.2);
+}
+
 TEST_F(UserPresets, AreSavedAsDefaultsWithControl) {
     Dialogs().AnswerText("Walk");
     Dialogs().AnswerYes();
@@ -542,6 +552,58 @@ TEST_F(Imports, LeaveTheUsersPresetsAloneInAnyFolderOfTheirs) {
     scene().Evaluate();
     EXPECT_EQ(NamesIn(From() / "Mine"), Names{"5_Walk"});
     EXPECT_EQ(NamesIn(Root()), (Names{"1_A", "2_B"}));
+}
+
+TEST_F(Imports, TakeThePlaceOfOnePresetAlone) {
+    BuiltIn("1_A", "5_Second", {{kPositionSlow, host::Data(0.3)}});
+    Import("1_A", "5_Second", 0.9);
+    scene().Evaluate();
+    EXPECT_EQ(NamesIn(Root() / "1_A"), (Names{"1_First", "2_Second", "5_Second"}));
+    EXPECT_EQ(BuiltInValue("1_A", "2_Second"), 0.25);
+    EXPECT_EQ(BuiltInValue("1_A", "5_Second"), 0.9);
+}
+
+TEST_F(Imports, OfOneNameThatComeTogetherAllStay) {
+    Import("User", "1_Walk", 0.1);
+    Import("User", "2_walk", 0.2);
+    Import("1_A", "3_Run", 0.3);
+    Import("A", "3_Run", 0.4);  // the same category by its display name
+    scene().Evaluate();
+    EXPECT_EQ(Files(), (Names{"1_Walk", "2_walk"}));
+    std::vector<double> runs;
+    for (const std::string &name : NamesIn(Root() / "1_A"))
+        if (name.find("Run") != std::string::npos) runs.push_back(BuiltInValue("1_A", name));
+    std::sort(runs.begin(), runs.end());
+    EXPECT_EQ(runs, (std::vector<double>{0.3, 0.4}));
+}
+
+TEST_F(Imports, ThatNobodyMayDeleteTakeThePlaceOfNothing) {
+    Import("User", "5_Walk", 0.9);
+    host::ProtectFromRemoval(From() / "User" / "5_Walk");
+    for (const char *mine : {"5_Walk", "7_Walk"}) {
+        for (const std::string &name : Files()) fs::remove(UserFolder() / name);
+        Users(mine, {{kPositionSlow, host::Data(0.1)}});
+        State().Set(kRecheck, 1);
+        scene().Evaluate();
+        EXPECT_EQ(Files(), Names{mine});
+        EXPECT_EQ(Saved(mine), 0.1);
+    }
+    host::ProtectFromRemoval({});
+    State().Set(kRecheck, 1);
+    scene().Evaluate();
+    EXPECT_EQ(Files(), Names{"5_Walk"});
+    EXPECT_EQ(Saved("5_Walk"), 0.9);
+}
+
+TEST_F(Imports, OfTheSameFileNameInAnotherCaseAreThereAfterwards) {
+    Import("1_A", "2_SECOND", 0.9);
+    scene().Evaluate();
+    double imported = 0;
+    int count = 0;
+    for (const std::string &name : NamesIn(Root() / "1_A"))
+        if (name != "1_First") imported = BuiltInValue("1_A", name), ++count;
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(imported, 0.9);
 }
 
 TEST_F(Imports, OfTwoOfTheirNameTakeThePlaceOfTheFirstInTheList) {
