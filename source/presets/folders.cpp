@@ -42,7 +42,7 @@ Filename ImportFolder() { return InFolder(GeGetPluginPath(), Filename("Imports")
 Filename UserPresetFolder() {
     if (!GeIsMainThread()) return LastSeen();
     const BaseContainer *settings = GetWorldPluginData(kTremoluxCamId);
-    const Filename folder = settings ? settings->GetFilename(kUserPresetFolderSetting) : Filename();
+    Filename folder = settings ? settings->GetFilename(kUserPresetFolderSetting) : Filename();
     See(folder);
     return folder;
 }
