@@ -1,4 +1,6 @@
 // Presets that come from others and go to others.
+#include <algorithm>
+
 #include "presets/cache.h"
 #include "presets/filenames.h"
 #include "presets/folders.h"
@@ -16,20 +18,14 @@ void ExportFiles(const Filename &from, const String &category) {
     for (const Filename &file : FilesIn(from)) CopyPresetFile(InFolder(from, file), InFolder(to, file));
 }
 
-Bool IsAmong(const std::vector<Filename> &files, const Filename &file) {
-    for (const Filename &known : files)
-        if (IsSamePlace(known, file)) return TRUE;
-    return FALSE;
-}
-
 // The preset that an import takes the place of: the one under its file's name, else of those that are displayed alike
 // the first in the order of a list. None of those that came before it in the same scan: they are news, too.
 const PresetPath *ReplacedPreset(const std::vector<PresetPath> &same, const Filename &own,
                                  const std::vector<Filename> &imported) {
     const PresetPath *first = NULL;
     for (const PresetPath &preset : same) {
-        if (IsAmong(imported, preset.path)) continue;
-        if (IsSamePlace(preset.path, own)) return &preset;
+        if (std::find(imported.begin(), imported.end(), preset.path) != imported.end()) continue;
+        if (preset.path == own) return &preset;
         if (!first) first = &preset;
     }
     return first;
@@ -40,10 +36,9 @@ const PresetPath *ReplacedPreset(const std::vector<PresetPath> &same, const File
 void ImportFile(const PresetPath &record, const Filename &to, std::vector<Filename> *imported) {
     std::vector<PresetPath> same = PresetsNamed(to, DisplayName(record.FileName()));
     SortByName(&same, [](const PresetPath &preset) { return preset.FileName(); });
-    const Filename own = InFolder(to, Filename(record.FileName()));
-    if (IsSamePlace(record.path, own)) return;
+    const Filename own = ListedIn(to, record.FileName());
     const PresetPath *replaced = ReplacedPreset(same, own, *imported);
-    const Bool is_over_it = replaced && IsSamePlace(replaced->path, own);
+    const Bool is_over_it = replaced && replaced->path == own;
     const Bool is_taken = !is_over_it && (GeFExist(own) || GeFExist(own, TRUE));
     const Filename target = is_taken ? NewFileIn(to, DisplayName(record.FileName())) : own;
 
@@ -100,9 +95,9 @@ void TremoluxCamClass::ImportPresets() {
         const std::vector<PresetPath> presets = PresetsIn(folder.path, folder.category, FALSE);
         if (presets.empty()) continue;
         // What the user keeps there is no import.
-        if (IsSamePlace(folder.path, UserPresetFolder())) continue;
+        if (IsSameFolder(folder.path, UserPresetFolder())) continue;
         const Filename to = folder.FileName() == kUserCategory ? UserPresetFolder() : CategoryFolder(folder.FileName());
-        if (!GeFExist(to, TRUE) || IsSamePlace(folder.path, to)) continue;
+        if (!GeFExist(to, TRUE) || IsSameFolder(folder.path, to)) continue;
         for (const PresetPath &record : presets) ImportFile(record, to, &imported);
     }
     if (!imported.empty()) ForgetPresetLibrary();

@@ -56,8 +56,8 @@ void TremoluxCamClass::DeleteUserPreset(BaseContainer *data) {
     const PresetPath *record = ChosenPreset(data);
     if (!record) return;
     const Filename folder = record->path.GetDirectory();
-    const Bool is_users = IsSamePlace(folder, UserPresetFolder());
-    const Bool is_built_in = IsSamePlace(folder.GetDirectory(), BuiltInPresetFolder());
+    const Bool is_users = IsSameFolder(folder, UserPresetFolder());
+    const Bool is_built_in = IsSameFolder(folder.GetDirectory(), BuiltInPresetFolder());
     if (!is_users && !(is_built_in && IsControlKeyHeld())) return;
 
     if (GeFExist(record->path)) GeFKill(record->path);
