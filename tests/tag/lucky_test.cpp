@@ -5,6 +5,7 @@
 
 #include "host/files/scenefile.h"
 #include "host/ui/attribute_manager.h"
+#include "tests/support/file_times.h"
 #include "tests/tag/preset_bench.h"
 
 namespace {
@@ -45,10 +46,10 @@ class LuckyRound : public WithPresets {
         WritePresetFile(elsewhere, preset);
         std::ofstream(file, std::ios::binary) << std::ifstream(elsewhere, std::ios::binary).rdbuf();
         fs::remove(elsewhere);
-        fs::last_write_time(file.parent_path(), before);
+        test_support::SetTime(file.parent_path(), before);
     }
     void MakeOld(const fs::path &path) {
-        fs::last_write_time(path, fs::file_time_type::clock::now() - std::chrono::hours(3));
+        test_support::SetTime(path, fs::file_time_type::clock::now() - std::chrono::hours(3));
     }
 };
 

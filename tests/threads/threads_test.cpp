@@ -9,6 +9,7 @@
 
 #include "host/animation/passes.h"
 #include "host/ui/attribute_manager.h"
+#include "tests/support/file_times.h"
 #include "tests/tag/preset_bench.h"
 #include "tests/tag/tracks.h"
 
@@ -25,8 +26,8 @@ void OnAnotherThread(const std::function<void()> &work) { std::thread(work).join
 // Longer ago than a change may pass unseen, so that what was read is shared. Another number: another time.
 void MakeOld(const fs::path &folder, int number = 0) {
     const auto long_ago = fs::file_time_type::clock::now() - std::chrono::hours(3 + number % 1000);
-    for (const auto &entry : fs::recursive_directory_iterator(folder)) fs::last_write_time(entry.path(), long_ago);
-    fs::last_write_time(folder, long_ago);
+    for (const auto &entry : fs::recursive_directory_iterator(folder)) test_support::SetTime(entry.path(), long_ago);
+    test_support::SetTime(folder, long_ago);
 }
 
 // A moving input camera and one with the tag, in a document that no application lists.
