@@ -157,6 +157,25 @@ TEST_F(Driver, AReplayToItsStartLeavesTheClocksAtZero) {
     EXPECT_EQ(State().Real(kClockStep), 0);
 }
 
+TEST_F(Driver, AReplayOfATagInNoDocumentLeavesTheClocksAtZero) {
+    Show(1);
+    camera_->Remove();
+    probe_->SimulateToFrame(20, Data(), Camera());
+    EXPECT_EQ(State().Real(kShakeClock), 0);
+    EXPECT_EQ(State().Real(kClockStep), 0);
+    EXPECT_EQ(State().Real(kLastFrame), -1);
+    host::Node::Discard(camera_);
+}
+
+TEST_F(Driver, AReplayWithoutATagThatCouldHaveTracksCountsWithTheStoredRates) {
+    State().SetReal(6149, 0);
+    State().SetReal(6152, 2);
+    TremoluxCamClass *without_tag = gNew TremoluxCamClass;
+    without_tag->SimulateToFrame(20, Data(), Camera());
+    gDelete(without_tag);
+    EXPECT_EQ(State().Real(kShakeClock), 38);
+}
+
 class DirectEvaluation : public WithProbe {
   protected:
     void SetUp() override {
