@@ -2,9 +2,7 @@
 #pragma once
 
 #include "c4d.h"
-
-constexpr LONG kTremoluxCamId = 1039736;
-constexpr LONG kTremoluxCommandId = 1039960;
+#include "tag/ids.h"
 
 // Checks that the icon loads, prints the banner and registers the tag. FALSE without the icon (nothing is printed
 // then), or when the host refuses.

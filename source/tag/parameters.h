@@ -1,50 +1,8 @@
-// The tag's parameters: their ids, and one table of everything else that is known about them.
+// One table of everything that is known about the tag's parameters.
 #pragma once
 
 #include "c4d.h"
-
-// Entries of the cycles
-constexpr LONG kPresetCustom = 5803, kCategoryAll = 5809, kCategoryUser = 5810;
-constexpr LONG kPresetBlankA = 6179, kPresetBlankB = 5805;
-
-constexpr LONG kInputCamera = 6001, kHelp = 6172, kCategory = 5806, kPreset = 10028, kSavePreset = 6003,
-               kDeletePreset = 6005;
-constexpr LONG kPositionIntensity = 6020, kRotationIntensity = 6021, kOverallScale = 6022;
-constexpr LONG kScaleCoffeeCup = 6184, kScaleHuman = 6185, kScaleCar = 6186, kScaleHouse = 6187,
-               kScaleSkyscraper = 6188;
-constexpr LONG kUsePositionX = 6010, kUsePositionY = 6011, kUsePositionZ = 6012, kUseRotationH = 6013,
-               kUseRotationP = 6014, kUseRotationB = 6015, kUseZoom = 6016, kUseFocus = 6017, kUseTarget = 6018,
-               kUseJolt = 6145;
-constexpr LONG kInitialPositionSmooth = 6155, kInitialPositionOvershoot = 6153, kPositionOvershootFade = 6154,
-               kInitialRotationSmooth = 6156, kInitialRotationOvershoot = 6034, kRotationOvershootFade = 6035;
-constexpr LONG kPositionSlow = 6024, kPositionMedium = 6025, kPositionFast = 6026, kRotationSlow = 6028,
-               kRotationMedium = 6029, kRotationFast = 6030, kShakeSmooth = 6158;
-constexpr LONG kZeroPosition = 6042, kZeroRotation = 6043, kZeroInitials = 6174, kRandomizeSeeds = 6004,
-               kFeelingLucky = 6041;
-constexpr LONG kJoltPositionIntensity = 6037, kJoltRotationIntensity = 6144, kJoltInterval = 6038,
-               kCustomTrigger = 6181, kCustomTriggerTwin = 6209, kJoltFalloff = 6140, kJoltSmooth = 6170;
-constexpr LONG kQuickBake = 6046, kBruteForceBake = 6175, kUnBake = 6047;
-constexpr LONG kTargetObject = 6068, kCreateTarget = 6069, kTargetSmooth = 6161, kTargetOvershoot = 6071,
-               kTargetOvershootFade = 6072,
-               kTargetReserved = 6210;  // greyed with the target's amounts, shown nowhere
-constexpr LONG kZoomSmooth = 6162, kZoomOvershoot = 6053, kZoomOvershootFade = 6054, kZoomDriftSlow = 6134,
-               kZoomDriftMedium = 6135, kZoomDriftFast = 6136, kZoomSpeed = 6138, kZoomDriftSmooth = 6165;
-constexpr LONG kFocusObject = 6057, kCreateFocus = 6058, kFocusSmoothing = 6064, kFocusOvershoot = 6063,
-               kFocusOvershootFade = 6163, kFocusDriftSlow = 6128, kFocusDriftMedium = 6129, kFocusDriftFast = 6130,
-               kFocusSpeed = 6132, kFocusDriftSmooth = 6059;
-constexpr LONG kSeed = 6142, kTimeOffset = 6151, kShakeSpeed = 6152, kSpeedVariation = 6149;
-constexpr LONG kRatioX = 6076, kRatioY = 6077, kRatioZ = 6078, kRatioH = 6100, kRatioP = 6101, kRatioB = 6102;
-// Handed to the zoom layer, shown nowhere.
-constexpr LONG kZoomHiddenTime = 6203, kZoomHidden1 = 6204, kZoomHidden2 = 6206, kZoomHidden3 = 6207,
-               kZoomHidden4 = 6205;
-// Stored in presets and reset with the others, shown nowhere.
-constexpr LONG kStoredOnlyA = 6049, kStoredOnlyB = 6119;
-constexpr LONG kExportCurrent = 6171, kExportAll = 10033, kChoosePresetFolder = 6176, kResetPresetFolder = 6182,
-               kUserPresetFolder = 6178;
-
-// The ids that a preset or a first set-up may touch; the links, the scale and the folder are the scene's own.
-constexpr LONG kFirstPresetId = 6000, kLastPresetId = 6210;
-Bool IsPresetParameter(LONG id);
+#include "tag/ids.h"
 
 enum class ParameterType { kReal, kBool, kLink, kButton, kCycle, kTime, kString };
 
@@ -67,6 +25,8 @@ struct ParameterInfo {
     Bool whole_preset = FALSE;  // the default is declared as a whole number; the value is stored as a real all the same
 };
 
+// Whether a preset or a first set-up may touch it.
+Bool IsPresetParameter(LONG id);
 // All parameters, in the order of the panel; `count` receives their number.
 const ParameterInfo *Parameters(LONG *count);
 // NULL for an id that is none.
