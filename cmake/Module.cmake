@@ -4,17 +4,18 @@
 tremolux_room_sources(interface_glue platform/glue)
 set(interface_folders "${PROJECT_SOURCE_DIR}/platform/include")
 
-# source/ sees the host's programming interface and itself, and no other room: that arrow is held by the include path.
+# The engine sees itself alone, the rest of source/ the host's programming interface too, and no other room: these arrows
+# are held by the include paths.
+tremolux_room_sources(engine_sources source/engine)
+add_library(module_engine OBJECT ${engine_sources})
+target_include_directories(module_engine PUBLIC "${PROJECT_SOURCE_DIR}/source")
+tremolux_set_defaults(module_engine)
+
 tremolux_room_sources(sources source)
-set(source_objects "")
-if(sources)
-    add_library(module_source OBJECT ${sources})
-    target_include_directories(module_source PUBLIC ${interface_folders} "${PROJECT_SOURCE_DIR}/source")
-    tremolux_set_defaults(module_source)
-    set(source_objects $<TARGET_OBJECTS:module_source>)
-else()
-    message(STATUS "source/ is empty: no module")
-endif()
+list(REMOVE_ITEM sources ${engine_sources})
+add_library(module_source OBJECT ${sources})
+target_include_directories(module_source PUBLIC ${interface_folders} "${PROJECT_SOURCE_DIR}/source")
+tremolux_set_defaults(module_source)
 
 add_library(module_glue OBJECT ${interface_glue})
 target_include_directories(module_glue PUBLIC ${interface_folders} "${PROJECT_SOURCE_DIR}")
@@ -22,20 +23,15 @@ tremolux_set_defaults(module_glue)
 
 # Allocations name their source file: by its place in the project, so that no folder of the builder's gets into the file.
 if(NOT MSVC)
-    foreach(part module_source module_glue)
-        if(TARGET ${part})
-            target_compile_options(${part} PRIVATE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=")
-        endif()
+    foreach(part module_engine module_source module_glue)
+        target_compile_options(${part} PRIVATE "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=")
     endforeach()
-endif()
-
-if(NOT TARGET module_source)
-    return()
 endif()
 
 # Everything that the module contains; the module itself adds nothing but the export list.
 add_library(module_code INTERFACE)
-target_sources(module_code INTERFACE $<TARGET_OBJECTS:module_source> $<TARGET_OBJECTS:module_glue>)
+target_sources(module_code INTERFACE $<TARGET_OBJECTS:module_engine> $<TARGET_OBJECTS:module_source>
+                                     $<TARGET_OBJECTS:module_glue>)
 target_include_directories(module_code INTERFACE ${interface_folders} "${PROJECT_SOURCE_DIR}/source"
                                                  "${PROJECT_SOURCE_DIR}")
 

@@ -107,7 +107,7 @@ bool AddRow(const ParameterInfo &parameter, std::ostream &page) {
     page << "| " << parameter.id << " | " << (label.empty() ? kAbsent : label) << " | " << TypeName(parameter.type)
          << " | " << UnitName(parameter) << " | " << Range(parameter, parameter.minimum, parameter.maximum) << " | "
          << Range(parameter, parameter.slider_minimum, parameter.slider_maximum) << " | "
-         << Number(parameter, parameter.step) << " | " << StartingValue(parameter, parameter.preset) << " | "
+         << Number(parameter, parameter.step) << " | " << StartingValue(parameter, parameter.declared) << " | "
          << StartingValue(parameter, parameter.reset) << " | " << sentence->text << " |\n";
     return true;
 }

@@ -1,75 +1,42 @@
 #include "engine/clocks.h"
 
-#include <cmath>
+#include "engine/operations.h"
 
-#include "tag/parameters.h"
-#include "tag/state.h"
-#include "tag/tremoluxcam.h"
+namespace engine {
 
 namespace {
 
 // Cells of the speed noise a frame: it wanders over about 40 frames.
-constexpr Real kSpeedNoiseRate = 0.025;
+constexpr double kSpeedNoiseRate = 0.025;
+constexpr Range kNoiseRange = {-1.0, 1.0};
 
-Vector SpeedNoisePoint(LONG seed) {
-    const LLONG s = seed;  // 64 bit: no seed overflows
-    return Vector((Real)(s + 7845), (Real)(s + 3569), (Real)(s + 4856));
+Vector3 SpeedNoisePoint(std::int64_t seed) {  // 64 bit: no seed overflows
+    return {static_cast<double>(seed + 7845), static_cast<double>(seed + 3569), static_cast<double>(seed + 4856)};
 }
 
 }  // namespace
 
-Real ReadClock(const BaseContainer &data, LONG key) {
-    const Real clock = data.GetReal(key);
-    return std::isfinite(clock) ? clock : 0.0;
+bool operator==(const ClockSettings &a, const ClockSettings &b) {
+    return a.speed == b.speed && a.variation == b.variation && a.focus_rate == b.focus_rate &&
+           a.zoom_rate == b.zoom_rate && a.seed == b.seed;
 }
 
-Clocks ReadClocks(const BaseContainer &data) {
-    Clocks clocks;
-    clocks.step = ReadClock(data, kClockStep);
-    clocks.shake = ReadClock(data, kShakeClock);
-    clocks.focus = ReadClock(data, kFocusClock);
-    clocks.zoom_drift = ReadClock(data, kZoomDriftClock);
-    clocks.jolt = ReadClock(data, kJoltClock);
-    clocks.auxiliary = ReadClock(data, kAuxiliaryClock);
-    clocks.zoom = ReadClock(data, kZoomClock);
-    return clocks;
-}
-
-void WriteClocks(const Clocks &clocks, BaseContainer *data) {
-    data->SetReal(kClockStep, clocks.step);
-    data->SetReal(kShakeClock, clocks.shake);
-    data->SetReal(kFocusClock, clocks.focus);
-    data->SetReal(kZoomDriftClock, clocks.zoom_drift);
-    data->SetReal(kJoltClock, clocks.jolt);
-    data->SetReal(kAuxiliaryClock, clocks.auxiliary);
-    data->SetReal(kZoomClock, clocks.zoom);
-}
-
-ClockRates ReadClockRates(const BaseContainer &data) {
-    ClockRates rates;
-    rates.speed = ReadReal(data, kShakeSpeed);
-    rates.variation = ReadReal(data, kSpeedVariation);
-    rates.focus_rate = ReadReal(data, kFocusSpeed);
-    rates.zoom_rate = ReadReal(data, kZoomSpeed);
-    rates.seed = ReadTruncated(data, kSeed);
-    return rates;
-}
-
-// Playback and replay both advance here: a frame goes as far as the speed of the frame before it says, so a jump must
-// meet playback bit for bit.
-void TremoluxCamClass::AdvanceClocks(Clocks *clocks, const ClockRates &rates, Real frame, SplineData *warp_curve) {
-    const Real step = clocks->step;
+void AdvanceClocks(const ClockSettings &settings, double frame, void *warp_curve, Operations *operations,
+                   Clocks *clocks) {
+    const double step = clocks->step;
     clocks->auxiliary += step;
     clocks->shake += step;
-    clocks->focus += step * rates.focus_rate;
-    clocks->zoom_drift += step * rates.zoom_rate;
+    clocks->focus += step * settings.focus_rate;
+    clocks->zoom_drift += step * settings.zoom_rate;
     clocks->jolt += step;
     clocks->zoom += step;
 
-    Real warp = 0.0;  // without variation its value does not matter
-    if (rates.variation != 0.0) {
-        const Real noise = SNoise(SpeedNoisePoint(rates.seed), frame * kSpeedNoiseRate);
-        warp = RemapValue(noise, -1.0, 1.0, -1.0, 1.0, warp_curve, 0, 0, 0);
+    double warp = 0.0;  // without variation its value does not matter
+    if (settings.variation != 0.0) {
+        const double noise = operations->host.noise(SpeedNoisePoint(settings.seed), frame * kSpeedNoiseRate);
+        warp = operations->Remap(noise, kNoiseRange, kNoiseRange, warp_curve, PastEnd::kAddsRanges);
     }
-    clocks->step = rates.speed + warp * rates.variation * rates.speed;
+    clocks->step = settings.speed + warp * settings.variation * settings.speed;
 }
+
+}  // namespace engine

@@ -1,21 +1,28 @@
 // The clocks that the noise is sampled at: frames at speed 1.
 #pragma once
 
-#include "c4d.h"
+#include <cstdint>
+
+namespace engine {
+
+class Operations;
 
 struct Clocks {
-    Real step;  // how far they go at the next frame: the last frame's speed
-    Real shake, focus, zoom_drift, jolt, auxiliary, zoom;
+    double step = 0.0;  // how far they go at the next frame: the last frame's speed
+    double shake = 0.0, focus = 0.0, zoom_drift = 0.0, jolt = 0.0, auxiliary = 0.0, zoom = 0.0;
 };
 
-// What drives them, as stored: speed and rates are fractions, the variation is one of 0 to 1.
-struct ClockRates {
-    Real speed, variation, focus_rate, zoom_rate;
-    LONG seed;
+// What drives them: speed and rates are fractions, the variation is one of 0 to 1.
+struct ClockSettings {
+    double speed = 0.0, variation = 0.0, focus_rate = 0.0, zoom_rate = 0.0;
+    std::int32_t seed = 0;
 };
+bool operator==(const ClockSettings &a, const ClockSettings &b);
 
-// One clock by its key. A clock that is not finite restarts at 0.
-Real ReadClock(const BaseContainer &data, LONG key);
-Clocks ReadClocks(const BaseContainer &data);
-void WriteClocks(const Clocks &clocks, BaseContainer *data);
-ClockRates ReadClockRates(const BaseContainer &data);
+// To `frame`, the next one: as far as the speed of the frame before it said, so that the first frame after a start adds
+// nothing. Playback and replay both advance here: a jump meets playback bit for bit.
+//   warp_curve  the host's curve of kSpeedWarpCurve
+void AdvanceClocks(const ClockSettings &settings, double frame, void *warp_curve, Operations *operations,
+                   Clocks *clocks);
+
+}  // namespace engine

@@ -1,11 +1,12 @@
-// The curves along which amounts and noise are bent, as data, and the host's spline made of one of them.
+// The curves along which amounts and noise are bent, as data.
 #pragma once
 
-#include "c4d.h"
-#include "customgui_splinecontrol.h"
+#include <cstdint>
+
+namespace engine {
 
 struct CurveTangent {
-    Real x, y;
+    double x, y;
 };
 
 // From (0, 0) to (1, 1) with these tangents, relative to their knots.
@@ -15,8 +16,8 @@ struct CurveShape {
 
 // Ease in and out, for the variation of the speed.
 inline constexpr CurveShape kSpeedWarpCurve = {{0, 0}, {0.5, 0}, {-0.5, 0}, {0.5, 0}};
-// Leaves slowly, arrives softly: the layers' ease.
-inline constexpr CurveShape kLayerEaseCurve = {{0, 0}, {0.25, 0}, {-0.125, 0}, {0.125, 0}};
+// No layer reads it: a host that cannot make it ends the frame before any layer moves.
+inline constexpr CurveShape kProbeCurve = {{0, 0}, {0.25, 0}, {-0.125, 0}, {0.125, 0}};
 // What a smoothing slider means: fine steps where little is smoothed, and again where much is.
 inline constexpr CurveShape kSmoothingAmountCurve = {{0, 0}, {0.019, 0.063}, {-0.531, -0.109}, {0.531, 0.109}};
 // From that to the filter's two coefficients.
@@ -28,34 +29,23 @@ inline constexpr CurveShape kOvershootCurve = {{0, 0}, {0, 0.45}, {-0.25, -0.01}
 // Ease of the zoom drift.
 inline constexpr CurveShape kZoomDriftCurve = {{0, 0}, {0.25, 0}, {-0.25, 0}, {0.25, 0}};
 
-// The host's spline of a shape; exists as long as this object. NULL inside when the host had no memory.
-class Curve {
-  public:
-    explicit Curve(const CurveShape &shape);
-    ~Curve() { SplineData::Free(spline_); }
-    Curve(const Curve &) = delete;
-    Curve &operator=(const Curve &) = delete;
-    operator SplineData *() const { return spline_; }
-
-  private:
-    SplineData *spline_;
-};
-
 // What amounts became along a curve. A slider stands still for many frames, and its curve costs more than the layer
 // that asks for it.
 class BentAmounts {
   public:
-    // FALSE for an amount that is not known.
-    Bool Find(const CurveShape &shape, Real amount, Real *bent) const;
-    void Remember(const CurveShape &shape, Real amount, Real bent);
+    // False for an amount that is not known.
+    bool Find(const CurveShape &shape, double amount, double *bent) const;
+    void Remember(const CurveShape &shape, double amount, double bent);
 
   private:
     // More than one frame asks for; of two amounts that fall on the same place the later one stays.
-    static constexpr LONG kPlaceBits = 8, kPlaces = 1 << kPlaceBits;
+    static constexpr int kPlaceBits = 8, kPlaces = 1 << kPlaceBits;
     struct Known {
-        const CurveShape *shape = NULL;
-        Real amount = 0.0, bent = 0.0;
+        const CurveShape *shape = nullptr;
+        double amount = 0.0, bent = 0.0;
     };
-    static LONG PlaceOf(const CurveShape &shape, Real amount);
+    static std::uint64_t PlaceOf(const CurveShape &shape, double amount);
     Known known_[kPlaces];
 };
+
+}  // namespace engine

@@ -1,36 +1,64 @@
-#include "engine/filter.h"
-#include "tag/parameters.h"
-#include "tag/state.h"
-#include "tag/tremoluxcam.h"
+#include "engine/focus.h"
+
+#include "engine/numbers.h"
+#include "engine/operations.h"
+#include "engine/settings.h"
+
+namespace engine {
 
 namespace {
 
-constexpr FilterKeys kFilter = {kFocusCarry, kFocusValue};
+// Cells of noise for each unit of clock, rate and speed.
+constexpr Layers kRates = {0.005, 0.035, 0.25};
+constexpr ChannelPoints kPoints = {{2960, 0, 154789, 478932}, {2000, 0, 24789, 35754}, {2093, 0, 356654, 58907}};
 
 }  // namespace
 
-Real TremoluxCamClass::EvaluateFocus(BaseContainer *data, Real input_distance, BaseObject *object, Real smooth,
-                                     Real overshoot, Real fade, const Vector &object_position,
-                                     const Vector &camera_position, Real drift_smooth, LONG use_drift, Real time_offset,
-                                     Real slow, Real medium, Real fast, LONG seed, Real rate, Real speed, Real frame) {
-    const Real object_distance = object ? Len(object_position - camera_position) : 0.0;
-    const Bool follows_object = object && IsFinite(object_distance);
-    const Real goal = follows_object ? object_distance : input_distance;
-    const Real drift_distance = follows_object ? goal : data->GetReal(kFocusValue);
-    const Real followed = FollowLens(kFilter, kOvershootFocus, goal, smooth, overshoot, fade, data);
-    if (use_drift != 1) return followed;
-
-    const Real raw = FocusDrift(data, Truncate(time_offset), slow, medium, fast, seed, rate, speed, drift_distance);
-    if (IsFinite(raw) && (frame == data->GetReal(kStartFrame) || raw == 0.0)) return followed + raw;
-
-    Coefficients c;
-    ShakeSmoothing(drift_smooth, &c.a, &c.b);
-    const Real old_carry = data->GetReal(kFocusDriftCarry), old_raw = data->GetReal(kFocusDriftValue);
-    const Real drift = SmoothRealValue(c.a, c.b, old_carry, old_raw, raw);
-    const Real carry = SmoothRealCarry(c.a, c.b, old_carry, old_raw, raw);
-    const Bool sound = IsFinite(drift) && IsFinite(carry);
-    data->SetReal(kFocusDriftCarry, sound ? carry : 0.0);
-    // The raw drift is kept, not the smoothed one: the next step counts from where the noise was.
-    data->SetReal(kFocusDriftValue, sound ? raw : 0.0);
-    return sound ? followed + drift : followed;
+FocusSettings FocusSettingsOf(const Settings &s) {
+    FocusSettings settings;
+    settings.smooth = s.focus_smooth;
+    settings.swing = {s.focus_overshoot, s.focus_overshoot_fade};
+    settings.drifts = s.use_focus;
+    settings.rate = s.focus_rate;
+    settings.weights = {s.focus_drift_slow, s.focus_drift_medium, s.focus_drift_fast};
+    settings.drift_smooth = s.focus_drift_smooth;
+    settings.seed = Truncate(s.seed);
+    settings.speed = s.speed;
+    settings.time_offset = s.time_offset;
+    return settings;
 }
+
+double DriftFocus(const FocusSettings &s, double drift_clock, double distance, const Host &host) {
+    const double time = drift_clock + Truncate(s.time_offset);
+    const double seed = s.seed;  // whole numbers this small add up exactly in a double
+    const double slow = Sample(seed, kPoints.slow, s.rate * kRates.slow * time * s.speed, host);
+    const double medium = Sample(seed, kPoints.medium, s.rate * kRates.medium * time * s.speed, host);
+    const double fast = Sample(seed, kPoints.fast, s.rate * kRates.fast * time * s.speed, host);
+    return (slow * distance * s.weights.slow / 10.0) * 0.75 * 20.0 +
+           (medium * distance * s.weights.medium / 10.0) * 0.2 * 20.0 +
+           (fast * distance * s.weights.fast / 10.0) * 0.05 * 20.0;
+}
+
+double StepFocus(const FocusSettings &s, const FocusInput &input, Operations *operations, FocusMemory *memory) {
+    const double object_distance = input.has_object ? Length(input.object - input.camera) : 0.0;
+    const bool follows_object = input.has_object && IsFinite(object_distance);
+    const double goal = follows_object ? object_distance : input.distance;
+    const double drift_distance = follows_object ? goal : memory->input.value;
+    const double followed =
+        FollowLens(Channel::kFocus, goal, s.smooth, s.swing, operations, &memory->input, &memory->spring);
+    if (!s.drifts) return followed;
+
+    const double raw = operations->DriftFocus(s, input.drift_clock, drift_distance);
+    if (IsFinite(raw) && (input.starts || raw == 0.0)) return followed + raw;
+
+    const Coefficients c = operations->ShakeSmoothing(s.drift_smooth);
+    const RealFilter old = memory->drift;
+    const double drift = operations->SmoothValue(c, old.carry, old.value, raw);
+    const double carry = operations->SmoothCarry(c, old.carry, old.value, raw);
+    const bool is_sound = IsFinite(drift) && IsFinite(carry);
+    // The raw drift is kept, not the smoothed one: the next step counts from where the noise was.
+    memory->drift = is_sound ? RealFilter{carry, raw} : RealFilter();
+    return is_sound ? followed + drift : followed;
+}
+
+}  // namespace engine

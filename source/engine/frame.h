@@ -1,43 +1,70 @@
-// What a frame's evaluation asks of the scene.
+// One frame of the whole motion.
 #pragma once
 
-#include "c4d.h"
+#include "engine/clocks.h"
+#include "engine/focus.h"
+#include "engine/jolts.h"
+#include "engine/position.h"
+#include "engine/rotation.h"
+#include "engine/settings.h"
+#include "engine/zoom.h"
 
-// What one frame is computed from: read from the scene as it stands, or from curves. Global; scene units, radians
-// (HPB), millimetres, frames.
+namespace engine {
+
+// What one frame is computed from: read from the scene as it stands, or from curves. World; scene units, radians
+// (heading, pitch, bank), millimetres, frames.
 struct FrameInput {
-    Real frame = 0.0, frames_per_second = 0.0;
-    Vector position, angles;
-    Real focal_length = 0.0, focus_distance = 0.0;
-    BaseObject *target = NULL, *focus = NULL;  // NULL: none
-    Vector target_position, focus_position;
+    double frame = 0.0, frames_per_second = 0.0;
+    Vector3 position, angles;
+    double focal_length = 0.0, focus_distance = 0.0;
+    bool has_target = false, has_focus_object = false;
+    Vector3 target, focus_object;
+    bool is_jolt_listed = false;  // the user asks for a knock on this frame
 };
 
-// What comes of it, global too; the angles may be whole turns from those of the frame before.
+// What comes of it, world too; the angles may be whole turns from those of the frame before.
 struct FrameMotion {
-    Vector position, angles;
-    Real focal_length, focus_distance;
+    Vector3 position, angles;
+    double focal_length = 0.0, focus_distance = 0.0;
 };
 
-// Frame number of a time: floor(rate * numerator) / floor(denominator), cut to a whole number; 0 for a denominator of
-// 0, saturated at the range of a LONG.
-LONG FrameOfTime(const BaseTime &time, Real frames_per_second);
-// Seconds times rate; a result within 1e-6 of a whole number is that number, as 29 / 25 * 25 is 28.999999999999996.
-Real ExactFrame(const BaseTime &time, Real frames_per_second);
+// What the motion remembers from one frame to the next.
+struct FrameMemory {
+    double start_frame = 0.0;     // the document's first
+    double last_frame = 0.0;      // the last one evaluated
+    bool is_catching_up = false;  // the frame was jumped to
+    Clocks clocks;
+    PositionMemory position;
+    RotationMemory rotation;
+    ZoomMemory zoom;
+    FocusMemory focus;
+    JoltMemory jolts;
+    Spring spare_spring;
+    Vector3 previous_angles;  // of the last output
+};
 
-// The object behind a link of the tag, in the given document; NULL for none.
-BaseObject *ResolveObject(const BaseContainer &data, LONG link, BaseDocument *doc);
-// True for the camera itself and everything below it: such an object would follow what it drives.
-Bool FollowsCamera(BaseObject *object, BaseObject *camera);
-// The target or focus object of the tag on `camera`: what the link resolves to, unless that follows the camera. NULL
-// without a camera.
-BaseObject *ResolveGuide(const BaseContainer &data, LONG link, BaseObject *camera);
+ClockSettings ClockSettingsOf(const Settings &settings);
 
-// Whether the tag's camera has a target to turn to, switched on or not.
-Bool HasTarget(BaseTag *tag, const BaseContainer &data);
+// Whether a frame has no past: the document's first, and one that was jumped to.
+bool HasNoPast(const FrameMemory &memory, double frame);
 
-// The scene as it stands, for a tag on `camera`: all of a frame but its number and rate.
-FrameInput ReadScene(const BaseContainer &data, BaseObject *input, BaseObject *camera);
+// Clocks and filters go one frame on. False, and no motion, when the host has no memory or a result is not finite.
+bool StepFrame(const Settings &settings, const FrameInput &input, Operations *operations, FrameMemory *memory,
+               FrameMotion *motion);
 
-Real ReadLens(BaseObject *camera, LONG parameter);
-void WriteLens(BaseObject *camera, LONG parameter, Real value);
+// The motion's angles in the numbers that continue those of the frame before; they are remembered. Frame 0 continues
+// nothing.
+Vector3 ContinueAngles(double frame, const Vector3 &angles, const Host &host, FrameMemory *memory);
+
+// Everything but the springs and what the focus drift carries over: as before the first frame, with clocks at 0.
+void ClearMotion(FrameMemory *memory);
+// The springs of what moves with the input camera and its lens: at rest where the motion starts.
+void RestMovingSprings(const Settings &settings, const FrameInput &start, const Host &host, FrameMemory *memory);
+// At rest on the frame that the motion starts with.
+void RestMotion(const Settings &settings, const FrameInput &start, const Host &host, FrameMemory *memory);
+// Without an input to rest on.
+void ClearAllMotion(FrameMemory *memory);
+// A jolt in flight is over; what it pushed last stays.
+void DropJolts(JoltMemory *memory);
+
+}  // namespace engine

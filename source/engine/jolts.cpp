@@ -1,112 +1,115 @@
-// Sudden knocks: when they hit, how they fall off and where they push.
-#include <algorithm>
-#include <cmath>
+#include "engine/jolts.h"
 
-#include "engine/filter.h"
-#include "engine/noise.h"
-#include "tag/parameters.h"
-#include "tag/state.h"
-#include "tag/tremoluxcam.h"
+#include "engine/numbers.h"
+#include "engine/operations.h"
+#include "engine/settings.h"
+
+namespace engine {
 
 namespace {
 
-// A knock of a position or of a rotation.
-struct JoltChannel {
-    LONG target, envelope, carry, previous;
-    FilterKeys filter;
-    LONG output;
-    Real rate;  // cells of noise for each unit of clock and speed
-    SamplePoint points[3];
+constexpr double kTimeScale = 1.25;
+constexpr double kFalloffShare = 0.1;
+// A smoothed knock starts higher by this share of its smoothing.
+constexpr double kSmoothedRise = 0.5;
+// An envelope below this is no longer filtered.
+constexpr double kFaded = 0.0001;
+
+struct JoltNoise {
+    double rate;  // cells of noise for each unit of clock and speed
+    NoisePoint x, y, z;
 };
-
-constexpr JoltChannel kPositionJolt = {kJoltPositionTarget,
-                                       kJoltPositionEnvelope,
-                                       kJoltPositionCarry,
-                                       kJoltPositionPrevious,
-                                       {kJoltPositionFilterCarry, kJoltPositionFilterValue},
-                                       kJoltPositionOffset,
-                                       0.035,
-                                       {{275, 0, 6541, 1257}, {256, 0, 8745, 25894}, {1902, 0, 98745, 235874}}};
-constexpr JoltChannel kRotationJolt = {kJoltRotationTarget,
-                                       kJoltRotationEnvelope,
-                                       kJoltRotationCarry,
-                                       kJoltRotationPrevious,
-                                       {kJoltRotationFilterCarry, kJoltRotationFilterValue},
-                                       kJoltRotationOffset,
-                                       0.1,
-                                       {{2013, 0, 8796, 20999}, {14876, 0, 74587, 32458}, {315112, 0, 325874, 98745}}};
-
-constexpr Real kSceneUnitsAtScaleOne = 1000.0;
-constexpr Real kFaded = 0.0001;
+constexpr JoltNoise kPositionNoise = {0.035, {275, 0, 6541, 1257}, {256, 0, 8745, 25894}, {1902, 0, 98745, 235874}};
+constexpr JoltNoise kRotationNoise = {
+    0.1, {2013, 0, 8796, 20999}, {14876, 0, 74587, 32458}, {315112, 0, 325874, 98745}};
 
 // Towards zero, saturated.
-LLONG WholeOf(Real value) {
-    constexpr Real kLimit = 9223372036854775808.0;
-    if (value >= kLimit) return 9223372036854775807LL;
-    if (value < -kLimit) return -9223372036854775807LL - 1;
-    return (LLONG)value;
+std::int64_t WholeOf(double value) {
+    constexpr double kLimit = 9223372036854775808.0;
+    if (value >= kLimit) return INT64_MAX;
+    if (value < -kLimit) return INT64_MIN;
+    return static_cast<std::int64_t>(value);
 }
 
 // Whether the interval's knock falls on this frame of the jolt clock: each block of `interval` frames has one, at a
 // place that a hash of the block's number and the seed picks.
-Bool HitsInInterval(LLONG clock_frame, LONG interval, Real seed) {
-    if (interval < 1) return FALSE;
-    const LLONG number = clock_frame / interval;
-    const Real block = (Real)number;
-    const LLONG hash = WholeOf(block * block * 111.333 * block + seed * 131.92111);
-    const LLONG place = hash % interval + 1;
-    return WholeOf((block + 1.0) * interval - (Real)place * 0.8) == clock_frame;
+bool HitsInInterval(std::int64_t clock_frame, std::int32_t interval, double seed) {
+    if (interval < 1) return false;
+    const double block = static_cast<double>(clock_frame / interval);
+    const std::int64_t hash = WholeOf(block * block * 111.333 * block + seed * 131.92111);
+    const std::int64_t place = hash % interval + 1;
+    return WholeOf((block + 1.0) * interval - static_cast<double>(place) * 0.8) == clock_frame;
 }
 
-void ClearJolt(const JoltChannel &jolt, BaseContainer *data) {
-    for (LONG id : {jolt.target, jolt.envelope, jolt.carry, jolt.previous}) data->SetReal(id, 0.0);
-    WriteFilter(jolt.filter, Vector(), Vector(), data);
-    data->SetVector(jolt.output, Vector());
+// One knock, and what it does to one kind of channel.
+struct Knock {
+    bool hits, pushes;
+    double intensity;
+    double time;    // of the noise, before the channel's rate
+    Vector3 sizes;  // of a full push
+};
+
+void StepJolt(const JoltSettings &s, const Knock &knock, const JoltNoise &noise, const Coefficients &c,
+              Operations *operations, Jolt *jolt) {
+    Jolt next = *jolt;
+    if (knock.hits) next.target = knock.intensity * kSmoothedRise * s.smooth + knock.intensity;
+    if (next.target < 0.0) next.target = 0.0;
+    if (knock.intensity != 0.0) {
+        next.envelope = operations->SmoothValue(c, jolt->carry, jolt->envelope, next.target);
+        next.carry = operations->SmoothCarry(c, jolt->carry, jolt->envelope, next.target);
+    }
+    Vector3 push;
+    if (knock.pushes && (next.envelope != 0.0 || jolt->previous != 0.0 || next.target != 0.0)) {
+        const double time = knock.time * noise.rate * s.speed;
+        const Host &host = operations->host;
+        push = {next.envelope * Sample(s.seed, noise.x, time, host) * knock.sizes.x,
+                next.envelope * Sample(s.seed, noise.y, time, host) * knock.sizes.y,
+                next.envelope * Sample(s.seed, noise.z, time, host) * knock.sizes.z};
+    }
+    if (!IsFinite(next.target) || !IsFinite(next.envelope) || !IsFinite(next.carry) || !IsFinite(push)) {
+        *jolt = Jolt();
+        return;
+    }
+    const Vector3 filtered = Filter(c, push, false, operations, &next.filter);
+    next.previous = next.envelope;
+    next.target -= s.falloff_step;
+    next.offset = next.envelope >= kFaded ? filtered : push;
+    *jolt = next;
 }
 
 }  // namespace
 
-void TremoluxCamClass::EvaluateJolts(BaseContainer *data, Real time_scale, Real seed, LONG interval, Real, LONG clock,
-                                     Real time_offset, Real position_intensity, Real rotation_intensity, Real smooth,
-                                     LONG flag, Real scale, Real shake_position_intensity, Real speed, Real ratio_x,
-                                     Real ratio_y, Real ratio_z, Real ratio_h, Real ratio_p, Real ratio_b,
-                                     Real shake_rotation_intensity, Real falloff_step, LONG frame, LONG use_list) {
-    const Bool hit = HitsInInterval((LLONG)clock + Truncate(time_offset), interval, seed) ||
-                     (use_list == 1 && std::binary_search(trigger_.frames.begin(), trigger_.frames.end(), frame));
-    Coefficients c;
-    InputSmoothingTwin(smooth, &c.a, &c.b);
-    const Real time = (ReadClock(*data, kJoltClock) + time_offset) * time_scale;
-    const Real size = scale * kSceneUnitsAtScaleOne * shake_position_intensity;
-
-    const auto evaluate = [&](const JoltChannel &jolt, Real intensity, Bool moves, const Vector &sizes) {
-        Real target = hit ? intensity * 0.5 * smooth + intensity : data->GetReal(jolt.target);
-        target = FMax(target, 0.0);
-        Real envelope = data->GetReal(jolt.envelope), carry = data->GetReal(jolt.carry);
-        if (moves) {
-            const Real old_carry = carry, old_envelope = envelope;
-            envelope = SmoothRealValue(c.a, c.b, old_carry, old_envelope, target);
-            carry = SmoothRealCarry(c.a, c.b, old_carry, old_envelope, target);
-        }
-        Vector push;
-        if (flag == 1 && (envelope != 0.0 || data->GetReal(jolt.previous) != 0.0 || target != 0.0)) {
-            const Real t = time * jolt.rate * speed;
-            push = Vector(envelope * Sample(seed, jolt.points[0], t) * sizes.x,
-                          envelope * Sample(seed, jolt.points[1], t) * sizes.y,
-                          envelope * Sample(seed, jolt.points[2], t) * sizes.z);
-        }
-        if (!IsFinite(target) || !IsFinite(envelope) || !IsFinite(carry) || !IsFinite(push)) {
-            ClearJolt(jolt, data);
-            return;
-        }
-        const Vector filtered = FilterVector(jolt.filter, c, push, FALSE, data);
-        data->SetReal(jolt.envelope, envelope);
-        data->SetReal(jolt.carry, carry);
-        data->SetReal(jolt.previous, envelope);
-        data->SetReal(jolt.target, target - falloff_step);
-        data->SetVector(jolt.output, envelope >= kFaded ? filtered : push);
-    };
-    evaluate(kPositionJolt, position_intensity, position_intensity != 0.0,
-             Vector(ratio_x * size, ratio_y * size, ratio_z * size));
-    evaluate(kRotationJolt, rotation_intensity, ReadReal(*data, kJoltRotationIntensity) != 0.0,
-             Vector(ratio_h, ratio_p, ratio_b) * shake_rotation_intensity);
+JoltSettings JoltSettingsOf(const Settings &s, double frames_per_second) {
+    JoltSettings settings;
+    settings.pushes = s.use_jolt;
+    settings.interval = FrameOfTime(s.jolt_interval, frames_per_second);
+    settings.position_intensity = s.jolt_position_intensity;
+    settings.rotation_intensity = s.jolt_rotation_intensity;
+    settings.smooth = s.jolt_smooth;
+    settings.falloff_step = kFalloffShare * s.jolt_falloff;
+    settings.scale = SceneScale(s);
+    settings.shake_position_intensity = s.position_intensity;
+    settings.shake_rotation_intensity = s.rotation_intensity;
+    settings.position_ratio = {s.ratio_x, s.ratio_y, s.ratio_z};
+    settings.rotation_ratio = {s.ratio_h, s.ratio_p, s.ratio_b};
+    settings.time_scale = kTimeScale;
+    settings.seed = SeedOf(s);
+    settings.speed = s.speed;
+    settings.time_offset = s.time_offset;
+    return settings;
 }
+
+void StepJolts(const JoltSettings &s, const JoltInput &input, Operations *operations, JoltMemory *memory) {
+    const std::int64_t clock_frame = static_cast<std::int64_t>(input.whole_clock) + Truncate(s.time_offset);
+    const bool hits = HitsInInterval(clock_frame, s.interval, s.seed) || input.is_listed;
+    const Coefficients c = operations->InputSmoothingTwin(s.smooth);
+    const double time = (input.clock + s.time_offset) * s.time_scale;
+    const double size = s.scale * kSceneUnitsAtScaleOne * s.shake_position_intensity;
+    const Vector3 &ratio = s.position_ratio;
+    StepJolt(s, {hits, s.pushes, s.position_intensity, time, {ratio.x * size, ratio.y * size, ratio.z * size}},
+             kPositionNoise, c, operations, &memory->position);
+    StepJolt(s, {hits, s.pushes, s.rotation_intensity, time, s.rotation_ratio * s.shake_rotation_intensity},
+             kRotationNoise, c, operations, &memory->rotation);
+}
+
+}  // namespace engine

@@ -1,23 +1,23 @@
+#include "engine/remap.h"
+
 #include <cmath>
 
-#include "c4d.h"
-#include "customgui_splinecontrol.h"
-#include "tag/tremoluxcam.h"
+namespace engine {
 
-Real TremoluxCamClass::RemapValue(Real x, Real input_min, Real input_max, Real output_min, Real output_max,
-                                  SplineData *curve, LONG curve_mode, LONG clamp_low, LONG clamp_high) {
-    const Real input_range = input_max - input_min;
-    const Real output_range = output_max - output_min;
-    if (input_range == 0.0) return output_min;
-    if (output_range == 0.0) return output_max;
+double Remap(double x, const Range &input, const Range &output, void *curve, PastEnd past_end, bool clamp_low,
+             bool clamp_high, const Host &host) {
+    const double input_width = input.maximum - input.minimum;
+    const double output_width = output.maximum - output.minimum;
+    if (input_width == 0.0) return output.minimum;
+    if (output_width == 0.0) return output.maximum;
 
-    const Real t = (x - input_min) / input_range;
-    Real base = t;
-    Real rest = 0.0;  // whole input ranges past the end
+    const double t = (x - input.minimum) / input_width;
+    double base = t;
+    double rest = 0.0;  // whole input ranges past the end
     if (t < 0.0) {
-        if (clamp_low == 1) base = 0.0;
+        if (clamp_low) base = 0.0;
     } else if (t > 1.0) {
-        if (clamp_high == 1) {
+        if (clamp_high) {
             base = 1.0;
         } else {
             base = std::fmod(t, 1.0);
@@ -25,17 +25,19 @@ Real TremoluxCamClass::RemapValue(Real x, Real input_min, Real input_max, Real o
         }
     }
 
-    if (curve && (rest == 0.0 || curve_mode == 1)) {
-        base = curve->GetPoint(base).y;
-        if (curve_mode == 1) rest = 0.0;
+    if (curve != nullptr && (rest == 0.0 || past_end == PastEnd::kWraps)) {
+        base = host.curve_height(curve, base);
+        if (past_end == PastEnd::kWraps) rest = 0.0;
     } else {
-        rest = curve_mode == 0 ? rest * output_range : 0.0;
+        rest = past_end == PastEnd::kAddsRanges ? rest * output_width : 0.0;
     }
 
-    Real result = output_range * base + output_min + rest;
-    if (!curve) {
-        if (clamp_low == 1 && result < output_min) result = output_min;
-        if (clamp_high == 1 && result > output_max) result = output_max;
+    double result = output_width * base + output.minimum + rest;
+    if (curve == nullptr) {
+        if (clamp_low && result < output.minimum) result = output.minimum;
+        if (clamp_high && result > output.maximum) result = output.maximum;
     }
     return result;
 }
+
+}  // namespace engine

@@ -1,120 +1,67 @@
-#include "engine/curves.h"
-#include "engine/filter.h"
-#include "engine/overshoot.h"
-#include "tag/state.h"
-#include "tag/tremoluxcam.h"
+#include "engine/smoothing.h"
+
+#include "engine/numbers.h"
+#include "engine/operations.h"
+
+namespace engine {
 
 namespace {
 
-constexpr Real kMostKept = 0.95;
-constexpr Real kLeastDamping = 0.15;
-constexpr Real kMostShakeDamping = 0.25;
+constexpr double kMostKept = 0.95;
+constexpr double kLeastDamping = 0.15;
+constexpr double kMostShakeDamping = 0.25;
 
 }  // namespace
 
-Real TremoluxCamClass::SmoothRealCarry(Real a, Real b, Real carry, Real value, Real goal) {
-    return a * ((1.0 - b) * carry + goal - value);
+double SmoothCarry(const Coefficients &c, double carry, double value, double goal) {
+    return c.a * ((1.0 - c.b) * carry + goal - value);
 }
 
-Real TremoluxCamClass::SmoothRealValue(Real a, Real b, Real carry, Real value, Real goal) {
-    return (1.0 - a) * ((1.0 - b) * carry + goal - value) + value;
+double SmoothValue(const Coefficients &c, double carry, double value, double goal) {
+    return (1.0 - c.a) * ((1.0 - c.b) * carry + goal - value) + value;
 }
 
-Vector TremoluxCamClass::SmoothVectorCarry(Real a, Real b, const Vector &carry, const Vector &value,
-                                           const Vector &goal) {
-    return Vector(SmoothRealCarry(a, b, carry.x, value.x, goal.x), SmoothRealCarry(a, b, carry.y, value.y, goal.y),
-                  SmoothRealCarry(a, b, carry.z, value.z, goal.z));
+Vector3 SmoothCarry(const Coefficients &c, const Vector3 &carry, const Vector3 &value, const Vector3 &goal) {
+    return {SmoothCarry(c, carry.x, value.x, goal.x), SmoothCarry(c, carry.y, value.y, goal.y),
+            SmoothCarry(c, carry.z, value.z, goal.z)};
 }
 
-Vector TremoluxCamClass::SmoothVectorValue(Real a, Real b, const Vector &carry, const Vector &value,
-                                           const Vector &goal) {
-    return Vector(SmoothRealValue(a, b, carry.x, value.x, goal.x), SmoothRealValue(a, b, carry.y, value.y, goal.y),
-                  SmoothRealValue(a, b, carry.z, value.z, goal.z));
+Vector3 SmoothValue(const Coefficients &c, const Vector3 &carry, const Vector3 &value, const Vector3 &goal) {
+    return {SmoothValue(c, carry.x, value.x, goal.x), SmoothValue(c, carry.y, value.y, goal.y),
+            SmoothValue(c, carry.z, value.z, goal.z)};
 }
 
-Bool TremoluxCamClass::BendAmount(Real amount, const CurveShape &shape, Real *bent) {
-    if (bent_amounts_.Find(shape, amount, bent)) return TRUE;
-    const Curve curve(shape);
-    if (!curve) return FALSE;
-    *bent = RemapValue(amount, 0.0, 1.0, 0.0, 1.0, curve, 0, 0, 0);
-    bent_amounts_.Remember(shape, amount, *bent);
-    return TRUE;
+Coefficients InputSmoothing(double amount, Operations *operations) {
+    double bent;
+    const bool is_known = operations->Bend(Held01(amount), kSmoothingAmountCurve, &bent) &&
+                          operations->Bend(bent, kSmoothingCurve, &bent);
+    if (!is_known) return {0.0, 1.0};
+    return {kMostKept * bent, kLeastDamping + (1.0 - kLeastDamping) * bent};
 }
 
-void TremoluxCamClass::InputSmoothing(Real amount, Real *a, Real *b) {
-    Real bent;
-    const Bool known =
-        BendAmount(FCut01(amount), kSmoothingAmountCurve, &bent) && BendAmount(bent, kSmoothingCurve, &bent);
-    *a = known ? kMostKept * bent : 0.0;
-    *b = known ? kLeastDamping + (1.0 - kLeastDamping) * bent : 1.0;
+Coefficients ShakeSmoothing(double amount, Operations *operations) {
+    double bent;
+    if (!operations->Bend(Held01(amount), kShakeSmoothingCurve, &bent)) return {0.0, 1.0};
+    return {kMostKept * bent, kMostShakeDamping * bent};
 }
 
-void TremoluxCamClass::InputSmoothingTwin(Real amount, Real *a, Real *b) { InputSmoothing(amount, a, b); }
-
-void TremoluxCamClass::ShakeSmoothing(Real amount, Real *a, Real *b) {
-    Real bent;
-    const Bool known = BendAmount(FCut01(amount), kShakeSmoothingCurve, &bent);
-    *a = known ? kMostKept * bent : 0.0;
-    *b = known ? kMostShakeDamping * bent : 1.0;
-}
-
-Bool HasNoPast(const BaseContainer &data, Real frame) {
-    return data.GetBool(kCatchingUp) || frame == data.GetReal(kStartFrame);
-}
-
-void WriteFilter(const FilterKeys &keys, const Vector &carry, const Vector &value, BaseContainer *data) {
-    data->SetVector(keys.carry, carry);
-    data->SetVector(keys.value, value);
-}
-
-Vector TremoluxCamClass::FilterVector(const FilterKeys &keys, const Coefficients &c, const Vector &goal, Bool restart,
-                                      BaseContainer *data) {
-    Vector carry, value = goal;
+Vector3 Filter(const Coefficients &c, const Vector3 &goal, bool restart, Operations *operations, VectorFilter *filter) {
+    VectorFilter next = {Vector3(), goal};
     if (!restart) {
-        const Vector old_carry = data->GetVector(keys.carry), old_value = data->GetVector(keys.value);
-        carry = SmoothVectorCarry(c.a, c.b, old_carry, old_value, goal);
-        value = SmoothVectorValue(c.a, c.b, old_carry, old_value, goal);
-        if (!IsFinite(carry) || !IsFinite(value)) {
-            carry = Vector();
-            value = goal;
-        }
+        next.carry = operations->SmoothCarry(c, filter->carry, filter->value, goal);
+        next.value = operations->SmoothValue(c, filter->carry, filter->value, goal);
+        if (!IsFinite(next.carry) || !IsFinite(next.value)) next = {Vector3(), goal};
     }
-    WriteFilter(keys, carry, value, data);
-    return value;
+    *filter = next;
+    return next.value;
 }
 
-Vector TremoluxCamClass::FilterShake(const FilterKeys &keys, Real smooth, const Vector &raw, Bool restart,
-                                     BaseContainer *data) {
+Vector3 FilterShake(double smooth, const Vector3 &raw, bool restart, Operations *operations, VectorFilter *filter) {
     if (!IsFinite(raw)) {
-        WriteFilter(keys, Vector(), Vector(), data);
-        return Vector();
+        *filter = VectorFilter();
+        return Vector3();
     }
-    Coefficients c;
-    ShakeSmoothing(smooth, &c.a, &c.b);
-    return FilterVector(keys, c, raw, restart, data);
+    return Filter(operations->ShakeSmoothing(smooth), raw, restart, operations, filter);
 }
 
-Vector TremoluxCamClass::OvershootOrRest(const Vector &value, Real amount, Real fade, BaseContainer *data, LONG base,
-                                         LONG mode) {
-    const Vector output = Overshoot(value, amount, fade, data, base, mode);
-    if (IsFinite(output)) return output;
-    RestOvershoot(base, value, data);
-    return value;
-}
-
-Real TremoluxCamClass::FollowLens(const FilterKeys &keys, LONG overshoot_base, Real goal, Real smooth, Real overshoot,
-                                  Real fade, BaseContainer *data) {
-    Coefficients c;
-    InputSmoothing(smooth, &c.a, &c.b);
-    const Real old_carry = data->GetReal(keys.carry), old_value = data->GetReal(keys.value);
-    Real carry = SmoothRealCarry(c.a, c.b, old_carry, old_value, goal);
-    Real value = SmoothRealValue(c.a, c.b, old_carry, old_value, goal);
-    if (!IsFinite(carry) || !IsFinite(value)) {
-        carry = 0.0;
-        value = goal;
-    }
-    value = OvershootOrRest(Vector(value, 0.0, 0.0), overshoot, fade, data, overshoot_base, 0).x;
-    data->SetReal(keys.carry, carry);
-    data->SetReal(keys.value, value);
-    return value;
-}
+}  // namespace engine

@@ -1,8 +1,8 @@
 #include "tag/bakerecord.h"
 
-#include "engine/frame.h"
 #include "obase.h"
 #include "ocamera.h"
+#include "tag/scene.h"
 
 const BakedChannel kBakedChannels[kBakedChannelCount] = {
     {ID_BASEOBJECT_REL_POSITION, VECTOR_X}, {ID_BASEOBJECT_REL_POSITION, VECTOR_Y},

@@ -2,13 +2,12 @@
 #include <optional>
 
 #include "ddoc.h"
-#include "engine/frame.h"
-#include "engine/rotation.h"
-#include "engine/simulation.h"
 #include "ocamera.h"
 #include "tag/bakerecord.h"
 #include "tag/curvefeeder.h"
+#include "tag/hostmaths.h"
 #include "tag/parameters.h"
+#include "tag/scene.h"
 #include "tag/state.h"
 #include "tag/step.h"
 #include "tag/tremoluxcam.h"
@@ -85,7 +84,7 @@ void TremoluxCamClass::QuickBake(BaseContainer data, BaseObject *camera, BaseTag
     const LONG rate = doc->GetFps(), first = FirstFrame(doc), last = LastFrame(doc);
     const ParameterCurves parameters(tag);
     const MovingObject moving_input(input);
-    BaseObject *target = ResolveGuide(data, kTargetObject, camera), *focus = ResolveGuide(data, kFocusObject, camera);
+    BaseObject *target = ResolveAim(data, kTargetObject, camera), *focus = ResolveAim(data, kFocusObject, camera);
     const MovingObject moving_target(target), moving_focus(focus);
     const Real focal_length = ReadLens(input, CAMERA_FOCUS);
     const Matrix from_global = !(camera->GetUpMg() * FrozenMatrix(camera));
@@ -98,26 +97,28 @@ void TremoluxCamClass::QuickBake(BaseContainer data, BaseObject *camera, BaseTag
         const LONG frame = (LONG)counted;
         ShowProgress(frame, last);
         const Bool are_there = ResolveObject(data, kInputCamera, doc) == input &&
-                               ResolveGuide(data, kTargetObject, camera) == target &&
-                               ResolveGuide(data, kFocusObject, camera) == focus;
+                               ResolveAim(data, kTargetObject, camera) == target &&
+                               ResolveAim(data, kFocusObject, camera) == focus;
         if (!are_there) break;
         const BaseTime time = TimeOfFrame(frame, rate);
         parameters.Read(doc, time, &data);
-        FrameInput in;
+        SceneInput scene;
+        scene.focus = focus;
+        engine::FrameInput &in = scene.frame;
         in.frame = (Real)frame;
         in.frames_per_second = (Real)rate;
         moving_input.Read(doc, time, &in.position, &in.angles);
         in.focal_length = focal_length;
         in.focus_distance = moving_input.FocusDistance(doc, time);
-        in.target = target;
-        in.focus = focus;
-        moving_target.Read(doc, time, &in.target_position, NULL);
-        moving_focus.Read(doc, time, &in.focus_position, NULL);
+        in.has_target = target != NULL;
+        in.has_focus_object = focus != NULL;
+        moving_target.Read(doc, time, &in.target, NULL);
+        moving_focus.Read(doc, time, &in.focus_object, NULL);
 
-        if (BeginsAnew(frame, first)) RestSimulation(in, &data);
-        FrameMotion motion;
-        if (!ComputeFrame(in, &data, &motion)) continue;
-        Vector position = motion.position, angles = motion.angles;
+        if (BeginsAnew(frame, first)) RestMotion(&in, &data);
+        engine::FrameMotion motion;
+        if (!ComputeFrame(scene, &data, &motion)) continue;
+        Vector position = ToHost(motion.position), angles = ToHost(motion.angles);
         if (!is_global) {
             Matrix global = HPBToMatrix(angles, ROTATIONORDER_HPB);
             global.off = position;

@@ -3,13 +3,13 @@
 #include <cmath>
 #include <iterator>
 
-#include "engine/frame.h"
 #include "lib_description.h"
 #include "presets/library.h"
 #include "presets/lucky.h"
 #include "tag/help.h"
 #include "tag/parameters.h"
 #include "tag/random.h"
+#include "tag/scene.h"
 #include "tag/state.h"
 #include "tag/step.h"
 #include "tag/tremoluxcam.h"

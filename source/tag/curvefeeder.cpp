@@ -1,11 +1,11 @@
 #include "tag/curvefeeder.h"
 
-#include "engine/frame.h"
-#include "engine/rotation.h"
 #include "lib_description.h"
 #include "obase.h"
 #include "ocamera.h"
+#include "tag/hostmaths.h"
 #include "tag/parameters.h"
+#include "tag/scene.h"
 
 namespace {
 
@@ -35,7 +35,7 @@ void ParameterCurves::Read(BaseDocument *doc, const BaseTime &time, BaseContaine
                 data->SetReal(animated.id, value);
                 break;
             case ParameterType::kBool:
-                data->SetBool(animated.id, Truncate(value) != 0);
+                data->SetBool(animated.id, engine::Truncate(value) != 0);
                 break;
             case ParameterType::kTime:
                 data->SetTime(animated.id, BaseTime(value));
@@ -75,7 +75,8 @@ Vector MovingObject::ReadVector(LONG parameter, const Vector &present, BaseDocum
     return value;
 }
 
-void MovingObject::Read(BaseDocument *doc, const BaseTime &time, Vector *position, Vector *angles) const {
+void MovingObject::Read(BaseDocument *doc, const BaseTime &time, engine::Vector3 *position,
+                        engine::Vector3 *angles) const {
     if (!object_) return;
     Matrix global = object_->GetMg();
     if (is_animated_) {
@@ -84,8 +85,8 @@ void MovingObject::Read(BaseDocument *doc, const BaseTime &time, Vector *positio
         relative.off = ReadVector(ID_BASEOBJECT_REL_POSITION, object_->GetRelPos(), doc, time);
         global = object_->GetUpMg() * FrozenMatrix(object_) * relative;
     }
-    *position = global.off;
-    if (angles) *angles = AnglesOf(global);
+    *position = FromHost(global.off);
+    if (angles) *angles = FromHost(AnglesOf(global));
 }
 
 Real MovingObject::FocusDistance(BaseDocument *doc, const BaseTime &time) const {

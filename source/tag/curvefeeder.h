@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "c4d.h"
+#include "engine/vector.h"
 
 // A tag's animated parameters.
 class ParameterCurves {
@@ -28,7 +29,7 @@ class MovingObject {
   public:
     explicit MovingObject(BaseObject *object);
     // Global; `angles` (HPB, radians) may be NULL. Nothing is written without an object.
-    void Read(BaseDocument *doc, const BaseTime &time, Vector *position, Vector *angles) const;
+    void Read(BaseDocument *doc, const BaseTime &time, engine::Vector3 *position, engine::Vector3 *angles) const;
     // Of a camera.
     Real FocusDistance(BaseDocument *doc, const BaseTime &time) const;
 

@@ -38,7 +38,7 @@ HostType HostTypeOf(const ParameterInfo &parameter) {
 void SetNumber(BaseContainer *settings, LONG key, const OptionalReal &number, LONG dtype) {
     if (!number.given) return;
     if (dtype == DTYPE_BOOL || dtype == DTYPE_LONG)
-        settings->SetLong(key, Truncate(number.value));
+        settings->SetLong(key, engine::Truncate(number.value));
     else if (dtype == DTYPE_TIME)
         settings->SetTime(key, BaseTime(number.value));
     else if (dtype == DTYPE_REAL)
@@ -46,12 +46,12 @@ void SetNumber(BaseContainer *settings, LONG key, const OptionalReal &number, LO
 }
 
 void SetDefault(BaseContainer *settings, const ParameterInfo &parameter, LONG dtype) {
-    if (parameter.whole_preset)
-        settings->SetLong(DESC_DEFAULT, Truncate(parameter.preset.value));
-    else if (dtype == DTYPE_STRING && parameter.preset.given)
+    if (parameter.whole_default)
+        settings->SetLong(DESC_DEFAULT, engine::Truncate(parameter.declared.value));
+    else if (dtype == DTYPE_STRING && parameter.declared.given)
         settings->SetString(DESC_DEFAULT, String());
     else
-        SetNumber(settings, DESC_DEFAULT, parameter.preset, dtype);
+        SetNumber(settings, DESC_DEFAULT, parameter.declared, dtype);
 }
 
 BaseContainer SettingsOf(const ParameterInfo &parameter, const HostType &type) {

@@ -1,6 +1,7 @@
 // Which controls of the panel answer to the user.
 #include "lib_description.h"
 #include "tag/parameters.h"
+#include "tag/scene.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
 

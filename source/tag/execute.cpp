@@ -1,21 +1,18 @@
 // What happens each time the scene is evaluated: set-up, restart, plain step or jump.
-#include <cmath>
-
 #include "ddoc.h"
-#include "engine/frame.h"
 #include "lib_description.h"
 #include "obase.h"
 #include "ocamera.h"
 #include "presets/folders.h"
 #include "tag/guarded.h"
+#include "tag/hostmaths.h"
 #include "tag/parameters.h"
+#include "tag/scene.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
 
 namespace {
 
-constexpr Real kSameFrame = 0.000001;
-constexpr Real kPlainStep = 0.001;
 constexpr LONG kUseColorAlways = 2;
 
 Vector CameraColor() { return Vector(1.0, 0.41667, 0.0); }
@@ -26,15 +23,6 @@ void CopyInput(BaseObject *input, BaseObject *camera) {
     camera->SetMg(input->GetMg());
     WriteLens(camera, CAMERA_FOCUS, ReadLens(input, CAMERA_FOCUS));
     WriteLens(camera, CAMERAOBJECT_TARGETDISTANCE, ReadLens(input, CAMERAOBJECT_TARGETDISTANCE));
-}
-
-// A jolt in flight does not survive a jump.
-void DropJolts(BaseContainer *data) {
-    for (LONG id : {kJoltRotationPrevious, kJoltRotationEnvelope, kJoltPositionTarget, kJoltRotationTarget,
-                    kJoltPositionPrevious, kJoltPositionEnvelope, kJoltRotationCarry, kJoltPositionCarry})
-        data->SetReal(id, 0.0);
-    data->SetVector(kJoltRotationFilterValue, Vector());
-    data->SetVector(kJoltPositionFilterValue, Vector());
 }
 
 }  // namespace
@@ -55,10 +43,11 @@ EXECUTIONRESULT TremoluxCamClass::Execute(BaseTag *tag, BaseDocument *doc, BaseO
 
 void TremoluxCamClass::ShowFrame(BaseTag *tag, BaseContainer *data, BaseObject *camera, BaseDocument *doc) {
     const Real rate = (Real)doc->GetFps();
-    const LONG start_frame = FrameOfTime(doc->GetMinTime(), rate);
-    data->SetReal(kStartFrame, (Real)start_frame);
-    const BaseTime time = doc->GetTime();
-    const Real frame = (Real)FrameOfTime(time, rate);
+    MotionState &state = ReadMotion(data);
+    state.memory.start_frame = (Real)FrameOfTime(doc->GetMinTime(), rate);
+    state.Write(MotionPart::kTimeline, data);
+    const engine::Time time = TimeOf(doc->GetTime());
+    const Real frame = (Real)engine::FrameOfTime(time, rate);
 
     const BaseContainer *settings = doc->GetSettingsInstance(DOCUMENTSETTINGS_DOCUMENT);
     if (!settings || settings->GetIndexId(0) == NOTOK) return;
@@ -75,38 +64,49 @@ void TremoluxCamClass::ShowFrame(BaseTag *tag, BaseContainer *data, BaseObject *
         return;
     }
 
-    const Real seconds = time.GetDenominator() == 0.0 ? 0.0 : time.GetNumerator() / time.GetDenominator();
-    const Real last_frame = data->GetReal(kLastFrame);
-    if (frame == (Real)start_frame || seconds * settings->GetReal(DOCUMENT_FPS) < 0.0) {
-        Restart(data, camera, input, doc);
-    } else if (!(std::abs(frame - last_frame) < kSameFrame)) {
-        if (std::abs(frame - last_frame - 1.0) <= kPlainStep)
-            EvaluateFrame(data, camera);
-        else
+    switch (engine::AdvanceTo(frame, engine::Seconds(time) * settings->GetReal(DOCUMENT_FPS), state.memory.start_frame,
+                              state.memory.last_frame)) {
+        case engine::Advance::kNothing:
+            return;
+        case engine::Advance::kRestart:
+            Restart(data, camera, input, doc);
+            break;
+        case engine::Advance::kJump:
             Jump(frame, data, camera, doc);
-        data->SetBool(kCatchingUp, FALSE);
-    } else {
-        return;
+            break;
+        case engine::Advance::kStep:
+            EvaluateFrame(data, camera);
+            break;
     }
-    data->SetReal(kLastFrame, frame);
+    ReadMotion(data);
+    state.memory.last_frame = frame;
+    state.memory.is_catching_up = false;
+    state.Write(MotionPart::kTimeline, data);
 }
 
 void TremoluxCamClass::Restart(BaseContainer *data, BaseObject *camera, BaseObject *input, BaseDocument *doc) {
     CopyInput(input, camera);
     ResetSimulation(data, camera, doc);
-    data->SetReal(kLastFrame, kNoFrame);
+    ReadMotion(data).memory.last_frame = kNoFrame;
+    motion_.Write(MotionPart::kTimeline, data);
     EvaluateFrame(data, camera);
 }
 
-// The clocks keep their run-up through the reset, so that the shake goes on as if the frame had been played to.
+// The clocks keep their run-up through the reset, so that the shake goes on as if the frame had been played to. A jolt
+// in flight does not survive.
 void TremoluxCamClass::Jump(Real frame, BaseContainer *data, BaseObject *camera, BaseDocument *doc) {
-    DropJolts(data);
+    MotionState &state = ReadMotion(data);
+    engine::DropJolts(&state.memory.jolts);
+    state.Write(MotionPart::kJolts, data);
     SimulateToFrame(frame, data, camera);
-    const Clocks run_up = ReadClocks(*data);
+    const engine::Clocks run_up = ReadMotion(data).memory.clocks;
     ResetSimulation(data, camera, doc);
-    WriteClocks(run_up, data);
-    data->SetBool(kCatchingUp, TRUE);
-    data->SetReal(kLastFrame, kNoFrame);
+    ReadMotion(data);
+    state.memory.clocks = run_up;
+    state.memory.is_catching_up = true;
+    state.memory.last_frame = kNoFrame;
+    state.Write(MotionPart::kClocks, data);
+    state.Write(MotionPart::kTimeline, data);
     EvaluateFrame(data, camera);
 }
 

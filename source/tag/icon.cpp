@@ -1,6 +1,6 @@
 // The tag's icon tells whether its motion is live, in keys, or without a camera to follow.
-#include "engine/frame.h"
 #include "tag/parameters.h"
+#include "tag/scene.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
 

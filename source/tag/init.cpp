@@ -32,7 +32,14 @@ void WriteMissingDefaults(BaseContainer *data) {
 
 }  // namespace
 
-TremoluxCamClass::TremoluxCamClass() : icon_(NULL), set_up_input_(NULL), is_collected_(FALSE), collected_category_(0) {}
+TremoluxCamClass::TremoluxCamClass()
+    : icon_(NULL),
+      set_up_input_(NULL),
+      operations_(this),
+      is_in_frame_(FALSE),
+      trigger_reading_(0),
+      is_collected_(FALSE),
+      collected_category_(0) {}
 
 TremoluxCamClass::~TremoluxCamClass() { BaseBitmap::Free(icon_); }
 

@@ -1,12 +1,12 @@
 // A camera becomes the tag's input: chosen in the panel, dropped onto the tag, looked through in turn.
 #include "tag/inputcamera.h"
 
-#include "engine/frame.h"
 #include "lib_description.h"
 #include "obase.h"
 #include "obaselist.h"
 #include "ocamera.h"
 #include "tag/parameters.h"
+#include "tag/scene.h"
 #include "tag/step.h"
 #include "tag/tremoluxcam.h"
 

@@ -1,8 +1,8 @@
-#include "engine/frame.h"
 #include "lib_description.h"
 #include "presets/folders.h"
 #include "tag/guarded.h"
 #include "tag/parameters.h"
+#include "tag/scene.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
 

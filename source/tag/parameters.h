@@ -2,6 +2,7 @@
 #pragma once
 
 #include "c4d.h"
+#include "engine/settings.h"
 #include "tag/ids.h"
 
 enum class ParameterType { kReal, kBool, kLink, kButton, kCycle, kTime, kString };
@@ -12,6 +13,17 @@ struct OptionalReal {
     Real value;
 };
 
+// Where the engine has a parameter's value; nowhere, when no frame depends on it.
+struct EngineKey {
+    constexpr EngineKey() = default;
+    constexpr EngineKey(double engine::Settings::*key) : real(key) {}
+    constexpr EngineKey(bool engine::Settings::*key) : flag(key) {}
+    constexpr EngineKey(engine::Time engine::Settings::*key) : time(key) {}
+    double engine::Settings::*real = nullptr;
+    bool engine::Settings::*flag = nullptr;
+    engine::Time engine::Settings::*time = nullptr;
+};
+
 struct ParameterInfo {
     LONG id;
     const CHAR *label;  // null: the panel does not show it
@@ -20,9 +32,11 @@ struct ParameterInfo {
     OptionalReal minimum, maximum;
     OptionalReal slider_minimum, slider_maximum;
     OptionalReal step;
-    OptionalReal preset;  // the declared default, in the stored unit; of types without a number: given = empty value
-    OptionalReal reset;   // what ResetParameter writes
-    Bool whole_preset = FALSE;  // the default is declared as a whole number; the value is stored as a real all the same
+    OptionalReal declared;  // the default, in the stored unit; of types without a number: given = empty value
+    OptionalReal reset;     // what ResetParameter writes
+    EngineKey key = {};
+    Bool whole_default =
+        FALSE;  // the default is declared as a whole number; the value is stored as a real all the same
 };
 
 // Whether a preset or a first set-up may touch it.
@@ -36,6 +50,5 @@ void WriteDefault(const ParameterInfo &parameter, BaseContainer *data);
 
 // The stored real of a parameter: 0 when absent, the declared default when it is not finite.
 Real ReadReal(const BaseContainer &data, LONG id);
-// Cut off toward zero, saturated at the range of a LONG; 0 for what is not a number.
-LONG Truncate(Real value);
-LONG ReadTruncated(const BaseContainer &data, LONG id);
+// What the engine needs of a container.
+engine::Settings ReadSettings(const BaseContainer &data);

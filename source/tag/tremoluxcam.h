@@ -8,16 +8,16 @@
 #include <vector>
 
 #include "c4d.h"
-#include "engine/clocks.h"
-#include "engine/curves.h"
-#include "engine/filter.h"
-#include "engine/frame.h"
+#include "customgui_splinecontrol.h"
 #include "engine/runup.h"
-#include "engine/triggers.h"
 #include "presets/presetpath.h"
+#include "tag/motionstate.h"
+#include "tag/operations.h"
+#include "tag/triggers.h"
 
 class UndoStep;
 struct PresetLibrary;
+struct SceneInput;
 
 class TremoluxCamClass : public TagData {
     INSTANCEOF(TremoluxCamClass, TagData)
@@ -173,27 +173,16 @@ class TremoluxCamClass : public TagData {
     void Restart(BaseContainer *data, BaseObject *camera, BaseObject *input, BaseDocument *doc);
     void Jump(Real frame, BaseContainer *data, BaseObject *camera, BaseDocument *doc);
 
-    // ---- Frames
-    // One step of the whole motion: clocks and filters go on in the container. FALSE, and no motion, when the host has
-    // no memory or a result is not finite.
-    Bool ComputeFrame(const FrameInput &input, BaseContainer *data, FrameMotion *motion);
-
-    // ---- Clocks
-    void AdvanceClocks(Clocks *clocks, const ClockRates &rates, Real frame, SplineData *warp_curve);
-
-    // ---- Filters
-    // Along a curve from (0, 0) to (1, 1); FALSE without memory for it.
-    Bool BendAmount(Real amount, const CurveShape &shape, Real *bent);
-    // One step of a filter whose memory stands in the container; restarted, or not finite: at rest on the goal.
-    Vector FilterVector(const FilterKeys &keys, const Coefficients &coefficients, const Vector &goal, Bool restart,
-                        BaseContainer *data);
-    // The same for a shake; one that is not finite is none.
-    Vector FilterShake(const FilterKeys &keys, Real smooth, const Vector &raw, Bool restart, BaseContainer *data);
-    // The overshoot stage, put at rest when what comes out of it is not finite.
-    Vector OvershootOrRest(const Vector &value, Real amount, Real fade, BaseContainer *data, LONG base, LONG mode);
-    // A lens value: smoothed and overshot; the filter remembers what came out.
-    Real FollowLens(const FilterKeys &keys, LONG overshoot_base, Real goal, Real smooth, Real overshoot, Real fade,
-                    BaseContainer *data);
+    // ---- The motion, between the container and the engine
+    friend class TagOperations;
+    // What the container says: read again where it has changed.
+    MotionState &ReadMotion(BaseContainer *data);
+    void StoreClocks(BaseContainer *data);
+    // One step of the whole motion, which goes on in the container. FALSE, and no motion, when the host has no memory
+    // or a result is not finite.
+    Bool ComputeFrame(const SceneInput &scene, BaseContainer *data, engine::FrameMotion *motion);
+    // Everything that the motion remembers at rest on the frame that it starts with, or on nothing.
+    void RestMotion(const engine::FrameInput *start, BaseContainer *data);
 
     // ---- Presets
     // All preset parameters: the preset's values, or reset values and defaults where it has none to be trusted.
@@ -281,9 +270,12 @@ class TremoluxCamClass : public TagData {
     BaseBitmap *icon_;                // what the host was shown last
     const BaseObject *set_up_input_;  // by the first of two messages about a link; compared alone
     Random random_;
-    RunUpMemory run_up_;
-    BentAmounts bent_amounts_;
+    MotionState motion_;
+    TagOperations operations_;
+    Bool is_in_frame_;  // a frame of motion is being computed
+    engine::RunUpMemory run_up_;
     Trigger trigger_, twin_trigger_;
+    LONG trigger_reading_;                               // of the container, when the lists were compared with it
     std::vector<String> sorted_folders_, sorted_names_;  // the built-in categories: folder and display name
     std::vector<PresetPath> presets_;                    // of the chosen category
     Bool is_collected_;                                  // whether presets_ was read,

@@ -3,7 +3,7 @@
 
 #include "host/scene/angles.h"
 #include "host/value/memory.h"
-#include "tests/engine/shake_model.h"
+#include "tests/support/shake_model.h"
 #include "tests/tag/scene.h"
 #include "tests/tag/tracks.h"
 

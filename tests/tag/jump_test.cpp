@@ -5,7 +5,7 @@
 #include <cmath>
 #include <map>
 
-#include "tests/engine/shake_model.h"
+#include "tests/support/shake_model.h"
 #include "tests/tag/scene.h"
 #include "tests/tag/tracks.h"
 

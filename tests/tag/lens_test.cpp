@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "tests/engine/shake_model.h"
+#include "tests/support/shake_model.h"
 #include "tests/tag/scene.h"
 
 namespace {

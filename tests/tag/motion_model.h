@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-#include "tests/engine/shake_model.h"
+#include "tests/support/shake_model.h"
 
 namespace model {
 

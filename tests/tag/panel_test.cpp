@@ -10,7 +10,7 @@
 #include "host/description/description.h"
 #include "host/scene/parameters.h"
 #include "host/ui/attribute_manager.h"
-#include "tests/engine/parameter_rows.h"
+#include "tests/support/parameter_rows.h"
 #include "tests/tag/scene.h"
 
 namespace {

@@ -1,0 +1,44 @@
+// What the motion is computed from and what it remembers, beside the container that holds both: read where the
+// container has changed, written where the motion has.
+#pragma once
+
+#include "c4d.h"
+#include "engine/frame.h"
+
+// Parts of the memory that are written together.
+enum class MotionPart { kTimeline, kClocks, kPosition, kRotation, kZoom, kFocus, kJolts, kPreviousAngles };
+
+class MotionState {
+  public:
+    engine::Settings settings;
+    engine::FrameMemory memory;
+
+    // Makes both what the container says. One that is known and has not changed is not read again; `may_be_known`
+    // FALSE: another one may stand in its place.
+    void Read(const BaseContainer &data, Bool may_be_known);
+    // Each time that a container was read, another number.
+    LONG Readings() const { return readings_; }
+    // What has changed of a part since it was read or written.
+    void Write(MotionPart part, BaseContainer *data);
+    void WriteSpring(engine::Channel channel, BaseContainer *data);
+    // All of them whether they have changed or not.
+    void WriteAllParts(BaseContainer *data);
+    void WriteWholeSpring(engine::Channel channel, BaseContainer *data);
+    void Forget() { data_ = NULL; }
+
+  private:
+    Bool IsKnown(const BaseContainer &data) const { return data_ == &data && stamp_ == data.GetDirty(); }
+    template <typename Writing>
+    void Change(BaseContainer *data, Writing writing);
+
+    const BaseContainer *data_ = NULL;  // the one that is known; compared alone
+    ULONG stamp_ = 0;                   // and how often it had been written to
+    LONG readings_ = 0;
+    engine::FrameMemory stored_;  // what stands in it
+};
+
+// The spring of a channel, and the other one where there are two of angles.
+engine::Spring &SpringOf(engine::Channel channel, engine::FrameMemory *memory);
+LONG BaseOf(engine::Channel channel);
+// FALSE for the base of no channel.
+Bool FindChannel(LONG base, engine::Channel *channel);

@@ -1,0 +1,35 @@
+// The matrix that a frame writes: its axes have the length 1, so that playing never scales the camera.
+#include "tests/source/probe.h"
+
+namespace {
+
+class OutputMatrix : public WithProbe {
+  protected:
+    // The scale that a camera has after this matrix was written to it.
+    host::Vector ScaleOf(const Matrix &matrix) {
+        if (!other_) {
+            other_ = host::Object::Create(host::kTypeCamera).release();
+            document_->InsertObject(other_);
+        }
+        reinterpret_cast<BaseObject *>(static_cast<HostAtom *>(other_))->SetMg(matrix);
+        return other_->GetTransform().scale;
+    }
+    host::Object *other_ = nullptr;
+};
+
+TEST_F(OutputMatrix, IsThatOfTheAnglesNormalised) {
+    for (const LONG id : {6028, 6029, 6030}) State().SetReal(id, 0.4);
+    int unlike = 0;
+    for (int frame = 0; frame <= 200; ++frame) {
+        Show(frame);
+        Matrix matrix = HPBToMatrix(Data()->GetVector(kPreviousRotation), ROTATIONORDER_HPB);
+        const host::Vector plain = ScaleOf(matrix);
+        matrix.Normalize();
+        const host::Vector normalised = ScaleOf(matrix), written = camera_->GetTransform().scale;
+        EXPECT_TRUE(host::operator==(written, normalised)) << frame;
+        unlike += !host::operator==(plain, normalised);
+    }
+    EXPECT_GT(unlike, 0) << "the angles' matrix is off by its rounding";
+}
+
+}  // namespace
