@@ -6,6 +6,7 @@
 #include <mutex>
 
 #include "presets/presetfile.h"
+#include "tag/ids.h"
 
 namespace {
 

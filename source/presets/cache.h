@@ -6,9 +6,6 @@
 
 #include "presets/presetpath.h"
 
-// A category's longest list, and the longest list of categories: the panel's entries after it have fixed values.
-constexpr LONG kLongestList = 4000;
-
 // The folders in a folder, in the order of browsing; their contents are left empty.
 std::vector<PresetPath> FoldersIn(const Filename &folder);
 // The names of the files in a folder, in the order of browsing; hidden ones are left out.

@@ -7,8 +7,7 @@
 
 namespace {
 
-constexpr LONG kPresetFileCode = 0x74656D70;  // "temp"
-constexpr Real kVersion = 1.015;
+constexpr Real kFormatVersion = 1.015;  // the format's own: it stays when the module's goes on
 constexpr LONG kLongestText = 65536;
 
 // Hidden by its first character, so that one left behind by a crash is never taken for a preset.
@@ -82,7 +81,7 @@ Bool ReadPresetFile(const Filename &file, BaseContainer *preset) {
 BaseContainer MakePreset(const String &name, Bool is_default, const BaseContainer &data) {
     BaseContainer preset;
     preset.SetString(kPresetName, name);
-    preset.SetReal(kPresetVersion, kVersion);
+    preset.SetReal(kPresetVersion, kFormatVersion);
     preset.SetBool(kPresetIsDefault, is_default);
     for (LONG id = kFirstPresetId; id <= kLastPresetId; id++) {
         const GeData *value = IsPresetParameter(id) ? data.GetDataPointer(id) : NULL;

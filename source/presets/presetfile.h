@@ -2,11 +2,7 @@
 #pragma once
 
 #include "c4d.h"
-
-// Keys of a preset; a parameter stands under its id, and TRUE under the negated id says that it is there.
-constexpr LONG kPresetName = 1002, kPresetVersion = 1040651, kPresetIsDefault = 100;
-// Text, only in memory: the file that a preset with shake in it came from.
-constexpr LONG kPresetShakeFile = 3003;
+#include "presets/presetkeys.h"
 
 // Nobody's presets are larger; what is, is not opened.
 constexpr LLONG kLargestPresetFile = 1048576;
