@@ -9,3 +9,6 @@ constexpr std::int32_t kPresetFileCode = 0x74656D70;  // "temp": what the host k
 constexpr std::int32_t kPresetName = 1002, kPresetVersion = 1040651, kPresetIsDefault = 100;
 // Text, only in memory: the file that a preset with shake in it came from.
 constexpr std::int32_t kPresetShakeFile = 3003;
+
+// How a line on the console begins that tells of a preset in no list; its file and the reason follow.
+constexpr char kLeftOutWords[] = "TremoluxCam left out the preset ";

@@ -16,6 +16,7 @@
 #include "tremolux/parameters/settings.h"
 #include "tremolux/parameters/shown_values.h"
 #include "tremolux/presets/catalog.h"
+#include "tremolux/presets/left_out.h"
 #include "tremolux/presets/sentences.h"
 #include "tremolux/stage.h"
 
@@ -77,7 +78,11 @@ void List(const PresetsOptions &options) {
         const bool is_known = sentence != sentences.end() && category != "User";
         text += "  " + (is_known ? Padded(entry.name, kNameWidth) + sentence->second : entry.name) + "\n";
     }
-    Print(text.empty() ? "no presets\n" : text);
+    if (text.empty()) text = "no presets\n";
+    const std::vector<std::string> left_out = LeftOutPresets(desk.Host().Application().console.lines);
+    if (!left_out.empty()) text += "\nLeft out\n";
+    for (const std::string &file_and_reason : left_out) text += "  " + file_and_reason + "\n";
+    Print(text);
 }
 
 void Show(const PresetsOptions &options) {
@@ -224,7 +229,7 @@ void AddPresetsCommand(CLI::App *program, Action *action) {
         return command;
     };
     const char *const preset_help = "CATEGORY/NAME, NAME, or a part that only one preset has";
-    add("list", "Lists the presets by category", List);
+    add("list", "Lists the presets by category, and the files that are left out with the reason", List);
     add("show", "Prints every setting of a preset", Show)->add_option("NAME", options->name, preset_help)->required();
 
     CLI::App *diff = add("diff", "Prints the settings in which two presets differ", Diff);
