@@ -2,10 +2,9 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/scene.h"
+#include "generated/module_ids.h"
 
 namespace {
-
-constexpr std::int32_t kQuickBake = 6046, kBruteForceBake = 6175, kUnBake = 6047;
 
 // The press of the button, with every layer at work.
 void Bake(benchmark::State &state, std::int32_t button) {
@@ -15,7 +14,7 @@ void Bake(benchmark::State &state, std::int32_t button) {
     for (auto _ : state) {
         scene.Press(button);
         state.PauseTiming();
-        scene.Press(kUnBake);
+        scene.Press(ids::kUnBake);
         state.ResumeTiming();
     }
     state.counters["of"] = static_cast<double>(frames);
@@ -23,8 +22,8 @@ void Bake(benchmark::State &state, std::int32_t button) {
 
 }  // namespace
 
-static void QuickBake(benchmark::State &state) { Bake(state, kQuickBake); }
+static void QuickBake(benchmark::State &state) { Bake(state, ids::kQuickBake); }
 BENCHMARK(QuickBake)->Arg(10000)->Unit(benchmark::kMillisecond);
 
-static void BruteForceBake(benchmark::State &state) { Bake(state, kBruteForceBake); }
+static void BruteForceBake(benchmark::State &state) { Bake(state, ids::kBruteForceBake); }
 BENCHMARK(BruteForceBake)->Arg(10000)->Unit(benchmark::kMillisecond);

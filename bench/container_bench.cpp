@@ -4,11 +4,13 @@
 #include <iterator>
 
 #include "bench/scene.h"
+#include "generated/module_ids.h"
 
 namespace {
 
 // From all over the container: amounts, ratios, seed, clocks.
-constexpr std::int32_t kIds[] = {6020, 6024, 6076, 6102, 6142, 6152, 6158, 10051};
+constexpr std::int32_t kIds[] = {ids::kPositionIntensity, ids::kPositionSlow, ids::kRatioX,    ids::kRatioB, ids::kSeed,
+                                 ids::kShakeSpeed,        ids::kShakeSmooth,  ids::kShakeClock};
 
 }  // namespace
 

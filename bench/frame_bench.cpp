@@ -2,6 +2,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/scene.h"
+#include "generated/module_ids.h"
 
 // Everything that the time slider sets off for one frame: tracks, the tag, the camera's matrix. Frames in order, as in
 // playback; after the last key it starts over.
@@ -41,12 +42,11 @@ BENCHMARK(Layer)->DenseRange(0, 8)->Unit(benchmark::kMicrosecond);
 
 // With a seed that is new each time nothing is known of the clocks: they are counted from the start.
 static void FirstJump(benchmark::State &state) {
-    constexpr std::int32_t kSeed = 6142;
     bench::Scene scene;
     scene.SetLastFrame(state.range(0));
     double seed = 0;
     for (auto _ : state) {
-        scene.Tag().Data().SetReal(kSeed, ++seed);
+        scene.Tag().Data().SetReal(ids::kSeed, ++seed);
         scene.Evaluate(state.range(0) - static_cast<std::int64_t>(seed) % 2 * 10);
         benchmark::DoNotOptimize(scene.CameraPosition());
     }

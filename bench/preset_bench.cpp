@@ -5,6 +5,7 @@
 #include <string>
 
 #include "bench/scene.h"
+#include "generated/module_ids.h"
 #include "host/files/hyperfile.h"
 #include "host/value/container.h"
 
@@ -12,14 +13,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::int32_t kPresetCode = 0x74656D70, kContainerValue = 132, kPresetName = 1002, kFirst = 6000, kLast = 6210;
 constexpr int kPresets = 1000;
 
 // Every setting of the tag, as its "Save" writes them.
 host::Container PresetOf(const host::Container &tag, const std::string &name) {
     host::Container preset;
-    preset.Set(kPresetName, host::Data(name));
-    for (std::int32_t id = kFirst; id <= kLast; ++id) {
+    preset.Set(ids::kPresetName, host::Data(name));
+    for (std::int32_t id = ids::kFirstPresetId; id <= ids::kLastPresetId; ++id) {
         const host::Data *value = tag.Find(id);
         if (value == nullptr || value->type == host::kDataLink) continue;
         preset.Set(id, *value);
@@ -39,8 +39,8 @@ class ManyPresets {
             const std::string name = std::to_string(1000 + i) + "_Preset";
             host::HyperFile file;
             const host::Container preset = PresetOf(scene_.Tag().Data(), name);
-            file.Open(kPresetCode, folder / name, host::FileMode::kWrite);
-            file.Write(kContainerValue, &preset);
+            file.Open(ids::kPresetFileCode, folder / name, host::FileMode::kWrite);
+            file.Write(host::kDataContainer, &preset);
             file.Close();
             MakeOld(folder / name);
         }

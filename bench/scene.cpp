@@ -6,6 +6,7 @@
 #include <random>
 #include <string>
 
+#include "generated/module_ids.h"
 #include "host/animation/passes.h"
 #include "host/animation/track.h"
 #include "host/ui/attribute_manager.h"
@@ -14,8 +15,6 @@
 namespace bench {
 namespace {
 
-constexpr std::int32_t kTagType = 1039736, kInputCamera = 6001, kInterval = 6038, kTarget = 6068, kFocusObject = 6057,
-                       kSpeedVariation = 6149;
 constexpr double kDegree = 3.14159265358979323846 / 180.0;
 constexpr int kFps = 30, kLastKey = 1000, kFramesBetweenKeys = 20;
 
@@ -25,40 +24,41 @@ struct Amount {
     Layer layer;
 };
 // Every layer at work: shake, drifts, jolts, target and focus object, with all filters and overshoots.
-constexpr Amount kEveryLayer[] = {{6024, 0.005, Layer::kPositionShake},
-                                  {6025, 0.009, Layer::kPositionShake},
-                                  {6026, 0.013, Layer::kPositionShake},
-                                  {6028, 5.4 * kDegree, Layer::kRotationShake},
-                                  {6029, 5.0 * kDegree, Layer::kRotationShake},
-                                  {6030, 24.0 * kDegree, Layer::kRotationShake},
-                                  {6134, 0.02, Layer::kZoomDrift},
-                                  {6135, 0.02, Layer::kZoomDrift},
-                                  {6136, 0.02, Layer::kZoomDrift},
-                                  {6128, 0.02, Layer::kFocusDrift},
-                                  {6129, 0.02, Layer::kFocusDrift},
-                                  {6130, 0.02, Layer::kFocusDrift},
-                                  {6155, 0.25, Layer::kSmoothing},
-                                  {6153, 0.25, Layer::kOvershoot},
-                                  {6156, 0.25, Layer::kSmoothing},
-                                  {6034, 0.55, Layer::kOvershoot},
-                                  {6158, 0.25, Layer::kSmoothing},
-                                  {6161, 0.25, Layer::kTarget},
-                                  {6071, 0.65, Layer::kTarget},
-                                  {6162, 0.25, Layer::kSmoothing},
-                                  {6053, 0.25, Layer::kOvershoot},
-                                  {6165, 0.25, Layer::kZoomDrift},
-                                  {6064, 0.25, Layer::kSmoothing},
-                                  {6063, 0.25, Layer::kOvershoot},
-                                  {6059, 0.25, Layer::kFocusDrift},
-                                  {6037, 0.05, Layer::kJolts},
-                                  {6144, 0.15, Layer::kJolts}};
+constexpr Amount kEveryLayer[] = {{ids::kPositionSlow, 0.005, Layer::kPositionShake},
+                                  {ids::kPositionMedium, 0.009, Layer::kPositionShake},
+                                  {ids::kPositionFast, 0.013, Layer::kPositionShake},
+                                  {ids::kRotationSlow, 5.4 * kDegree, Layer::kRotationShake},
+                                  {ids::kRotationMedium, 5.0 * kDegree, Layer::kRotationShake},
+                                  {ids::kRotationFast, 24.0 * kDegree, Layer::kRotationShake},
+                                  {ids::kZoomDriftSlow, 0.02, Layer::kZoomDrift},
+                                  {ids::kZoomDriftMedium, 0.02, Layer::kZoomDrift},
+                                  {ids::kZoomDriftFast, 0.02, Layer::kZoomDrift},
+                                  {ids::kFocusDriftSlow, 0.02, Layer::kFocusDrift},
+                                  {ids::kFocusDriftMedium, 0.02, Layer::kFocusDrift},
+                                  {ids::kFocusDriftFast, 0.02, Layer::kFocusDrift},
+                                  {ids::kInitialPositionSmooth, 0.25, Layer::kSmoothing},
+                                  {ids::kInitialPositionOvershoot, 0.25, Layer::kOvershoot},
+                                  {ids::kInitialRotationSmooth, 0.25, Layer::kSmoothing},
+                                  {ids::kInitialRotationOvershoot, 0.55, Layer::kOvershoot},
+                                  {ids::kShakeSmooth, 0.25, Layer::kSmoothing},
+                                  {ids::kTargetSmooth, 0.25, Layer::kTarget},
+                                  {ids::kTargetOvershoot, 0.65, Layer::kTarget},
+                                  {ids::kZoomSmooth, 0.25, Layer::kSmoothing},
+                                  {ids::kZoomOvershoot, 0.25, Layer::kOvershoot},
+                                  {ids::kZoomDriftSmooth, 0.25, Layer::kZoomDrift},
+                                  {ids::kFocusSmoothing, 0.25, Layer::kSmoothing},
+                                  {ids::kFocusOvershoot, 0.25, Layer::kOvershoot},
+                                  {ids::kFocusDriftSmooth, 0.25, Layer::kFocusDrift},
+                                  {ids::kJoltPositionIntensity, 0.05, Layer::kJolts},
+                                  {ids::kJoltRotationIntensity, 0.15, Layer::kJolts}};
 constexpr struct {
     std::int32_t parameter;
     Layer layer;
-} kSwitches[] = {{6010, Layer::kPositionShake}, {6011, Layer::kPositionShake}, {6012, Layer::kPositionShake},
-                 {6013, Layer::kRotationShake}, {6014, Layer::kRotationShake}, {6015, Layer::kRotationShake},
-                 {6016, Layer::kZoomDrift},     {6017, Layer::kFocusDrift},    {6018, Layer::kTarget},
-                 {6145, Layer::kJolts}};
+} kSwitches[] = {{ids::kUsePositionX, Layer::kPositionShake}, {ids::kUsePositionY, Layer::kPositionShake},
+                 {ids::kUsePositionZ, Layer::kPositionShake}, {ids::kUseRotationH, Layer::kRotationShake},
+                 {ids::kUseRotationP, Layer::kRotationShake}, {ids::kUseRotationB, Layer::kRotationShake},
+                 {ids::kUseZoom, Layer::kZoomDrift},          {ids::kUseFocus, Layer::kFocusDrift},
+                 {ids::kUseTarget, Layer::kTarget},           {ids::kUseJolt, Layer::kJolts}};
 constexpr int kJoltInterval = 20;
 
 [[noreturn]] void Fail(const std::string &why) {
@@ -114,18 +114,18 @@ void Scene::NewShot() {
 
     camera_ = host::Object::Create(host::kTypeCamera).release();
     document_->InsertObject(camera_);
-    tag_ = camera_->MakeTag(kTagType);
+    tag_ = camera_->MakeTag(ids::kTremoluxCamId);
     if (tag_ == nullptr) Fail("the module gives no tag");
-    tag_->Data().Set(kInputCamera, host::Data::LinkTo(input));
+    tag_->Data().Set(ids::kInputCamera, host::Data::LinkTo(input));
     Evaluate(0);  // sets the tag up
     host::Object *subject = host::Object::Create(host::kTypeNull).release();
     document_->InsertObject(subject);
     AnimateComponent(subject, host::kParamRelPosition, host::kVectorX, 0, 150, 60);
-    tag_->Data().Set(kTarget, host::Data::LinkTo(subject));
-    tag_->Data().Set(kFocusObject, host::Data::LinkTo(subject));
-    tag_->Data().Set(kInterval, host::Data(host::MakeTime(kJoltInterval, kFps)));
+    tag_->Data().Set(ids::kTargetObject, host::Data::LinkTo(subject));
+    tag_->Data().Set(ids::kFocusObject, host::Data::LinkTo(subject));
+    tag_->Data().Set(ids::kJoltInterval, host::Data(host::MakeTime(kJoltInterval, kFps)));
     for (const Amount &amount : kEveryLayer) tag_->Data().SetReal(amount.parameter, amount.value);
-    tag_->Data().SetReal(kSpeedVariation, 0.25);
+    tag_->Data().SetReal(ids::kSpeedVariation, 0.25);
     Evaluate(0);
 }
 
@@ -161,7 +161,7 @@ void Scene::RestartModule() {
 }
 
 void Scene::MakeTag() {
-    tag_ = camera_->MakeTag(kTagType);
+    tag_ = camera_->MakeTag(ids::kTremoluxCamId);
     if (tag_ == nullptr) Fail("the module gives no tag");
 }
 

@@ -12,15 +12,16 @@
 #include <string_view>
 
 #include "bench/scene.h"
+#include "generated/module_ids.h"
 #include "host/ui/attribute_manager.h"
 #include "host/value/descid.h"
 
 namespace {
 
 constexpr std::int64_t kDefaultFrames = 10000000, kCheckEvery = 1000000, kLastFrame = 20000;
-constexpr int kFirstParameter = 6000, kLastParameter = 6210, kFramesBetweenEdits = 211, kFramesBetweenJumps = 503,
-              kEditsBetweenPanelEdits = 10;
-constexpr std::int32_t kClocks[] = {20000, 10051, 10052, 10053, 10054, 10055, 10056};
+constexpr int kFramesBetweenEdits = 211, kFramesBetweenJumps = 503, kEditsBetweenPanelEdits = 10;
+constexpr std::int32_t kClocks[] = {ids::kClockStep, ids::kShakeClock,     ids::kFocusClock, ids::kZoomDriftClock,
+                                    ids::kJoltClock, ids::kAuxiliaryClock, ids::kZoomClock};
 constexpr double kMostDrift = 1e-9;
 constexpr std::size_t kMostGrowth = 64 * 1024;  // bytes: what the library keeps for itself
 
@@ -50,7 +51,8 @@ class Soak {
 
     void Edit() {
         host::Container &settings = scene_.Tag().Data();
-        const std::int32_t id = std::uniform_int_distribution<std::int32_t>(kFirstParameter, kLastParameter)(random_);
+        const std::int32_t id =
+            std::uniform_int_distribution<std::int32_t>(ids::kFirstPresetId, ids::kLastPresetId)(random_);
         const host::Data *present = settings.Find(id);
         if (present == nullptr || (present->type != host::kDataReal && present->type != host::kDataWhole)) return;
         const host::Data value =
@@ -76,7 +78,7 @@ class Soak {
         const host::Container settings = scene_.Tag().Data();
         scene_.NewShot();
         scene_.SetLastFrame(kLastFrame);
-        for (std::int32_t id = kFirstParameter; id <= kLastParameter; ++id) {
+        for (std::int32_t id = ids::kFirstPresetId; id <= ids::kLastPresetId; ++id) {
             const host::Data *value = settings.Find(id);
             if (value != nullptr && value->type != host::kDataLink) scene_.Tag().Data().Set(id, *value);
         }

@@ -8,7 +8,7 @@ endif()
 
 function(tremolux_add_bench name)
     add_executable(${name} bench/scene.cpp ${ARGN})
-    target_link_libraries(${name} PRIVATE embedded_host)
+    target_link_libraries(${name} PRIVATE embedded_host module_ids)
     target_compile_definitions(
         ${name} PRIVATE TREMOLUX_MODULE_FILE="${bare_folder}/$<TARGET_FILE_NAME:TremoluxCam>"
                         TREMOLUX_RATIOS_FILE="${PROJECT_SOURCE_DIR}/bench/ratios.txt")

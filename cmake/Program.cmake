@@ -11,7 +11,7 @@ if(NOT sources OR NOT TARGET embedded_host)
     return()
 endif()
 add_library(tremolux_program STATIC ${sources})
-target_link_libraries(tremolux_program PUBLIC embedded_host CLI11::CLI11 nlohmann_json::nlohmann_json Eigen3::Eigen)
+target_link_libraries(tremolux_program PUBLIC embedded_host module_ids CLI11::CLI11 nlohmann_json::nlohmann_json Eigen3::Eigen)
 tremolux_set_defaults(tremolux_program)
 
 if(EXISTS "${program_main}")

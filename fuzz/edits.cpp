@@ -10,6 +10,7 @@
 
 #include "bench/scene.h"
 #include "fuzz/require.h"
+#include "generated/module_ids.h"
 #include "host/animation/passes.h"
 #include "host/animation/track.h"
 #include "host/files/scenefile.h"
@@ -22,11 +23,32 @@ namespace {
 
 using fuzz::Require;
 
-constexpr std::int32_t kFirstParameter = 6000, kLastParameter = 6210, kPresetCycle = 10028, kCategoryCycle = 5806;
-constexpr std::int32_t kButtons[] = {6172, 6042, 6043, 6174, 6004, 6041, 6058, 6069, 6184, 6185,  6186, 6187,
-                                     6188, 6046, 6175, 6003, 6005, 6171, 6176, 6182, 6047, 10033, 6001, 7777};
-constexpr std::int32_t kLinks[] = {6001, 6057, 6068};
-constexpr double kNumbers[] = {0,    -0.0, 1,     -1,   0.5,    0.25,   2,        1e-300,
+constexpr std::int32_t kButtons[] = {ids::kHelp,
+                                     ids::kZeroPosition,
+                                     ids::kZeroRotation,
+                                     ids::kZeroInitials,
+                                     ids::kRandomizeSeeds,
+                                     ids::kFeelingLucky,
+                                     ids::kCreateFocus,
+                                     ids::kCreateTarget,
+                                     ids::kScaleCoffeeCup,
+                                     ids::kScaleHuman,
+                                     ids::kScaleCar,
+                                     ids::kScaleHouse,
+                                     ids::kScaleSkyscraper,
+                                     ids::kQuickBake,
+                                     ids::kBruteForceBake,
+                                     ids::kSavePreset,
+                                     ids::kDeletePreset,
+                                     ids::kExportCurrent,
+                                     ids::kChoosePresetFolder,
+                                     ids::kResetPresetFolder,
+                                     ids::kUnBake,
+                                     ids::kExportAll,
+                                     ids::kInputCamera,
+                                     7777};
+constexpr std::int32_t kLinks[] = {ids::kInputCamera, ids::kFocusObject, ids::kTargetObject};
+constexpr double kNumbers[] = {0,    -0.0, 1,     -1,   0.5,     0.25,  2,          1e-300,
                                1e12, -1e9, 1e308, 1e-9, 12345.6, -3.25, 2147483648, -1e308};
 constexpr std::int64_t kLastFrame = 200;
 constexpr std::size_t kMostSteps = 40;
@@ -117,8 +139,8 @@ class Work {
     host::Document &Document() { return scene_.Document(); }
     std::int64_t AnyFrame() { return input_.ConsumeIntegralInRange<std::int64_t>(0, kLastFrame); }
     std::int32_t AnyParameter() {
-        const std::int32_t id = input_.ConsumeIntegralInRange(kFirstParameter - 2, kLastParameter);
-        return id == kFirstParameter - 2 ? kPresetCycle : id == kFirstParameter - 1 ? kCategoryCycle : id;
+        const std::int32_t id = input_.ConsumeIntegralInRange(ids::kFirstPresetId - 2, ids::kLastPresetId);
+        return id == ids::kFirstPresetId - 2 ? ids::kPreset : id == ids::kFirstPresetId - 1 ? ids::kCategory : id;
     }
 
     // The camera has the same place among the objects of every copy of the document.

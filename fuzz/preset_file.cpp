@@ -1,9 +1,10 @@
-// Files in the folder of the user's presets: any bytes behind the head of a hyper file, or entries of any kind under the
-// ids that presets have. A tag that takes one over gives a finite camera, and can be saved and loaded.
+// Files in the folder of the user's presets: any bytes behind the head of a hyper file, or entries of any kind under
+// the ids that presets have. A tag that takes one over gives a finite camera, and can be saved and loaded.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "bench/scene.h"
 #include "fuzz/require.h"
+#include "generated/module_ids.h"
 #include "host/files/hyperfile.h"
 #include "host/files/safe_write.h"
 #include "host/files/scenefile.h"
@@ -11,9 +12,6 @@
 #include "host/value/descid.h"
 
 namespace {
-
-constexpr std::int32_t kPresetCode = 0x74656D70, kContainerValue = 132, kPresetName = 1002;
-constexpr std::int32_t kFirstParameter = 6000, kLastParameter = 6211, kCategory = 5806, kPreset = 10028, kUser = 5810;
 
 std::filesystem::path FileIn(const bench::Scene &scene) {
     return scene.UserFolder() / "plugins" / "TremoluxCam" / "User" / "1_Any";
@@ -24,7 +22,8 @@ host::Data AnyValue(FuzzedDataProvider *input) {
         case 0:
             return host::Data(input->ConsumeIntegral<std::int32_t>());
         case 1:
-            return host::Data(host::MakeTime(input->ConsumeIntegral<std::int16_t>(), input->ConsumeIntegral<std::int8_t>()));
+            return host::Data(
+                host::MakeTime(input->ConsumeIntegral<std::int16_t>(), input->ConsumeIntegral<std::int8_t>()));
         case 2:
             return host::Data(std::string_view(input->ConsumeRandomLengthString(12)));
         case 3:
@@ -39,20 +38,20 @@ host::Data AnyValue(FuzzedDataProvider *input) {
 // As the host writes it, but with any values.
 void WriteEntries(const std::filesystem::path &file, FuzzedDataProvider *input) {
     host::Container preset;
-    preset.Set(kPresetName, host::Data(std::string_view(input->ConsumeRandomLengthString(12))));
+    preset.Set(ids::kPresetName, host::Data(std::string_view(input->ConsumeRandomLengthString(12))));
     while (input->remaining_bytes() > 0) {
-        const std::int32_t id = input->ConsumeIntegralInRange(kFirstParameter, kLastParameter);
+        const std::int32_t id = input->ConsumeIntegralInRange(ids::kFirstPresetId, ids::kLastPresetId + 1);
         preset.Set(id, AnyValue(input));
         if (input->ConsumeProbability<float>() < 0.9F) preset.Set(-id, host::Data(1));
     }
     host::HyperFile stream;
-    fuzz::Require(stream.Open(kPresetCode, file, host::FileMode::kWrite) && stream.Write(kContainerValue, &preset) &&
-                  stream.Close());
+    fuzz::Require(stream.Open(ids::kPresetFileCode, file, host::FileMode::kWrite) &&
+                  stream.Write(host::kDataContainer, &preset) && stream.Close());
 }
 
 void WriteBytes(const std::filesystem::path &file, FuzzedDataProvider *input) {
     host::HyperFile empty;
-    empty.OpenForWriting(kPresetCode);
+    empty.OpenForWriting(ids::kPresetFileCode);
     std::string error;
     fuzz::Require(host::WriteFileSafely(file, empty.Bytes() + input->ConsumeRemainingBytesAsString(), &error));
 }
@@ -68,8 +67,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     else
         WriteBytes(FileIn(scene), &input);
     scene.NewShot();  // its tag reads the library
-    host::EditParameter(&scene.Tag(), host::MakeId(kCategory), host::Data(kUser));
-    host::EditParameter(&scene.Tag(), host::MakeId(kPreset), host::Data(0));
+    host::EditParameter(&scene.Tag(), host::MakeId(ids::kCategory), host::Data(ids::kCategoryUser));
+    host::EditParameter(&scene.Tag(), host::MakeId(ids::kPreset), host::Data(0));
     for (const std::int64_t frame : {0, 1, 2, 40}) {
         scene.Evaluate(frame);
         fuzz::Require(host::IsFinite(scene.Camera().GlobalMatrix()));

@@ -1,4 +1,5 @@
-// Lists of frames as users type them for jolts: those that hit are those that a second, plain reading of the text names.
+// Lists of frames as users type them for jolts: those that hit are those that a second, plain reading of the text
+// names.
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -7,12 +8,11 @@
 
 #include "bench/scene.h"
 #include "fuzz/require.h"
+#include "generated/module_ids.h"
 #include "host/value/time.h"
 
 namespace {
 
-constexpr std::int32_t kTriggerText = 6181, kIntensity = 6037, kInterval = 6038, kFalloff = 6140, kSmooth = 6170,
-                       kJoltTarget = 10045;
 constexpr std::int64_t kLastFrame = 14, kMostFrame = 9999999;
 // So steep that a target is below 0 after the frame that fired it.
 constexpr double kStrength = 0.5, kSteepFalloff = 100, kStep = 10;
@@ -59,10 +59,10 @@ bench::Scene &Shot() {
     static bench::Scene scene;
     static const bool prepared = [] {
         host::Container &settings = scene.Tag().Data();
-        settings.SetReal(kIntensity, kStrength);
-        settings.SetReal(kFalloff, kSteepFalloff);
-        settings.SetReal(kSmooth, 0);
-        settings.Set(kInterval, host::Data(host::MakeTime(0, 30)));
+        settings.SetReal(ids::kJoltPositionIntensity, kStrength);
+        settings.SetReal(ids::kJoltFalloff, kSteepFalloff);
+        settings.SetReal(ids::kJoltSmooth, 0);
+        settings.Set(ids::kJoltInterval, host::Data(host::MakeTime(0, 30)));
         return true;
     }();
     static_cast<void>(prepared);
@@ -77,12 +77,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     // The placeholder empties the list; what a file or a script stores next is read on the frame after.
     for (const std::string &stored : {std::string("Numbers seperated by commas"), text}) {
         scene.Evaluate(0);
-        scene.Tag().Data().Set(kTriggerText, host::Data(stored));
+        scene.Tag().Data().Set(ids::kCustomTrigger, host::Data(stored));
     }
     const std::set<std::int64_t> frames = FramesOf(text);
     for (std::int64_t frame = 0; frame <= kLastFrame; ++frame) {
         scene.Evaluate(frame);
-        const bool hit = std::fabs(scene.Tag().Data().Real(kJoltTarget) - (kStrength - kStep)) < 1e-9;
+        const bool hit = std::fabs(scene.Tag().Data().Real(ids::kJoltPositionTarget) - (kStrength - kStep)) < 1e-9;
         fuzz::Require(hit == (frames.count(frame) > 0));
     }
     return 0;

@@ -1,6 +1,8 @@
 // What the host calls when it starts, ends and addresses the module.
 #include "c4d.h"
+#include "presets/cache.h"
 #include "presets/folders.h"
+#include "presets/leftout.h"
 #include "presets/library.h"
 #include "tag/cameraloader.h"
 
@@ -13,6 +15,7 @@ Bool PluginStart(void) {
 void PluginEnd(void) {
     ForgetPresetLibrary();
     ForgetPresets();
+    ForgetLeftOut();
     ForgetUserPresetFolder();
 }
 

@@ -1,6 +1,7 @@
 // Tells on which frames a jolt hits.
 #pragma once
 
+#include "generated/module_ids.h"
 #include "host/scene/tag.h"
 
 namespace tremolux {
@@ -14,21 +15,20 @@ class JoltWatch {
         bool hit = false;
         for (Fired *fired : {&position_, &rotation_}) {
             const double level = tag_.Data().Real(fired->id);
-            hit =
-                hit || (level > 0 && (level > fired->last || (level == fired->last && tag_.Data().Real(kFalloff) > 0)));
+            hit = hit || (level > 0 &&
+                          (level > fired->last || (level == fired->last && tag_.Data().Real(ids::kJoltFalloff) > 0)));
             fired->last = level;
         }
-        return hit && tag_.Data().Whole(kUseJolts) != 0;
+        return hit && tag_.Data().Whole(ids::kUseJolt) != 0;
     }
 
   private:
-    static constexpr std::int32_t kFalloff = 6140, kUseJolts = 6145;
     struct Fired {
         std::int32_t id;
         double last;
     };
     const host::Tag &tag_;
-    Fired position_{10045, 0}, rotation_{10046, 0};
+    Fired position_{ids::kJoltPositionTarget, 0}, rotation_{ids::kJoltRotationTarget, 0};
 };
 
 }  // namespace tremolux

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <memory>
 
+#include "generated/module_ids.h"
 #include "host/value/descid.h"
 #include "host/value/time.h"
 #include "tremolux/formats/numbers.h"
@@ -21,12 +22,11 @@ struct ScaledSetting {
     std::int32_t id;
     double power;
 };
-constexpr std::int32_t kInterval = 6038;
 constexpr ScaledSetting kScaled[] = {
-    {6152, 0.5},       // Shake Speed: noise runs with its square
-    {6151, -0.5},      // Time Offset: counted on a clock that runs with the speed
-    {kInterval, 0.5},  // Interval, a time: jolts come with the speed
-    {6140, 1},         // Jolt Falloff: so much a frame
+    {ids::kShakeSpeed, 0.5},    // noise runs with its square
+    {ids::kTimeOffset, -0.5},   // counted on a clock that runs with the speed
+    {ids::kJoltInterval, 0.5},  // a time: jolts come with the speed
+    {ids::kJoltFalloff, 1},     // so much a frame
 };
 
 enum class Family { kFollowing, kShake };
@@ -35,23 +35,32 @@ struct SmoothingSetting {
     Family family;
 };
 constexpr SmoothingSetting kSmoothings[] = {
-    {6155, Family::kFollowing}, {6156, Family::kFollowing}, {6161, Family::kFollowing},
-    {6162, Family::kFollowing}, {6064, Family::kFollowing}, {6170, Family::kFollowing},
-    {6158, Family::kShake},     {6165, Family::kShake},     {6059, Family::kShake},
+    {ids::kInitialPositionSmooth, Family::kFollowing},
+    {ids::kInitialRotationSmooth, Family::kFollowing},
+    {ids::kTargetSmooth, Family::kFollowing},
+    {ids::kZoomSmooth, Family::kFollowing},
+    {ids::kFocusSmoothing, Family::kFollowing},
+    {ids::kJoltSmooth, Family::kFollowing},
+    {ids::kShakeSmooth, Family::kShake},
+    {ids::kZoomDriftSmooth, Family::kShake},
+    {ids::kFocusDriftSmooth, Family::kShake},
 };
-constexpr std::int32_t kPositionSmooth = 6155, kShakeSmooth = 6158;
 
 // The springs of the overshoots and the wandering of the speed: no setting holds their pace.
-constexpr std::int32_t kByTheFrame[] = {6153, 6034, 6071, 6053, 6063, 6149};
+constexpr std::int32_t kByTheFrame[] = {ids::kInitialPositionOvershoot, ids::kInitialRotationOvershoot,
+                                        ids::kTargetOvershoot,          ids::kZoomOvershoot,
+                                        ids::kFocusOvershoot,           ids::kSpeedVariation};
 constexpr double kNoticed = 0.05;  // a filter's gain that is off by more is told
 
+// By its id: its label is another overshoot's, too.
+const std::string kNoOvershoot = std::to_string(ids::kInitialPositionOvershoot) + "=0";
 // Nothing moves the camera but what it follows; and nothing but noise, every frame another value.
-const std::vector<std::string> kFollowingAlone = {"Position Intensity=0", "Rotation Intensity=0", "Jolt=off", "6153=0",
-                                                  "Target=off"};
+const std::vector<std::string> kFollowingAlone = {"Position Intensity=0", "Rotation Intensity=0", "Jolt=off",
+                                                  kNoOvershoot, "Target=off"};
 const std::vector<std::string> kShakeAlone = {"Position Intensity=1",
                                               "Rotation Intensity=0",
                                               "Jolt=off",
-                                              "6153=0",
+                                              kNoOvershoot,
                                               "Target=off",
                                               "Pos X=on",
                                               "Overall Scale=1",
@@ -80,8 +89,8 @@ SmoothingAmounts Learn(Family family) {
     Stage stage(move);
     host::Tag *tag = &stage.CameraTag();
     ApplySettings(follows ? kFollowingAlone : kShakeAlone, move.frames_per_second, tag);
-    const std::int32_t amount_id = follows ? kPositionSmooth : kShakeSmooth;
-    tag->SetParameter(host::MakeId(follows ? kShakeSmooth : kPositionSmooth), host::Data(0.0));
+    const std::int32_t amount_id = follows ? ids::kInitialPositionSmooth : ids::kShakeSmooth;
+    tag->SetParameter(host::MakeId(follows ? ids::kShakeSmooth : ids::kInitialPositionSmooth), host::Data(0.0));
     return SmoothingAmounts([&](double amount) {
         tag->SetParameter(host::MakeId(amount_id), host::Data(amount));
         std::vector<double> places;
@@ -121,7 +130,7 @@ class Carrier {
     double Number(std::int32_t id) const {
         host::Data value;
         tag_->GetParameter(host::MakeId(id), &value);
-        return id == kInterval ? host::Seconds(value.GetTime()) : value.Real();
+        return id == ids::kJoltInterval ? host::Seconds(value.GetTime()) : value.Real();
     }
 
     void Set(std::int32_t id, double value) {
@@ -131,7 +140,7 @@ class Carrier {
             notes_.push_back(parameter.label + " ends at " + FormatNumber(allowed) + ", where " + FormatNumber(value) +
                              " was needed");
         }
-        settings_.push_back(std::to_string(id) + "=" + FormatNumber(allowed) + (id == kInterval ? "s" : ""));
+        settings_.push_back(std::to_string(id) + "=" + FormatNumber(allowed) + (id == ids::kJoltInterval ? "s" : ""));
     }
 
     void Scale(const ScaledSetting &scaled) {

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "generated/module_ids.h"
 #include "host/files/scenefile.h"
 #include "host/scene/object.h"
 #include "host/value/text.h"
@@ -11,11 +12,9 @@
 namespace tremolux {
 namespace {
 
-constexpr std::int32_t kTremoluxCamTag = 1039736;
-
 void CollectTags(host::Object *object, std::vector<host::Tag *> *tags) {
     for (; object != nullptr; object = static_cast<host::Object *>(object->Next())) {
-        if (host::Tag *tag = object->FindTag(kTremoluxCamTag)) tags->push_back(tag);
+        if (host::Tag *tag = object->FindTag(ids::kTremoluxCamId)) tags->push_back(tag);
         CollectTags(static_cast<host::Object *>(object->Down()), tags);
     }
 }
@@ -44,7 +43,7 @@ host::Tag *OpenScene::CameraTag(const std::string &camera) const {
     std::vector<host::Tag *> tags;
     if (camera.empty())
         CollectTags(document_->FirstObject(), &tags);
-    else if (host::Tag *tag = Camera(camera)->FindTag(kTremoluxCamTag))
+    else if (host::Tag *tag = Camera(camera)->FindTag(ids::kTremoluxCamId))
         tags.push_back(tag);
     if (tags.size() == 1) return tags.front();
     throw Failure(kExitInput, host::PathText(file_) + ": found " + std::to_string(tags.size()) +

@@ -1,5 +1,6 @@
 #include "tremolux/stage.h"
 
+#include "generated/module_ids.h"
 #include "host/animation/passes.h"
 #include "host/application.h"
 #include "host/scene/angles.h"
@@ -11,10 +12,6 @@
 
 namespace tremolux {
 namespace {
-
-constexpr std::int32_t kTremoluxCamTag = 1039736;
-constexpr std::int32_t kInputCameraLink = 6001, kTargetLink = 6068, kFocusObjectLink = 6057;
-constexpr std::int32_t kUseTarget = 6018, kBaked = 1005;
 
 host::Object *InsertObject(host::Document *document, std::int32_t type, const char *name) {
     std::unique_ptr<host::Object> object = host::Object::Create(type);
@@ -49,12 +46,12 @@ Stage::Stage(const CameraMove &move)
     KeyCamera(input_, move, move.frames_per_second);
     for (host::Object *camera : {input_, output_})
         camera->SetParameter(host::MakeId(host::kCameraAperture), host::Data(move.aperture_width));
-    tag_ = output_->MakeTag(kTremoluxCamTag);
+    tag_ = output_->MakeTag(ids::kTremoluxCamId);
     if (tag_ == nullptr) {
         throw Failure(kExitModule, "the module's camera tag cannot be made, expected a tag of type " +
-                                       std::to_string(kTremoluxCamTag));
+                                       std::to_string(ids::kTremoluxCamId));
     }
-    tag_->SetParameter(host::MakeId(kInputCameraLink), host::Data::LinkTo(input_));
+    tag_->SetParameter(host::MakeId(ids::kInputCamera), host::Data::LinkTo(input_));
     Evaluate(move.first_frame);
     output_sample_.angles = input_->GetTransform().rotation;
 }
@@ -78,12 +75,12 @@ host::Object *Stage::AddGuide(const char *name, std::int32_t link, const CameraM
 }
 
 void Stage::AddTarget(const CameraMove &points) {
-    target_ = AddGuide("Target", kTargetLink, points);
-    tag_->SetParameter(host::MakeId(kUseTarget), host::Data(1));
+    target_ = AddGuide("Target", ids::kTargetObject, points);
+    tag_->SetParameter(host::MakeId(ids::kUseTarget), host::Data(1));
 }
 
 void Stage::AddFocusObject(const CameraMove &points) {
-    focus_object_ = AddGuide("Focus Object", kFocusObjectLink, points);
+    focus_object_ = AddGuide("Focus Object", ids::kFocusObject, points);
 }
 
 void Stage::PlayFrame(std::int64_t frame) {
@@ -94,11 +91,11 @@ void Stage::PlayFrame(std::int64_t frame) {
 void Stage::Bake(std::int32_t button) {
     host::PressButton(tag_, host::MakeId(button));
     CheckForInterrupt();
-    if (tag_->Data().Whole(kBaked) == 0 || output_->Tracks().empty())
+    if (tag_->Data().Whole(ids::kBaked) == 0 || output_->Tracks().empty())
         throw Failure(kExitModule, "the module baked nothing, expected keys on the camera");
 }
 
-bool Stage::TurnsToTarget() const { return target_ != nullptr && tag_->Data().Whole(kUseTarget) != 0; }
+bool Stage::TurnsToTarget() const { return target_ != nullptr && tag_->Data().Whole(ids::kUseTarget) != 0; }
 
 CameraSample Stage::Input() const { return SampleOf(*input_, input_->GetTransform().rotation); }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "generated/module_ids.h"
 #include "host/scene/document.h"
 #include "host/scene/tag.h"
 #include "tremolux/formats/camera_move.h"
@@ -25,8 +26,8 @@ class Stage {
     // Evaluates one frame of playback. Frames are played one after the other, from the document's first.
     void PlayFrame(std::int64_t frame);
     // Turns the motion into keys, which the frames then follow. Throws a Failure when the module bakes nothing.
-    void BakeQuickly() { Bake(kQuickBake); }
-    void BakeByBruteForce() { Bake(kBruteForceBake); }
+    void BakeQuickly() { Bake(ids::kQuickBake); }
+    void BakeByBruteForce() { Bake(ids::kBruteForceBake); }
     host::Tag &CameraTag() const { return *tag_; }
     host::Document *Scene() const { return document_.get(); }
     const host::Document &Document() const { return *document_; }
@@ -38,7 +39,6 @@ class Stage {
     CameraSample Output() const { return output_sample_; }
 
   private:
-    static constexpr std::int32_t kQuickBake = 6046, kBruteForceBake = 6175;
     void Bake(std::int32_t button);
     struct KillDocument {
         void operator()(host::Document *document) const;

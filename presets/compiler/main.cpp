@@ -9,6 +9,7 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
+#include "generated/module_ids.h"
 #include "host/files/safe_write.h"
 #include "host/ui/attribute_manager.h"
 #include "host/value/descid.h"
@@ -24,7 +25,6 @@ namespace {
 namespace fs = std::filesystem;
 using tremolux::Failure;
 
-constexpr std::int32_t kSave = 6003;
 constexpr int kFramesPerSecond = 24;  // in which frames are given as times
 
 std::vector<fs::path> Sorted(const fs::path &folder, bool folders) {
@@ -90,7 +90,7 @@ class Compiler {
         const tremolux::Stage stage(still);
         tremolux::ApplySettings(preset.settings, kFramesPerSecond, &stage.CameraTag());
         host_.Application().dialogs.AnswerText(preset.name);
-        host::PressButton(&stage.CameraTag(), host::MakeId(kSave));
+        host::PressButton(&stage.CameraTag(), host::MakeId(ids::kSavePreset));
     }
 
     fs::path home_, result_;

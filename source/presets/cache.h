@@ -2,37 +2,11 @@
 // the module; no number from a file depends on it. Everything here may be called on any thread.
 #pragma once
 
-#include <vector>
+#include "presets/presetfile.h"
+#include "presets/stamps.h"
 
-#include "presets/presetpath.h"
-
-// A category's longest list, and the longest list of categories: the panel's entries after it have fixed values.
-constexpr LONG kLongestList = 4000;
-
-// The folders in a folder, in the order of browsing; their contents are left empty.
-std::vector<PresetPath> FoldersIn(const Filename &folder);
-// The names of the files in a folder, in the order of browsing; hidden ones are left out.
-std::vector<Filename> FilesIn(const Filename &folder);
-// The presets in a folder, in the order of browsing. What is no preset file, hidden or too large is left out;
-// `stop_at_folder`: so is whatever comes after a folder.
-std::vector<PresetPath> PresetsIn(const Filename &folder, const String &category, Bool stop_at_folder);
-// The presets in a folder that are displayed under a name, whatever its case, in the order of browsing.
-std::vector<PresetPath> PresetsNamed(const Filename &folder, const String &name);
-// The preset of one record as its file is now; FALSE when it opens no more.
-Bool ReadAgain(const PresetPath &record, BaseContainer *preset);
-
-// When the files of a folder last came or went. Equal only where nothing has since, however fast one change follows
-// another.
-class FolderStamp {
-  public:
-    explicit FolderStamp(const Filename &folder);
-    Bool operator==(const FolderStamp &other) const;
-
-  private:
-    Filename folder_;
-    LocalFileTime changed_;
-    Bool exists_, is_certain_;
-};
+// As ReadPresetFile, of a file that is now as the stamp says.
+PresetFault ReadPresetFileOnce(const Filename &file, const FileStamp &stamp, BaseContainer *preset);
 
 // At the module's end.
 void ForgetPresets();

@@ -1,7 +1,7 @@
 // Presets that come from others and go to others.
 #include <algorithm>
 
-#include "presets/cache.h"
+#include "presets/browsing.h"
 #include "presets/filenames.h"
 #include "presets/folders.h"
 #include "presets/library.h"

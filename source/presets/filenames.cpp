@@ -1,6 +1,6 @@
 #include "presets/filenames.h"
 
-#include "presets/cache.h"
+#include "presets/browsing.h"
 #include "presets/folders.h"
 
 namespace {

@@ -2,11 +2,13 @@
 
 #include <mutex>
 
+#include "presets/browsing.h"
 #include "presets/folders.h"
 #include "presets/lucky.h"
 #include "presets/order.h"
 #include "presets/presetfile.h"
 #include "presets/shuffle.h"
+#include "presets/stamps.h"
 #include "tag/parameters.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"

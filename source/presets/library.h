@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "presets/cache.h"
+#include "c4d.h"
 
 // A preset with shake in it.
 struct ShakingPreset {

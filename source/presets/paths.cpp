@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "presets/cache.h"
+#include "presets/browsing.h"
 #include "presets/folders.h"
 
 namespace {

@@ -2,17 +2,16 @@
 #pragma once
 
 #include "c4d.h"
-
-// Keys of a preset; a parameter stands under its id, and TRUE under the negated id says that it is there.
-constexpr LONG kPresetName = 1002, kPresetVersion = 1040651, kPresetIsDefault = 100;
-// Text, only in memory: the file that a preset with shake in it came from.
-constexpr LONG kPresetShakeFile = 3003;
+#include "presets/presetkeys.h"
 
 // Nobody's presets are larger; what is, is not opened.
 constexpr LLONG kLargestPresetFile = 1048576;
 
-// FALSE for what is no preset file; `preset` is then empty.
-Bool ReadPresetFile(const Filename &file, BaseContainer *preset);
+// Why a file is no preset in a list.
+enum class PresetFault { kNone, kTooLarge, kNotOpened, kDamaged, kHidden, kBehindFolder, kBehindLongestList };
+
+// kNone, kNotOpened or kDamaged; `preset` is empty but for the first.
+PresetFault ReadPresetFile(const Filename &file, BaseContainer *preset);
 
 // The settings in `data` as a preset of that name; empty when there is no memory for all of them.
 BaseContainer MakePreset(const String &name, Bool is_default, const BaseContainer &data);
@@ -23,6 +22,5 @@ Bool WritePresetFile(const Filename &file, const BaseContainer &preset);
 // The same for a copy of `source`. Nothing happens when both are the same file.
 Bool CopyPresetFile(const Filename &source, const Filename &destination);
 
-// The value of a parameter in a preset, written to `data` when it can be trusted: there, of the parameter's type
-// (numbers convert), finite, and held to the parameter's limits. FALSE, and nothing written, otherwise.
-Bool CopyPresetValue(const BaseContainer &preset, LONG id, BaseContainer *data);
+// Whether a file of that name is what the two above had not finished when the application ended.
+Bool IsUnfinished(const Filename &name);

@@ -1,8 +1,11 @@
 // The lists of categories and presets, choosing from them, and noticing that the settings are a preset no more.
 #include <algorithm>
 
+#include "presets/browsing.h"
 #include "presets/folders.h"
+#include "presets/leftout.h"
 #include "presets/library.h"
+#include "presets/presetvalues.h"
 #include "tag/parameters.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
@@ -28,8 +31,10 @@ BaseContainer TremoluxCamClass::PresetEntries(BaseContainer *data) {
 std::vector<PresetPath> TremoluxCamClass::PresetsOf(LONG category) const {
     std::vector<PresetPath> found;
     const auto collect = [&](const Filename &folder, const String &name) {
-        for (const PresetPath &record : PresetsIn(folder, name, FALSE))
-            if ((LONG)found.size() < kLongestList) found.push_back(record);
+        for (const PresetPath &record : PresetsIn(folder, name, FALSE)) {
+            if ((LONG)found.size() >= kLongestList) return TellLeftOut(record.path, PresetFault::kBehindLongestList);
+            found.push_back(record);
+        }
     };
     for (std::size_t i = 0; i < sorted_folders_.size(); i++)
         if (category == kCategoryAll || category == (LONG)i)

@@ -1,5 +1,5 @@
 // Saving and deleting the user's presets, and the folder that they lie in.
-#include "presets/cache.h"
+#include "presets/browsing.h"
 #include "presets/filenames.h"
 #include "presets/folders.h"
 #include "presets/paths.h"

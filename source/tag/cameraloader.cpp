@@ -5,10 +5,14 @@
 #include "tag/inputcamera.h"
 #include "tag/parameters.h"
 #include "tag/tremoluxcam.h"
+#include "version.h"
 
 namespace {
 
-constexpr Real kModuleVersion = 1.015;
+constexpr Real kModuleVersion = TREMOLUX_VERSION;
+constexpr int kVersionNumbers[] = {TREMOLUX_VERSION_NUMBERS};
+static_assert(kVersionNumbers[0] * 1000 + kVersionNumbers[1] == (int)(kModuleVersion * 1000.0 + 0.5),
+              "Windows shows another version than the console");
 const CHAR *const kName = "TremoluxCam";
 const CHAR *const kIconFile = "Tremolux_Cam_Icon.png";
 

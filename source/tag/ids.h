@@ -7,7 +7,8 @@
 constexpr std::int32_t kTremoluxCamId = 1039736;
 constexpr std::int32_t kTremoluxCommandId = 1039960;
 
-// Entries of the cycles
+// Entries of the cycles: places in a list, and those with values of their own behind the longest list
+constexpr std::int32_t kLongestList = 4000;
 constexpr std::int32_t kPresetCustom = 5803, kCategoryAll = 5809, kCategoryUser = 5810;
 constexpr std::int32_t kPresetBlankA = 6179, kPresetBlankB = 5805;
 

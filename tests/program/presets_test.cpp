@@ -65,6 +65,19 @@ TEST_F(PresetsCommand, HasAtLeastFortyEightInEightCategories) {
     EXPECT_GE(presets, 48);
 }
 
+TEST_F(PresetsCommand, ListsTheFilesThatAreLeftOutWithTheReason) {
+    Text({"presets", "save", "Mine"});
+    EXPECT_FALSE(Has(Text({"presets"}), "Left out"));
+    const fs::path file = UserRoot() / "User" / "00_Mine";
+    fs::resize_file(file, fs::file_size(file) - 1);
+    const std::string text = Text({"presets"});
+    const std::string told =
+        "\nLeft out\n  " + file.u8string() + ": found it damaged, expected a preset as it was saved\n";
+    ASSERT_GE(text.size(), told.size());
+    EXPECT_EQ(text.substr(text.size() - told.size()), told);
+    EXPECT_FALSE(Has(text, "\nUser\n"));
+}
+
 TEST_F(PresetsCommand, ShowsAPresetInUnits) {
     const std::string text = Text({"presets", "show", "standing STILL"});
     EXPECT_TRUE(Has(text, "Shake Speed                   "));

@@ -1,5 +1,6 @@
 #include "host/ui/panel.h"
 
+#include "generated/module_ids.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/move_options.h"
 #include "tremolux/embedded_host.h"
@@ -13,8 +14,6 @@
 
 namespace tremolux {
 namespace {
-
-constexpr std::int32_t kBaked = 1005;
 
 struct PanelOptions {
     HostOptions host;
@@ -34,7 +33,7 @@ void ShowPanel(const PanelOptions &options) {
     if (!options.preset.empty()) ChoosePreset(FindPreset(ReadCatalog(tag), options.preset, "--preset"), tag);
     if (options.target) stage.AddTarget(standing);
     ApplySettings(options.settings, standing.frames_per_second, tag);
-    if (options.baked) stage.CameraTag().Data().Set(kBaked, host::Data(std::int32_t{1}));
+    if (options.baked) stage.CameraTag().Data().Set(ids::kBaked, host::Data(std::int32_t{1}));
 
     const std::vector<host::PanelGroup> tabs = host::BuildPanel(&stage.CameraTag());
     if (options.pages.empty()) {

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "generated/module_ids.h"
 #include "tremolux/commands/guide.h"
 #include "tremolux/failure.h"
 #include "tremolux/formats/source_text.h"
@@ -13,12 +14,6 @@
 #include "tremolux/progress.h"
 
 namespace tremolux {
-namespace {
-
-constexpr std::int32_t kAppliedPresetName = 30000;
-
-}  // namespace
-
 Playback::Playback(const MoveOptions &options)
     : Playback(options, ReadMove(std::filesystem::u8path(options.input), options.formats.Options())) {}
 
@@ -46,7 +41,7 @@ void Playback::Start() {
     stage_ = std::make_unique<Stage>(move_);
     host::Tag *tag = &stage_->CameraTag();
     if (!preset_.empty()) ChoosePreset(FindPreset(ReadCatalog(tag), preset_, "--preset"), tag);
-    applied_preset_ = tag->Data().Text(kAppliedPresetName);
+    applied_preset_ = tag->Data().Text(ids::kAppliedPresetName);
     if (target_) stage_->AddTarget(*target_);
     if (focus_object_) stage_->AddFocusObject(*focus_object_);
     ApplySettings(settings_, FramesPerSecond(), tag);

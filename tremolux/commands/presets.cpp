@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "generated/module_ids.h"
 #include "host/files/folders.h"
 #include "host/files/hyperfile.h"
 #include "host/services/platform.h"
@@ -15,6 +16,7 @@
 #include "tremolux/parameters/settings.h"
 #include "tremolux/parameters/shown_values.h"
 #include "tremolux/presets/catalog.h"
+#include "tremolux/presets/left_out.h"
 #include "tremolux/presets/sentences.h"
 #include "tremolux/stage.h"
 
@@ -23,9 +25,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::int32_t kSave = 6003, kExportCurrent = 6171, kExportAll = 10033, kChooseFolder = 6176,
-                       kResetFolder = 6182, kFolderText = 6178, kCategory = 5806, kUserCategory = 5810,
-                       kAllCategories = 5809;
 constexpr std::size_t kNameWidth = 30;
 
 struct PresetsOptions {
@@ -51,7 +50,7 @@ class PresetDesk {
         host_.Application().input.control = false;
     }
     host::Dialogs &Dialogs() { return host_.Application().dialogs; }
-    fs::path UserFolder() { return fs::u8path(Tag()->Data().Text(kFolderText)); }
+    fs::path UserFolder() { return fs::u8path(Tag()->Data().Text(ids::kUserPresetFolder)); }
 
   private:
     static CameraMove Still() {
@@ -79,7 +78,11 @@ void List(const PresetsOptions &options) {
         const bool is_known = sentence != sentences.end() && category != "User";
         text += "  " + (is_known ? Padded(entry.name, kNameWidth) + sentence->second : entry.name) + "\n";
     }
-    Print(text.empty() ? "no presets\n" : text);
+    if (text.empty()) text = "no presets\n";
+    const std::vector<std::string> left_out = LeftOutPresets(desk.Host().Application().console.lines);
+    if (!left_out.empty()) text += "\nLeft out\n";
+    for (const std::string &file_and_reason : left_out) text += "  " + file_and_reason + "\n";
+    Print(text);
 }
 
 void Show(const PresetsOptions &options) {
@@ -127,11 +130,11 @@ void Save(const PresetsOptions &options) {
     desk.Dialogs().AnswerText(options.name);
     if (options.as_default) desk.Dialogs().AnswerYes();
     if (options.replace) desk.Dialogs().AnswerYes();
-    desk.Press(kSave, options.as_default);
+    desk.Press(ids::kSavePreset, options.as_default);
     CheckThatNothingWasRefused(options.name, desk.Dialogs());
 
     for (const CatalogEntry &entry : ReadCatalog(desk.Tag())) {
-        if (entry.category_value != kUserCategory || entry.name != options.name) continue;
+        if (entry.category_value != ids::kCategoryUser || entry.name != options.name) continue;
         ChoosePreset(entry, desk.Tag());
         if (!SameValues(PresetValues(desk.Tag()), wanted)) continue;
         Print("saved " + options.name + " in " + host::PathText(desk.UserFolder()) + "\n");
@@ -144,22 +147,21 @@ void Save(const PresetsOptions &options) {
 void Export(const PresetsOptions &options) {
     PresetDesk desk(options.host);
     if (options.all) {
-        desk.Press(kExportAll, options.built_in);
+        desk.Press(ids::kExportAll, options.built_in);
     } else {
         if (options.name.empty()) throw Failure(kExitInput, "export: found nothing, expected a preset or --all");
         desk.Choose(options.name, "export");
         // From this list every preset is exported, whosever it is.
-        host::EditParameter(desk.Tag(), host::MakeId(kCategory), host::Data(kAllCategories));
-        desk.Press(kExportCurrent);
+        host::EditParameter(desk.Tag(), host::MakeId(ids::kCategory), host::Data(ids::kCategoryAll));
+        desk.Press(ids::kExportCurrent);
     }
     Print("exported to " + host::PathText(desk.UserFolder().parent_path() / "Exports") + "\n");
 }
 
 void CheckPresetFile(const fs::path &file) {
-    constexpr std::int32_t kPresetCode = 0x74656D70, kContainer = 132;
     host::HyperFile stream;
     host::Container preset;
-    if (!stream.Open(kPresetCode, file, host::FileMode::kRead) || !stream.Read(kContainer, &preset))
+    if (!stream.Open(ids::kPresetFileCode, file, host::FileMode::kRead) || !stream.Read(host::kDataContainer, &preset))
         throw Failure(kExitInput, host::PathText(file) + ": found no preset, expected a file that was saved as one");
 }
 
@@ -198,9 +200,9 @@ void Path(const PresetsOptions &options) {
         if (!fs::is_directory(folder))
             throw Failure(kExitInput, "path: found " + Quoted(options.folder) + ", expected a folder that is there");
         desk.Dialogs().AnswerText(host::PathText(folder));
-        desk.Press(kChooseFolder);
+        desk.Press(ids::kChoosePresetFolder);
     } else if (options.reset) {
-        desk.Press(kResetFolder);
+        desk.Press(ids::kResetPresetFolder);
     }
     Print(host::PathText(desk.UserFolder()) + "\n");
 }
@@ -227,7 +229,7 @@ void AddPresetsCommand(CLI::App *program, Action *action) {
         return command;
     };
     const char *const preset_help = "CATEGORY/NAME, NAME, or a part that only one preset has";
-    add("list", "Lists the presets by category", List);
+    add("list", "Lists the presets by category, and the files that are left out with the reason", List);
     add("show", "Prints every setting of a preset", Show)->add_option("NAME", options->name, preset_help)->required();
 
     CLI::App *diff = add("diff", "Prints the settings in which two presets differ", Diff);

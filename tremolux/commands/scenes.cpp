@@ -1,4 +1,5 @@
 // Commands that work on saved documents, as a user would in the application.
+#include "generated/module_ids.h"
 #include "host/animation/track.h"
 #include "host/scene/object.h"
 #include "host/ui/attribute_manager.h"
@@ -17,8 +18,6 @@
 
 namespace tremolux {
 namespace {
-
-constexpr std::int32_t kCommand = 1039960, kQuickBake = 6046, kBruteForceBake = 6175, kUnBake = 6047;
 
 struct SceneOptions {
     HostOptions host;
@@ -87,7 +86,7 @@ void Press(const SceneOptions &options, const std::string &name) {
     }
     CheckForInterrupt();
     scene.Save(options.Output());
-    const bool is_bake = button == kQuickBake || button == kBruteForceBake || button == kUnBake;
+    const bool is_bake = button == ids::kQuickBake || button == ids::kBruteForceBake || button == ids::kUnBake;
     Print(WhatHappened(application) + (is_bake ? KeysText(*tag->GetObject()) : ""));
 }
 
@@ -96,7 +95,9 @@ void PressNamed(const SceneOptions &options) { Press(options, options.button); }
 void Bake(const SceneOptions &options) {
     if (options.quick + options.brute + options.undo != 1)
         throw Failure(kExitInput, "bake: expected one of --quick, --brute and --undo");
-    Press(options, std::to_string(options.quick ? kQuickBake : options.brute ? kBruteForceBake : kUnBake));
+    Press(options, std::to_string(options.quick   ? ids::kQuickBake
+                                  : options.brute ? ids::kBruteForceBake
+                                                  : ids::kUnBake));
 }
 
 // Shows them, or takes those of a camera file.
@@ -119,7 +120,7 @@ void Apply(const SceneOptions &options) {
     const OpenScene scene(&host, options.Scene());
     scene.Document()->SetActiveObject(options.camera.empty() ? nullptr : scene.Camera(options.camera));
     Script(options.answers, &host.Application().dialogs);
-    host.Application().CallCommand(kCommand);
+    host.Application().CallCommand(ids::kTremoluxCommandId);
     host.Application().HandleEvents();
     scene.Save(options.Output());
     Print(WhatHappened(host.Application()));

@@ -3,19 +3,17 @@
 #include <algorithm>
 #include <map>
 
+#include "generated/module_ids.h"
 #include "host/ui/panel.h"
 #include "tremolux/formats/numbers.h"
 
 namespace tremolux {
 namespace {
 
-constexpr std::int32_t kFirst = 6000, kLast = 6210;
-
-constexpr std::int32_t kOverallScale = 6022, kUserFolder = 6178;
-
 bool HasValue(const host::PanelControl &control) {
-    return control.key >= kFirst && control.key <= kLast && control.key != kUserFolder &&
-           control.gadget != host::Gadget::kLink && control.gadget != host::Gadget::kButton;
+    return control.key >= ids::kFirstPresetId && control.key <= ids::kLastPresetId &&
+           control.key != ids::kUserPresetFolder && control.gadget != host::Gadget::kLink &&
+           control.gadget != host::Gadget::kButton;
 }
 
 void Collect(const host::PanelGroup &group, std::vector<ShownValue> *values) {
@@ -44,9 +42,9 @@ std::vector<ShownValue> PanelValues(host::Tag *tag) {
 std::vector<ShownValue> PresetValues(host::Tag *tag) {
     std::vector<ShownValue> values = PanelValues(tag);
     // The scale is the scene's own.
-    values.erase(
-        std::remove_if(values.begin(), values.end(), [](const ShownValue &value) { return value.id == kOverallScale; }),
-        values.end());
+    values.erase(std::remove_if(values.begin(), values.end(),
+                                [](const ShownValue &value) { return value.id == ids::kOverallScale; }),
+                 values.end());
     return values;
 }
 

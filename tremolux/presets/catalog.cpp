@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "generated/module_ids.h"
 #include "host/ui/attribute_manager.h"
 #include "host/value/descid.h"
 #include "tremolux/failure.h"
@@ -13,8 +14,6 @@
 namespace tremolux {
 namespace {
 
-constexpr std::int32_t kCategory = 5806, kPreset = 10028;
-constexpr std::int32_t kAllCategories = 5809, kFirstFixedEntry = 4000;
 constexpr std::size_t kShownCandidates = 5;
 
 std::vector<std::pair<std::int32_t, std::string>> Entries(const host::Tag &tag, std::int32_t cycle) {
@@ -65,11 +64,11 @@ std::string Nearest(const std::vector<CatalogEntry> &catalog, const std::string 
 std::vector<CatalogEntry> ReadCatalog(host::Tag *tag) {
     const host::Container before = tag->Data();
     std::vector<CatalogEntry> catalog;
-    for (const auto &[category, label] : Entries(*tag, kCategory)) {
-        if (category == kAllCategories) continue;
-        Choose(tag, kCategory, category);
-        for (const auto &[preset, name] : Entries(*tag, kPreset))
-            if (preset < kFirstFixedEntry) catalog.push_back({category, preset, label, name});
+    for (const auto &[category, label] : Entries(*tag, ids::kCategory)) {
+        if (category == ids::kCategoryAll) continue;
+        Choose(tag, ids::kCategory, category);
+        for (const auto &[preset, name] : Entries(*tag, ids::kPreset))
+            if (preset < ids::kLongestList) catalog.push_back({category, preset, label, name});
     }
     tag->Data() = before;
     return catalog;
@@ -95,9 +94,9 @@ const CatalogEntry &FindPreset(const std::vector<CatalogEntry> &catalog, std::st
 }
 
 void ChoosePreset(const CatalogEntry &entry, host::Tag *tag) {
-    Choose(tag, kCategory, entry.category_value);
-    Choose(tag, kPreset, entry.preset_value);
-    if (tag->Data().Whole(kPreset, -1) != entry.preset_value)
+    Choose(tag, ids::kCategory, entry.category_value);
+    Choose(tag, ids::kPreset, entry.preset_value);
+    if (tag->Data().Whole(ids::kPreset, -1) != entry.preset_value)
         throw Failure(kExitModule, "the module does not apply the preset '" + PathOf(entry) + "'");
 }
 

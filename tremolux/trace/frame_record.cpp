@@ -1,5 +1,6 @@
 #include "tremolux/trace/frame_record.h"
 
+#include "generated/module_ids.h"
 #include "tremolux/trace/layers.h"
 
 namespace tremolux {
@@ -10,8 +11,10 @@ struct NamedClock {
     std::int32_t id;
 };
 // In frames at speed 1; the step is how far they go at the next frame.
-constexpr NamedClock kClocks[] = {{"step", 20000}, {"shake", 10051},     {"focus", 10052}, {"zoom_drift", 10053},
-                                  {"jolt", 10054}, {"auxiliary", 10055}, {"zoom", 10056}};
+constexpr NamedClock kClocks[] = {{"step", ids::kClockStep},   {"shake", ids::kShakeClock},
+                                  {"focus", ids::kFocusClock}, {"zoom_drift", ids::kZoomDriftClock},
+                                  {"jolt", ids::kJoltClock},   {"auxiliary", ids::kAuxiliaryClock},
+                                  {"zoom", ids::kZoomClock}};
 
 Json JsonCamera(const CameraSample &sample) {
     return {{"position", JsonVector(sample.position)},

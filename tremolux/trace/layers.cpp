@@ -1,26 +1,31 @@
 #include "tremolux/trace/layers.h"
 
+#include "generated/module_ids.h"
+
 namespace tremolux {
 namespace {
-
-constexpr std::int32_t kTargetOvershoot = 30042;
-constexpr std::int32_t kPreviousRotation = 87651;
-// Behind the base of an overshoot channel.
-constexpr std::int32_t kOutput = 1, kInput = 2;
 
 // Where the tag keeps the layers of a position or of a rotation.
 struct VectorChannel {
     std::int32_t smoothed, overshoot, shake, jolt;
     std::int32_t toggles[3];  // without any the shake is not used
 };
-constexpr VectorChannel kPosition = {5001, 30022, 5005, 10061, {6010, 6011, 6012}};
-constexpr VectorChannel kRotation = {5003, 30002, 5007, 10060, {6013, 6014, 6015}};
+constexpr VectorChannel kPosition = {ids::kPositionValue,
+                                     ids::kOvershootPosition,
+                                     ids::kPositionShakeValue,
+                                     ids::kJoltPositionOffset,
+                                     {ids::kUsePositionX, ids::kUsePositionY, ids::kUsePositionZ}};
+constexpr VectorChannel kRotation = {ids::kRotationValue,
+                                     ids::kOvershootRotation,
+                                     ids::kRotationShakeValue,
+                                     ids::kJoltRotationOffset,
+                                     {ids::kUseRotationH, ids::kUseRotationP, ids::kUseRotationB}};
 
 // Those of a lens value.
 struct LensChannel {
     std::int32_t followed, overshoot;
 };
-constexpr LensChannel kZoom = {5009, 30062}, kFocus = {5014, 30102};
+constexpr LensChannel kZoom = {ids::kZoomValue, ids::kOvershootZoom}, kFocus = {ids::kFocusValue, ids::kOvershootFocus};
 
 struct VectorLayers {
     host::Vector smoothed, overshoot, shake, jolt;
@@ -31,7 +36,8 @@ VectorLayers ReadLayers(const host::Container &state, const VectorChannel &chann
     const host::Vector nothing{0, 0, 0};
     VectorLayers layers{state.GetVector(channel.smoothed), nothing, nothing, state.GetVector(channel.jolt)};
     // A spring that is switched off has no output.
-    if (state.Has(overshoot + kOutput)) layers.overshoot = state.GetVector(overshoot + kOutput) - layers.smoothed;
+    if (state.Has(overshoot + ids::kOvershootOutput))
+        layers.overshoot = state.GetVector(overshoot + ids::kOvershootOutput) - layers.smoothed;
     for (const std::int32_t toggle : channel.toggles)
         if (state.Whole(toggle) != 0) layers.shake = state.GetVector(channel.shake);
     return layers;
@@ -47,7 +53,8 @@ Json VectorJson(const host::Vector &input, const VectorLayers &layers, const hos
 }
 
 Json LensJson(const host::Container &state, const LensChannel &channel, double input, double result) {
-    const double smoothed = state.GetVector(channel.overshoot + kInput).x, followed = state.Real(channel.followed);
+    const double smoothed = state.GetVector(channel.overshoot + ids::kOvershootInput).x,
+                 followed = state.Real(channel.followed);
     return {{"input", JsonNumber(input)},
             {"smoothed", JsonNumber(smoothed)},
             {"overshoot", JsonNumber(followed - smoothed)},
@@ -62,8 +69,9 @@ Json Layers(const Stage &stage) {
     const CameraSample input = stage.Input(), output = stage.Output();
     const bool aims = stage.TurnsToTarget();
     const VectorLayers position = ReadLayers(state, kPosition, kPosition.overshoot);
-    const VectorLayers rotation = ReadLayers(state, kRotation, aims ? kTargetOvershoot : kRotation.overshoot);
-    Json rotation_json = VectorJson(input.angles, rotation, state.GetVector(kPreviousRotation), 1 / kRadiansPerDegree);
+    const VectorLayers rotation = ReadLayers(state, kRotation, aims ? ids::kOvershootTarget : kRotation.overshoot);
+    Json rotation_json =
+        VectorJson(input.angles, rotation, state.GetVector(ids::kPreviousRotation), 1 / kRadiansPerDegree);
     rotation_json["target"] = aims;
 
     double distance = input.focus_distance;
