@@ -106,18 +106,10 @@ T &At(void *memory, std::size_t place) {
     return *reinterpret_cast<T *>(static_cast<char *>(memory) + place);
 }
 
-std::size_t SizeOf(EntryType type) {
-    switch (type) {
-        case EntryType::kReal:
-            return sizeof(double);
-        case EntryType::kVector:
-            return sizeof(engine::Vector3);
-        case EntryType::kBool:
-            return sizeof(bool);
-        case EntryType::kLong:
-            return sizeof(int);
-    }
-    return 0;
+// Bit by bit, so that what is no number equals itself.
+bool IsSame(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+bool IsSame(const engine::Vector3 &a, const engine::Vector3 &b) {
+    return IsSame(a.x, b.x) && IsSame(a.y, b.y) && IsSame(a.z, b.z);
 }
 
 void ReadEntry(const Entry &entry, LONG base, const BaseContainer &data, void *memory) {
@@ -138,37 +130,47 @@ void ReadEntry(const Entry &entry, LONG base, const BaseContainer &data, void *m
     }
 }
 
-void WriteEntry(const Entry &entry, LONG base, void *memory, BaseContainer *data) {
-    const LONG key = base + entry.key;
-    switch (entry.type) {
-        case EntryType::kReal:
-            data->SetReal(key, At<double>(memory, entry.place));
-            break;
-        case EntryType::kVector:
-            data->SetVector(key, ToHost(At<engine::Vector3>(memory, entry.place)));
-            break;
-        case EntryType::kBool:
-            data->SetBool(key, At<bool>(memory, entry.place));
-            break;
-        case EntryType::kLong:
-            data->SetLong(key, At<int>(memory, entry.place));
-            break;
-    }
-}
-
 enum class What { kChanged, kAll };
 
-// From `memory` into the container and into `stored`, which is what stands there. TRUE when anything was written.
+// From `memory` into the container and into `stored`, which is what stands there. TRUE when it was written.
+Bool WriteEntry(const Entry &entry, LONG base, What what, void *memory, void *stored, BaseContainer *data) {
+    const LONG key = base + entry.key;
+    const auto write = [&](const auto &is, auto *was, bool is_same, auto set) {
+        if (what == What::kChanged && is_same) return FALSE;
+        set(is);
+        *was = is;
+        return TRUE;
+    };
+    switch (entry.type) {
+        case EntryType::kReal: {
+            const double is = At<double>(memory, entry.place);
+            double &was = At<double>(stored, entry.place);
+            return write(is, &was, IsSame(is, was), [&](double value) { data->SetReal(key, value); });
+        }
+        case EntryType::kVector: {
+            const engine::Vector3 &is = At<engine::Vector3>(memory, entry.place);
+            engine::Vector3 &was = At<engine::Vector3>(stored, entry.place);
+            return write(is, &was, IsSame(is, was),
+                         [&](const engine::Vector3 &value) { data->SetVector(key, ToHost(value)); });
+        }
+        case EntryType::kBool: {
+            const bool is = At<bool>(memory, entry.place);
+            bool &was = At<bool>(stored, entry.place);
+            return write(is, &was, is == was, [&](bool value) { data->SetBool(key, value); });
+        }
+        case EntryType::kLong: {
+            const int is = At<int>(memory, entry.place);
+            int &was = At<int>(stored, entry.place);
+            return write(is, &was, is == was, [&](int value) { data->SetLong(key, value); });
+        }
+    }
+    return FALSE;
+}
+
 Bool WriteEntries(const Part &part, LONG base, What what, void *memory, void *stored, BaseContainer *data) {
     Bool has_written = FALSE;
-    for (const Entry *entry = part.begin; entry != part.end; ++entry) {
-        char *is = static_cast<char *>(memory) + entry->place, *was = static_cast<char *>(stored) + entry->place;
-        const std::size_t size = SizeOf(entry->type);
-        if (what == What::kChanged && std::memcmp(is, was, size) == 0) continue;
-        WriteEntry(*entry, base, memory, data);
-        std::memcpy(was, is, size);
-        has_written = TRUE;
-    }
+    for (const Entry *entry = part.begin; entry != part.end; ++entry)
+        if (WriteEntry(*entry, base, what, memory, stored, data)) has_written = TRUE;
     return has_written;
 }
 
@@ -179,6 +181,7 @@ void ReadSpring(LONG base, const BaseContainer &data, Spring *spring) {
 }
 
 Bool WriteSpringEntries(LONG base, What what, Spring *spring, Spring *stored, BaseContainer *data) {
+    if (what == What::kChanged && std::memcmp(spring, stored, sizeof *spring) == 0) return FALSE;
     const Bool had_output = stored->has_output || what == What::kAll;
     Bool has_written =
         WriteEntries({std::begin(kSpringEntries), std::end(kSpringEntries)}, base, what, spring, stored, data);
