@@ -10,10 +10,9 @@
 #include <string>
 #include <string_view>
 
-#include "docs/generator/parameter_sentences.h"
 #include "host/ui/field_text.h"
 #include "lib_description.h"
-#include "tag/layout.h"
+#include "tag/panel.h"
 #include "tag/parameters.h"
 
 namespace {
@@ -93,23 +92,14 @@ std::string_view WithoutTrailingBlanks(std::string_view label) {
     return last == std::string_view::npos ? std::string_view() : label.substr(0, last + 1);
 }
 
-// One line of the table; false, said on standard error, for a parameter without a sentence.
-bool AddRow(const ParameterInfo &parameter, std::ostream &page) {
-    LONG count;
-    const ParameterSentence *sentences = ParameterSentences(&count);
-    const ParameterSentence *sentence = sentences;
-    while (sentence < sentences + count && sentence->id != parameter.id) ++sentence;
-    if (sentence == sentences + count) {
-        std::cerr << "parameter_page: found no sentence for parameter " << parameter.id << "\n";
-        return false;
-    }
+// One line of the table.
+void AddRow(const ParameterInfo &parameter, std::ostream &page) {
     const std::string_view label = WithoutTrailingBlanks(parameter.label ? parameter.label : "");
     page << "| " << parameter.id << " | " << (label.empty() ? kAbsent : label) << " | " << TypeName(parameter.type)
          << " | " << UnitName(parameter) << " | " << Range(parameter, parameter.minimum, parameter.maximum) << " | "
          << Range(parameter, parameter.slider_minimum, parameter.slider_maximum) << " | "
          << Number(parameter, parameter.step) << " | " << StartingValue(parameter, parameter.declared) << " | "
-         << StartingValue(parameter, parameter.reset) << " | " << sentence->text << " |\n";
-    return true;
+         << StartingValue(parameter, parameter.reset) << " | " << parameter.sentence << " |\n";
 }
 
 // The page in its sections; each table's head is written with its first row.
@@ -124,23 +114,22 @@ class Page {
             text_ << "\n| Id | Label | Type | Unit | Limits | Slider | Step | Default | Reset value | What it does |\n"
                      "|---|---|---|---|---|---|---|---|---|---|\n";
         in_table_ = true;
-        complete_ = AddRow(parameter, text_) && complete_;
+        AddRow(parameter, text_);
     }
-    bool IsComplete() const { return complete_; }
     std::string Text() const { return kIntroduction + text_.str(); }
 
   private:
     std::ostringstream text_;
-    bool in_table_ = false, complete_ = true;
+    bool in_table_ = false;
 };
 
 Page WritePage() {
     Page page;
     LONG count;
-    const LayoutElement *layout = PanelLayout(&count);
-    for (const LayoutElement *element = layout; element < layout + count; ++element) {
-        if (element->kind == LayoutKind::kParameter)
-            page.Row(*FindParameter(element->id));
+    const PanelElement *panel = Panel(&count);
+    for (const PanelElement *element = panel; element < panel + count; ++element) {
+        if (element->kind == PanelKind::kParameter)
+            page.Row(element->parameter);
         else if (element->title && *element->title)
             page.Heading(element->parent == kPanelRoot ? "##" : "###", element->title);
     }
@@ -170,7 +159,6 @@ int Check(const std::string &page, const char *file) {
 
 int main(int count, char **arguments) {
     const Page page = WritePage();
-    if (!page.IsComplete()) return 1;
     if (count == 3 && std::string_view(arguments[1]) == "--check") return Check(page.Text(), arguments[2]);
     if (count != 1) {
         std::cerr << "parameter_page: unknown arguments; expected --check FILE or nothing\n";

@@ -2,7 +2,7 @@
 #include "lib_description.h"
 #include "tag/cameraloader.h"
 #include "tag/guarded.h"
-#include "tag/layout.h"
+#include "tag/panel.h"
 #include "tag/parameters.h"
 #include "tag/state.h"
 #include "tag/tremoluxcam.h"
@@ -69,7 +69,7 @@ BaseContainer SettingsOf(const ParameterInfo &parameter, const HostType &type) {
     return settings;
 }
 
-BaseContainer GroupSettings(const LayoutElement &group) {
+BaseContainer GroupSettings(const PanelElement &group) {
     BaseContainer settings = GetCustomDataTypeDefault(DTYPE_GROUP);
     if (group.title) settings.SetString(DESC_NAME, group.title);
     settings.SetLong(DESC_COLUMNS, group.columns);
@@ -78,7 +78,7 @@ BaseContainer GroupSettings(const LayoutElement &group) {
     return settings;
 }
 
-BaseContainer SeparatorSettings(const LayoutElement &separator) {
+BaseContainer SeparatorSettings(const PanelElement &separator) {
     BaseContainer settings = GetCustomDataTypeDefault(DTYPE_SEPARATOR);
     settings.SetLong(DESC_CUSTOMGUI, CUSTOMGUI_SEPARATOR);
     if (separator.title) settings.SetString(DESC_NAME, separator.title);
@@ -86,23 +86,22 @@ BaseContainer SeparatorSettings(const LayoutElement &separator) {
     return settings;
 }
 
-// An element as the host takes it; FALSE for a row without a parameter.
-Bool Describe(const LayoutElement &element, DescID *id, BaseContainer *settings) {
-    if (element.kind == LayoutKind::kGroup) {
+// An element as the host takes it; FALSE for what it does not show.
+Bool Describe(const PanelElement &element, DescID *id, BaseContainer *settings) {
+    if (element.kind == PanelKind::kGroup) {
         *id = DescLevel(element.id, DTYPE_GROUP, 0);
         *settings = GroupSettings(element);
         return TRUE;
     }
-    if (element.kind == LayoutKind::kSeparator) {
+    if (element.kind == PanelKind::kSeparator) {
         *id = DescLevel(element.id, DTYPE_SEPARATOR, 0);
         *settings = SeparatorSettings(element);
         return TRUE;
     }
-    const ParameterInfo *parameter = FindParameter(element.id);
-    if (!parameter) return FALSE;
-    const HostType type = HostTypeOf(*parameter);
+    if (element.kind == PanelKind::kHidden) return FALSE;
+    const HostType type = HostTypeOf(element.parameter);
     *id = DescLevel(element.id, type.dtype, 0);
-    *settings = SettingsOf(*parameter, type);
+    *settings = SettingsOf(element.parameter, type);
     return TRUE;
 }
 
@@ -122,8 +121,8 @@ Bool TremoluxCamClass::DescribePanel(BaseTag *tag, Description *description, DES
     const DescID *single = description->GetSingleDescID();
 
     LONG count;
-    const LayoutElement *layout = PanelLayout(&count);
-    for (const LayoutElement *element = layout; element < layout + count; element++) {
+    const PanelElement *panel = Panel(&count);
+    for (const PanelElement *element = panel; element < panel + count; element++) {
         DescID id;
         BaseContainer settings;
         if (!Describe(*element, &id, &settings)) continue;

@@ -9,8 +9,8 @@ enum class ParameterType { kReal, kBool, kLink, kButton, kCycle, kTime, kString 
 
 // A number that may be absent.
 struct OptionalReal {
-    Bool given;
-    Real value;
+    Bool given = FALSE;
+    Real value = 0.0;
 };
 
 // Where the engine has a parameter's value; nowhere, when no frame depends on it.
@@ -25,10 +25,10 @@ struct EngineKey {
 };
 
 struct ParameterInfo {
-    LONG id;
-    const CHAR *label;  // null: the panel does not show it
-    ParameterType type;
-    LONG unit;  // DESC_UNIT_, 0 = none
+    LONG id = 0;
+    const CHAR *label = NULL;  // NULL: the panel does not show it
+    ParameterType type = ParameterType::kReal;
+    LONG unit = 0;  // DESC_UNIT_, 0 = none
     OptionalReal minimum, maximum;
     OptionalReal slider_minimum, slider_maximum;
     OptionalReal step;
@@ -37,6 +37,7 @@ struct ParameterInfo {
     EngineKey key = {};
     Bool whole_default =
         FALSE;  // the default is declared as a whole number; the value is stored as a real all the same
+    const CHAR *sentence = NULL;  // what it does to the motion
 };
 
 // Whether a preset or a first set-up may touch it.
