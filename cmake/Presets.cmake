@@ -35,3 +35,13 @@ add_custom_command(
 add_custom_target(built_in_presets ALL DEPENDS "${presets_stamp}")
 add_dependencies(built_in_presets bare_module module_resources)
 add_dependencies(tremolux built_in_presets)
+
+# All presets by sight, drawn when asked for.
+if(TARGET tremolux)
+    add_custom_target(
+        gallery
+        COMMAND tremolux preview --quiet --all-presets -o "${PROJECT_BINARY_DIR}/gallery"
+        DEPENDS tremolux
+        COMMENT "Drawing the presets into ${PROJECT_BINARY_DIR}/gallery"
+        VERBATIM)
+endif()
