@@ -141,6 +141,11 @@ if(TARGET built_in_presets AND NOT CMAKE_CROSSCOMPILING)
     set_tests_properties(sdk.kit PROPERTIES TIMEOUT 1200)
 endif()
 
+if(NOT CMAKE_CROSSCOMPILING)
+    add_test(NAME bench.compare_blender COMMAND /usr/bin/python3
+                                                "${PROJECT_SOURCE_DIR}/tests/bench/compare_blender_test.py")
+endif()
+
 # NumPy is that of the system's Python.
 execute_process(COMMAND /usr/bin/python3 -c "import numpy" RESULT_VARIABLE numpy_missing OUTPUT_QUIET ERROR_QUIET)
 if(TARGET built_in_presets AND NOT numpy_missing AND NOT CMAKE_CROSSCOMPILING)
