@@ -13,9 +13,17 @@ if(WIN32 AND CMAKE_CROSSCOMPILING)
     set(drive "Z:")
 endif()
 
+# Tests take longer to compile than to run: what is tested is optimised, the tests themselves are not.
+function(tremolux_set_test_defaults target)
+    tremolux_set_defaults(${target})
+    if(NOT MSVC)
+        target_compile_options(${target} PRIVATE -O0)
+    endif()
+endfunction()
+
 # A library that is no module.
 add_library(no_entry MODULE tests/modules/no_entry.cpp)
-tremolux_set_defaults(no_entry)
+tremolux_set_test_defaults(no_entry)
 
 # The module as it is, with no memory but the host's.
 if(TARGET module_code)
@@ -40,7 +48,7 @@ foreach(
     add_library(wrong_${mistake} MODULE tests/modules/wrong.cpp $<TARGET_OBJECTS:module_glue>)
     target_include_directories(wrong_${mistake} PRIVATE ${interface_folders})
     target_compile_definitions(wrong_${mistake} PRIVATE TREMOLUX_WRONG=${mistake})
-    tremolux_set_defaults(wrong_${mistake})
+    tremolux_set_test_defaults(wrong_${mistake})
     set_target_properties(wrong_${mistake} PROPERTIES PREFIX "" SUFFIX "${module_suffix}" LIBRARY_OUTPUT_DIRECTORY
                                                                                           "${wrong_folder}")
     list(APPEND wrong_modules wrong_${mistake})
@@ -70,7 +78,7 @@ function(tremolux_add_tests room)
                 TREMOLUX_COMPILER_FILE="${drive}${PROJECT_BINARY_DIR}/preset_compiler${CMAKE_EXECUTABLE_SUFFIX}"
                 TREMOLUX_OTHER_LIBRARY="${drive}$<TARGET_FILE:no_entry>"
                 TREMOLUX_SOURCE_DIR="${drive}${PROJECT_SOURCE_DIR}")
-    tremolux_set_defaults(${target})
+    tremolux_set_test_defaults(${target})
     set(used_targets TremoluxCam tremolux bare_module built_in_presets no_entry)
     if(room STREQUAL "threads")
         # With the thread sanitizer it is built alone: that makes every file dear.
@@ -132,6 +140,11 @@ if(TARGET built_in_presets AND NOT CMAKE_CROSSCOMPILING)
     add_test(NAME sdk.kit COMMAND "${PROJECT_SOURCE_DIR}/tests/sdk/build_with_sdk" "${PROJECT_BINARY_DIR}/sdk"
                                   "${PROJECT_BINARY_DIR}")
     set_tests_properties(sdk.kit PROPERTIES TIMEOUT 1200)
+endif()
+
+if(NOT CMAKE_CROSSCOMPILING)
+    add_test(NAME bench.compare_blender COMMAND /usr/bin/python3
+                                                "${PROJECT_SOURCE_DIR}/tests/bench/compare_blender_test.py")
 endif()
 
 # NumPy is that of the system's Python.

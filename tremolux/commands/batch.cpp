@@ -153,19 +153,18 @@ void Batch(const BatchOptions &options) {
 
 }  // namespace
 
-void AddBatchCommand(CLI::App *program, Action *action) {
+void AddBatchCommand(Command program, Action *action) {
     const auto options = std::make_shared<BatchOptions>();
-    CLI::App *command = program->add_subcommand("batch", "Shakes every shot of a sheet and writes a table of them");
+    Command command = program.Subcommand("batch", "Shakes every shot of a sheet and writes a table of them");
     AddMoveOptions(command, &options->move);
-    command->get_option("INPUT")->description(
+    command.Find("INPUT").Description(
         "the sheet: a table (.csv) with the column shot and perhaps preset, seed, settings (LABEL=VALUE; ...) and "
         "output");
-    command->add_option("-o,--output", options->folder, "folder of the camera files that are written")->required();
-    command->add_option("--shots", options->shots, "folder of the shots; else the sheet's");
-    command->add_option("--format", options->kind, "extension of the camera files where the sheet names none")
-        ->capture_default_str();
-    command->add_option("--table", options->table, "the table of what was done; else table.csv in the folder");
-    command->callback([=] { *action = [options] { Batch(*options); }; });
+    command.Add("-o,--output", &options->folder, "folder of the camera files that are written").Required();
+    command.Add("--shots", &options->shots, "folder of the shots; else the sheet's");
+    command.Add("--format", &options->kind, "extension of the camera files where the sheet names none").ShowDefault();
+    command.Add("--table", &options->table, "the table of what was done; else table.csv in the folder");
+    command.OnCall([=] { *action = [options] { Batch(*options); }; });
 }
 
 }  // namespace tremolux

@@ -28,18 +28,16 @@ void Convert(const ConvertOptions &options) {
 
 }  // namespace
 
-void AddConvertCommand(CLI::App *program, Action *action) {
+void AddConvertCommand(Command program, Action *action) {
     const auto options = std::make_shared<ConvertOptions>();
-    CLI::App *command = program->add_subcommand("convert", "Writes a camera file as files of other kinds");
-    command->add_option("INPUT", options->input, "camera file to read, " + KnownExtensions(FormatUse::kRead))
-        ->required();
-    command->add_option("OUTPUT", options->outputs, "camera file to write, " + KnownExtensions(FormatUse::kWrite))
-        ->required();
+    Command command = program.Subcommand("convert", "Writes a camera file as files of other kinds");
+    command.Add("INPUT", &options->input, "camera file to read, " + KnownExtensions(FormatUse::kRead)).Required();
+    command.Add("OUTPUT", &options->outputs, "camera file to write, " + KnownExtensions(FormatUse::kWrite)).Required();
     AddFormatOptions(command, &options->formats);
-    command->add_option("--to-unit", options->to_unit, "length unit of a .chan file that is written; else --unit");
-    command->add_option("--to-rotation-order", options->to_order,
-                        "rotation order of a .chan file that is written; else --rotation-order");
-    command->callback([=] { *action = [options] { Convert(*options); }; });
+    command.Add("--to-unit", &options->to_unit, "length unit of a .chan file that is written; else --unit");
+    command.Add("--to-rotation-order", &options->to_order,
+                "rotation order of a .chan file that is written; else --rotation-order");
+    command.OnCall([=] { *action = [options] { Convert(*options); }; });
 }
 
 }  // namespace tremolux

@@ -18,11 +18,11 @@ void Info(const HostOptions &options) {
 
 }  // namespace
 
-void AddInfoCommand(CLI::App *program, Action *action) {
+void AddInfoCommand(Command program, Action *action) {
     const auto options = std::make_shared<HostOptions>();
-    CLI::App *command = program->add_subcommand("info", "Prints the module's version line and what it registers");
+    Command command = program.Subcommand("info", "Prints the module's version line and what it registers");
     AddHostOptions(command, options.get());
-    command->callback([=] { *action = [options] { Info(*options); }; });
+    command.OnCall([=] { *action = [options] { Info(*options); }; });
 }
 
 }  // namespace tremolux

@@ -106,55 +106,47 @@ std::vector<std::string> MoveOptions::InputFiles() const {
     return files;
 }
 
-void AddFormatOptions(CLI::App *command, FormatChoices *choices) {
-    command->add_option("--fps", choices->frames_per_second,
-                        "frames per second, 1 to 2500; else what the file says, or 30, and 24 for recordings");
-    command->add_option("--unit", choices->unit, "length unit of .chan files: cm, m, mm, in, ft")
-        ->capture_default_str();
-    command
-        ->add_option("--rotation-order", choices->rotation_order, "of .chan files, the first turn first: zxy, xyz, ...")
-        ->capture_default_str();
-    command->add_option("--aperture", choices->aperture, "width of the film back in millimetres, where no file says it")
-        ->capture_default_str();
-    command->add_option("--resolution", choices->resolution, "size of the picture, for vertical fields of view")
-        ->capture_default_str();
+void AddFormatOptions(Command command, FormatChoices *choices) {
+    command.Add("--fps", &choices->frames_per_second,
+                "frames per second, 1 to 2500; else what the file says, or 30, and 24 for recordings");
+    command.Add("--unit", &choices->unit, "length unit of .chan files: cm, m, mm, in, ft").ShowDefault();
+    command.Add("--rotation-order", &choices->rotation_order, "of .chan files, the first turn first: zxy, xyz, ...")
+        .ShowDefault();
+    command.Add("--aperture", &choices->aperture, "width of the film back in millimetres, where no file says it")
+        .ShowDefault();
+    command.Add("--resolution", &choices->resolution, "size of the picture, for vertical fields of view").ShowDefault();
 }
 
-void AddHostOptions(CLI::App *command, HostOptions *options) {
-    command->add_option("--module", options->module_file, "the module's file; else the one beside this program");
-    command->add_option("--user-folder", options->home, "folder of the user's presets and settings; else the system's");
+void AddHostOptions(Command command, HostOptions *options) {
+    command.Add("--module", &options->module_file, "the module's file; else the one beside this program");
+    command.Add("--user-folder", &options->home, "folder of the user's presets and settings; else the system's");
 }
 
-void AddMoveOptions(CLI::App *command, MoveOptions *options) {
-    command->add_option("INPUT", options->input, "camera move to read, " + KnownExtensions(FormatUse::kRead))
-        ->required();
-    command->add_option("--preset", options->preset,
-                        "CATEGORY/NAME or NAME: the preset to begin with; `tremolux presets` lists them");
+void AddMoveOptions(Command command, MoveOptions *options) {
+    command.Add("INPUT", &options->input, "camera move to read, " + KnownExtensions(FormatUse::kRead)).Required();
+    command.Add("--preset", &options->preset,
+                "CATEGORY/NAME or NAME: the preset to begin with; `tremolux presets` lists them");
     command
-        ->add_option(
-            "--set", options->settings,
-            "LABEL=VALUE or ID=VALUE: a parameter of the tag; may be given more than once. Percentages: 150% or "
-            "the fraction 1.5; angles: 12deg or 12 (degrees); times: 12f or 12 (frames), 0.5s, 1:04 "
-            "(seconds:frames); switches: on, off, true, false, 1, 0")
-        ->expected(1)
-        ->take_all();
+        .Add("--set", &options->settings,
+             "LABEL=VALUE or ID=VALUE: a parameter of the tag; may be given more than once. Percentages: 150% or "
+             "the fraction 1.5; angles: 12deg or 12 (degrees); times: 12f or 12 (frames), 0.5s, 1:04 "
+             "(seconds:frames); switches: on, off, true, false, 1, 0")
+        .Repeatable();
     command
-        ->add_option("--target", options->target,
-                     "x,y,z or FILE: a point in scene units, or a moving one (a camera file), that the camera turns to")
-        ->expected(1);
+        .Add("--target", &options->target,
+             "x,y,z or FILE: a point in scene units, or a moving one (a camera file), that the camera turns to")
+        .Once();
     command
-        ->add_option(
-            "--focus-object", options->focus_object,
-            "x,y,z or FILE: a point in scene units, or a moving one (a camera file), that the camera focuses on")
-        ->expected(1);
-    command->add_option("--seed", options->seed, "the shake's seed, 0 to 99999: short for --set Seed=");
-    command->add_option(
-        "--keep-hz", options->keep_hz,
-        "FPS that the settings were made at: they are changed so that the motion keeps its frequencies");
-    command->add_option("--frames", options->frames,
-                        "FIRST:LAST: the frames to write; playback still starts at the move's first frame");
+        .Add("--focus-object", &options->focus_object,
+             "x,y,z or FILE: a point in scene units, or a moving one (a camera file), that the camera focuses on")
+        .Once();
+    command.Add("--seed", &options->seed, "the shake's seed, 0 to 99999: short for --set Seed=");
+    command.Add("--keep-hz", &options->keep_hz,
+                "FPS that the settings were made at: they are changed so that the motion keeps its frequencies");
+    command.Add("--frames", &options->frames,
+                "FIRST:LAST: the frames to write; playback still starts at the move's first frame");
     AddFormatOptions(command, &options->formats);
-    command->add_flag("--quiet", options->quiet, "show no progress");
+    command.Add("--quiet", &options->quiet, "show no progress");
     AddHostOptions(command, &options->host);
 }
 

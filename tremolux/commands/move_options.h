@@ -1,7 +1,6 @@
 // The options that every command on a camera move takes.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -9,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "tremolux/command_line.h"
 #include "tremolux/formats/format.h"
 
 namespace tremolux {
@@ -43,8 +43,8 @@ struct MoveOptions {
     std::vector<std::string> InputFiles() const;  // that no output may replace
 };
 
-void AddFormatOptions(CLI::App *command, FormatChoices *choices);
-void AddHostOptions(CLI::App *command, HostOptions *options);
-void AddMoveOptions(CLI::App *command, MoveOptions *options);
+void AddFormatOptions(Command command, FormatChoices *choices);
+void AddHostOptions(Command command, HostOptions *options);
+void AddMoveOptions(Command command, MoveOptions *options);
 
 }  // namespace tremolux

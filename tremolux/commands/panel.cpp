@@ -45,16 +45,16 @@ void ShowPanel(const PanelOptions &options) {
 
 }  // namespace
 
-void AddPanelCommand(CLI::App *program, Action *action) {
+void AddPanelCommand(Command program, Action *action) {
     const auto options = std::make_shared<PanelOptions>();
-    CLI::App *command = program->add_subcommand("panel", "Shows the tag's panel as text, or as a page for a browser");
-    command->add_option("--set", options->settings, "LABEL=VALUE or ID=VALUE, as for shake")->expected(1)->take_all();
-    command->add_option("--preset", options->preset, "CATEGORY/NAME or NAME: the preset that is chosen");
-    command->add_flag("--baked", options->baked, "as after baking");
-    command->add_flag("--target", options->target, "with a target object");
-    command->add_option("--html", options->pages, "page to write; else text on the standard output")->expected(1);
+    Command command = program.Subcommand("panel", "Shows the tag's panel as text, or as a page for a browser");
+    command.Add("--set", &options->settings, "LABEL=VALUE or ID=VALUE, as for shake").Repeatable();
+    command.Add("--preset", &options->preset, "CATEGORY/NAME or NAME: the preset that is chosen");
+    command.Add("--baked", &options->baked, "as after baking");
+    command.Add("--target", &options->target, "with a target object");
+    command.Add("--html", &options->pages, "page to write; else text on the standard output").Once();
     AddHostOptions(command, &options->host);
-    command->callback([=] { *action = [options] { ShowPanel(*options); }; });
+    command.OnCall([=] { *action = [options] { ShowPanel(*options); }; });
 }
 
 }  // namespace tremolux

@@ -211,51 +211,50 @@ using Job = void (*)(const PresetsOptions &);
 
 }  // namespace
 
-void AddPresetsCommand(CLI::App *program, Action *action) {
+void AddPresetsCommand(Command program, Action *action) {
     const auto options = std::make_shared<PresetsOptions>();
-    CLI::App *presets = program->add_subcommand("presets",
-                                                "Lists the presets by category; or shows, compares, saves, "
-                                                "exports and imports them");
-    presets->require_subcommand(0, 1);
+    Command presets = program.Subcommand("presets",
+                                         "Lists the presets by category; or shows, compares, saves, "
+                                         "exports and imports them");
+    presets.AllowOneSubcommand();
     AddHostOptions(presets, &options->host);
-    presets->fallthrough();
-    presets->callback([=] {
-        if (presets->get_subcommands().empty()) *action = [options] { List(*options); };
+    presets.TakeFromParent();
+    presets.OnCall([=] {
+        if (!presets.HasSubcommand()) *action = [options] { List(*options); };
     });
     const auto add = [&](const char *name, const char *help, Job job) {
-        CLI::App *command = presets->add_subcommand(name, help);
-        command->fallthrough();
-        command->callback([=] { *action = [=] { job(*options); }; });
+        Command command = presets.Subcommand(name, help);
+        command.TakeFromParent();
+        command.OnCall([=] { *action = [=] { job(*options); }; });
         return command;
     };
     const char *const preset_help = "CATEGORY/NAME, NAME, or a part that only one preset has";
     add("list", "Lists the presets by category, and the files that are left out with the reason", List);
-    add("show", "Prints every setting of a preset", Show)->add_option("NAME", options->name, preset_help)->required();
+    add("show", "Prints every setting of a preset", Show).Add("NAME", &options->name, preset_help).Required();
 
-    CLI::App *diff = add("diff", "Prints the settings in which two presets differ", Diff);
-    diff->add_option("A", options->name, preset_help)->required();
-    diff->add_option("B", options->other, preset_help)->required();
+    Command diff = add("diff", "Prints the settings in which two presets differ", Diff);
+    diff.Add("A", &options->name, preset_help).Required();
+    diff.Add("B", &options->other, preset_help).Required();
 
-    CLI::App *save = add("save", "Saves a preset of your own", Save);
-    save->add_option("NAME", options->name, "its name")->required();
-    save->add_option("--from", options->from, "the preset to begin with; else a new tag's settings");
-    save->add_option("--set", options->settings, "LABEL=VALUE or ID=VALUE, as for shake")->expected(1)->take_all();
-    save->add_flag("--replace", options->replace, "replace the preset of that name");
-    save->add_flag("--default", options->as_default, "as a default preset, which is replaced only by another one");
+    Command save = add("save", "Saves a preset of your own", Save);
+    save.Add("NAME", &options->name, "its name").Required();
+    save.Add("--from", &options->from, "the preset to begin with; else a new tag's settings");
+    save.Add("--set", &options->settings, "LABEL=VALUE or ID=VALUE, as for shake").Repeatable();
+    save.Add("--replace", &options->replace, "replace the preset of that name");
+    save.Add("--default", &options->as_default, "as a default preset, which is replaced only by another one");
 
-    CLI::App *exporting = add("export", "Copies presets to the export folder", Export);
-    exporting->add_option("NAME", options->name, preset_help);
-    exporting->add_flag("--all", options->all, "all of your own");
-    exporting->add_flag("--built-in", options->built_in, "with --all: the built-in ones too");
+    Command exporting = add("export", "Copies presets to the export folder", Export);
+    exporting.Add("NAME", &options->name, preset_help);
+    exporting.Add("--all", &options->all, "all of your own");
+    exporting.Add("--built-in", &options->built_in, "with --all: the built-in ones too");
 
-    CLI::App *importing = add("import", "Takes over preset files", Import);
-    importing->add_option("FILE", options->files, "preset files")->required();
-    importing->add_option("--category", options->category, "the category to put them in, or User")
-        ->capture_default_str();
+    Command importing = add("import", "Takes over preset files", Import);
+    importing.Add("FILE", &options->files, "preset files").Required();
+    importing.Add("--category", &options->category, "the category to put them in, or User").ShowDefault();
 
-    CLI::App *path = add("path", "Prints the folder of your own presets, or chooses another", Path);
-    path->add_option("FOLDER", options->folder, "the folder to use from now on");
-    path->add_flag("--reset", options->reset, "back to the usual folder");
+    Command path = add("path", "Prints the folder of your own presets, or chooses another", Path);
+    path.Add("FOLDER", &options->folder, "the folder to use from now on");
+    path.Add("--reset", &options->reset, "back to the usual folder");
 }
 
 }  // namespace tremolux

@@ -135,19 +135,18 @@ void Preview(const PreviewOptions &options) {
 
 }  // namespace
 
-void AddPreviewCommand(CLI::App *program, Action *action) {
+void AddPreviewCommand(Command program, Action *action) {
     const auto options = std::make_shared<PreviewOptions>();
-    CLI::App *command =
-        program->add_subcommand("preview", "Films a simple scene through the input camera and the shaken one");
+    Command command = program.Subcommand("preview", "Films a simple scene through the input camera and the shaken one");
     AddMoveOptions(command, &options->move);
-    command->get_option("INPUT")->required(false);
-    command->add_flag("--all-presets", options->all_presets,
-                      "a contact sheet of the built-in presets on a standing camera, instead of a move");
+    command.Find("INPUT").Required(false);
+    command.Add("--all-presets", &options->all_presets,
+                "a contact sheet of the built-in presets on a standing camera, instead of a move");
     command
-        ->add_option("-o,--output", options->output,
-                     "film to write, .mp4 or .gif; .png for six frames below each other; of --all-presets the folder")
-        ->required();
-    command->callback([=] { *action = [options] { Preview(*options); }; });
+        .Add("-o,--output", &options->output,
+             "film to write, .mp4 or .gif; .png for six frames below each other; of --all-presets the folder")
+        .Required();
+    command.OnCall([=] { *action = [options] { Preview(*options); }; });
 }
 
 }  // namespace tremolux

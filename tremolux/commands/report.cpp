@@ -61,13 +61,13 @@ void Report(const ReportOptions &options) {
 
 }  // namespace
 
-void AddReportCommand(CLI::App *program, Action *action) {
+void AddReportCommand(Command program, Action *action) {
     const auto options = std::make_shared<ReportOptions>();
-    CLI::App *command = program->add_subcommand(
+    Command command = program.Subcommand(
         "report", "Writes one page about a shaken move: figures, plots, a preview, and a warning of slow sway");
     AddMoveOptions(command, &options->move);
-    command->add_option("-o,--output", options->output, "page to write, .html")->required();
-    command->callback([=] { *action = [options] { Report(*options); }; });
+    command.Add("-o,--output", &options->output, "page to write, .html").Required();
+    command.OnCall([=] { *action = [options] { Report(*options); }; });
 }
 
 }  // namespace tremolux

@@ -128,44 +128,42 @@ void Apply(const SceneOptions &options) {
 
 using Job = void (*)(const SceneOptions &);
 
-CLI::App *AddSceneCommand(CLI::App *program, Action *action, const std::shared_ptr<SceneOptions> &options,
-                          const char *name, const char *help, Job job) {
-    CLI::App *command = program->add_subcommand(name, help);
-    command->add_option("--camera", options->camera, "the camera, by its name");
-    command->add_option("-o,--output", options->output, "scene to write; else the same one");
-    command->add_option("--answer", options->answers, "yes, no or a text, for each question in turn")
-        ->expected(1)
-        ->take_all();
-    command->add_flag("--quiet", options->quiet, "show no progress");
+Command AddSceneCommand(Command program, Action *action, const std::shared_ptr<SceneOptions> &options, const char *name,
+                        const char *help, Job job) {
+    Command command = program.Subcommand(name, help);
+    command.Add("--camera", &options->camera, "the camera, by its name");
+    command.Add("-o,--output", &options->output, "scene to write; else the same one");
+    command.Add("--answer", &options->answers, "yes, no or a text, for each question in turn").Repeatable();
+    command.Add("--quiet", &options->quiet, "show no progress");
     AddHostOptions(command, &options->host);
-    command->callback([=] { *action = [=] { job(*options); }; });
+    command.OnCall([=] { *action = [=] { job(*options); }; });
     return command;
 }
 
 }  // namespace
 
-void AddSceneCommands(CLI::App *program, Action *action) {
+void AddSceneCommands(Command program, Action *action) {
     const auto press = std::make_shared<SceneOptions>(), bake = std::make_shared<SceneOptions>(),
                apply = std::make_shared<SceneOptions>(), keys = std::make_shared<SceneOptions>();
-    CLI::App *command =
+    Command command =
         AddSceneCommand(program, action, press, "press", "Presses a button of the tag in a saved scene", PressNamed);
-    command->add_option("BUTTON", press->button, "its label or id")->required();
-    command->add_option("SCENE", press->scene, "the scene")->required();
-    command->add_flag("--control", press->control, "with the Control key held");
+    command.Add("BUTTON", &press->button, "its label or id").Required();
+    command.Add("SCENE", &press->scene, "the scene").Required();
+    command.Add("--control", &press->control, "with the Control key held");
 
     command =
         AddSceneCommand(program, action, bake, "bake", "Turns the motion of a saved scene into keys, or back", Bake);
-    command->add_option("SCENE", bake->scene, "the scene")->required();
-    command->add_flag("--quick", bake->quick, "from curves alone");
-    command->add_flag("--brute", bake->brute, "by playing the scene");
-    command->add_flag("--undo", bake->undo, "gives the old keys back");
+    command.Add("SCENE", &bake->scene, "the scene").Required();
+    command.Add("--quick", &bake->quick, "from curves alone");
+    command.Add("--brute", &bake->brute, "by playing the scene");
+    command.Add("--undo", &bake->undo, "gives the old keys back");
 
     command = AddSceneCommand(program, action, apply, "apply", "Makes a camera of a saved scene hand-held", Apply);
-    command->add_option("SCENE", apply->scene, "the scene")->required();
+    command.Add("SCENE", &apply->scene, "the scene").Required();
 
     command = AddSceneCommand(program, action, keys, "keys", "Shows the keys of a camera in a saved scene", Keys);
-    command->add_option("SCENE", keys->scene, "the scene")->required();
-    command->add_option("--import", keys->move, "camera file: its move becomes the camera's keys");
+    command.Add("SCENE", &keys->scene, "the scene").Required();
+    command.Add("--import", &keys->move, "camera file: its move becomes the camera's keys");
 }
 
 }  // namespace tremolux

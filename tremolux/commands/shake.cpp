@@ -77,24 +77,23 @@ void Shake(const ShakeOptions &options) {
 
 }  // namespace
 
-void AddShakeCommand(CLI::App *program, Action *action) {
+void AddShakeCommand(Command program, Action *action) {
     const auto options = std::make_shared<ShakeOptions>();
-    CLI::App *command = program->add_subcommand("shake", "Makes a camera move hand-held and writes the shaken camera");
+    Command command = program.Subcommand("shake", "Makes a camera move hand-held and writes the shaken camera");
     AddMoveOptions(command, &options->move);
     command
-        ->add_option("-o,--output", options->outputs,
-                     "camera file to write, " + KnownExtensions(FormatUse::kWrite) + "; may be given again")
-        ->required()
-        ->expected(1)
-        ->take_all();
-    command->add_option("--bake", options->bake, "quick or brute: turn the motion into keys first, and play those")
-        ->check(CLI::IsMember({"quick", "brute"}));
-    command->add_option("--scene", options->scene, "save the document too, for bake, press and apply");
-    command->add_option("--plot", options->plot,
-                        "drawing of both cameras, .svg or .png; a second sheet with the path from above and the "
-                        "spectrum lies beside it, named FILE-spectrum");
-    command->add_flag("--report", options->report, "print what was done and how far the camera strayed");
-    command->callback([=] { *action = [options] { Shake(*options); }; });
+        .Add("-o,--output", &options->outputs,
+             "camera file to write, " + KnownExtensions(FormatUse::kWrite) + "; may be given again")
+        .Required()
+        .Repeatable();
+    command.Add("--bake", &options->bake, "quick or brute: turn the motion into keys first, and play those")
+        .OneOf({"quick", "brute"});
+    command.Add("--scene", &options->scene, "save the document too, for bake, press and apply");
+    command.Add("--plot", &options->plot,
+                "drawing of both cameras, .svg or .png; a second sheet with the path from above and the "
+                "spectrum lies beside it, named FILE-spectrum");
+    command.Add("--report", &options->report, "print what was done and how far the camera strayed");
+    command.OnCall([=] { *action = [options] { Shake(*options); }; });
 }
 
 }  // namespace tremolux

@@ -35,12 +35,12 @@ void Trace(const TraceOptions &options) {
 
 }  // namespace
 
-void AddTraceCommand(CLI::App *program, Action *action) {
+void AddTraceCommand(Command program, Action *action) {
     const auto options = std::make_shared<TraceOptions>();
-    CLI::App *command = program->add_subcommand("trace", "Prints what happens at each frame, one JSON object a line");
+    Command command = program.Subcommand("trace", "Prints what happens at each frame, one JSON object a line");
     AddMoveOptions(command, &options->move);
-    command->add_option("-o,--output", options->outputs, "file to write; else the standard output")->expected(1);
-    command->callback([=] { *action = [options] { Trace(*options); }; });
+    command.Add("-o,--output", &options->outputs, "file to write; else the standard output").Once();
+    command.OnCall([=] { *action = [options] { Trace(*options); }; });
 }
 
 }  // namespace tremolux

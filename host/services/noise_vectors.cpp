@@ -1,0 +1,106 @@
+#include "host/services/noise_vectors.h"
+
+#ifdef TREMOLUX_NOISE_SSE2
+
+#include <immintrin.h>
+
+#include "host/services/noise_lattice.h"
+
+// Each corner's value is the sum that the plain way adds up, in the same order, and mixed in the same order: x, y, z,
+// t.
+namespace host::noise {
+namespace {
+
+// Gradient times distance, summed up in pairs, of the two corners whose keys are these: along z.
+inline __m128d TwoCorners(std::uint64_t low_key, std::uint64_t high_key, __m128d xy, __m128d zt_low, __m128d zt_high) {
+    const double *low = GradientOf(low_key), *high = GradientOf(high_key);
+    const __m128d low_xy = _mm_mul_pd(_mm_load_pd(low), xy), high_xy = _mm_mul_pd(_mm_load_pd(high), xy),
+                  low_zt = _mm_mul_pd(_mm_load_pd(low + 2), zt_low),
+                  high_zt = _mm_mul_pd(_mm_load_pd(high + 2), zt_high);
+    return _mm_add_pd(_mm_add_pd(_mm_unpacklo_pd(low_xy, high_xy), _mm_unpackhi_pd(low_xy, high_xy)),
+                      _mm_add_pd(_mm_unpacklo_pd(low_zt, high_zt), _mm_unpackhi_pd(low_zt, high_zt)));
+}
+
+inline __m128d MixPairs(__m128d low, __m128d high, __m128d share) {
+    return _mm_add_pd(low, _mm_mul_pd(_mm_sub_pd(high, low), share));
+}
+
+}  // namespace
+
+double WithSse2(double x, double y, double z, double t) {
+    if (!IsInReach(x, y, z, t)) return 0;
+    const Cell cell = CellAt(x, y, z, t);
+    const __m128d fade_x = _mm_set1_pd(cell.x.fade), fade_y = _mm_set1_pd(cell.y.fade);
+    double along_t[2];
+    for (int late = 0; late < 2; ++late) {
+        const __m128d zt_low = _mm_setr_pd(cell.z.from[0], cell.t.from[late]),
+                      zt_high = _mm_setr_pd(cell.z.from[1], cell.t.from[late]);
+        const std::uint64_t low = cell.z.key[0] + cell.t.key[late], high = cell.z.key[1] + cell.t.key[late];
+        __m128d along_y[2];
+        for (int above = 0; above < 2; ++above) {
+            const std::uint64_t left = cell.x.key[0] + cell.y.key[above], right = cell.x.key[1] + cell.y.key[above];
+            along_y[above] = MixPairs(
+                TwoCorners(low + left, high + left, _mm_setr_pd(cell.x.from[0], cell.y.from[above]), zt_low, zt_high),
+                TwoCorners(low + right, high + right, _mm_setr_pd(cell.x.from[1], cell.y.from[above]), zt_low, zt_high),
+                fade_x);
+        }
+        const __m128d along_z = MixPairs(along_y[0], along_y[1], fade_y);
+        along_t[late] = Mix(_mm_cvtsd_f64(along_z), _mm_cvtsd_f64(_mm_unpackhi_pd(along_z, along_z)), cell.z.fade);
+    }
+    return Spread(Mix(along_t[0], along_t[1], cell.t.fade));
+}
+
+#ifdef TREMOLUX_NOISE_AVX2
+#define TREMOLUX_AVX2 __attribute__((target("avx2")))
+
+namespace {
+
+// The cell's corners along z and t: z below, z above, and both again at the later time.
+struct ZtCorners {
+    std::uint64_t key[4];
+    __m128d from[4];
+};
+
+TREMOLUX_AVX2 inline __m256d Products(std::uint64_t key, __m128d xy, __m128d zt) {
+    return _mm256_mul_pd(_mm256_load_pd(GradientOf(key)), _mm256_set_m128d(zt, xy));
+}
+
+// The values of the four corners at one place in x and y.
+TREMOLUX_AVX2 inline __m256d FourCorners(std::uint64_t key, __m128d xy, const ZtCorners &zt) {
+    const __m256d early = _mm256_hadd_pd(Products(key + zt.key[0], xy, zt.from[0]),
+                                         Products(key + zt.key[1], xy, zt.from[1])),
+                  late = _mm256_hadd_pd(Products(key + zt.key[2], xy, zt.from[2]),
+                                        Products(key + zt.key[3], xy, zt.from[3]));
+    return _mm256_add_pd(_mm256_permute2f128_pd(early, late, 0x20), _mm256_permute2f128_pd(early, late, 0x31));
+}
+
+TREMOLUX_AVX2 inline __m256d MixFours(__m256d low, __m256d high, __m256d share) {
+    return _mm256_add_pd(low, _mm256_mul_pd(_mm256_sub_pd(high, low), share));
+}
+
+}  // namespace
+
+TREMOLUX_AVX2 double WithAvx2(double x, double y, double z, double t) {
+    if (!IsInReach(x, y, z, t)) return 0;
+    const Cell cell = CellAt(x, y, z, t);
+    const ZtCorners zt = {{cell.z.key[0] + cell.t.key[0], cell.z.key[1] + cell.t.key[0], cell.z.key[0] + cell.t.key[1],
+                           cell.z.key[1] + cell.t.key[1]},
+                          {_mm_setr_pd(cell.z.from[0], cell.t.from[0]), _mm_setr_pd(cell.z.from[1], cell.t.from[0]),
+                           _mm_setr_pd(cell.z.from[0], cell.t.from[1]), _mm_setr_pd(cell.z.from[1], cell.t.from[1])}};
+    const __m256d fade_x = _mm256_set1_pd(cell.x.fade);
+    __m256d along_y[2];
+    for (int above = 0; above < 2; ++above)
+        along_y[above] = MixFours(
+            FourCorners(cell.x.key[0] + cell.y.key[above], _mm_setr_pd(cell.x.from[0], cell.y.from[above]), zt),
+            FourCorners(cell.x.key[1] + cell.y.key[above], _mm_setr_pd(cell.x.from[1], cell.y.from[above]), zt),
+            fade_x);
+    const __m256d along_z = MixFours(along_y[0], along_y[1], _mm256_set1_pd(cell.y.fade));
+    const __m128d early = _mm256_castpd256_pd128(along_z), late = _mm256_extractf128_pd(along_z, 1);
+    return Spread(Mix(Mix(_mm_cvtsd_f64(early), _mm_cvtsd_f64(_mm_unpackhi_pd(early, early)), cell.z.fade),
+                      Mix(_mm_cvtsd_f64(late), _mm_cvtsd_f64(_mm_unpackhi_pd(late, late)), cell.z.fade), cell.t.fade));
+}
+#endif
+
+}  // namespace host::noise
+
+#endif

@@ -1,0 +1,87 @@
+#include "tremolux/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <utility>
+
+#include "tremolux/failure.h"
+
+namespace tremolux {
+
+Option &Option::Required(bool required) {
+    option_->required(required);
+    return *this;
+}
+
+Option &Option::Description(const std::string &text) {
+    option_->description(text);
+    return *this;
+}
+
+Option &Option::ShowDefault() {
+    option_->capture_default_str();
+    return *this;
+}
+
+Option &Option::OneOf(const std::vector<std::string> &values) {
+    option_->check(CLI::IsMember(values));
+    return *this;
+}
+
+Option &Option::Once() {
+    option_->expected(1);
+    return *this;
+}
+
+Option &Option::Repeatable() {
+    option_->expected(1)->take_all();
+    return *this;
+}
+
+Command Command::Subcommand(const std::string &name, const std::string &help) const {
+    return Command(app_->add_subcommand(name, help));
+}
+
+Option Command::Add(const std::string &names, std::string *text, const std::string &help) const {
+    return Option(app_->add_option(names, *text, help));
+}
+
+Option Command::Add(const std::string &names, std::vector<std::string> *list, const std::string &help) const {
+    return Option(app_->add_option(names, *list, help));
+}
+
+Option Command::Add(const std::string &names, bool *flag, const std::string &help) const {
+    return Option(app_->add_flag(names, *flag, help));
+}
+
+Option Command::Find(const std::string &name) const { return Option(app_->get_option(name)); }
+
+void Command::AllowOneSubcommand() const { app_->require_subcommand(0, 1); }
+
+bool Command::HasSubcommand() const { return !app_->get_subcommands().empty(); }
+
+void Command::TakeFromParent() const { app_->fallthrough(); }
+
+void Command::OnCall(std::function<void()> call) const { app_->callback(std::move(call)); }
+
+CommandLine::CommandLine(const std::string &name, const std::string &help)
+    : app_(std::make_unique<CLI::App>(help, name)) {
+    app_->require_subcommand(1);
+    app_->allow_windows_style_options(false);  // a path may begin with "/" there too
+}
+
+CommandLine::~CommandLine() = default;
+
+bool CommandLine::Parse(std::vector<std::string> arguments) {
+    try {
+        std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
+        app_->parse(arguments);
+        return true;
+    } catch (const CLI::ParseError &error) {
+        if (error.get_exit_code() != 0) throw Failure(kExitInput, app_->get_name() + ": " + error.what());
+        app_->exit(error);  // prints the help
+        return false;
+    }
+}
+
+}  // namespace tremolux
