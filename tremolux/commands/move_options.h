@@ -47,4 +47,7 @@ void AddFormatOptions(CLI::App *command, FormatChoices *choices);
 void AddHostOptions(CLI::App *command, HostOptions *options);
 void AddMoveOptions(CLI::App *command, MoveOptions *options);
 
+// The move as that file's text. What the format has no place for is said on the standard error output, one line.
+std::string TextForFile(const std::filesystem::path &file, const CameraMove &move, const FormatOptions &options);
+
 }  // namespace tremolux
