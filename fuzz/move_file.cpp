@@ -5,7 +5,7 @@
 #include "fuzz/require.h"
 #include "tremolux/failure.h"
 #include "tremolux/formats/format.h"
-#include "tremolux/strayed.h"
+#include "tremolux/measures/strayed.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include "tremolux/command_line.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/failure.h"
-#include "tremolux/interrupt.h"
+#include "tremolux/process/interrupt.h"
 
 namespace tremolux {
 namespace {

@@ -15,10 +15,10 @@
 #include "host/value/descid.h"
 #include "host/value/text.h"
 #include "presets/compiler/preset_text.h"
-#include "tremolux/embedded_host.h"
 #include "tremolux/failure.h"
 #include "tremolux/parameters/settings.h"
-#include "tremolux/stage.h"
+#include "tremolux/shots/embedded_host.h"
+#include "tremolux/shots/stage.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "tremolux/analysis/motion.h"
+#include "tremolux/measures/motion.h"
 
 namespace tremolux {
 namespace {

@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/program/formats_support.h"
-#include "tremolux/base64.h"
+#include "tremolux/formats/base64.h"
 
 namespace tremolux {
 namespace {

@@ -1,4 +1,4 @@
-#include "tremolux/interrupt.h"
+#include "tremolux/process/interrupt.h"
 
 #include <gtest/gtest.h>
 

@@ -5,8 +5,8 @@
 
 #include "tests/program/formats_support.h"
 #include "tests/program/run.h"
-#include "tremolux/analysis/motion.h"
-#include "tremolux/smoothing_filter.h"
+#include "tremolux/frame_rates/smoothing_filter.h"
+#include "tremolux/measures/motion.h"
 
 namespace tremolux {
 namespace {

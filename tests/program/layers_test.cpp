@@ -80,7 +80,7 @@ class Layers : public TracedMove {
     Layers() : TracedMove(LivelyCamera()) {}
     const std::vector<std::string> all_ = Settings({"Position Slow=2%", "Rotation Slow=5", "Zoom Drift Slow=5%",
                                                     "Focus Drift Slow=0.1", "Custom Trigger=20,50", "Interval=25f"});
-    const std::vector<std::string> guided_ = {"--target", "0,80,300", "--focus-object", "30,80,200"};
+    const std::vector<std::string> aimed_ = {"--target", "0,80,300", "--focus-object", "30,80,200"};
 };
 
 TEST_F(Layers, OfEveryFrameAddUpToTheResult) {
@@ -93,20 +93,20 @@ TEST_F(Layers, OfEveryFrameAddUpToTheResult) {
 }
 
 TEST_F(Layers, AddUpWithATargetAndAFocusObjectToo) {
-    const auto records = Trace(Joined(all_, guided_));
+    const auto records = Trace(Joined(all_, aimed_));
     ExpectTheLayersToAddUp(records);
     for (const json &record : records) EXPECT_TRUE(record.at("layers").at("rotation").at("target"));
 }
 
 TEST_F(Layers, ShowNoTargetWhereItIsSwitchedOff) {
-    const auto records = Trace(Joined(Joined(all_, guided_), Settings({"Target=off"})));
+    const auto records = Trace(Joined(Joined(all_, aimed_), Settings({"Target=off"})));
     ExpectTheLayersToAddUp(records);
     for (const json &record : records) EXPECT_FALSE(record.at("layers").at("rotation").at("target"));
 }
 
 TEST_F(Layers, MeasureTheFocusFromWhereTheCameraStandsBeforeTheJolt) {
     double pushed = 0;
-    for (const json &record : Trace(Joined(all_, guided_))) {
+    for (const json &record : Trace(Joined(all_, aimed_))) {
         const host::Vector output = VectorOf(record.at("output").at("position"));
         const host::Vector jolt = VectorOf(record.at("layers").at("position").at("jolt"));
         const double distance = host::Length(host::Vector{30, 80, 200} - (output - jolt));

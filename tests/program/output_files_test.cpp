@@ -1,4 +1,4 @@
-#include "tremolux/output_files.h"
+#include "tremolux/process/output_files.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 #include "tests/program/formats_support.h"
 #include "tests/program/run.h"
 #include "tests/support/tools.h"
-#include "tremolux/preview/film.h"
+#include "tremolux/pictures/film.h"
 
 namespace tremolux {
 namespace {

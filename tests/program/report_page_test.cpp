@@ -1,5 +1,5 @@
 // The page about a shaken move.
-#include "tremolux/report/report_page.h"
+#include "tremolux/pictures/report_page.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 #include "host/scene/angles.h"
 #include "tests/program/formats_support.h"
 #include "tremolux/formats/right_handed.h"
-#include "tremolux/strayed.h"
+#include "tremolux/measures/strayed.h"
 
 namespace tremolux {
 namespace {

@@ -1,10 +1,10 @@
-#include "tremolux/stage.h"
+#include "tremolux/shots/stage.h"
 
 #include <gtest/gtest.h>
 
 #include "host/value/descid.h"
 #include "tests/program/run.h"
-#include "tremolux/embedded_host.h"
+#include "tremolux/shots/embedded_host.h"
 
 namespace tremolux {
 namespace {

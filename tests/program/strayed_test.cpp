@@ -1,10 +1,10 @@
-#include "tremolux/strayed.h"
+#include "tremolux/measures/strayed.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-#include "tremolux/report_text.h"
+#include "tremolux/words/report_text.h"
 
 namespace tremolux {
 namespace {

@@ -5,7 +5,7 @@
 #include "host/value/time.h"
 #include "tests/program/parameter_support.h"
 #include "tremolux/failure.h"
-#include "tremolux/formats/camera_move.h"
+#include "tremolux/moves/camera_move.h"
 
 namespace tremolux {
 namespace {

@@ -7,8 +7,8 @@
 #include "tremolux/failure.h"
 #include "tremolux/formats/csv_header.h"
 #include "tremolux/formats/numbers.h"
-#include "tremolux/output_files.h"
-#include "tremolux/strayed.h"
+#include "tremolux/measures/strayed.h"
+#include "tremolux/process/output_files.h"
 
 namespace tremolux {
 namespace {
@@ -103,7 +103,7 @@ std::string Shake(const Shot &shot, const MoveOptions &common, std::string *seed
     OutputFiles files({shot.output}, options.InputFiles());
     playback.Start();
     const PlayedMotion motion = playback.Record();
-    files.Write({MoveText(files.Files().front(), motion.output, playback.Formats())});
+    files.Write({TextForFile(files.Files().front(), motion.output, playback.Formats())});
     const Strayed strayed = MeasureStrayed(motion.input, motion.output);
     return std::to_string(motion.output.samples.size()) + "," + std::to_string(playback.FramesPerSecond()) + "," +
            FormatNumber(strayed.position.rms) + "," + FormatNumber(strayed.position.peak) + "," +

@@ -1,6 +1,6 @@
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/move_options.h"
-#include "tremolux/output_files.h"
+#include "tremolux/process/output_files.h"
 
 namespace tremolux {
 namespace {
@@ -22,7 +22,7 @@ void Convert(const ConvertOptions &options) {
     for (const std::filesystem::path &file : files.Files()) FormatOf(file, FormatUse::kWrite);
     const CameraMove move = ReadMove(std::filesystem::u8path(options.input), from);
     std::vector<std::string> texts;
-    for (const std::filesystem::path &file : files.Files()) texts.push_back(MoveText(file, move, to));
+    for (const std::filesystem::path &file : files.Files()) texts.push_back(TextForFile(file, move, to));
     files.Write(texts);
 }
 

@@ -1,10 +1,13 @@
 #include "tremolux/commands/move_options.h"
 
-#include "tremolux/embedded_host.h"
+#include <cstdio>
+
+#include "host/value/text.h"
 #include "tremolux/failure.h"
 #include "tremolux/formats/numbers.h"
 #include "tremolux/formats/source_text.h"
-#include "tremolux/system.h"
+#include "tremolux/process/system.h"
+#include "tremolux/shots/embedded_host.h"
 
 namespace tremolux {
 namespace {
@@ -148,6 +151,15 @@ void AddMoveOptions(Command command, MoveOptions *options) {
     AddFormatOptions(command, &options->formats);
     command.Add("--quiet", &options->quiet, "show no progress");
     AddHostOptions(command, &options->host);
+}
+
+std::string TextForFile(const std::filesystem::path &file, const CameraMove &move, const FormatOptions &options) {
+    const MoveFormat &format = FormatOf(file, FormatUse::kWrite);
+    if (format.lost != nullptr) {
+        std::fprintf(stderr, "%s: %s files have no place for %s\n", host::PathText(file).c_str(), format.extension,
+                     format.lost);
+    }
+    return MoveText(file, move, options);
 }
 
 }  // namespace tremolux

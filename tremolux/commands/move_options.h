@@ -47,4 +47,7 @@ void AddFormatOptions(Command command, FormatChoices *choices);
 void AddHostOptions(Command command, HostOptions *options);
 void AddMoveOptions(Command command, MoveOptions *options);
 
+// The move as that file's text. What the format has no place for is said on the standard error output, one line.
+std::string TextForFile(const std::filesystem::path &file, const CameraMove &move, const FormatOptions &options);
+
 }  // namespace tremolux

@@ -3,14 +3,14 @@
 #include "generated/module_ids.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/move_options.h"
-#include "tremolux/embedded_host.h"
 #include "tremolux/failure.h"
-#include "tremolux/output_files.h"
-#include "tremolux/panel/panel_page.h"
-#include "tremolux/panel/panel_text.h"
 #include "tremolux/parameters/settings.h"
+#include "tremolux/pictures/panel_page.h"
 #include "tremolux/presets/catalog.h"
-#include "tremolux/stage.h"
+#include "tremolux/process/output_files.h"
+#include "tremolux/shots/embedded_host.h"
+#include "tremolux/shots/stage.h"
+#include "tremolux/words/panel_text.h"
 
 namespace tremolux {
 namespace {

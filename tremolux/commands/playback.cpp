@@ -3,15 +3,15 @@
 #include <cstdio>
 
 #include "generated/module_ids.h"
-#include "tremolux/commands/guide.h"
+#include "tremolux/commands/aim_point.h"
 #include "tremolux/failure.h"
 #include "tremolux/formats/source_text.h"
-#include "tremolux/interrupt.h"
-#include "tremolux/jolt_watch.h"
-#include "tremolux/keep_hz.h"
+#include "tremolux/frame_rates/keep_hz.h"
 #include "tremolux/parameters/settings.h"
 #include "tremolux/presets/catalog.h"
-#include "tremolux/progress.h"
+#include "tremolux/process/interrupt.h"
+#include "tremolux/process/progress.h"
+#include "tremolux/shots/jolt_watch.h"
 
 namespace tremolux {
 Playback::Playback(const MoveOptions &options)
@@ -26,9 +26,9 @@ Playback::Playback(const MoveOptions &options, const CameraMove &move)
       quiet_(options.quiet) {
     const auto range = options.FrameRange();
     move_ = move;
-    if (!options.target.empty()) target_ = ReadGuide("--target", options.target.front(), move_, formats_);
+    if (!options.target.empty()) target_ = ReadAimPoint("--target", options.target.front(), move_, formats_);
     if (!options.focus_object.empty())
-        focus_object_ = ReadGuide("--focus-object", options.focus_object.front(), move_, formats_);
+        focus_object_ = ReadAimPoint("--focus-object", options.focus_object.front(), move_, formats_);
     first_frame_ = range ? range->first : move_.first_frame;
     last_frame_ = range ? range->second : move_.LastFrame();
     if (first_frame_ >= move_.first_frame && last_frame_ <= move_.LastFrame()) return;

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "tremolux/commands/move_options.h"
-#include "tremolux/embedded_host.h"
-#include "tremolux/played_motion.h"
-#include "tremolux/stage.h"
+#include "tremolux/moves/played_motion.h"
+#include "tremolux/shots/embedded_host.h"
+#include "tremolux/shots/stage.h"
 
 namespace tremolux {
 

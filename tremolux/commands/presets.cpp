@@ -9,16 +9,16 @@
 #include "host/value/text.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/move_options.h"
-#include "tremolux/embedded_host.h"
 #include "tremolux/failure.h"
 #include "tremolux/formats/source_text.h"
-#include "tremolux/output_files.h"
 #include "tremolux/parameters/settings.h"
 #include "tremolux/parameters/shown_values.h"
 #include "tremolux/presets/catalog.h"
 #include "tremolux/presets/left_out.h"
 #include "tremolux/presets/sentences.h"
-#include "tremolux/stage.h"
+#include "tremolux/process/output_files.h"
+#include "tremolux/shots/embedded_host.h"
+#include "tremolux/shots/stage.h"
 
 namespace tremolux {
 namespace {

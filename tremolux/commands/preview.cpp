@@ -3,12 +3,12 @@
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
 #include "tremolux/failure.h"
-#include "tremolux/interrupt.h"
-#include "tremolux/output_files.h"
+#include "tremolux/pictures/film.h"
 #include "tremolux/presets/catalog.h"
 #include "tremolux/presets/sentences.h"
-#include "tremolux/preview/film.h"
-#include "tremolux/progress.h"
+#include "tremolux/process/interrupt.h"
+#include "tremolux/process/output_files.h"
+#include "tremolux/process/progress.h"
 
 namespace tremolux {
 namespace {

@@ -1,13 +1,13 @@
 #include "host/value/descid.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
-#include "tremolux/interrupt.h"
-#include "tremolux/output_files.h"
 #include "tremolux/parameters/parameter.h"
-#include "tremolux/plots/plot.h"
-#include "tremolux/preview/film.h"
-#include "tremolux/progress.h"
-#include "tremolux/report/report_page.h"
+#include "tremolux/pictures/film.h"
+#include "tremolux/pictures/plot.h"
+#include "tremolux/pictures/report_page.h"
+#include "tremolux/process/interrupt.h"
+#include "tremolux/process/output_files.h"
+#include "tremolux/process/progress.h"
 
 namespace tremolux {
 namespace {

@@ -9,12 +9,12 @@
 #include "tremolux/failure.h"
 #include "tremolux/formats/format.h"
 #include "tremolux/formats/source_text.h"
-#include "tremolux/interrupt.h"
-#include "tremolux/keys.h"
-#include "tremolux/output_files.h"
 #include "tremolux/parameters/lookup.h"
-#include "tremolux/progress.h"
-#include "tremolux/scene.h"
+#include "tremolux/process/interrupt.h"
+#include "tremolux/process/output_files.h"
+#include "tremolux/process/progress.h"
+#include "tremolux/shots/keys.h"
+#include "tremolux/shots/scene.h"
 
 namespace tremolux {
 namespace {

@@ -4,10 +4,10 @@
 
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
-#include "tremolux/output_files.h"
-#include "tremolux/plots/plot.h"
-#include "tremolux/report_text.h"
-#include "tremolux/scene.h"
+#include "tremolux/pictures/plot.h"
+#include "tremolux/process/output_files.h"
+#include "tremolux/shots/scene.h"
+#include "tremolux/words/report_text.h"
 
 namespace tremolux {
 namespace {
@@ -57,7 +57,7 @@ void Shake(const ShakeOptions &options) {
 
     std::vector<std::string> texts;
     for (const std::string &file : options.outputs)
-        texts.push_back(MoveText(Path(file), motion.output, playback.Formats()));
+        texts.push_back(TextForFile(Path(file), motion.output, playback.Formats()));
     if (!options.plot.empty()) {
         const PlotFormat format = PlotFormatOf(Path(options.plot));
         texts.push_back(DrawMotion(motion, format));

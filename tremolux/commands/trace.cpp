@@ -2,7 +2,7 @@
 
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
-#include "tremolux/output_files.h"
+#include "tremolux/process/output_files.h"
 #include "tremolux/trace/frame_record.h"
 
 namespace tremolux {

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "tremolux/formats/camera_move.h"
 #include "tremolux/formats/format.h"
+#include "tremolux/moves/camera_move.h"
 
 namespace tremolux {
 

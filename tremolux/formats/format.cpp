@@ -1,7 +1,5 @@
 #include "tremolux/formats/format.h"
 
-#include <cstdio>
-
 #include "host/files/safe_write.h"
 #include "host/value/text.h"
 #include "tremolux/failure.h"
@@ -82,12 +80,7 @@ CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
 }
 
 std::string MoveText(const fs::path &file, const CameraMove &move, const FormatOptions &options) {
-    const MoveFormat &format = FormatOf(file, FormatUse::kWrite);
-    if (format.lost != nullptr) {
-        std::fprintf(stderr, "%s: %s files have no place for %s\n", host::PathText(file).c_str(), format.extension,
-                     format.lost);
-    }
-    return format.write(move, options);
+    return FormatOf(file, FormatUse::kWrite).write(move, options);
 }
 
 }  // namespace tremolux

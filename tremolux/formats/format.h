@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "tremolux/formats/camera_move.h"
 #include "tremolux/formats/rotation_order.h"
+#include "tremolux/moves/camera_move.h"
 
 namespace tremolux {
 
@@ -37,7 +37,6 @@ std::string KnownExtensions(FormatUse use);
 // By the extension, in whatever case; throws a Failure that lists the known ones.
 const MoveFormat &FormatOf(const std::filesystem::path &file, FormatUse use);
 CameraMove ReadMove(const std::filesystem::path &file, const FormatOptions &options);
-// The text of a file. What it has no place for is said on the standard error output, one line.
 std::string MoveText(const std::filesystem::path &file, const CameraMove &move, const FormatOptions &options);
 
 }  // namespace tremolux

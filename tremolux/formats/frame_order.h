@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "tremolux/formats/camera_move.h"
 #include "tremolux/formats/source_text.h"
+#include "tremolux/moves/camera_move.h"
 
 namespace tremolux {
 

@@ -6,7 +6,7 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
-#include "tremolux/base64.h"
+#include "tremolux/formats/base64.h"
 #include "tremolux/formats/lens.h"
 #include "tremolux/formats/right_handed.h"
 

@@ -2,9 +2,9 @@
 // z backwards), rotations about x, then y, then z, 24 frames a second.
 #pragma once
 
-#include "tremolux/formats/camera_move.h"
 #include "tremolux/formats/csv_header.h"
 #include "tremolux/formats/source_text.h"
+#include "tremolux/moves/camera_move.h"
 
 namespace tremolux {
 

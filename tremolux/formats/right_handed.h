@@ -3,7 +3,7 @@
 // rotation.
 #pragma once
 
-#include "tremolux/formats/camera_move.h"
+#include "tremolux/moves/camera_move.h"
 
 namespace tremolux {
 

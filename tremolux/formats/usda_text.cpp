@@ -1,7 +1,7 @@
 #include "tremolux/formats/usda_text.h"
 
-#include "tremolux/formats/camera_move.h"
 #include "tremolux/formats/numbers.h"
+#include "tremolux/moves/camera_move.h"
 
 namespace tremolux {
 namespace {

@@ -4,9 +4,9 @@
 
 #include "host/ui/field_text.h"
 #include "tremolux/failure.h"
-#include "tremolux/formats/camera_move.h"
 #include "tremolux/formats/numbers.h"
 #include "tremolux/formats/source_text.h"
+#include "tremolux/moves/camera_move.h"
 
 namespace tremolux {
 namespace {

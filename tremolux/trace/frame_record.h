@@ -1,7 +1,7 @@
 // Everything that can be observed of one frame.
 #pragma once
 
-#include "tremolux/stage.h"
+#include "tremolux/shots/stage.h"
 #include "tremolux/trace/json_value.h"
 #include "tremolux/trace/private_state.h"
 

@@ -1,7 +1,7 @@
 // What each layer of the motion added on a frame.
 #pragma once
 
-#include "tremolux/stage.h"
+#include "tremolux/shots/stage.h"
 #include "tremolux/trace/json_value.h"
 
 namespace tremolux {

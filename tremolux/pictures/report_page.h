@@ -1,0 +1,30 @@
+// A played motion as one page that needs nothing else.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tremolux/measures/motion.h"
+#include "tremolux/moves/played_motion.h"
+#include "tremolux/parameters/shown_values.h"
+
+namespace tremolux {
+
+struct ReportContents {
+    std::string title;   // the input file's name
+    std::string preset;  // empty: none
+    struct Setting {
+        std::string label, value, usual;
+    };
+    std::vector<Setting> settings;  // that differ from their defaults
+    PlayedMotion motion;
+    AddedMotion added;
+    int picture_width;           // pixels
+    std::string plots, spectra;  // drawings (.svg)
+    std::string film;            // .mp4
+};
+
+// HTML.
+std::string ReportPage(const ReportContents &contents);
+
+}  // namespace tremolux

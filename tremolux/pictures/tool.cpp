@@ -1,0 +1,61 @@
+#include "tremolux/pictures/tool.h"
+
+#include "host/files/safe_write.h"
+#include "host/services/platform.h"
+#include "tremolux/failure.h"
+
+namespace tremolux {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The last line that is not empty: programs say there what was wrong.
+std::string LastLine(std::string text) {
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r' || text.back() == ' ')) text.pop_back();
+    return text.substr(text.find_last_of('\n') + 1);
+}
+
+std::string Contents(const fs::path &file) {
+    std::string bytes, error;
+    host::ReadFile(file, &bytes, &error);
+    return bytes;
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() {
+    static int count = 0;
+    std::error_code error;
+    const fs::path place = fs::temp_directory_path(error);
+    do {
+        path_ = place / ("tremolux-" + std::to_string(host::ProcessId()) + "-" + std::to_string(count++));
+    } while (!error && fs::exists(path_, error));
+    if (error || !fs::create_directory(path_, error))
+        throw Failure(kExitOutput, "no temporary folder can be made, expected one that takes new files");
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+}
+
+Tool::Tool(const std::vector<std::string> &command, const char *package, const TemporaryFolder &folder)
+    : name_(command.front()), out_(folder.Path() / "out"), err_(folder.Path() / "err") {
+    if (process_.Start(command, out_, err_)) return;
+    throw Failure(kExitOutput, name_ + " is missing: install it (on Debian the package " + package + ")");
+}
+
+void Tool::Fail() const { throw Failure(kExitOutput, name_ + " failed: " + LastLine(Contents(err_))); }
+
+void Tool::Write(std::string_view bytes) {
+    if (process_.Write(bytes)) return;
+    process_.Finish();
+    Fail();
+}
+
+std::string Tool::Finish() {
+    if (process_.Finish() != 0) Fail();
+    return Contents(out_);
+}
+
+}  // namespace tremolux

@@ -1,0 +1,24 @@
+// What a shake did, for a person to read.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "tremolux/moves/camera_move.h"
+
+namespace tremolux {
+
+struct ShakeReport {
+    std::string input_file;
+    std::vector<std::filesystem::path> output_files;
+    std::string preset;                 // that the settings come on top of; empty: none
+    std::vector<std::string> settings;  // as given
+    int frames_per_second;
+    double microseconds_per_frame;  // of evaluation
+};
+
+// Several lines; both moves have the same frames.
+std::string ReportText(const ShakeReport &report, const CameraMove &input, const CameraMove &output);
+
+}  // namespace tremolux
