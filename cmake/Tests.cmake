@@ -135,6 +135,26 @@ if(TARGET parameter_page)
     add_test(NAME docs.parameters COMMAND parameter_page --check "${drive}${PROJECT_SOURCE_DIR}/docs/parameters.md")
 endif()
 
+# Both sides of the border, read for a third platform beside those that are built for: the layout checks of their structs
+# hold there, too. The system's C and C++ headers serve for that, but for one that only a 32-bit system would have.
+find_program(clang_program NAMES clang++ clang++-14)
+if(clang_program AND NOT CMAKE_CROSSCOMPILING)
+    set(wasm32_folder "${PROJECT_BINARY_DIR}/wasm32-headers")
+    file(WRITE "${wasm32_folder}/gnu/stubs-32.h" "")
+    set(wasm32_headers "${wasm32_folder}" ${CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES})
+    # The compiler brings its own.
+    list(FILTER wasm32_headers EXCLUDE REGEX "/lib/")
+    list(TRANSFORM wasm32_headers PREPEND "-isystem")
+    tremolux_room_sources(border_sources host/table)
+    list(APPEND border_sources ${interface_glue})
+    add_test(
+        NAME border.has_the_layout_of_wasm32
+        COMMAND ${clang_program} --target=wasm32 -fsyntax-only -std=c++17 -nostdinc++ -Wall -Wextra -Werror
+                "-I${PROJECT_SOURCE_DIR}" "-I${interface_folders}" ${wasm32_headers} ${border_sources})
+else()
+    message(STATUS "clang++ is missing, or another system is built for: the border's layout for wasm32 is not checked")
+endif()
+
 # The application kit against a folder in the shape of the vendor's SDK, with this project's own headers and glue in it.
 if(TARGET built_in_presets AND NOT CMAKE_CROSSCOMPILING)
     add_test(NAME sdk.kit COMMAND "${PROJECT_SOURCE_DIR}/tests/sdk/build_with_sdk" "${PROJECT_BINARY_DIR}/sdk"

@@ -1,8 +1,9 @@
 // Hyper files of any bytes, read as whatever the reader asks for: the first bytes say what that is.
+#include "host/files/hyperfile.h"
+
 #include <cstdint>
 
 #include "fuzz/require.h"
-#include "host/files/hyperfile.h"
 
 namespace {
 
@@ -11,8 +12,11 @@ constexpr std::size_t kReads = 16;
 
 bool ReadOne(host::HyperFile *file, unsigned what) {
     host::Data data;
+    host::Container container;
+    host::Time time{};
+    host::Vector vector{};
     std::string text;
-    std::int32_t whole = 0, level = 0;
+    std::int32_t whole = 0;
     double real = 0;
     switch (what % 7) {
         case 0:
@@ -24,11 +28,11 @@ bool ReadOne(host::HyperFile *file, unsigned what) {
         case 3:
             return file->ReadReal(&real);
         case 4:
-            return file->ReadMemory(&text);
+            return file->ReadContainer(&container);
         case 5:
-            return file->ReadChunkStart(&whole, &level);
+            return file->ReadTime(&time);
         default:
-            return file->ReadChunkEnd();
+            return file->ReadVector(&vector);
     }
 }
 
@@ -42,8 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (!file.OpenForReading(kIdent, empty.Bytes() + body)) return 0;
     for (std::size_t i = 0; i < kReads; ++i) {
         const bool read = ReadOne(&file, data[i]);
-        // The end of a chunk that was never begun is the caller's mistake, not the file's.
-        fuzz::Require(read || file.Error() != host::kFileOk || data[i] % 7 == 6);
+        fuzz::Require(read || file.Error() != host::kFileOk);
         if (!read) break;
     }
     return 0;

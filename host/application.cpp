@@ -15,7 +15,6 @@ Application *current = nullptr;
 
 // The preferences are a hyper file of this ident: a container of containers, by plug-in id.
 constexpr std::int32_t kPreferencesIdent = 0x70726566;  // "pref"
-constexpr std::int32_t kValueContainer = 132;
 
 constexpr std::int32_t kCommandEnabled = 0x40000000;
 constexpr std::int32_t kEventAnimate = 2, kEventNoExpressions = 4;
@@ -80,7 +79,7 @@ bool Application::LoadWorldSettings() {
     if (settings.preferences_file.empty()) return false;
     HyperFile file;
     Container all;
-    if (!file.Open(kPreferencesIdent, settings.preferences_file, FileMode::kRead) || !file.Read(kValueContainer, &all))
+    if (!file.Open(kPreferencesIdent, settings.preferences_file, FileMode::kRead) || !file.ReadContainer(&all))
         return false;
     for (std::int32_t i = 0; i < all.Count(); ++i)
         if (const Container *data = all.DataAt(i)->GetContainer()) SetWorldPluginData(all.IdAt(i), *data, false);
@@ -92,8 +91,8 @@ bool Application::SaveWorldSettings() const {
     Container all;
     for (const auto &[id, data] : world_) all.Set(id, Data(*data));
     HyperFile file;
-    return file.Open(kPreferencesIdent, settings.preferences_file, FileMode::kWrite) &&
-           file.Write(kValueContainer, &all) && file.Close();
+    return file.Open(kPreferencesIdent, settings.preferences_file, FileMode::kWrite) && file.WriteContainer(all) &&
+           file.Close();
 }
 
 Document *Application::NewDocument() {

@@ -116,11 +116,4 @@ bool CopyFileTo(const fs::path &source, const fs::path &destination, bool overwr
     return complete;
 }
 
-bool RenameFile(const fs::path &source, const fs::path &destination) {
-    std::error_code error;
-    if (NextFileUse() != FileFault::kNone || fs::exists(fs::symlink_status(destination, error))) return false;
-    fs::rename(source, destination, error);
-    return !error;
-}
-
 }  // namespace host

@@ -46,6 +46,5 @@ bool RemoveFile(const std::filesystem::path &name, std::int32_t flags);
 // Files and whole folders, each file complete or not at all; symbolic links are not copied. Without `overwrite` an
 // existing destination is left alone.
 bool CopyFileTo(const std::filesystem::path &source, const std::filesystem::path &destination, bool overwrite);
-bool RenameFile(const std::filesystem::path &source, const std::filesystem::path &destination);
 
 }  // namespace host

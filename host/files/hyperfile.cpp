@@ -19,30 +19,14 @@ constexpr std::size_t kMagicSize = sizeof(kMagic);
 constexpr int kDeepestNesting = 64;
 
 enum ValueType : std::int32_t {
-    kStart = 1,
-    kStop = 2,
-    kChar = 11,
     kWhole = 15,
-    kWholeUnsigned = 16,
-    kWhole64 = 17,
     kReal = 19,
-    kLongReal = 20,
-    kBool = 21,
     kTime = 22,
     kVector = 23,
-    kLongVector = 24,
-    kMatrix = 25,
-    kLongMatrix = 26,
-    kShortReal = 29,
     kText = 130,
-    kFilename = 131,
     kContainer = 132,
-    kLink = 138,
-    kMemory = 139,
     kAnyData = 200
 };
-
-bool IsWhole(std::int32_t type) { return (type >= kChar && type <= kWholeUnsigned) || type == kBool; }
 
 // ---- Big-endian bytes
 
@@ -337,7 +321,6 @@ void HyperFile::OpenForWriting(std::int32_t ident) {
     writing_ = open_ = true;
     error_ = kFileOk;
     file_.clear();
-    chunks_.clear();
 }
 
 bool HyperFile::OpenForReading(std::int32_t ident, std::string bytes) {
@@ -345,7 +328,6 @@ bool HyperFile::OpenForReading(std::int32_t ident, std::string bytes) {
     bytes_ = std::move(bytes);
     position_ = kMagicSize;
     writing_ = false;
-    chunks_.clear();
     std::int32_t found = 0;
     open_ = bytes_.compare(0, kMagicSize, kMagic, kMagicSize) == 0 && Source(bytes_, &position_).Get(&found) &&
             found == ident;
@@ -363,211 +345,103 @@ bool HyperFile::Close() {
     return error_ == kFileOk;
 }
 
-bool HyperFile::Write(std::int32_t type, const void *value) {
-    if (!open_ || !writing_ || value == nullptr) {
+bool HyperFile::BeginValue(std::int32_t type) {
+    if (!open_ || !writing_) {
         error_ = kFileWrite;
         return false;
     }
     Put(&bytes_, type);
-    if (IsWhole(type)) {
-        Put(&bytes_, *static_cast<const std::int32_t *>(value));
-        return true;
-    }
-    switch (type) {
-        case kWhole64:
-            Put(&bytes_, *static_cast<const std::int64_t *>(value));
-            return true;
-        case kReal:
-        case kLongReal:
-        case kShortReal:
-            Put(&bytes_, *static_cast<const double *>(value));
-            return true;
-        case kTime:
-            Put(&bytes_, static_cast<const Time *>(value)->numerator);
-            Put(&bytes_, static_cast<const Time *>(value)->denominator);
-            return true;
-        case kVector:
-        case kLongVector:
-            Put(&bytes_, *static_cast<const Vector *>(value));
-            return true;
-        case kMatrix:
-        case kLongMatrix:
-            Put(&bytes_, *static_cast<const Matrix *>(value));
-            return true;
-        case kText:
-            Put(&bytes_, ToUtf8(static_cast<const TableString *>(value)));
-            return true;
-        case kFilename:
-            Put(&bytes_, ToUtf8(&static_cast<const TableFilename *>(value)->path));
-            return true;
-        case kContainer:
-            if (Writer(&bytes_, links).Write(AsContainer(static_cast<const TableContainer *>(value)), 0)) return true;
-            break;
-        default:
-            break;
-    }
-    error_ = kFileWrongValue;
-    return false;
-}
-
-bool HyperFile::Read(std::int32_t type, void *value) {
-    if (!open_ || writing_ || value == nullptr) {
-        error_ = kFileRead;
-        return false;
-    }
-    Source source(bytes_, &position_);
-    const auto done = [&](bool read) {
-        if (!read) error_ = kFileEnd;
-        return read;
-    };
-    const std::size_t start = position_;
-    std::int32_t found = 0;
-    if (!source.Get(&found)) return done(false);
-    if (found != type) {
-        position_ = start;
-        error_ = kFileWrongValue;
-        return false;
-    }
-    if (IsWhole(type)) return done(source.Get(static_cast<std::int32_t *>(value)));
-    std::string text;
-    switch (type) {
-        case kWhole64:
-            return done(source.Get(static_cast<std::int64_t *>(value)));
-        case kReal:
-        case kLongReal:
-        case kShortReal:
-            return done(source.Get(static_cast<double *>(value)));
-        case kTime:
-            return done(source.Get(&static_cast<Time *>(value)->numerator) &&
-                        source.Get(&static_cast<Time *>(value)->denominator));
-        case kVector:
-        case kLongVector:
-            return done(Get(&source, static_cast<Vector *>(value)));
-        case kMatrix:
-        case kLongMatrix:
-            return done(Get(&source, static_cast<Matrix *>(value)));
-        case kText:
-            if (!done(source.Get(&text))) return false;
-            Assign(static_cast<TableString *>(value), text);
-            return true;
-        case kFilename:
-            if (!done(source.Get(&text))) return false;
-            Assign(&static_cast<TableFilename *>(value)->path, text);
-            return true;
-        case kContainer: {
-            Container container;
-            if (!done(Reader(source, links).Read(&container, 0))) return false;
-            AsContainer(static_cast<TableContainer *>(value)) = std::move(container);
-            return true;
-        }
-        default:
-            error_ = kFileWrongValue;
-            return false;
-    }
-}
-
-bool HyperFile::WriteData(const TableData &data) {
-    if (!open_ || !writing_) return false;
-    const std::int32_t type = kAnyData;
-    Put(&bytes_, type);
-    if (Writer(&bytes_, links).Write(data, 0)) return true;
-    error_ = kFileWrongValue;
-    return false;
-}
-
-bool HyperFile::ReadData(Data *data) {
-    if (!open_ || writing_) return false;
-    Source source(bytes_, &position_);
-    std::int32_t type = 0;
-    Data read;
-    if (!source.Get(&type) || type != kAnyData || !Reader(source, links).Read(&read, 0)) {
-        error_ = kFileEnd;
-        return false;
-    }
-    *data = std::move(read);
     return true;
 }
 
+bool HyperFile::FindValue(std::int32_t type) {
+    if (!open_ || writing_) {
+        error_ = kFileRead;
+        return false;
+    }
+    const std::size_t start = position_;
+    std::int32_t found = 0;
+    if (!Source(bytes_, &position_).Get(&found)) return Ended(false);
+    if (found == type) return true;
+    position_ = start;
+    error_ = kFileWrongValue;
+    return false;
+}
+
+bool HyperFile::Ended(bool whole) {
+    if (!whole) error_ = kFileEnd;
+    return whole;
+}
+
+template <typename Number>
+bool HyperFile::WriteNumber(std::int32_t type, Number value) {
+    if (!BeginValue(type)) return false;
+    Put(&bytes_, value);
+    return true;
+}
+
+template <typename Number>
+bool HyperFile::ReadNumber(std::int32_t type, Number *value) {
+    return FindValue(type) && Ended(Source(bytes_, &position_).Get(value));
+}
+
+template <typename Value>
+bool HyperFile::WriteAny(std::int32_t type, const Value &value) {
+    if (!BeginValue(type)) return false;
+    if (Writer(&bytes_, links).Write(value, 0)) return true;
+    error_ = kFileWrongValue;
+    return false;
+}
+
+// Nothing half read: `value` changes when all of it is there.
+template <typename Value>
+bool HyperFile::ReadAny(std::int32_t type, Value *value) {
+    Value read;
+    if (!FindValue(type) || !Ended(Reader(Source(bytes_, &position_), links).Read(&read, 0))) return false;
+    *value = std::move(read);
+    return true;
+}
+
+bool HyperFile::WriteWhole(std::int32_t value) { return WriteNumber(kWhole, value); }
+bool HyperFile::ReadWhole(std::int32_t *value) { return ReadNumber(kWhole, value); }
+bool HyperFile::WriteReal(double value) { return WriteNumber(kReal, value); }
+bool HyperFile::ReadReal(double *value) { return ReadNumber(kReal, value); }
+bool HyperFile::WriteContainer(const Container &container) { return WriteAny(kContainer, container); }
+bool HyperFile::ReadContainer(Container *container) { return ReadAny(kContainer, container); }
+bool HyperFile::WriteData(const TableData &data) { return WriteAny(kAnyData, data); }
+bool HyperFile::ReadData(Data *data) { return ReadAny(kAnyData, data); }
+
 bool HyperFile::WriteText(const std::string &utf8) {
-    if (!open_ || !writing_) return false;
-    const std::int32_t type = kText;
-    Put(&bytes_, type);
+    if (!BeginValue(kText)) return false;
     Put(&bytes_, utf8);
     return true;
 }
 
-bool HyperFile::ReadText(std::string *utf8) {
-    TableString text{};
-    if (!Read(kText, &text)) return false;
-    *utf8 = ToUtf8(&text);
-    ReleaseText(&text);
+bool HyperFile::ReadText(std::string *utf8) { return FindValue(kText) && Ended(Source(bytes_, &position_).Get(utf8)); }
+
+bool HyperFile::WriteTime(const Time &time) {
+    if (!BeginValue(kTime)) return false;
+    Put(&bytes_, time.numerator);
+    Put(&bytes_, time.denominator);
     return true;
 }
 
-bool HyperFile::WriteWhole(std::int32_t value) { return Write(kWhole, &value); }
-bool HyperFile::ReadWhole(std::int32_t *value) { return Read(kWhole, value); }
-bool HyperFile::WriteReal(double value) { return Write(kReal, &value); }
-bool HyperFile::ReadReal(double *value) { return Read(kReal, value); }
-
-bool HyperFile::WriteMemory(const void *memory, std::int64_t size) {
-    if (!open_ || !writing_ || size < 0 || size > INT32_MAX || (memory == nullptr && size > 0)) return false;
-    const std::int32_t type = kMemory;
-    Put(&bytes_, type);
-    Put(&bytes_, std::string(static_cast<const char *>(memory), static_cast<std::size_t>(size)));
-    return true;
-}
-
-bool HyperFile::ReadMemory(std::string *bytes) {
-    if (!open_ || writing_) return false;
+bool HyperFile::ReadTime(Time *time) {
+    if (!FindValue(kTime)) return false;
     Source source(bytes_, &position_);
-    std::int32_t type = 0;
-    if (source.Get(&type) && type == kMemory && source.Get(bytes)) return true;
-    error_ = kFileEnd;
-    return false;
+    return Ended(source.Get(&time->numerator) && source.Get(&time->denominator));
 }
 
-bool HyperFile::WriteChunkStart(std::int32_t id, std::int32_t level) {
-    if (!open_ || !writing_) return false;
-    const std::int32_t type = kStart;
-    Put(&bytes_, type);
-    Put(&bytes_, id);
-    Put(&bytes_, level);
-    chunks_.push_back(bytes_.size());
-    Put(&bytes_, std::uint32_t{0});  // the size, when it is known
+bool HyperFile::WriteVector(const Vector &vector) {
+    if (!BeginValue(kVector)) return false;
+    Put(&bytes_, vector);
     return true;
 }
 
-bool HyperFile::WriteChunkEnd() {
-    if (!open_ || !writing_ || chunks_.empty()) return false;
-    const std::size_t place = chunks_.back();
-    chunks_.pop_back();
-    std::string size;
-    Put(&size, static_cast<std::uint32_t>(bytes_.size() - place - 4));
-    bytes_.replace(place, 4, size);
-    return true;
-}
-
-bool HyperFile::ReadChunkStart(std::int32_t *id, std::int32_t *level) {
-    if (!open_ || writing_) return false;
+bool HyperFile::ReadVector(Vector *vector) {
+    if (!FindValue(kVector)) return false;
     Source source(bytes_, &position_);
-    const std::size_t start = position_;
-    std::int32_t type = 0;
-    std::uint32_t size = 0;
-    if (source.Get(&type) && type == kStart && source.Get(id) && source.Get(level) && source.Get(&size) &&
-        size <= source.Left()) {
-        chunks_.push_back(position_ + size);
-        return true;
-    }
-    position_ = start;
-    error_ = kFileEnd;
-    return false;
-}
-
-bool HyperFile::ReadChunkEnd() {
-    if (!open_ || writing_ || chunks_.empty()) return false;
-    position_ = chunks_.back();
-    chunks_.pop_back();
-    return true;
+    return Ended(Get(&source, vector));
 }
 
 }  // namespace host

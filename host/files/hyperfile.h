@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "host/value/container.h"
 
@@ -40,23 +39,21 @@ class HyperFile : public HostHyperFile {
     bool Close();  // false if a write failed
     FileError Error() const { return error_; }
 
-    // A value with its type; false, with Error set, on another type or a cut-off file. Payloads as in the table.
-    bool Write(std::int32_t type, const void *value);
-    bool Read(std::int32_t type, void *value);
-    bool WriteData(const TableData &data);
-    bool ReadData(Data *data);
-    bool WriteText(const std::string &utf8);
-    bool ReadText(std::string *utf8);
+    // A value with its type; false, with Error set, on another type or a cut-off file.
     bool WriteWhole(std::int32_t value);
     bool ReadWhole(std::int32_t *value);
     bool WriteReal(double value);
     bool ReadReal(double *value);
-    bool WriteMemory(const void *memory, std::int64_t size);
-    bool ReadMemory(std::string *bytes);
-    bool WriteChunkStart(std::int32_t id, std::int32_t level);
-    bool WriteChunkEnd();
-    bool ReadChunkStart(std::int32_t *id, std::int32_t *level);
-    bool ReadChunkEnd();
+    bool WriteText(const std::string &utf8);
+    bool ReadText(std::string *utf8);
+    bool WriteTime(const Time &time);
+    bool ReadTime(Time *time);
+    bool WriteVector(const Vector &vector);
+    bool ReadVector(Vector *vector);
+    bool WriteContainer(const Container &container);
+    bool ReadContainer(Container *container);
+    bool WriteData(const TableData &data);
+    bool ReadData(Data *data);
 
     // How links are written and read while a document is saved or loaded: a number for a node and back. Without it a
     // link is written as unresolved.
@@ -68,12 +65,23 @@ class HyperFile : public HostHyperFile {
     LinkNumbers *links = nullptr;
 
   private:
+    bool BeginValue(std::int32_t type);
+    bool FindValue(std::int32_t type);
+    bool Ended(bool whole);
+    template <typename Number>
+    bool WriteNumber(std::int32_t type, Number value);
+    template <typename Number>
+    bool ReadNumber(std::int32_t type, Number *value);
+    template <typename Value>
+    bool WriteAny(std::int32_t type, const Value &value);
+    template <typename Value>
+    bool ReadAny(std::int32_t type, Value *value);
+
     std::string bytes_;
     std::size_t position_ = 0;
     bool writing_ = false, open_ = false;
     FileError error_ = kFileOk;
     std::filesystem::path file_;
-    std::vector<std::size_t> chunks_;
 };
 
 }  // namespace host

@@ -17,7 +17,6 @@ namespace {
 constexpr std::int32_t kSceneIdent = 0x74787363;  // "txsc"
 constexpr std::int32_t kFormat = 1;
 constexpr int kDeepestHierarchy = 256;
-constexpr std::int32_t kValueTime = 22, kValueVector = 23, kValueContainer = 132;
 // The kinds of settings that a document may hold: general, modeling, document, animation, tools.
 constexpr std::int32_t kSettingsTypes[] = {0, 1, 2, 7, 8};
 
@@ -70,7 +69,7 @@ class SceneWriter {
 
     bool Write(Document *document, NodeNumbers *numbers) {
         bool done = file_.WriteWhole(kFormat) && WriteNode(document);
-        for (std::int32_t type : kSettingsTypes) done = done && file_.Write(kValueContainer, &document->Settings(type));
+        for (std::int32_t type : kSettingsTypes) done = done && file_.WriteContainer(document->Settings(type));
         View *view = document->ActiveView();
         Object *camera = view != nullptr ? view->SceneCamera(document) : nullptr;
         return done && file_.WriteWhole(camera != nullptr ? numbers->NumberOf(camera) : -1) &&
@@ -80,7 +79,7 @@ class SceneWriter {
   private:
     bool WriteNode(Node *node) {
         bool done = file_.WriteText(node->Name()) && file_.WriteWhole(node->Bits()) &&
-                    file_.Write(kValueContainer, &node->Data()) &&
+                    file_.WriteContainer(node->Data()) &&
                     file_.WriteWhole(static_cast<std::int32_t>(node->Tracks().size()));
         for (const Track *track : node->Tracks()) done = done && WriteTrack(*track);
         return done;
@@ -101,9 +100,8 @@ class SceneWriter {
 
     bool WriteKey(const Key &key) {
         const Time time = key.GetTime();
-        return file_.Write(kValueTime, &time) && file_.WriteReal(key.GetValue()) &&
-               file_.WriteWhole(key.GetInterpolation()) && file_.Write(kValueTime, &key.left.time) &&
-               file_.WriteReal(key.left.value) && file_.Write(kValueTime, &key.right.time) &&
+        return file_.WriteTime(time) && file_.WriteReal(key.GetValue()) && file_.WriteWhole(key.GetInterpolation()) &&
+               file_.WriteTime(key.left.time) && file_.WriteReal(key.left.value) && file_.WriteTime(key.right.time) &&
                file_.WriteReal(key.right.value) && file_.WriteData(key.data);
     }
 
@@ -120,7 +118,7 @@ class SceneWriter {
     bool WriteObject(Object *object, int depth) {
         Transform transform = object->GetTransform();
         bool done = file_.WriteWhole(object->Type()) && WriteNode(object) && file_.WriteWhole(transform.order);
-        for (const Vector *vector : VectorsOf(&transform)) done = done && file_.Write(kValueVector, vector);
+        for (const Vector *vector : VectorsOf(&transform)) done = done && file_.WriteVector(*vector);
         std::int32_t tags = 0;
         for (Node *tag = object->FirstTag(); tag != nullptr; tag = tag->Next()) ++tags;
         done = done && file_.WriteWhole(tags);
@@ -144,7 +142,7 @@ class SceneReader {
         if (!file_.ReadWhole(&format) || format != kFormat || !ReadNode(document)) return false;
         for (std::int32_t type : kSettingsTypes) {
             Container settings;
-            if (!file_.Read(kValueContainer, &settings)) return false;
+            if (!file_.ReadContainer(&settings)) return false;
             MoveEntries(&settings, &document->Settings(type));
         }
         if (!file_.ReadWhole(&camera) || !ReadObjects(document, nullptr, 0)) return false;
@@ -166,7 +164,7 @@ class SceneReader {
         std::string name;
         std::int32_t bits = 0, tracks = 0;
         Container data;
-        if (!file_.ReadText(&name) || !file_.ReadWhole(&bits) || !file_.Read(kValueContainer, &data) ||
+        if (!file_.ReadText(&name) || !file_.ReadWhole(&bits) || !file_.ReadContainer(&data) ||
             !file_.ReadWhole(&tracks))
             return false;
         node->SetName(name);
@@ -206,9 +204,9 @@ class SceneReader {
         double value = 0;
         std::int32_t interpolation = 0;
         Data data;
-        if (!file_.Read(kValueTime, &time) || !file_.ReadReal(&value) || !file_.ReadWhole(&interpolation) ||
-            !file_.Read(kValueTime, &key->left.time) || !file_.ReadReal(&key->left.value) ||
-            !file_.Read(kValueTime, &key->right.time) || !file_.ReadReal(&key->right.value) || !file_.ReadData(&data))
+        if (!file_.ReadTime(&time) || !file_.ReadReal(&value) || !file_.ReadWhole(&interpolation) ||
+            !file_.ReadTime(&key->left.time) || !file_.ReadReal(&key->left.value) ||
+            !file_.ReadTime(&key->right.time) || !file_.ReadReal(&key->right.value) || !file_.ReadData(&data))
             return false;
         key->SetTime(time);
         key->SetValue(value);
@@ -239,7 +237,7 @@ class SceneReader {
         Transform transform;
         if (!ReadNode(object) || !file_.ReadWhole(&transform.order)) return false;
         for (Vector *vector : VectorsOf(&transform))
-            if (!file_.Read(kValueVector, vector)) return false;
+            if (!file_.ReadVector(vector)) return false;
         object->SetTransform(transform);
         std::int32_t tags = 0;
         if (!file_.ReadWhole(&tags)) return false;

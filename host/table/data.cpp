@@ -1,7 +1,7 @@
 #include "host/value/data.h"
 
+#include "host/table/entries.h"
 #include "host/table/guard.h"
-#include "host/table/internal.h"
 
 namespace host {
 
@@ -9,7 +9,9 @@ namespace {
 
 constexpr TableData kNil = {kDataNil, {0}};
 
-void Copy(TableData *destination, const TableData *source, HostAliasTrans *translation) {
+}  // namespace
+
+void DataEntries::copy(TableData *destination, const TableData *source, HostAliasTrans *translation) {
     if (destination == nullptr) return;
     // Made apart first: `destination` is raw memory, and a failed copy must leave a value there that can be released.
     TableData copy = kNil;
@@ -17,33 +19,21 @@ void Copy(TableData *destination, const TableData *source, HostAliasTrans *trans
     *destination = copy;
 }
 
-void ReleaseEntry(TableData *data) {
+void DataEntries::release(TableData *data) {
     if (data != nullptr) ReleaseData(data);
 }
 
-std::int32_t Equal(const TableData *a, const TableData *b) {
+std::int32_t DataEntries::equal(const TableData *a, const TableData *b) {
     if (a == nullptr || b == nullptr) return a == b ? 1 : 0;
     return Guarded<std::int32_t>(0, [&] { return EqualData(*a, *b) ? 1 : 0; });
 }
 
-std::int32_t SetDefault(TableData *data, std::int32_t type) {
-    if (data == nullptr) return 0;
-    return Guarded<std::int32_t>(0, [&] { return SetDefaultData(data, type) ? 1 : 0; });
-}
-
-void SetLinkEntry(TableData *data, HostAtom *target) {
+void DataEntries::set_link(TableData *data, HostAtom *target) {
     if (data == nullptr) return;
     Guarded([&] {
         Data link = Data::LinkTo(target);
         std::swap<TableData>(*data, link);
     });
-}
-
-}  // namespace
-
-const DataTable *DataEntries() {
-    static const DataTable table = {Copy, ReleaseEntry, Equal, SetDefault, SetLinkEntry};
-    return &table;
 }
 
 }  // namespace host

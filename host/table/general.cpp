@@ -1,10 +1,8 @@
-#include <chrono>
-
 #include "host/application.h"
 #include "host/scene/view.h"
 #include "host/services/resource.h"
+#include "host/table/entries.h"
 #include "host/table/guard.h"
-#include "host/table/internal.h"
 #include "host/value/memory.h"
 #include "host/value/text.h"
 
@@ -26,56 +24,59 @@ enum HostPath : std::int32_t {
 constexpr std::int32_t kInputMouse = 1836021107, kInputKeyboard = 1801812322, kInputDevice = 1768973430,
                        kInputChannel = 1768973153, kInputValue = 1768978017, kInputQualifier = 1768976737,
                        kInputX = 1768978040, kInputY = 1768978041;
+
 constexpr std::int32_t kMouseLeft = 1, kMouseRight = 2;
+
 constexpr std::int32_t kQualifierShift = 1, kQualifierControl = 2, kQualifierAlt = 4;
 
 Application *App() { return Application::Current(); }
 
-void *AllocateEntry(std::int64_t bytes) { return Allocate(bytes); }
-void *AllocateUnclearedEntry(std::int64_t bytes) { return AllocateUncleared(bytes); }
-void *ReallocateEntry(void *old, std::int64_t bytes) { return Reallocate(old, bytes); }
-void ReleaseEntry(void *memory) { Release(memory); }
+std::int32_t QualifiersOf(const InputState &input) {
+    return (input.shift ? kQualifierShift : 0) | (input.control ? kQualifierControl : 0) |
+           (input.alt ? kQualifierAlt : 0);
+}
 
-std::int32_t RegisterTag(const TagRegistration *tag) {
+}  // namespace
+
+void *GeneralEntries::allocate(std::int64_t bytes) { return Allocate(bytes); }
+
+void *GeneralEntries::allocate_uncleared(std::int64_t bytes) { return AllocateUncleared(bytes); }
+
+void GeneralEntries::release(void *memory) { Release(memory); }
+
+std::int32_t GeneralEntries::register_tag(const TagRegistration *tag) {
     if (App() == nullptr || tag == nullptr) return 0;
     return Guarded<std::int32_t>(0, [&] { return App()->registry.Register(*tag) ? 1 : 0; });
 }
 
-std::int32_t RegisterCommand(const CommandRegistration *command) {
+std::int32_t GeneralEntries::register_command(const CommandRegistration *command) {
     if (App() == nullptr || command == nullptr) return 0;
     return Guarded<std::int32_t>(0, [&] { return App()->registry.Register(*command) ? 1 : 0; });
 }
 
-std::int32_t RegisterDescription(std::int32_t id, const TableString *name) {
-    if (App() == nullptr) return 0;
-    return Guarded<std::int32_t>(0, [&] { return App()->registry.RegisterDescription(id, ToUtf8(name)) ? 1 : 0; });
-}
+std::int32_t GeneralEntries::host_version() { return App() == nullptr ? 0 : App()->settings.version; }
 
-std::int32_t HostVersion() { return App() == nullptr ? 0 : App()->settings.version; }
-std::int32_t VersionType() { return App() == nullptr ? 0 : App()->settings.version_type; }
-std::int32_t OperatingSystem() { return App() == nullptr ? 0 : App()->settings.operating_system; }
-std::int32_t IsMainThread() { return App() == nullptr || App()->IsOnMainThread() ? 1 : 0; }
+std::int32_t GeneralEntries::version_type() { return App() == nullptr ? 0 : App()->settings.version_type; }
 
-double Milliseconds() {
-    static const auto start = std::chrono::steady_clock::now();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
+std::int32_t GeneralEntries::operating_system() { return App() == nullptr ? 0 : App()->settings.operating_system; }
 
-void Print(const TableString *line) {
+std::int32_t GeneralEntries::is_main_thread() { return App() == nullptr || App()->IsOnMainThread() ? 1 : 0; }
+
+void GeneralEntries::print(const TableString *line) {
     if (App() != nullptr) Guarded([&] { App()->console.Print(ToUtf8(line)); });
 }
 
-std::int32_t MessageBox(const TableString *text, std::int32_t flags) {
+std::int32_t GeneralEntries::message_box(const TableString *text, std::int32_t flags) {
     if (App() == nullptr) return 0;
     return Guarded<std::int32_t>(0, [&] { return App()->dialogs.Box(ToUtf8(text), flags); });
 }
 
-std::int32_t Question(const TableString *text) {
+std::int32_t GeneralEntries::question(const TableString *text) {
     if (App() == nullptr) return 0;
     return Guarded<std::int32_t>(0, [&] { return App()->dialogs.Question(ToUtf8(text)) ? 1 : 0; });
 }
 
-std::int32_t Rename(TableString *text) {
+std::int32_t GeneralEntries::rename(TableString *text) {
     if (App() == nullptr || text == nullptr) return 0;
     return Guarded<std::int32_t>(0, [&] {
         std::string name = ToUtf8(text);
@@ -85,8 +86,8 @@ std::int32_t Rename(TableString *text) {
     });
 }
 
-std::int32_t SelectFile(std::int32_t, std::int32_t, const TableString *title, const TableString *suffix,
-                        TableFilename *name) {
+std::int32_t GeneralEntries::select_file(std::int32_t, std::int32_t, const TableString *title,
+                                         const TableString *suffix, TableFilename *name) {
     if (App() == nullptr || name == nullptr) return 0;
     return Guarded<std::int32_t>(0, [&] {
         std::string chosen = ToUtf8(&name->path);
@@ -99,7 +100,7 @@ std::int32_t SelectFile(std::int32_t, std::int32_t, const TableString *title, co
     });
 }
 
-std::int32_t OpenWebPage(const TableString *address) {
+std::int32_t GeneralEntries::open_web_page(const TableString *address) {
     if (App() == nullptr) return 0;
     return Guarded<std::int32_t>(0, [&] {
         App()->requests.opened_pages.push_back(ToUtf8(address));
@@ -107,7 +108,7 @@ std::int32_t OpenWebPage(const TableString *address) {
     });
 }
 
-std::int32_t ShowInFinder(const TableFilename *name, std::int32_t) {
+std::int32_t GeneralEntries::show_in_finder(const TableFilename *name, std::int32_t) {
     if (App() == nullptr) return 0;
     return Guarded<std::int32_t>(0, [&] {
         App()->requests.shown_folders.push_back(PathText(ToPath(name)));
@@ -115,36 +116,15 @@ std::int32_t ShowInFinder(const TableFilename *name, std::int32_t) {
     });
 }
 
-std::int32_t ExecuteFile(const TableFilename *name) {
-    if (App() == nullptr) return 0;
-    return Guarded<std::int32_t>(0, [&] {
-        App()->requests.executed_files.push_back(PathText(ToPath(name)));
-        return 1;
-    });
-}
-
-void StatusPercent(std::int32_t percent) {
+void GeneralEntries::status_bar(std::int32_t percent) {
     if (App() != nullptr) Guarded([&] { App()->status.SetPercent(percent); });
 }
 
-void StatusText(const TableString *text) {
-    if (App() != nullptr) Guarded([&] { App()->status.SetText(ToUtf8(text)); });
-}
-
-void StatusSpin() {
-    if (App() != nullptr) Guarded([&] { App()->status.SetText("..."); });
-}
-
-void StatusClear() {
+void GeneralEntries::status_clear() {
     if (App() != nullptr) Guarded([&] { App()->status.Clear(); });
 }
 
-std::int32_t QualifiersOf(const InputState &input) {
-    return (input.shift ? kQualifierShift : 0) | (input.control ? kQualifierControl : 0) |
-           (input.alt ? kQualifierAlt : 0);
-}
-
-std::int32_t InputStateEntry(std::int32_t device, std::int32_t channel, TableContainer *out) {
+std::int32_t GeneralEntries::input_state(std::int32_t device, std::int32_t channel, TableContainer *out) {
     if (App() == nullptr || out == nullptr || (device != kInputMouse && device != kInputKeyboard)) return 0;
     return Guarded<std::int32_t>(0, [&] {
         const InputState &input = App()->input;
@@ -162,32 +142,28 @@ std::int32_t InputStateEntry(std::int32_t device, std::int32_t channel, TableCon
     });
 }
 
-void StopAllThreads() {
+void GeneralEntries::stop_all_threads() {
     if (App() != nullptr) ++App()->requests.stop_all_threads;
 }
 
-void EventAdd(std::int32_t flags) {
+void GeneralEntries::event_add(std::int32_t flags) {
     if (App() != nullptr) App()->QueueEvent(flags);
 }
 
-void SpecialEventAdd(std::int32_t, std::uint64_t, std::uint64_t) {
-    if (App() != nullptr) ++App()->requests.events;
-}
-
-std::int32_t DrawViews(std::int32_t, HostView *) { return 1; }
-
-void CallCommand(std::int32_t id) {
+void GeneralEntries::call_command(std::int32_t id) {
     if (App() != nullptr) Guarded([&] { App()->CallCommand(id); });
 }
 
-TableContainer *WorldPluginData(std::int32_t id) { return App() == nullptr ? nullptr : App()->WorldPluginData(id); }
+TableContainer *GeneralEntries::world_plugin_data(std::int32_t id) {
+    return App() == nullptr ? nullptr : App()->WorldPluginData(id);
+}
 
-std::int32_t SetWorldPluginData(std::int32_t id, const TableContainer *data, std::int32_t add) {
+std::int32_t GeneralEntries::set_world_plugin_data(std::int32_t id, const TableContainer *data, std::int32_t add) {
     if (App() == nullptr || data == nullptr) return 0;
     return Guarded<std::int32_t>(0, [&] { return App()->SetWorldPluginData(id, AsContainer(data), add != 0) ? 1 : 0; });
 }
 
-void Path(std::int32_t which, TableFilename *out) {
+void GeneralEntries::path(std::int32_t which, TableFilename *out) {
     if (App() == nullptr || out == nullptr) return;
     Guarded([&] {
         const ApplicationSettings &settings = App()->settings;
@@ -210,53 +186,8 @@ void Path(std::int32_t which, TableFilename *out) {
     });
 }
 
-std::int32_t LoadResource(const TableFilename *folder) {
+std::int32_t GeneralEntries::load_resource(const TableFilename *folder) {
     return Guarded<std::int32_t>(0, [&] { return IsResourceFolder(ToPath(folder)) ? 1 : 0; });
-}
-
-void ResourceStringEntry(const TableFilename *folder, std::int32_t id, TableString *out) {
-    if (out != nullptr) Guarded([&] { Assign(out, ResourceString(ToPath(folder), id)); });
-}
-
-}  // namespace
-
-const GeneralTable *GeneralEntries() {
-    static const GeneralTable table = {AllocateEntry,
-                                       AllocateUnclearedEntry,
-                                       ReallocateEntry,
-                                       ReleaseEntry,
-                                       RegisterTag,
-                                       RegisterCommand,
-                                       RegisterDescription,
-                                       HostVersion,
-                                       VersionType,
-                                       OperatingSystem,
-                                       IsMainThread,
-                                       Milliseconds,
-                                       Print,
-                                       MessageBox,
-                                       Question,
-                                       Rename,
-                                       SelectFile,
-                                       OpenWebPage,
-                                       ShowInFinder,
-                                       ExecuteFile,
-                                       StatusPercent,
-                                       StatusText,
-                                       StatusSpin,
-                                       StatusClear,
-                                       InputStateEntry,
-                                       StopAllThreads,
-                                       EventAdd,
-                                       SpecialEventAdd,
-                                       DrawViews,
-                                       CallCommand,
-                                       WorldPluginData,
-                                       SetWorldPluginData,
-                                       Path,
-                                       LoadResource,
-                                       ResourceStringEntry};
-    return &table;
 }
 
 }  // namespace host

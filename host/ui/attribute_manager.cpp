@@ -76,7 +76,7 @@ bool EditParameter(Node *node, const TableDescID &id, const Data &value) {
         node->SendMessage(kMessageValidate, &validate);
     }
     if (is_set && anchor->node != nullptr) {
-        TableDescriptionCheckUpdate update{step.GetDocument(), 0, 0, &id};
+        TableDescriptionCheckUpdate update{step.GetDocument(), 0, &id};
         node->SendMessage(kMessageCheckUpdate, &update);
     }
     if (is_set && anchor->node != nullptr && described.value_type == kDataLink) SendCommand(node, id);

@@ -38,11 +38,6 @@ void *AllocateUncleared(std::int64_t bytes) {
     return BlockSize(bytes, &size) ? std::malloc(size) : nullptr;
 }
 
-void *Reallocate(void *old, std::int64_t bytes) {
-    std::size_t size = 0;
-    return BlockSize(bytes, &size) ? std::realloc(old, size) : nullptr;
-}
-
 void Release(void *memory) { std::free(memory); }
 
 void RefuseCustomData(int successes, int refusals) {

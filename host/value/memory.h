@@ -8,8 +8,6 @@ namespace host {
 // Cleared memory; nullptr when bytes < 0 or when the system has none.
 void *Allocate(std::int64_t bytes);
 void *AllocateUncleared(std::int64_t bytes);
-// Grows or shrinks; `old` may be null. nullptr leaves `old` as it was.
-void *Reallocate(void *old, std::int64_t bytes);
 void Release(void *memory);
 
 // Lets the next `successes` allocations of custom data (splines, priorities) pass and refuses the `refusals` after

@@ -27,10 +27,10 @@ std::string FailedCall() {
     return failed;
 }
 
-bool CallFails(const char *entry) {
+bool CallFails(const char *part, const char *name) {
     if (calls.fetch_add(1, std::memory_order_relaxed) + 1 != faulty_call) return false;
     const std::lock_guard<std::mutex> hold(lock);
-    failed = entry;
+    failed = std::string(part) + "." + name;
     return true;
 }
 

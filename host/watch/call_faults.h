@@ -14,6 +14,6 @@ std::int64_t CallsThatMayFail();
 // The entry that was made to fail since then, "group.member"; empty: none yet.
 std::string FailedCall();
 // Asked by every such call.
-bool CallFails(const char *entry);
+bool CallFails(const char *part, const char *name);
 
 }  // namespace host

@@ -23,7 +23,7 @@ void ForgetWrongCall() {
     first.clear();
 }
 
-void Complain(const char *entry, const std::string &found, const std::string &expected) {
+void Complain(const std::string &entry, const std::string &found, const std::string &expected) {
     const std::string operation = Operation::Path();
     const std::lock_guard<std::mutex> hold(lock);
     if (!first.empty()) return;

@@ -10,6 +10,6 @@ namespace host {
 std::string FirstWrongCall();
 void ForgetWrongCall();
 
-void Complain(const char *entry, const std::string &found, const std::string &expected);
+void Complain(const std::string &entry, const std::string &found, const std::string &expected);
 
 }  // namespace host

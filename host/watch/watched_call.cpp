@@ -34,7 +34,7 @@ const AtomKind *KindOf(char letter) {
 }  // namespace
 
 void CallCheck::Complain(const char *found, const char *expected) {
-    host::Complain(entry_.name, found, expected);
+    host::Complain(entry_.FullName(), found, expected);
     sound_ = false;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <type_traits>
 
 #include "host/watch/call_faults.h"
@@ -25,9 +26,23 @@ enum CallRule : std::int32_t {
 //   p               any other pointer that must be there
 //   -               whatever it is
 struct WatchedEntry {
-    const char *name, *arguments;
+    const char *part, *name, *arguments;
     std::int32_t rules;
+
+    std::string FullName() const { return std::string(part) + "." + name; }
 };
+
+// The letters are as many as the arguments, a node's stand where a node is, and `p` where any other pointer is.
+template <typename... Arguments>
+constexpr bool LettersFit(const char *letters) {
+    constexpr bool is_node[] = {false, std::is_convertible_v<Arguments, const HostAtom *>...};
+    constexpr bool is_pointer[] = {false, std::is_pointer_v<Arguments>...};
+    for (std::size_t i = 1; i <= sizeof...(Arguments); ++i, ++letters) {
+        if (*letters == '\0') return false;
+        if (*letters == 'p' ? is_node[i] || !is_pointer[i] : (*letters != '-') != is_node[i]) return false;
+    }
+    return *letters == '\0';
+}
 
 // The arguments of one call, one after the other.
 class CallCheck {
@@ -50,24 +65,21 @@ class CallCheck {
     const HostAtom *document_ = nullptr;
 };
 
-template <typename Table>
-const Table &Unwatched();
-
-// `Here::Entry()` describes the entry that `member` points to.
-template <typename Here, auto member, typename = decltype(member)>
+template <const WatchedEntry *row, auto body, typename = decltype(body)>
 struct WatchedCall;
 
-template <typename Here, auto member, typename Table, typename Answer, typename... Arguments>
-struct WatchedCall<Here, member, Answer (*Table::*)(Arguments...)> {
+template <const WatchedEntry *row, auto body, typename Answer, typename... Arguments>
+struct WatchedCall<row, body, Answer (*)(Arguments...)> {
+    static_assert(LettersFit<Arguments...>(row->arguments), "an entry's letters fit its arguments");
+
     static Answer Call(Arguments... arguments) {
-        static constexpr WatchedEntry entry = Here::Entry();
-        CallCheck check(entry);
+        CallCheck check(*row);
         (check.Argument(arguments), ...);
         if (!check.IsSound()) return Answer();
         if constexpr (!std::is_void_v<Answer>)
-            if ((entry.rules & kMayFail) != 0 && CallFails(entry.name)) return Answer();
-        if constexpr ((entry.rules & kGivesUp) != 0) (GiveUpAtom(arguments), ...);
-        return (Unwatched<Table>().*member)(arguments...);
+            if ((row->rules & kMayFail) != 0 && CallFails(row->part, row->name)) return Answer();
+        if constexpr ((row->rules & kGivesUp) != 0) (GiveUpAtom(arguments), ...);
+        return body(arguments...);
     }
 };
 

@@ -50,12 +50,6 @@ BaseContainer &BaseContainer::operator=(const BaseContainer &other) {
     return *this;
 }
 
-BaseContainer *BaseContainer::GetClone(COPYFLAGS flags, AliasTrans *translation) const {
-    BaseContainer *clone = gNew BaseContainer;
-    if (clone) CopyTo(clone, flags, translation);
-    return clone;
-}
-
 Bool BaseContainer::CopyTo(BaseContainer *destination, COPYFLAGS, AliasTrans *translation) const {
     if (!destination || !Table()) return FALSE;
     if (destination == this) return TRUE;
@@ -68,17 +62,7 @@ void BaseContainer::FlushAll() {
     if (body_ && Table()) Table()->flush(ToTable(this));
 }
 
-ULONG BaseContainer::GetDirty() const { return ToTable(this)->dirty; }
-
 Bool BaseContainer::RemoveData(LONG id) { return Table() && Table()->remove(ToTable(this), id); }
-
-Bool BaseContainer::RemoveIndex(LONG index) { return Table() && Table()->remove_at(ToTable(this), index); }
-
-LONG BaseContainer::FindIndex(LONG id, GeData **data) const {
-    const LONG index = Table() ? Table()->index_of(ToTable(this), id) : NOTOK;
-    if (data) *data = index == NOTOK ? NULL : GetIndexData(index);
-    return index;
-}
 
 LONG BaseContainer::GetIndexId(LONG index) const { return Table() ? Table()->id_at(ToTable(this), index) : NOTOK; }
 
@@ -99,12 +83,6 @@ GeData *BaseContainer::SetData(LONG id, const GeData &data) {
     return table && table->set(ToTable(this), id, ToTable(&data)) ? FromTable(table->live(ToTable(this), id)) : NULL;
 }
 
-GeData *BaseContainer::InsData(LONG id, const GeData &data) {
-    const ContainerTable *table = Table();
-    if (!table || !table->append(ToTable(this), id, ToTable(&data))) return NULL;
-    return FromTable(table->live_at(ToTable(this), table->count(ToTable(this)) - 1));
-}
-
 Bool BaseContainer::operator==(const BaseContainer &other) const {
     return Table() ? Table()->equal(ToTable(this), ToTable(&other)) : body_ == other.body_;
 }
@@ -120,18 +98,6 @@ void BaseContainer::MergeContainer(const BaseContainer &source) {
     }
 }
 
-void BaseContainer::Sort() {
-    if (Table()) Table()->sort(ToTable(this));
-}
-
-Bool BaseContainer::GetParameter(const DescID &id, GeData &data) const {
-    return Table() && Table()->get_parameter(ToTable(this), ToTable(&id), ToTable(&data));
-}
-
-Bool BaseContainer::SetParameter(const DescID &id, const GeData &data) {
-    return Table() && Table()->set_parameter(ToTable(this), ToTable(&id), ToTable(&data));
-}
-
 Bool BaseContainer::GetBool(LONG id, Bool preset) const {
     const GeData *data = Find(this, id);
     // Not by way of GetLong: half of TRUE is still not FALSE.
@@ -144,34 +110,14 @@ LONG BaseContainer::GetLong(LONG id, LONG preset) const {
     return IsNumber(data) ? data->GetLong() : preset;
 }
 
-ULONG BaseContainer::GetULong(LONG id, ULONG preset) const {
-    const GeData *data = Find(this, id);
-    return IsNumber(data) ? static_cast<ULONG>(data->GetLong()) : preset;
-}
-
-LLONG BaseContainer::GetLLong(LONG id, LLONG preset) const {
-    const GeData *data = Find(this, id);
-    return IsNumber(data) ? data->GetLLong() : preset;
-}
-
 Real BaseContainer::GetReal(LONG id, Real preset) const {
     const GeData *data = Find(this, id);
     return IsNumber(data) ? data->GetReal() : preset;
 }
 
-void *BaseContainer::GetVoid(LONG id, void *preset) const {
-    const GeData *data = Find(this, id);
-    return HasType(data, DA_VOID) ? data->GetVoid() : preset;
-}
-
 Vector BaseContainer::GetVector(LONG id, const Vector &preset) const {
     const GeData *data = Find(this, id);
     return HasType(data, DA_VECTOR) ? data->GetVector() : preset;
-}
-
-Matrix BaseContainer::GetMatrix(LONG id, const Matrix &preset) const {
-    const GeData *data = Find(this, id);
-    return HasType(data, DA_MATRIX) ? data->GetMatrix() : preset;
 }
 
 String BaseContainer::GetString(LONG id, const String &preset) const {
@@ -204,11 +150,6 @@ BaseLink *BaseContainer::GetBaseLink(LONG id) const {
     return data ? data->GetBaseLink() : NULL;
 }
 
-const CustomDataType *BaseContainer::GetCustomDataType(LONG id, LONG type) const {
-    const GeData *data = Find(this, id);
-    return data ? data->GetCustomDataType(type) : NULL;
-}
-
 BaseList2D *BaseContainer::GetLink(LONG id, const BaseDocument *doc, LONG instanceof) const {
     const BaseLink *link = GetBaseLink(id);
     return link ? link->GetLink(doc, instanceof) : NULL;
@@ -220,21 +161,13 @@ BaseObject *BaseContainer::GetObjectLink(LONG id, const BaseDocument *doc) const
 
 void BaseContainer::SetLong(LONG id, LONG value) { Store(this, id, GeData(value)); }
 
-void BaseContainer::SetULong(LONG id, ULONG value) { Store(this, id, GeData(static_cast<LONG>(value))); }
-
-void BaseContainer::SetLLong(LONG id, LLONG value) { Store(this, id, GeData(value, LLONGVALUE)); }
-
 void BaseContainer::SetReal(LONG id, Real value) {
     if (Table()) Table()->set_real(ToTable(this), id, value);
 }
 
-void BaseContainer::SetVoid(LONG id, void *value) { Store(this, id, DA_VOID, value); }
-
 void BaseContainer::SetVector(LONG id, const Vector &value) {
     if (Table()) Table()->set_vector(ToTable(this), id, ToTable(&value));
 }
-
-void BaseContainer::SetMatrix(LONG id, const Matrix &value) { Store(this, id, DA_MATRIX, &value); }
 
 void BaseContainer::SetString(LONG id, const String &value) { Store(this, id, DA_STRING, &value); }
 

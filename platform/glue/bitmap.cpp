@@ -29,22 +29,8 @@ IMAGERESULT BaseBitmap::Init(BaseBitmap *&bitmap, const Filename &name, LONG fra
     return result;
 }
 
-IMAGERESULT BaseBitmap::Init(LONG width, LONG height, LONG depth, INITBITMAPFLAGS) {
-    return static_cast<IMAGERESULT>(Table()->init(ToHost(this), width, height, depth));
-}
-
 LONG BaseBitmap::GetBw() const { return Table()->width(ToHost(this)); }
 LONG BaseBitmap::GetBh() const { return Table()->height(ToHost(this)); }
-LONG BaseBitmap::GetBt() const { return Table()->depth(ToHost(this)); }
-BaseBitmap *BaseBitmap::GetClone() const { return FromHost(Table()->clone(ToHost(this))); }
-
-void BaseBitmap::GetPixel(LONG x, LONG y, UWORD *r, UWORD *g, UWORD *b) const {
-    UWORD red = 0, green = 0, blue = 0;
-    Table()->get_pixel(ToHost(this), x, y, &red, &green, &blue);
-    if (r) *r = red;
-    if (g) *g = green;
-    if (b) *b = blue;
-}
 
 AutoBitmap::AutoBitmap(const String &file) : bitmap_(NULL) {
     if (host_table) BaseBitmap::Init(bitmap_, GeGetPluginPath() + "res" + file);

@@ -21,17 +21,11 @@ void SplineData::Free(SplineData *&spline) {
     spline = NULL;
 }
 
-LONG SplineData::GetKnotCount() const { return Table()->spline_knot_count(ToHost(this)); }
-
 CustomSplineKnot *SplineData::GetKnot(LONG index) const { return FromTable(Table()->spline_knot(ToHost(this), index)); }
 
 LONG SplineData::InsertKnot(Real x, Real y, LONG flags) {
     return Table()->spline_insert_knot(ToHost(this), x, y, flags);
 }
-
-Bool SplineData::DeleteKnot(LONG index) { return Table()->spline_delete_knot(ToHost(this), index); }
-
-void SplineData::DeleteAllPoints() { Table()->spline_delete_all(ToHost(this)); }
 
 Vector SplineData::GetPoint(Real r) const {
     Vector point;
@@ -39,23 +33,6 @@ Vector SplineData::GetPoint(Real r) const {
     return point;
 }
 
-Bool SplineData::MakePointBuffer(LONG points) { return Table()->spline_linear(ToHost(this), points); }
-
-PriorityData *PriorityData::Alloc() {
-    return static_cast<PriorityData *>(FromHost(Table()->create(CUSTOMGUI_PRIORITY_DATA)));
-}
-
-void PriorityData::Free(PriorityData *&priority) {
-    if (priority) Table()->release(ToHost(priority));
-    priority = NULL;
-}
-
 Bool PriorityData::SetPriorityValue(LONG value_id, const GeData &data) {
     return Table()->priority_set(ToHost(this), value_id, ToTable(&data));
-}
-
-GeData PriorityData::GetPriorityValue(LONG value_id) const {
-    GeData value;
-    Table()->priority_get(ToHost(this), value_id, ToTable(&value));
-    return value;
 }

@@ -21,16 +21,6 @@ void Description::Free(Description *&description) {
 
 Bool Description::LoadDescription(LONG id) { return Table()->load(ToHost(this), id); }
 
-Bool Description::LoadDescription(const String &id) { return Table()->load_name(ToHost(this), ToTable(&id)); }
-
-const BaseContainer *Description::GetParameter(const DescID &id, BaseContainer &, AtomArray *) const {
-    return FromTable(Table()->find(ToHost(this), ToTable(&id)));
-}
-
-BaseContainer *Description::GetParameterI(const DescID &id, AtomArray *) {
-    return FromTable(Table()->find(ToHost(this), ToTable(&id)));
-}
-
 Bool Description::SetParameter(const DescID &id, const BaseContainer &param, const DescID &groupid) {
     return Table()->set(ToHost(this), ToTable(&id), ToTable(&param), ToTable(&groupid));
 }
@@ -54,7 +44,3 @@ void Description::BrowseFree(void *&handle) {
 }
 
 const DescID *Description::GetSingleDescID() { return FromTable(Table()->single_id(ToHost(this))); }
-
-void Description::SetSingleDescriptionMode(const DescID &descid) {
-    Table()->set_single_id(ToHost(this), ToTable(&descid));
-}

@@ -4,11 +4,7 @@
 
 void MessageDialog(const String &text) { host_table->general->message_box(ToTable(&text), GEMB_OK); }
 
-void MessageDialog(LONG id) { MessageDialog(GeLoadString(id)); }
-
 Bool QuestionDialog(const String &text) { return host_table->general->question(ToTable(&text)); }
-
-Bool QuestionDialog(LONG id) { return QuestionDialog(GeLoadString(id)); }
 
 Bool RenameDialog(String *text) { return text && host_table->general->rename(ToTable(text)); }
 

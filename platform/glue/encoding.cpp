@@ -104,14 +104,6 @@ LONG String::GetCString(CHAR *buffer, LONG bytes, STRINGENCODING encoding) const
     return written;
 }
 
-CHAR *String::GetCStringCopy(STRINGENCODING encoding) const {
-    if (length_ == 0) return NULL;
-    const VLONG bytes = Encode(text_, length_, encoding, NULL, 0);
-    CHAR *copy = GeAllocType(CHAR, bytes + 1);
-    if (copy) Encode(text_, length_, encoding, copy, bytes);
-    return copy;
-}
-
 void String::SetCString(const CHAR *text, LONG count, STRINGENCODING encoding) {
     const std::size_t longest = 0x7FFFFFF0;
     std::size_t bytes = 0;
@@ -133,17 +125,6 @@ void String::SetCString(const CHAR *text, LONG count, STRINGENCODING encoding) {
         result.text_[result.length_] = 0;
     }
     *this = result;
-}
-
-void String::GetUcBlock(UWORD *buffer, LONG count) const {
-    if (buffer) CopyMemType(text_, buffer, count < length_ ? count : length_);
-}
-
-void String::GetUcBlockNull(UWORD *buffer, LONG count) const {
-    if (!buffer || count <= 0) return;
-    const LONG units = count - 1 < length_ ? count - 1 : length_;
-    CopyMemType(text_, buffer, units);
-    buffer[units] = 0;
 }
 
 void String::SetUcBlock(const UWORD *text, LONG count) {

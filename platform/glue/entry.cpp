@@ -1,10 +1,8 @@
 // c4d_main: the module's one export. Everything else goes through the table that it is given here.
 #include <algorithm>
-#include <cstddef>
 #include <iterator>
 
 #include "c4d_plugin.h"
-#include "c4d_resource.h"
 #include "platform/glue/handles.h"
 
 namespace {
@@ -24,10 +22,12 @@ bool IsMarked(const void *table) {
 }
 
 bool IsComplete(const HostTable *table) {
-    const void *const parts[] = {table->general,   table->math,        table->data, table->container, table->link,
-                                 table->custom,    table->atom,        table->list, table->object,    table->document,
-                                 table->animation, table->description, table->file, table->bitmap};
-    static_assert(sizeof(parts) == sizeof(HostTable) - offsetof(HostTable, general), "every part is looked at");
+    const void *const parts[] = {
+#define TABLE(Name, part) table->part,
+#define ENTRY(answer, name, arguments, letters, rules)
+#define END_TABLE(Name)
+#include "platform/table_entries.inc"
+    };
     return std::find(std::begin(parts), std::end(parts), nullptr) == std::end(parts);
 }
 
@@ -56,7 +56,6 @@ LONG Start(const void *memory, const TableFilename *file) {
 LONG End() {
     if (--use_count > 0) return 1;
     PluginEnd();
-    FreeResource();
     gDelete(module_file);
     return 1;
 }

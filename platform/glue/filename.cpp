@@ -39,54 +39,12 @@ LONG Filename::FilePosition() const {
     return position;
 }
 
-// The first or the last dot that begins a suffix, or NOTOK.
-LONG Filename::SuffixPosition(Bool first) const {
-    const String &path = path_;
-    LONG found = NOTOK;
-    const LONG end = TrimmedLength(path, path.GetLength());
-    for (LONG i = FilePosition() + 1; i < end; ++i) {
-        if (path[i] != '.') continue;
-        found = i;
-        if (first) break;
-    }
-    return found;
-}
-
 const Filename Filename::GetDirectory() const { return Filename(path_.Left(TrimmedLength(path_, FilePosition()))); }
-
-void Filename::SetDirectory(const Filename &folder) { *this = folder + GetFile(); }
 
 String Filename::GetFileString() const {
     const LONG position = FilePosition();
     return path_.SubStr(position, TrimmedLength(path_, path_.GetLength()) - position);
 }
-
-const Filename Filename::GetFile() const { return Filename(GetFileString()); }
-
-void Filename::SetFile(const Filename &file) { *this = GetDirectory() + file; }
-
-String Filename::GetSuffix() const {
-    const LONG dot = SuffixPosition(FALSE);
-    return dot == NOTOK ? String() : path_.SubStr(dot + 1, TrimmedLength(path_, path_.GetLength()) - dot - 1);
-}
-
-void Filename::SetSuffix(const String &suffix) {
-    if (!GetFileString().Content()) return;
-    ClearSuffix();
-    if (suffix.Content()) path_ += "." + suffix;
-}
-
-void Filename::ClearSuffix() {
-    const LONG dot = SuffixPosition(FALSE);
-    path_ = path_.Left(dot == NOTOK ? TrimmedLength(path_, path_.GetLength()) : dot);
-}
-
-void Filename::ClearSuffixComplete() {
-    const LONG dot = SuffixPosition(TRUE);
-    path_ = path_.Left(dot == NOTOK ? TrimmedLength(path_, path_.GetLength()) : dot);
-}
-
-Bool Filename::CheckSuffix(const String &suffix) const { return GetSuffix().LexCompare(suffix) == 0; }
 
 const Filename &Filename::operator+=(const Filename &file) {
     if (!file.Content()) return *this;

@@ -2,13 +2,6 @@
 #include "c4d_file.h"
 #include "platform/glue/handles.h"
 
-namespace {
-
-// GeneralTable::path: the application's folder.
-const LONG kApplication = 0;
-
-}  // namespace
-
 Bool GeFExist(const Filename &name, Bool isdir) { return host_table->file->exists(ToTable(&name), isdir); }
 
 Bool GeFCreateDir(const Filename &name) { return host_table->file->create_folder(ToTable(&name)); }
@@ -19,10 +12,6 @@ Bool GeFCopyFile(const Filename &source, const Filename &destination, LONG flags
     return host_table->file->copy(ToTable(&source), ToTable(&destination), flags);
 }
 
-Bool GeFRename(const Filename &source, const Filename &destination) {
-    return host_table->file->rename(ToTable(&source), ToTable(&destination));
-}
-
 Bool GeGetFileTime(const Filename &name, LONG mode, LocalFileTime *out) {
     return out && host_table->file->file_time(ToTable(&name), mode, ToTable(out));
 }
@@ -31,15 +20,9 @@ void GeGetCurrentTime(LocalFileTime *out) {
     if (out) host_table->file->current_time(ToTable(out));
 }
 
-Bool GeExecuteFile(const Filename &name) { return host_table->general->execute_file(ToTable(&name)); }
-
 Bool ShowInFinder(const Filename &name, Bool open) { return host_table->general->show_in_finder(ToTable(&name), open); }
 
 const Filename GeGetPluginPath() { return module_file ? module_file->GetDirectory() : Filename(); }
-
-const Filename GeGetStartupPath() { return GeGetC4DPath(kApplication); }
-
-const Filename GeGetStartupWritePath() { return GeGetC4DPath(C4D_PATH_STARTUPWRITE); }
 
 const Filename GeGetC4DPath(LONG which) {
     Filename path;

@@ -23,21 +23,13 @@ void GeData::CopyFrom(LONG type, const void *value) {
 }
 
 GeData::GeData(const Vector &value) { CopyFrom(DA_VECTOR, &value); }
-GeData::GeData(const Matrix &value) { CopyFrom(DA_MATRIX, &value); }
-GeData::GeData(const CHAR *value) {
-    const String text(value);
-    CopyFrom(DA_STRING, &text);
-}
 GeData::GeData(const String &value) { CopyFrom(DA_STRING, &value); }
 GeData::GeData(const Filename &value) { CopyFrom(DA_FILENAME, &value); }
 GeData::GeData(const BaseTime &value) { CopyFrom(DA_TIME, &value); }
 GeData::GeData(const BaseContainer &value) { CopyFrom(DA_CONTAINER, &value); }
-GeData::GeData(const BaseLink *value) { CopyFrom(DA_ALIASLINK, value); }
 GeData::GeData(BaseList2D *value) : GeData() {
     if (host_table) host_table->data->set_link(ToTable(this), ToHost(value));
 }
-GeData::GeData(LONG type, const CustomDataType &value) { CopyFrom(type, &value); }
-GeData::GeData(LONG type, DEFAULTVALUETYPE) : GeData() { SetDefault(type); }
 
 GeData::GeData(const GeData &other) : type_(other.type_), value_(other.value_) {
     if (!IsPlain(type_)) CopyFrom(other.type_, other.value_.pointer);
@@ -108,11 +100,6 @@ const Vector &GeData::GetVector() const {
     return type_ == DA_VECTOR ? *value_.vector : none;
 }
 
-const Matrix &GeData::GetMatrix() const {
-    static const Matrix none;
-    return type_ == DA_MATRIX ? *value_.matrix : none;
-}
-
 const String &GeData::GetString() const {
     static const String none;
     return type_ == DA_STRING ? *value_.string : none;
@@ -131,32 +118,6 @@ const BaseTime &GeData::GetTime() const {
 BaseList2D *GeData::GetLink(const BaseDocument *doc, LONG instanceof) const {
     const BaseLink *link = GetBaseLink();
     return link ? link->GetLink(doc, instanceof) : NULL;
-}
-
-C4DAtomGoal *GeData::GetLinkAtom(const BaseDocument *doc, LONG instanceof) const { return GetLink(doc, instanceof); }
-
-void GeData::SetVector(const Vector &value) { *this = GeData(value); }
-void GeData::SetMatrix(const Matrix &value) { *this = GeData(value); }
-void GeData::SetString(const String &value) { *this = GeData(value); }
-void GeData::SetFilename(const Filename &value) { *this = GeData(value); }
-void GeData::SetBaseTime(const BaseTime &value) { *this = GeData(value); }
-void GeData::SetContainer(const BaseContainer &value) { *this = GeData(value); }
-void GeData::SetBaseLink(const BaseLink &value) { *this = GeData(&value); }
-void GeData::SetBaseList2D(BaseList2D *value) { *this = GeData(value); }
-void GeData::SetCustomDataType(LONG type, const CustomDataType &value) { *this = GeData(type, value); }
-
-Bool GeData::SetDefault(LONG type) { return host_table && host_table->data->set_default(ToTable(this), type); }
-
-void GeData::CopyData(GeData *destination, AliasTrans *translation) const {
-    if (!destination || destination == this) return;
-    if (!host_table) {
-        destination->Free();
-        return;
-    }
-    // Over a copy: this value may lie inside the destination.
-    GeData copy;
-    host_table->data->copy(ToTable(&copy), ToTable(this), ToHost(translation));
-    *destination = copy;
 }
 
 void GeData::Free() {

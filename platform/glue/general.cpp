@@ -12,8 +12,6 @@ LONG GetC4DVersion() { return Table()->host_version(); }
 VERSIONTYPE GeGetVersionType() { return static_cast<VERSIONTYPE>(Table()->version_type()); }
 OPERATINGSYSTEM GeGetCurrentOS() { return static_cast<OPERATINGSYSTEM>(Table()->operating_system()); }
 Bool GeIsMainThread() { return Table()->is_main_thread(); }
-LONG GeGetTimer() { return RealToWhole(Table()->milliseconds()); }
-LReal GeGetMilliSeconds() { return Table()->milliseconds(); }
 
 void GePrint(const String &text) { Table()->print(ToTable(&text)); }
 
@@ -24,14 +22,10 @@ GEMB_R GeOutString(const String &text, GEMB flags) {
 Bool GeOpenHTML(const String &address) { return Table()->open_web_page(ToTable(&address)); }
 
 void StatusSetBar(LONG percent) { Table()->status_bar(percent); }
-void StatusSetText(const String &text) { Table()->status_text(ToTable(&text)); }
-void StatusSetSpin() { Table()->status_spin(); }
 void StatusClear() { Table()->status_clear(); }
 
 void StopAllThreads() { Table()->stop_all_threads(); }
 void EventAdd(EVENT flags) { Table()->event_add(flags); }
-void SpecialEventAdd(LONG id, VULONG p1, VULONG p2) { Table()->special_event_add(id, p1, p2); }
-Bool DrawViews(DRAWFLAGS flags, BaseDraw *view) { return Table()->draw_views(flags, ToHost(view)); }
 void CallCommand(LONG id) { Table()->call_command(id); }
 
 BaseContainer *GetWorldPluginData(LONG id) { return FromTable(Table()->world_plugin_data(id)); }

@@ -7,6 +7,7 @@
 #include "customgui_splinecontrol.h"
 #include "lib_description.h"
 #include "platform/glue/host.h"
+#include "platform/table_layout.h"
 
 #define SAME_LAYOUT(Ours, Theirs)                                                                       \
     static_assert(sizeof(Ours) == sizeof(Theirs) && alignof(Ours) == alignof(Theirs), #Ours);           \

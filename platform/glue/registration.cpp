@@ -83,10 +83,6 @@ NodeCallbacks NodeThunks::Callbacks() {
     return calls;
 }
 
-Bool RegisterDescription(LONG id, const String &idstr) {
-    return host_table && host_table->general->register_description(id, ToTable(&idstr));
-}
-
 Bool RegisterTagPlugin(LONG id, const String &str, LONG info, DataAllocator *g, const String &description,
                        BaseBitmap *icon, LONG disklevel) {
     if (!host_table || !g) return FALSE;
@@ -94,7 +90,6 @@ Bool RegisterTagPlugin(LONG id, const String &str, LONG info, DataAllocator *g, 
     tag.id = id;
     tag.info = info;
     tag.disk_level = disklevel;
-    tag.reserved = 0;
     tag.name = ToTable(&str);
     tag.description = ToTable(&description);
     tag.icon = ToHost(icon);

@@ -10,26 +10,9 @@ LONG CutCount(LONG position, LONG count, LONG length) {
     return count < 0 ? 0 : count > length - position ? length - position : count;
 }
 
-// By code unit; case_blind folds to lower case first.
-LONG CompareUnits(const UWORD *a, LONG a_length, const UWORD *b, LONG b_length, Bool case_blind) {
-    for (LONG i = 0; i < a_length && i < b_length; ++i) {
-        const LONG left = case_blind ? LowerLetter(a[i]) : a[i], right = case_blind ? LowerLetter(b[i]) : b[i];
-        if (left != right) return left - right;
-    }
-    return a_length < b_length ? -1 : a_length > b_length ? 1 : 0;
-}
-
-Bool IsDigit(UWORD unit) { return unit >= '0' && unit <= '9'; }
-
 }  // namespace
 
 String::String(const String &other) : String() { Append(other.text_, other.length_); }
-
-String::String(const UWORD *text) : String() {
-    LONG length = 0;
-    while (text && length < kLongest && text[length]) ++length;
-    Append(text, length);
-}
 
 String::String(LONG count, UWORD fill) : String() {
     if (count <= 0 || !Reserve(count)) return;
@@ -53,10 +36,6 @@ String &String::operator=(const String &other) {
     if (text_) text_[0] = 0;
     Append(other.text_, other.length_);
     return *this;
-}
-
-void String::CopyTo(String *destination) const {
-    if (destination) *destination = *this;
 }
 
 // `capacity_` counts the closing 0.
@@ -90,115 +69,18 @@ String &String::operator+=(const String &other) {
 }
 
 LONG String::Compare(const String &other) const {
-    return CompareUnits(text_, length_, other.text_, other.length_, FALSE);
+    for (LONG i = 0; i < length_ && i < other.length_; ++i)
+        if (text_[i] != other.text_[i]) return LONG(text_[i]) - LONG(other.text_[i]);
+    return length_ < other.length_ ? -1 : length_ > other.length_ ? 1 : 0;
 }
 
-LONG String::LexCompare(const String &other) const {
-    return CompareUnits(text_, length_, other.text_, other.length_, TRUE);
-}
-
-LONG String::RelCompare(const String &other) const {
-    LONG i = 0, k = 0;
-    while (i < length_ && k < other.length_) {
-        if (!IsDigit(text_[i]) || !IsDigit(other.text_[k])) {
-            const LONG difference = LONG(LowerLetter(text_[i++])) - LONG(LowerLetter(other.text_[k++]));
-            if (difference) return difference;
-            continue;
-        }
-        while (i < length_ && text_[i] == '0') ++i;
-        while (k < other.length_ && other.text_[k] == '0') ++k;
-        LONG left = i, right = k;
-        while (left < length_ && IsDigit(text_[left])) ++left;
-        while (right < other.length_ && IsDigit(other.text_[right])) ++right;
-        // Without leading zeros the longer number is the larger one.
-        if (left - i != right - k) return (left - i) - (right - k);
-        const LONG difference = CompareUnits(text_ + i, left - i, other.text_ + k, right - k, FALSE);
-        if (difference) return difference;
-        i = left;
-        k = right;
-    }
-    return i < length_ ? 1 : k < other.length_ ? -1 : 0;
-}
-
-LONG String::ComparePart(const String &other, LONG count, LONG position) const {
-    return SubStr(position, count).Compare(other);
-}
-
-LONG String::LexComparePart(const String &other, LONG count, LONG position) const {
-    return SubStr(position, count).LexCompare(other);
-}
-
-Bool String::StandsAt(const String &text, LONG position, Bool upper) const {
-    for (LONG i = 0; i < text.length_; ++i) {
-        const UWORD unit = text_[position + i];
-        if ((upper ? UpperLetter(unit) : unit) != text.text_[i]) return FALSE;
-    }
-    return TRUE;
-}
-
-Bool String::Find(const String &text, LONG *position, LONG start, Bool upper) const {
-    if (text.length_ == 0) return FALSE;
-    for (LONG i = start < 0 ? 0 : start; i <= length_ - text.length_; ++i) {
-        if (!StandsAt(text, i, upper)) continue;
-        if (position) *position = i;
-        return TRUE;
-    }
-    return FALSE;
-}
-
-Bool String::FindBackward(const String &text, LONG *position, LONG start, Bool upper) const {
-    if (text.length_ == 0) return FALSE;
-    const LONG last = length_ - text.length_;
-    for (LONG i = start < 0 || start > last ? last : start; i >= 0; --i) {
-        if (!StandsAt(text, i, upper)) continue;
-        if (position) *position = i;
-        return TRUE;
-    }
-    return FALSE;
-}
-
-Bool String::FindFirst(const String &text, LONG *position, LONG start) const {
-    return Find(text, position, start, FALSE);
-}
 Bool String::FindFirst(UWORD unit, LONG *position, LONG start) const {
-    return Find(String(1, unit), position, start, FALSE);
-}
-Bool String::FindLast(const String &text, LONG *position, LONG start) const {
-    return FindBackward(text, position, start, FALSE);
-}
-Bool String::FindLast(UWORD unit, LONG *position, LONG start) const {
-    return FindBackward(String(1, unit), position, start, FALSE);
-}
-Bool String::FindFirstUpper(const String &text, LONG *position, LONG start) const {
-    return Find(text, position, start, TRUE);
-}
-Bool String::FindLastUpper(const String &text, LONG *position, LONG start) const {
-    return FindBackward(text, position, start, TRUE);
-}
-
-void String::Delete(LONG position, LONG count) {
-    if (position < 0 || position >= length_) return;
-    count = CutCount(position, count, length_);
-    if (count == length_) {
-        *this = String();
-        return;
+    for (LONG i = start < 0 ? 0 : start; i < length_; ++i) {
+        if (text_[i] != unit) continue;
+        if (position) *position = i;
+        return TRUE;
     }
-    CopyMemType(text_ + position + count, text_ + position, length_ - position - count + 1);
-    length_ -= count;
-}
-
-void String::Insert(LONG position, UWORD unit) { Insert(position, String(1, unit)); }
-
-void String::Insert(LONG position, const String &text, LONG start, LONG end) {
-    if (start < 0) start = 0;
-    if (end < 0 || end >= text.length_) end = text.length_ - 1;
-    if (position < 0) position = 0;
-    if (position > length_) position = length_;
-    if (start > end) return;
-    String result = Left(position);
-    result += text.SubStr(start, end - start + 1);
-    result += SubStr(position, length_ - position);
-    *this = result;
+    return FALSE;
 }
 
 String String::SubStr(LONG start, LONG count) const {

@@ -64,8 +64,6 @@ void WriteReal(Real value, LONG after, bool exponent, Parts *parts) {
 
 String LongToString(LONG value) { return WholeToString(value); }
 
-String LLongToString(LLONG value) { return WholeToString(value); }
-
 String RealToString(Real value, LONG before, LONG after, Bool exponent, UWORD fill) {
     if (value != value) return "nan";
     if (std::isinf(value)) return value < 0.0 ? "-inf" : "inf";
@@ -80,13 +78,4 @@ String RealToString(Real value, LONG before, LONG after, Bool exponent, UWORD fi
     text += parts.digits;
     text += parts.exponent;
     return text;
-}
-
-LONG String::ToLong(LONG *error) const { return RealToWhole(ToReal(error)); }
-
-Real String::ToReal(LONG *error) const {
-    double value = 0.0;
-    const Bool understood = host_table && host_table->math->parse(ToTable(this), &value);
-    if (error) *error = understood ? 0 : 1;
-    return understood ? value : 0.0;
 }

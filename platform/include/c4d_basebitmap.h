@@ -12,15 +12,10 @@ class BaseBitmap {
     IMAGERESULT Init(const Filename &name, LONG frame = -1, Bool *ismovie = NULL);
     // Makes a bitmap of the image file; `bitmap` is NULL when that failed.
     static IMAGERESULT Init(BaseBitmap *&bitmap, const Filename &name, LONG frame = -1, Bool *ismovie = NULL);
-    // A black image.
-    IMAGERESULT Init(LONG width, LONG height, LONG depth = 24, INITBITMAPFLAGS flags = INITBITMAPFLAGS_0);
 
     // Width and height in pixels, bits of a pixel.
     LONG GetBw() const;
     LONG GetBh() const;
-    LONG GetBt() const;
-    BaseBitmap *GetClone() const;
-    void GetPixel(LONG x, LONG y, UWORD *r, UWORD *g, UWORD *b) const;
 
   private:
     BaseBitmap();

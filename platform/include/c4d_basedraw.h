@@ -5,14 +5,10 @@
 // A view on the scene.
 class BaseDraw {
   public:
-    // A camera of the scene is set.
-    Bool HasCameraLink();
     // NULL when the view looks through its own camera.
     BaseObject *GetSceneCamera(const BaseDocument *doc);
     // NULL: the view's own camera.
     void SetSceneCamera(BaseObject *camera, Bool animate = FALSE);
-    // Always there; no part of the document's objects.
-    BaseObject *GetEditorCamera();
 
   private:
     BaseDraw();

@@ -127,26 +127,17 @@ struct DragAndDrop {
 class C4DAtom {
   public:
     LONG GetType() const;
-    // The base type: Obase, Tbase, CTbase ...
-    LONG GetClassification() const;
     // Own type or a base type.
     Bool IsInstanceOf(LONG id) const;
 
     // Synchronous.
     Bool Message(LONG type, void *data = NULL);
-    Bool MultiMessage(MULTIMSG_ROUTE flags, LONG type, void *data);
-
-    // In no document; the caller owns it.
-    C4DAtom *GetClone(COPYFLAGS flags, AliasTrans *translation);
-    Bool CopyTo(C4DAtom *destination, COPYFLAGS flags, AliasTrans *translation);
 
     Bool GetDescription(Description *description, DESCFLAGS_DESC flags);
     Bool GetParameter(const DescID &id, GeData &data, DESCFLAGS_GET flags);
     Bool SetParameter(const DescID &id, const GeData &data, DESCFLAGS_SET flags);
-    Bool GetEnabling(const DescID &id, const GeData &data, DESCFLAGS_ENABLE flags, const BaseContainer *itemdesc);
 
-    // Counters of changes.
-    ULONG GetDirty(DIRTYFLAGS flags) const;
+    // Says that it was changed.
     void SetDirty(DIRTYFLAGS flags);
 
   private:
@@ -167,25 +158,11 @@ class C4DAtomGoal : public C4DAtom {
 
 class GeListNode : public C4DAtomGoal {
   public:
-    // NULL at the end.
-    GeListNode *GetNext();
-    GeListNode *GetPred();
+    // NULL at the top.
     GeListNode *GetUp();
-    GeListNode *GetDown();
-    GeListNode *GetDownLast();
-
-    // This node goes before, after or under `node`, which takes it over.
-    void InsertBefore(GeListNode *node);
-    void InsertAfter(GeListNode *node);
-    void InsertUnder(GeListNode *node);
-    void InsertUnderLast(GeListNode *node);
-    // The caller owns the node afterwards.
-    void Remove();
 
     // NULL for a free node.
     BaseDocument *GetDocument();
-    // The plug-in's own object behind the node; NULL for a built-in one and for an index other than 0.
-    NodeData *GetNodeData(LONG index = 0) const;
 
   private:
     GeListNode();
@@ -197,31 +174,11 @@ class GeListNode : public C4DAtomGoal {
 
 class BaseList2D : public GeListNode {
   public:
-    // Removes it first where it stands in a list.
-    static void Free(BaseList2D *&node);
-
-    BaseList2D *GetNext() { return static_cast<BaseList2D *>(GeListNode::GetNext()); }
-    BaseList2D *GetPred() { return static_cast<BaseList2D *>(GeListNode::GetPred()); }
-
-    Bool GetBit(LONG mask) const { return (GetAllBits() & mask) != 0; }
-    void SetBit(LONG mask) { SetAllBits(GetAllBits() | mask); }
-    void DelBit(LONG mask) { SetAllBits(GetAllBits() & ~mask); }
-    void ToggleBit(LONG mask) { SetAllBits(GetAllBits() ^ mask); }
-    LONG GetAllBits() const;
-    void SetAllBits(LONG bits);
-
-    // A copy.
-    BaseContainer GetData();
-    // add TRUE: written over the present entries; FALSE: instead of them.
-    void SetData(const BaseContainer &data, Bool add = TRUE);
     // Live: writing sends no message.
     BaseContainer *GetDataInstance();
 
     String GetName();
     void SetName(const String &name);
-
-    // What a tag or a track belongs to.
-    BaseList2D *GetMain() const;
 
     CTrack *GetFirstCTrack();
     CTrack *FindCTrack(const DescID &id);
@@ -242,18 +199,9 @@ class BaseList2D : public GeListNode {
 // Pointers to nodes; owns none of them.
 class AtomArray {
   public:
-    static AtomArray *Alloc();
-    static void Free(AtomArray *&array);
-
     LONG GetCount() const;
     // NULL out of range.
     C4DAtom *GetIndex(LONG index) const;
-    Bool Append(C4DAtom *atom);
-    Bool Remove(C4DAtom *atom);
-    void Flush();
-    Bool CopyTo(AtomArray *destination) const;
-    // Position, or NOTOK.
-    LONG Find(C4DAtom *atom) const;
 
   private:
     AtomArray();
@@ -265,32 +213,10 @@ class AtomArray {
 // A weak reference to a node: it never keeps its target alive.
 class BaseLink {
   public:
-    static BaseLink *Alloc();
-    static void Free(BaseLink *&link);
-
     // The target when it is in `doc` and is an `instanceof`; otherwise NULL.
     BaseList2D *GetLink(const BaseDocument *doc, LONG instanceof = 0) const;
-    // Whichever document the target is in.
-    BaseList2D *ForceGetLink() const;
-    void SetLink(C4DAtomGoal *target);
-    BaseLink *GetClone(COPYFLAGS flags, AliasTrans *translation) const;
 
   private:
     BaseLink();
     ~BaseLink();
-};
-
-// Re-targets the links of a copied group of nodes.
-class AliasTrans {
-  public:
-    static AliasTrans *Alloc();
-    static void Free(AliasTrans *&translation);
-
-    Bool Init(BaseDocument *doc);
-    // connect_oldgoals: goals outside the group stay as they are; otherwise they are dropped.
-    void Translate(Bool connect_oldgoals);
-
-  private:
-    AliasTrans();
-    ~AliasTrans();
 };

@@ -9,8 +9,6 @@ class BaseTag : public BaseList2D {
     // Takes it off its object first.
     static void Free(BaseTag *&tag);
 
-    BaseTag *GetNext() { return static_cast<BaseTag *>(GeListNode::GetNext()); }
-    BaseTag *GetPred() { return static_cast<BaseTag *>(GeListNode::GetPred()); }
     // NULL when it is on none.
     BaseObject *GetObject();
 

@@ -15,21 +15,8 @@ class Filename {
 
     // All but the last component, without a separator at its end (a root keeps it).
     const Filename GetDirectory() const;
-    void SetDirectory(const Filename &folder);
     // The last component.
-    const Filename GetFile() const;
     String GetFileString() const;
-    void SetFile(const Filename &file);
-
-    // The suffix is what follows the last dot of the last component; a dot at its front starts none.
-    String GetSuffix() const;
-    // Replaces the suffix, or adds one.
-    void SetSuffix(const String &suffix);
-    // Removes the last suffix, or all of them.
-    void ClearSuffix();
-    void ClearSuffixComplete();
-    // Without regard to case.
-    Bool CheckSuffix(const String &suffix) const;
 
     // Joins with exactly one separator; an empty side gives the other one.
     friend const Filename operator+(const Filename &folder, const Filename &file) {
@@ -49,7 +36,6 @@ class Filename {
 
   private:
     LONG FilePosition() const;
-    LONG SuffixPosition(Bool first) const;
 
     String path_;
     [[maybe_unused]] void *reserved_;

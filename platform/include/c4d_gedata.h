@@ -15,11 +15,6 @@ struct CustomDataType {
     friend class PriorityData;
 };
 
-// Say which constructor of GeData is meant.
-enum VOIDVALUETYPE { VOIDVALUE };
-enum LLONGVALUETYPE { LLONGVALUE };
-enum DEFAULTVALUETYPE { DEFAULTVALUE };
-
 class GeData {
   public:
     // DA_NIL.
@@ -31,22 +26,13 @@ class GeData {
     }
     GeData(SReal value) : type_(DA_REAL) { value_.real = value; }
     GeData(double value) : type_(DA_REAL) { value_.real = value; }
-    // Not owned.
-    GeData(void *value, VOIDVALUETYPE) : type_(DA_VOID) { value_.pointer = value; }
-    GeData(LLONG value, LLONGVALUETYPE) : type_(DA_LLONG) { value_.whole64 = value; }
     GeData(const Vector &value);
-    GeData(const Matrix &value);
-    GeData(const CHAR *value);
     GeData(const String &value);
     GeData(const Filename &value);
     GeData(const BaseTime &value);
     GeData(const BaseContainer &value);
-    GeData(const BaseLink *value);
     // A link to that node; NULL: an empty link.
     GeData(BaseList2D *value);
-    GeData(LONG type, const CustomDataType &value);
-    // The type's default value; DA_NIL for an unknown type.
-    GeData(LONG type, DEFAULTVALUETYPE);
     GeData(const GeData &other);
     ~GeData();
     GeData &operator=(const GeData &other);
@@ -63,9 +49,7 @@ class GeData {
     LONG GetLong() const;
     LLONG GetLLong() const;
     Real GetReal() const;
-    void *GetVoid() const { return type_ == DA_VOID ? value_.pointer : NULL; }
     const Vector &GetVector() const;
-    const Matrix &GetMatrix() const;
     const String &GetString() const;
     const Filename &GetFilename() const;
     const BaseTime &GetTime() const;
@@ -77,26 +61,7 @@ class GeData {
     }
     // The target when it is in `doc` and is an `instanceof`; otherwise NULL.
     BaseList2D *GetLink(const BaseDocument *doc, LONG instanceof = 0) const;
-    C4DAtomGoal *GetLinkAtom(const BaseDocument *doc, LONG instanceof = 0) const;
 
-    void SetLong(LONG value) { *this = GeData(value); }
-    void SetLLong(LLONG value) { *this = GeData(value, LLONGVALUE); }
-    void SetReal(Real value) { *this = GeData(value); }
-    void SetVoid(void *value) { *this = GeData(value, VOIDVALUE); }
-    void SetVector(const Vector &value);
-    void SetMatrix(const Matrix &value);
-    void SetString(const String &value);
-    void SetFilename(const Filename &value);
-    void SetBaseTime(const BaseTime &value);
-    void SetContainer(const BaseContainer &value);
-    void SetBaseLink(const BaseLink &value);
-    void SetBaseList2D(BaseList2D *value);
-    void SetCustomDataType(LONG type, const CustomDataType &value);
-    // FALSE for an unknown type.
-    Bool SetDefault(LONG type);
-
-    // Links inside are re-targeted by `translation`, which may be NULL.
-    void CopyData(GeData *destination, AliasTrans *translation) const;
     // Back to DA_NIL.
     void Free();
 

@@ -8,9 +8,6 @@ LONG GetC4DVersion();
 VERSIONTYPE GeGetVersionType();
 OPERATINGSYSTEM GeGetCurrentOS();
 Bool GeIsMainThread();
-// Milliseconds since the host started.
-LONG GeGetTimer();
-LReal GeGetMilliSeconds();
 
 // One line in the console.
 void GePrint(const String &text);
@@ -21,16 +18,12 @@ Bool GeOpenHTML(const String &address);
 
 // The status line; percent 0 to 100.
 void StatusSetBar(LONG percent);
-void StatusSetText(const String &text);
-void StatusSetSpin();
 void StatusClear();
 
 // Ends the threads that draw and evaluate, before the scene is changed.
 void StopAllThreads();
 // Asks for an update, which comes when the host gets control back.
 void EventAdd(EVENT flags = EVENT_0);
-void SpecialEventAdd(LONG id, VULONG p1 = 0, VULONG p2 = 0);
-Bool DrawViews(DRAWFLAGS flags, BaseDraw *view = NULL);
 // Synchronous.
 void CallCommand(LONG id);
 

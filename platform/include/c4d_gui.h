@@ -3,13 +3,11 @@
 
 #include "c4d_basecontainer.h"
 
-// ---- Dialogs; a number stands for a string of the module's resource -----------------------------------------------
+// ---- Dialogs ------------------------------------------------------------------------------------------------------
 
 void MessageDialog(const String &text);
-void MessageDialog(LONG id);
 // TRUE: yes.
 Bool QuestionDialog(const String &text);
-Bool QuestionDialog(LONG id);
 // TRUE: the text was changed.
 Bool RenameDialog(String *text);
 

@@ -11,8 +11,6 @@
 void *GeAlloc(VLONG bytes);
 // Not cleared.
 void *GeAllocNC(VLONG bytes);
-// New bytes are not cleared. NULL: out of memory, `old` stays as it is.
-void *GeReallocNC(void *old, VLONG bytes);
 // Releases without touching the caller's pointer; NULL is fine.
 void GeFreeMemory(void *memory);
 
@@ -25,12 +23,12 @@ inline void GeFree(T *&memory) {
 
 template <class T>
 inline T *GeAllocTyped(VLONG count) {
-    const VLONG most = VLONG(0x7FFFFFFFFFFFFFFF) / VLONG(sizeof(T));
+    const VLONG most = VLONG(VULONG(-1) / 2) / VLONG(sizeof(T));
     return count < 0 || count > most ? NULL : static_cast<T *>(GeAlloc(count * VLONG(sizeof(T))));
 }
 template <class T>
 inline T *GeAllocTypedNC(VLONG count) {
-    const VLONG most = VLONG(0x7FFFFFFFFFFFFFFF) / VLONG(sizeof(T));
+    const VLONG most = VLONG(VULONG(-1) / 2) / VLONG(sizeof(T));
     return count < 0 || count > most ? NULL : static_cast<T *>(GeAllocNC(count * VLONG(sizeof(T))));
 }
 #define GeAllocType(T, count) GeAllocTyped<T>(count)
@@ -51,14 +49,10 @@ inline void CopyMemType(const T *source, T *destination, VLONG count) {
 // gNew T(args): host memory, cleared before the constructor runs. When out of memory the answer is NULL and no
 // constructor runs: that is what `noexcept` makes of an operator new. Ordinary `new` stays as it is.
 void *operator new(std::size_t bytes, LONG line, const CHAR *file) noexcept;
-void *operator new[](std::size_t bytes, LONG line, const CHAR *file) noexcept;
 // Run only when a constructor throws.
 void operator delete(void *memory, LONG line, const CHAR *file) noexcept;
-void operator delete[](void *memory, LONG line, const CHAR *file) noexcept;
 
 #define gNew new (LONG(__LINE__), __FILE__)
-// bNew T[n]
-#define bNew new (LONG(__LINE__), __FILE__)
 
 // Destroys what gNew made, gives the memory back and sets the pointer to NULL; NULL is fine.
 template <class T>
@@ -73,11 +67,4 @@ inline void gDelete(T *&object) {
     object->~T();
     GeFreeMemory(memory);
     object = NULL;
-}
-
-// Releases an array made with bNew. How many elements it has is not known, so they must need no destructor.
-template <class T>
-inline void bDelete(T *&array) {
-    static_assert(std::is_trivially_destructible<T>::value, "bNew arrays hold plain values");
-    GeFree(array);
 }

@@ -41,6 +41,3 @@ class NodeData : public BaseData {
 
 // Makes the plug-in object of a new node, with gNew.
 typedef NodeData *DataAllocator(void);
-
-// Binds the number to the description resource `idstr` of the module.
-Bool RegisterDescription(LONG id, const String &idstr);

@@ -4,8 +4,4 @@
 #include "ge_vector.h"
 
 // [-1, 1]; `t` is a fourth dimension.
-Real SNoise(const Vector &p);
 Real SNoise(const Vector &p, Real t);
-// [0, 1]
-Real Noise(const Vector &p);
-Real Noise(const Vector &p, Real t);

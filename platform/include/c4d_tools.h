@@ -8,8 +8,6 @@
 Vector MatrixToHPB(const Matrix &m, ROTATIONORDER rot_order);
 // Without an offset.
 Matrix HPBToMatrix(const Vector &hpb, ROTATIONORDER rot_order);
-// Heading and pitch of a viewing direction; bank 0.
-Vector VectorToHPB(const Vector &direction);
 // The rotation of hpb_new, in the numbers that lie closest to hpb_old.
 Vector GetOptimalAngle(const Vector &hpb_old, const Vector &hpb_new, ROTATIONORDER order);
 

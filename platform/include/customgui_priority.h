@@ -15,11 +15,7 @@ enum { CYCLE_INITIAL = 0, CYCLE_ANIMATION = 1, CYCLE_EXPRESSION = 2, CYCLE_DYNAM
 
 class PriorityData : public CustomDataType {
   public:
-    static PriorityData *Alloc();
-    static void Free(PriorityData *&priority);
-
     Bool SetPriorityValue(LONG value_id, const GeData &data);
-    GeData GetPriorityValue(LONG value_id) const;
 
   private:
     PriorityData();

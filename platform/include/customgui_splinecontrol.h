@@ -37,17 +37,12 @@ class SplineData : public CustomDataType {
     static SplineData *Alloc();
     static void Free(SplineData *&spline);
 
-    LONG GetKnotCount() const;
     // Live until a knot comes or goes; NULL out of range.
     CustomSplineKnot *GetKnot(LONG index) const;
     // Index of the new knot: they are kept in the order of x.
     LONG InsertKnot(Real x, Real y, LONG flags = 0);
-    Bool DeleteKnot(LONG index);
-    void DeleteAllPoints();
     // The point of the curve at x = r; outside the knots the y of the end knot.
     Vector GetPoint(Real r) const;
-    // Rebuilds with that many knots on the straight line from (0, 0) to (1, 1); -1 = the default number.
-    Bool MakePointBuffer(LONG points = -1);
 
   private:
     SplineData();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 typedef char CHAR;
 typedef unsigned char UCHAR;
@@ -22,8 +23,13 @@ typedef unsigned long long LULONG;
 typedef unsigned long long ULLONG;
 
 // Pointer sized.
-typedef long long VLONG;
-typedef unsigned long long VULONG;
+#if UINTPTR_MAX > 0xFFFFFFFF
+typedef LLONG VLONG;
+typedef LULONG VULONG;
+#else
+typedef LONG VLONG;
+typedef ULONG VULONG;
+#endif
 
 typedef float SReal;
 typedef double LReal;
@@ -45,4 +51,4 @@ typedef int Bool;
 enum _DONTCONSTRUCT { DC };
 
 static_assert(sizeof(LONG) == 4 && sizeof(LLONG) == 8 && sizeof(UWORD) == 2, "the border has fixed widths");
-static_assert(sizeof(VLONG) == sizeof(void *), "only 64-bit builds are supported");
+static_assert(sizeof(VLONG) == sizeof(void *), "a VLONG holds a pointer");

@@ -39,11 +39,6 @@ struct DescLevel {
 
     DescLevel(LONG id_) : id(id_), dtype(0), creator(0) {}
     DescLevel(LONG id_, LONG dtype_, LONG creator_) : id(id_), dtype(dtype_), creator(creator_) {}
-
-    Bool operator==(const DescLevel &other) const {
-        return id == other.id && dtype == other.dtype && creator == other.creator;
-    }
-    Bool operator!=(const DescLevel &other) const { return !(*this == other); }
 };
 
 // The way to a parameter: itself, then the component. At most eight levels; more are dropped.
@@ -62,25 +57,11 @@ class DescID {
         PushId(l3);
     }
 
-    // One level.
-    void SetId(const DescLevel &level);
     void PushId(const DescLevel &level);
-    void PopId();
     LONG GetDepth() const { return depth_; }
     // -1 is the last level; past the end a level of id 0.
     const DescLevel &operator[](LONG position) const;
 
-    // Equal depth and equal levels, data types included.
-    Bool operator==(const DescID &other) const;
-    Bool operator!=(const DescID &other) const { return !(*this == other); }
-    const DescID &operator+=(const DescID &other);
-    friend const DescID operator+(const DescID &a, const DescID &b) {
-        DescID sum(a);
-        sum += b;
-        return sum;
-    }
-    // Without the first `shift` levels.
-    const DescID operator<<(LONG shift) const;
     // All levels of this id lead `compare`: [903] is part of [903][1000]. Data types and creators count only where
     // both sides give one. `position` (may be NULL) gets the number of levels that agree.
     Bool IsPartOf(const DescID &compare, LONG *position) const;
@@ -195,11 +176,7 @@ class Description {
 
     // Replaces what is there by the registered description; FALSE when there is none.
     Bool LoadDescription(LONG id);
-    Bool LoadDescription(const String &id);
 
-    // Settings of one entry; NULL when absent. `temp` is room that an implementation may use; the array may be NULL.
-    const BaseContainer *GetParameter(const DescID &id, BaseContainer &temp, AtomArray *ar) const;
-    BaseContainer *GetParameterI(const DescID &id, AtomArray *ar);
     // Adds an entry under the group, or replaces its settings.
     Bool SetParameter(const DescID &id, const BaseContainer &param, const DescID &groupid);
 
@@ -210,7 +187,6 @@ class Description {
 
     // NULL: everything is wanted; otherwise only that entry and what contains it.
     const DescID *GetSingleDescID();
-    void SetSingleDescriptionMode(const DescID &descid);
 
   private:
     Description();

@@ -124,15 +124,6 @@ TEST(Folders, CopyOverAFileOnlyWhenAllowed) {
     EXPECT_FALSE(CopyFileTo(folder / "missing", folder / "to", true));
 }
 
-TEST(Folders, RenameWithoutOverwriting) {
-    const TemporaryFolder folder;
-    folder.Write("a", "1");
-    folder.Write("b", "2");
-    EXPECT_FALSE(RenameFile(folder / "a", folder / "b"));
-    EXPECT_TRUE(RenameFile(folder / "a", folder / "c"));
-    EXPECT_EQ(folder.Names(), (Names{"b", "c"}));
-}
-
 TEST(Folders, AreCopiedWithTheirFiles) {
     const TemporaryFolder folder;
     std::filesystem::create_directories(folder / "from/deeper");
@@ -246,7 +237,6 @@ TEST_F(Interrupted, AKillEndsEverythingAfterItToo) {
     ArmFileFault(1, FileFault::kKilled);
     EXPECT_FALSE(RemoveFile(folder / "a", 0));
     EXPECT_FALSE(CreateFolder(folder / "b"));
-    EXPECT_FALSE(RenameFile(folder / "a", folder / "c"));
     EXPECT_EQ(folder.Names(), Names{"a"});
 }
 

@@ -14,7 +14,6 @@ namespace {
 using testing::TemporaryFolder;
 
 constexpr std::int32_t kIdent = 0x74656D70;
-constexpr std::int32_t kContainerType = 132;
 
 // One entry of every kind, nested, with ids of both signs.
 Container Everything() {
@@ -48,7 +47,7 @@ Container Everything() {
 std::string BytesOf(const Container &container) {
     HyperFile file;
     file.OpenForWriting(kIdent);
-    EXPECT_TRUE(file.Write(kContainerType, &container));
+    EXPECT_TRUE(file.WriteContainer(container));
     return file.Bytes();
 }
 
@@ -57,11 +56,11 @@ TEST(HyperFile, GivesBackAContainerOfEverything) {
     const Container written = Everything();
     HyperFile file;
     ASSERT_TRUE(file.Open(kIdent, folder / "file", FileMode::kWrite));
-    ASSERT_TRUE(file.Write(kContainerType, &written));
+    ASSERT_TRUE(file.WriteContainer(written));
     ASSERT_TRUE(file.Close());
     Container read;
     ASSERT_TRUE(file.Open(kIdent, folder / "file", FileMode::kRead));
-    ASSERT_TRUE(file.Read(kContainerType, &read));
+    ASSERT_TRUE(file.ReadContainer(&read));
     EXPECT_TRUE(read == written);
     EXPECT_EQ(read.id, 42);
     EXPECT_EQ(read.Find(8)->GetContainer()->id, 7);
@@ -115,7 +114,7 @@ TEST(HyperFile, FailsCleanlyWhereverItIsCutOff) {
         Container read;
         read.Set(1, Data(std::int32_t{99}));
         const bool opened = file.OpenForReading(kIdent, bytes.substr(0, size));
-        ASSERT_FALSE(opened && file.Read(kContainerType, &read)) << size;
+        ASSERT_FALSE(opened && file.ReadContainer(&read)) << size;
         EXPECT_EQ(read.Whole(1), 99);  // nothing half read
     }
 }
@@ -127,21 +126,25 @@ TEST(HyperFile, SurvivesEveryFlippedBit) {
         damaged[i / 8] = static_cast<char>(damaged[i / 8] ^ 1 << i % 8);
         HyperFile file;
         Container read;
-        if (file.OpenForReading(kIdent, damaged)) file.Read(kContainerType, &read);
+        if (file.OpenForReading(kIdent, damaged)) file.ReadContainer(&read);
         EXPECT_LE(read.Count(), static_cast<std::int32_t>(bytes.size()));
     }
 }
 
-TEST(HyperFile, RefusesContainersThatAreNestedTooDeep) {
+Container NestedTooDeep() {
     Container deep;
     for (int depth = 0; depth < 80; ++depth) {
         Container outer;
         outer.Set(1, Data(deep));
         deep = outer;
     }
+    return deep;
+}
+
+TEST(HyperFile, RefusesContainersThatAreNestedTooDeep) {
     HyperFile file;
     file.OpenForWriting(kIdent);
-    EXPECT_FALSE(file.Write(kContainerType, &deep));
+    EXPECT_FALSE(file.WriteContainer(NestedTooDeep()));
     EXPECT_EQ(file.Error(), kFileWrongValue);
 }
 
@@ -150,45 +153,9 @@ TEST(HyperFile, DoesNotReplaceAFileByOneThatCouldNotBeMadeWhole) {
     folder.Write("file", "precious");
     HyperFile file;
     ASSERT_TRUE(file.Open(kIdent, folder / "file", FileMode::kWrite));
-    EXPECT_FALSE(file.Write(9999, &file));
+    EXPECT_FALSE(file.WriteContainer(NestedTooDeep()));
     EXPECT_FALSE(file.Close());
     EXPECT_EQ(folder.Read("file"), "precious");
-}
-
-TEST(HyperFile, SkipsWhatIsLeftOfAChunk) {
-    HyperFile file;
-    file.OpenForWriting(kIdent);
-    ASSERT_TRUE(file.WriteChunkStart(5, 1));
-    ASSERT_TRUE(file.WriteWhole(1));
-    ASSERT_TRUE(file.WriteWhole(2));
-    ASSERT_TRUE(file.WriteChunkEnd());
-    ASSERT_TRUE(file.WriteText("after"));
-    EXPECT_FALSE(file.WriteChunkEnd());
-    ASSERT_TRUE(file.OpenForReading(kIdent, file.Bytes()));
-    std::int32_t id = 0, level = 0, whole = 0;
-    ASSERT_TRUE(file.ReadChunkStart(&id, &level));
-    EXPECT_EQ(id, 5);
-    EXPECT_EQ(level, 1);
-    ASSERT_TRUE(file.ReadWhole(&whole));
-    ASSERT_TRUE(file.ReadChunkEnd());
-    std::string text;
-    ASSERT_TRUE(file.ReadText(&text));
-    EXPECT_EQ(text, "after");
-}
-
-TEST(HyperFile, GivesBackMemory) {
-    HyperFile file;
-    file.OpenForWriting(kIdent);
-    ASSERT_TRUE(file.WriteMemory("a\0b", 3));
-    ASSERT_TRUE(file.WriteMemory(nullptr, 0));
-    EXPECT_FALSE(file.WriteMemory("a", -1));
-    ASSERT_TRUE(file.OpenForReading(kIdent, file.Bytes()));
-    std::string bytes;
-    ASSERT_TRUE(file.ReadMemory(&bytes));
-    EXPECT_EQ(bytes, std::string("a\0b", 3));
-    ASSERT_TRUE(file.ReadMemory(&bytes));
-    EXPECT_EQ(bytes, "");
-    EXPECT_FALSE(file.ReadMemory(&bytes));
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ void PrintTo(const Mistake &mistake, std::ostream *out) { *out << mistake.name; 
 
 class Judge : public ::testing::TestWithParam<Mistake> {
   protected:
-    // A camera with the tag, a child and a track.
+    // A camera with the tag, a child and a track, and an object of another document.
     Judge() {
         const std::string file = std::string(TREMOLUX_WRONG_MODULES) + "/wrong_" + GetParam().name + TREMOLUX_SUFFIX;
         std::string error;
@@ -40,6 +40,8 @@ class Judge : public ::testing::TestWithParam<Mistake> {
         track->GetCurve()->AddKey(MakeTime(0, 30));
         camera->InsertTrack(track.release());
         tag_ = camera->MakeTag(kTag);
+        elsewhere_ = Object::Create(kTypeNull).release();
+        application_.NewDocument()->InsertObject(elsewhere_);
         ForgetWrongCall();
     }
     ~Judge() override {
@@ -51,12 +53,13 @@ class Judge : public ::testing::TestWithParam<Mistake> {
     std::unique_ptr<LoadedModule> module_;
     Document *document_ = nullptr;
     Tag *tag_ = nullptr;
+    Object *elsewhere_ = nullptr;
 };
 
 TEST_P(Judge, NamesTheFirstWrongCall) {
     ASSERT_NE(tag_, nullptr);
     const std::size_t objects = document_->AllObjects().size(), steps = document_->Undo().Steps();
-    tag_->SendMessage(kDoWrong, nullptr);
+    tag_->SendMessage(kDoWrong, static_cast<HostAtom *>(elsewhere_));
     ExecutePasses(document_, true, true, true);
     EXPECT_EQ(FirstWrongCall(), GetParam().told);
     EXPECT_EQ(document_->AllObjects().size(), objects) << "a wrong call does not happen";
@@ -70,7 +73,7 @@ constexpr Mistake kMistakes[] = {
     {"kTakesAnObjectForATrack", "Message: list.insert_track: found a node of another kind, expected a track"},
     {"kUndoesInAnotherDocument", "Message: document.add_undo: found nodes of two documents, expected those of one"},
     {"kMovesANodeOfAnotherDocument",
-     "Message: list.insert_under: found nodes of two documents, expected those of one"}};
+     "Message: document.insert_object: found nodes of two documents, expected those of one"}};
 
 INSTANTIATE_TEST_SUITE_P(Anywhere, Judge, ::testing::ValuesIn(kMistakes),
                          [](const auto &info) { return std::string(info.param.name); });
@@ -91,7 +94,7 @@ TEST_P(JudgeOfFrames, NamesTheFirstEditDuringAFrame) {
 }
 
 constexpr Mistake kMistakesOfFrames[] = {
-    {"kInsertsInAFrame", "document.insert_object"},  {"kRemovesInAFrame", "list.remove"},
+    {"kInsertsInAFrame", "document.insert_object"},  {"kRemovesInAFrame", "list.release"},
     {"kOpensAStepInAFrame", "document.start_undo"},  {"kAsksInAFrame", "general.question"},
     {"kQueuesAnEventInAFrame", "general.event_add"}, {"kEvaluatesInAFrame", "document.execute_passes"},
     {"kKeysInAFrame", "animation.add_key"},          {"kSelectsInAFrame", "document.set_active_object"}};
@@ -104,13 +107,13 @@ class JudgeOfThreads : public Judge {};
 
 TEST_P(JudgeOfThreads, NamesTheFirstCallThatIsForTheMainThreadAlone) {
     ASSERT_NE(tag_, nullptr);
-    std::thread([this] { tag_->SendMessage(kDoWrong, nullptr); }).join();
+    std::thread([this] { tag_->SendMessage(kDoWrong, static_cast<HostAtom *>(elsewhere_)); }).join();
     EXPECT_EQ(FirstWrongCall(), std::string("Message: ") + GetParam().told +
                                     ": found it on another thread, expected it on the main thread");
     EXPECT_TRUE(application_.dialogs.All().empty());
     EXPECT_EQ(document_->Undo().Depth(), 0);
     ForgetWrongCall();
-    tag_->SendMessage(kDoWrong, nullptr);
+    tag_->SendMessage(kDoWrong, static_cast<HostAtom *>(elsewhere_));
     EXPECT_EQ(FirstWrongCall(), "");
 }
 

@@ -2,7 +2,7 @@
 
 #include "host/animation/priority_list.h"
 #include "host/animation/track.h"
-#include "host/table/internal.h"
+#include "host/table/entries.h"
 #include "scene_fixture.h"
 
 namespace host {
@@ -117,8 +117,8 @@ TEST_F(Passes, ADisabledTagIsLeftOutEvenWhenATrackJustDisabledIt) {
 TEST_F(Passes, APlugInMayNameItsOwnPriorities) {
     Tag *tag = AddTag(AddCamera("a"));
     fake.on_add_to_execution = [](Tag *own, HostPriorityList *list) {
-        DocumentEntries()->priority_list_add(list, own, 4100, 0);
-        DocumentEntries()->priority_list_add(list, own, 1100, 0);
+        list->Add(own, 4100, 0);
+        list->Add(own, 1100, 0);
         return true;
     };
     std::vector<std::int32_t> priorities;

@@ -1,6 +1,5 @@
 #include "host/animation/passes.h"
 #include "host/animation/track.h"
-#include "host/table/internal.h"
 #include "scene_fixture.h"
 
 namespace host {

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "host/animation/track.h"
-#include "host/table/internal.h"
+#include "host/table/entries.h"
 #include "scene_fixture.h"
 
 namespace host {
@@ -218,64 +218,50 @@ TEST(Documents, LookThroughTheEditorCameraUntilOneIsSet) {
 }
 
 TEST(NodeTables, AnswerNothingForNullHandles) {
-    const AtomTable *atom = AtomEntries();
-    EXPECT_EQ(atom->type(nullptr), 0);
-    EXPECT_EQ(atom->message(nullptr, 7, nullptr), 0);
-    EXPECT_EQ(atom->clone(nullptr, 0, nullptr), nullptr);
-    EXPECT_EQ(atom->copy_to(nullptr, nullptr, 0, nullptr), 0);
-    EXPECT_EQ(atom->get_parameter(nullptr, nullptr, nullptr, 0), 0);
-    EXPECT_EQ(atom->array_at(nullptr, 0), nullptr);
-    atom->release_array(nullptr);
-    const ListTable *list = ListEntries();
-    EXPECT_EQ(list->next(nullptr), nullptr);
-    EXPECT_EQ(list->main(nullptr), nullptr);
-    EXPECT_EQ(list->data(nullptr), nullptr);
-    EXPECT_EQ(list->first_track(nullptr), nullptr);
-    list->insert_under(nullptr, nullptr);
-    list->remove(nullptr);
-    list->release(nullptr);
+    EXPECT_EQ(AtomEntries::type(nullptr), 0);
+    EXPECT_EQ(AtomEntries::message(nullptr, 7, nullptr), 0);
+    EXPECT_EQ(AtomEntries::get_parameter(nullptr, nullptr, nullptr, 0), 0);
+    EXPECT_EQ(AtomEntries::array_at(nullptr, 0), nullptr);
+    EXPECT_EQ(ListEntries::next(nullptr), nullptr);
+    EXPECT_EQ(ListEntries::data(nullptr), nullptr);
+    EXPECT_EQ(ListEntries::first_track(nullptr), nullptr);
+    ListEntries::release(nullptr);
     TableMatrix matrix{};
-    ObjectEntries()->global_matrix(nullptr, &matrix);
+    ObjectEntries::global_matrix(nullptr, &matrix);
     EXPECT_EQ(matrix, kIdentity);
-    ObjectEntries()->insert_tag(nullptr, nullptr, nullptr);
-    EXPECT_EQ(ObjectEntries()->create(1), nullptr);
-    EXPECT_EQ(DocumentEntries()->fps(nullptr), 0);
-    EXPECT_EQ(DocumentEntries()->execute_passes(nullptr, nullptr, 1, 1, 1, 0), 0);
-    EXPECT_EQ(DocumentEntries()->active_view(nullptr), nullptr);
-    EXPECT_EQ(DocumentEntries()->view_has_camera(nullptr), 0);
-    EXPECT_EQ(DocumentEntries()->priority_list_add(nullptr, nullptr, 0, 0), 0);
-    EXPECT_EQ(AnimationEntries()->create_track(nullptr, nullptr), nullptr);
-    EXPECT_EQ(AnimationEntries()->key_at(nullptr, 0), nullptr);
-    std::int32_t index = 5;
-    EXPECT_EQ(AnimationEntries()->find_key(nullptr, nullptr, &index, 0), nullptr);
-    EXPECT_EQ(index, -1);
-    EXPECT_EQ(AnimationEntries()->key_data(nullptr), nullptr);
+    ObjectEntries::insert_tag(nullptr, nullptr, nullptr);
+    EXPECT_EQ(ObjectEntries::create(1), nullptr);
+    EXPECT_EQ(DocumentEntries::fps(nullptr), 0);
+    EXPECT_EQ(DocumentEntries::execute_passes(nullptr, nullptr, 1, 1, 1, 0), 0);
+    EXPECT_EQ(DocumentEntries::active_view(nullptr), nullptr);
+    EXPECT_EQ(DocumentEntries::view_scene_camera(nullptr, nullptr), nullptr);
+    EXPECT_EQ(AnimationEntries::create_track(nullptr, nullptr), nullptr);
+    EXPECT_EQ(AnimationEntries::key_at(nullptr, 0), nullptr);
 }
 
 TEST_F(Tree, TheTableTellsHandlesOfOneKindFromAnother) {
     Object *camera = AddCamera("camera");
     Tag *tag = AddTag(camera);
     TableVector v{1, 1, 1};
-    ObjectEntries()->get_vector(tag, TABLE_REL_POSITION, &v);
+    ObjectEntries::get_vector(tag, TABLE_REL_POSITION, &v);
     EXPECT_EQ(v, (Vector{0, 0, 0}));
-    ObjectEntries()->insert_tag(camera, camera, nullptr);
+    ObjectEntries::insert_tag(camera, camera, nullptr);
     EXPECT_EQ(camera->FirstTag(), tag);
-    EXPECT_EQ(DocumentEntries()->fps(camera), 0);
-    EXPECT_EQ(AnimationEntries()->key_count(camera), 0);
-    EXPECT_EQ(ListEntries()->module_object(tag), tag->Plugin());
-    EXPECT_EQ(ListEntries()->data(document), &document->Settings());
+    EXPECT_EQ(DocumentEntries::fps(camera), 0);
+    EXPECT_EQ(AnimationEntries::key_count(camera), 0);
+    EXPECT_EQ(ListEntries::data(document), &document->Settings());
 }
 
 TEST_F(Tree, ACurveIsNotFreedAwayFromItsTrack) {
     Object *camera = AddCamera("camera");
     const TableDescID id = MakeId(kCameraFocalLength);
-    HostAtom *track = AnimationEntries()->create_track(camera, &id);
-    ListEntries()->insert_track(camera, track);
-    HostAtom *curve = AnimationEntries()->track_curve(track, 1, 1);
-    ListEntries()->release(curve);
-    EXPECT_EQ(AnimationEntries()->track_curve(track, 1, 1), curve);
+    HostAtom *track = AnimationEntries::create_track(camera, &id);
+    ListEntries::insert_track(camera, track);
+    HostAtom *curve = AnimationEntries::track_curve(track, 1, 1);
+    ListEntries::release(curve);
+    EXPECT_EQ(AnimationEntries::track_curve(track, 1, 1), curve);
     const TableTime time{1, 30};
-    EXPECT_NE(AnimationEntries()->add_key(curve, &time, nullptr), nullptr);
+    EXPECT_NE(AnimationEntries::add_key(curve, &time, nullptr), nullptr);
 }
 
 // Random moves keep the tree whole: everything is found once, and up, down, next and previous agree.

@@ -218,7 +218,7 @@ TEST(GeneralTable, AnswersNullHandlesAndAHostThatDoesNotRun) {
     EXPECT_EQ(file.copy(nullptr, nullptr, 0), 0);
     EXPECT_EQ(file.browse_next(nullptr), 0);
     EXPECT_EQ(file.open_hyperfile(nullptr, 0, nullptr, 1, 0), 0);
-    EXPECT_EQ(file.read_value(nullptr, 15, nullptr), 0);
+    EXPECT_EQ(file.read_container(nullptr, nullptr), 0);
     EXPECT_EQ(bitmap.width(nullptr), 0);
     EXPECT_LT(bitmap.load(nullptr, nullptr, -1), 0);
     file.release_browse(nullptr);
@@ -302,16 +302,12 @@ TEST_F(Modules, WithoutTheEntryAreRefused) {
 
 // ---- Resources
 
-TEST(Resources, GiveTheTextOfANumber) {
+TEST(Resources, AreAFolderWithSymbols) {
     const TemporaryFolder folder;
     EXPECT_FALSE(IsResourceFolder(folder.Path()));
-    folder.Write("c4d_symbols.h", "enum {\n    _FIRST = 10000,\n    IDS_HELLO = 10001,\n};\n");
-    std::filesystem::create_directory(folder / "strings_us");
-    folder.Write("strings_us/c4d_strings.str", "STRINGTABLE\n{\n    IDS_HELLO \"Hello there\";\n}\n");
+    folder.Write("c4d_symbols.h", "enum {\n    _FIRST = 10000,\n};\n");
     EXPECT_TRUE(IsResourceFolder(folder.Path()));
-    EXPECT_EQ(ResourceString(folder.Path(), 10001), "Hello there");
-    EXPECT_EQ(ResourceString(folder.Path(), 10002), "");
-    EXPECT_EQ(ResourceString(folder / "missing", 10001), "");
+    EXPECT_FALSE(IsResourceFolder(folder / "missing"));
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 #include "host/animation/track.h"
-#include "host/table/internal.h"
+#include "host/table/entries.h"
 #include "scene_fixture.h"
 
 namespace host {
@@ -74,7 +74,7 @@ TEST_F(UndoSteps, AFreedNodeThatAStepNeedsLivesOn) {
     Object *camera = AddCamera("camera");
     Tag *tag = AddTag(camera);
     document->Undo().Add(kUndoDelete, tag);
-    ListEntries()->release(tag);
+    ListEntries::release(tag);
     EXPECT_EQ(camera->FirstTag(), nullptr);
     EXPECT_EQ(fake.alive, 1);
     EXPECT_TRUE(document->Undo().Undo());
@@ -183,7 +183,7 @@ TEST_F(UndoSteps, ATracksDeletionIsTakenBack) {
     focal->GetCurve()->AddKey(MakeTime(0, 1))->SetValue(20);
     camera->InsertTrack(focal);
     document->Undo().Add(kUndoDelete, focal);
-    ListEntries()->release(focal);
+    ListEntries::release(focal);
     EXPECT_TRUE(camera->Tracks().empty());
     document->Undo().Undo();
     ASSERT_EQ(camera->Tracks().size(), 1u);

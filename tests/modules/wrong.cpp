@@ -29,15 +29,8 @@ Other *Mistake(BaseList2D *node) {
     return static_cast<Other *>(static_cast<void *>(node));
 }
 
-BaseObject *InAnotherDocument() {
-    BaseDocument *other = BaseDocument::Alloc();
-    BaseObject *object = BaseObject::Alloc(Onull);
-    other->InsertObject(object, NULL, NULL);
-    InsertBaseDocument(other);  // the host's from now on
-    return object;
-}
-
-void DoWrong(Wrong wrong, BaseTag *tag, BaseDocument *doc, BaseObject *op) {
+// `elsewhere`: an object of another document; NULL in a frame.
+void DoWrong(Wrong wrong, BaseTag *tag, BaseDocument *doc, BaseObject *op, BaseObject *elsewhere) {
     switch (wrong) {
         case kUsesAFreedNode: {
             BaseObject *object = BaseObject::Alloc(Onull), *kept = object;
@@ -55,10 +48,10 @@ void DoWrong(Wrong wrong, BaseTag *tag, BaseDocument *doc, BaseObject *op) {
             op->InsertTrackSorted(Mistake<CTrack>(op));
             break;
         case kUndoesInAnotherDocument:
-            doc->AddUndo(UNDOTYPE_CHANGE, InAnotherDocument());
+            doc->AddUndo(UNDOTYPE_CHANGE, elsewhere);
             break;
         case kMovesANodeOfAnotherDocument:
-            InAnotherDocument()->InsertUnder(op);
+            doc->InsertObject(elsewhere, op, NULL);
             break;
         case kInsertsInAFrame: {
             BaseObject *object = BaseObject::Alloc(Onull);
@@ -66,9 +59,11 @@ void DoWrong(Wrong wrong, BaseTag *tag, BaseDocument *doc, BaseObject *op) {
             BaseObject::Free(object);  // the host has not taken it
             break;
         }
-        case kRemovesInAFrame:
-            op->GetDown()->Remove();
+        case kRemovesInAFrame: {
+            CTrack *track = op->GetFirstCTrack();
+            CTrack::Free(track);
             break;
+        }
         case kOpensAStepInAFrame:
             doc->StartUndo();
             break;
@@ -93,14 +88,14 @@ void DoWrong(Wrong wrong, BaseTag *tag, BaseDocument *doc, BaseObject *op) {
 class WrongTag : public TagData {
   public:
     static NodeData *Alloc() { return gNew WrongTag; }
-    virtual Bool Message(GeListNode *node, LONG type, void *) {
+    virtual Bool Message(GeListNode *node, LONG type, void *data) {
         BaseTag *tag = (BaseTag *)node;
-        if (type == kDoWrong) DoWrong(TREMOLUX_WRONG, tag, tag->GetDocument(), tag->GetObject());
+        if (type == kDoWrong) DoWrong(TREMOLUX_WRONG, tag, tag->GetDocument(), tag->GetObject(), (BaseObject *)data);
         return TRUE;
     }
     virtual EXECUTIONRESULT Execute(BaseTag *tag, BaseDocument *doc, BaseObject *op, BaseThread *, LONG,
                                     EXECUTIONFLAGS) {
-        if (TREMOLUX_WRONG >= kInsertsInAFrame) DoWrong(TREMOLUX_WRONG, tag, doc, op);
+        if (TREMOLUX_WRONG >= kInsertsInAFrame) DoWrong(TREMOLUX_WRONG, tag, doc, op, NULL);
         return EXECUTIONRESULT_OK;
     }
 };

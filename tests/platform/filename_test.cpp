@@ -39,7 +39,7 @@ TEST_F(FilenameTest, AnEmptySideGivesTheOther) {
 TEST_F(FilenameTest, SplitsIntoFolderAndFile) {
     const Filename name = Filename("res") + "Presets" + "calm.tcp";
     EXPECT_EQ(Bytes(name.GetDirectory()), "res" + kSeparator + "Presets");
-    EXPECT_EQ(Bytes(name.GetFile()), "calm.tcp");
+    EXPECT_EQ(Bytes(name.GetFileString()), "calm.tcp");
     EXPECT_EQ(Bytes(Filename("calm.tcp").GetDirectory()), "");
     EXPECT_EQ(Bytes((name.GetDirectory() + String((kSeparator).c_str())).GetFileString()), "Presets");
 }
@@ -47,51 +47,9 @@ TEST_F(FilenameTest, SplitsIntoFolderAndFile) {
 TEST_F(FilenameTest, TheRootIsItsOwnFolder) {
     const Filename root(kSeparator.c_str());
     EXPECT_EQ(Bytes(root.GetDirectory()), kSeparator);
-    EXPECT_EQ(Bytes(root.GetFile()), "");
+    EXPECT_EQ(Bytes(root.GetFileString()), "");
     EXPECT_EQ(Bytes((root + "file").GetDirectory()), kSeparator);
     EXPECT_EQ(Bytes(root + "file"), kSeparator + "file");
-}
-
-TEST_F(FilenameTest, ReplacesFolderOrFile) {
-    Filename name = Filename("a") + "b";
-    name.SetFile("c");
-    EXPECT_EQ(Bytes(name), "a" + kSeparator + "c");
-    name.SetDirectory("d");
-    EXPECT_EQ(Bytes(name), "d" + kSeparator + "c");
-}
-
-TEST_F(FilenameTest, ChangesTheSuffixOfTheLastComponentOnly) {
-    Filename name = Filename("v1.2") + "calm";
-    EXPECT_EQ(Bytes(name.GetSuffix()), "");
-    name.SetSuffix("tcp");
-    EXPECT_EQ(Bytes(name), "v1.2" + kSeparator + "calm.tcp");
-    name.SetSuffix("txt");
-    EXPECT_EQ(Bytes(name.GetFile()), "calm.txt");
-    EXPECT_TRUE(name.CheckSuffix("TXT"));
-    EXPECT_FALSE(name.CheckSuffix("tcp"));
-    name.ClearSuffix();
-    EXPECT_EQ(Bytes(name), "v1.2" + kSeparator + "calm");
-}
-
-TEST_F(FilenameTest, ClearsOneSuffixOrAll) {
-    Filename one("calm.tcp.bak"), all("calm.tcp.bak");
-    one.ClearSuffix();
-    all.ClearSuffixComplete();
-    EXPECT_EQ(Bytes(one), "calm.tcp");
-    EXPECT_EQ(Bytes(all), "calm");
-}
-
-TEST_F(FilenameTest, ADotInFrontStartsNoSuffix) {
-    Filename hidden(".settings");
-    EXPECT_EQ(Bytes(hidden.GetSuffix()), "");
-    hidden.ClearSuffix();
-    EXPECT_EQ(Bytes(hidden), ".settings");
-}
-
-TEST_F(FilenameTest, WithoutANameGetsNoSuffix) {
-    Filename name;
-    name.SetSuffix("tcp");
-    EXPECT_FALSE(name.Content());
 }
 
 }  // namespace

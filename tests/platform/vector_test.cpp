@@ -85,13 +85,6 @@ TEST(Matrix, HeadingTurnsTheViewTowardMinusX) {
 
 TEST(Matrix, PitchRaisesTheView) { ExpectVector(Vector(0, 0, 1) ^ MatrixRotX(PI05), Vector(0, 1, Cos(PI05))); }
 
-TEST(VectorToHPB, GivesHeadingAndPitchOfADirection) {
-    ExpectVector(VectorToHPB(Vector(0, 0, 1)), Vector(0, 0, 0));
-    ExpectVector(VectorToHPB(Vector(-1, 0, 0)), Vector(PI05, 0, 0));
-    ExpectVector(VectorToHPB(Vector(0, 1, 1)), Vector(0, PI / 4, 0));
-    ExpectVector(VectorToHPB(Vector(0, -2, 0)), Vector(0, -PI05, 0));
-}
-
 TEST(Random, StartsWithTheKnownSequence) {
     // (101 * 69069) mod 2^31 = 6975969; the next: (6975970 * 69069) mod 2^31.
     Random random;

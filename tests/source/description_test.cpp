@@ -1,6 +1,7 @@
 // The panel's callbacks where the host has nothing to give them.
 #include "host/description/description.h"
 
+#include "host/scene/document.h"
 #include "lib_description.h"
 #include "platform/glue/host.h"
 #include "tag/cameraloader.h"
@@ -28,14 +29,14 @@ class PanelCallbacks : public WithPlainTag {
   protected:
     void SetUp() override {
         WithPlainTag::SetUp();
-        document_ = BaseDocument::Alloc();
+        // A handle of the host's is the module's document.
+        document_ = reinterpret_cast<BaseDocument *>(static_cast<HostAtom *>(application().NewDocument()));
         node_ = BaseObject::Alloc(Ocamera);
         document_->InsertObject(node_, NULL, NULL);
         description_ = Description::Alloc();
     }
     void TearDown() override {
         Description::Free(description_);
-        BaseDocument::Free(document_);
         WithPlainTag::TearDown();
     }
     // Its description is registered with the module's start.
