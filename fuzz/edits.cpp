@@ -26,7 +26,7 @@ constexpr std::int32_t kFirstParameter = 6000, kLastParameter = 6210, kPresetCyc
 constexpr std::int32_t kButtons[] = {6172, 6042, 6043, 6174, 6004, 6041, 6058, 6069, 6184, 6185,  6186, 6187,
                                      6188, 6046, 6175, 6003, 6005, 6171, 6176, 6182, 6047, 10033, 6001, 7777};
 constexpr std::int32_t kLinks[] = {6001, 6057, 6068};
-constexpr double kNumbers[] = {0,    -0.0, 1,     -1,   0.5,    0.25,   2,        1e-300,
+constexpr double kNumbers[] = {0,    -0.0, 1,     -1,   0.5,     0.25,  2,          1e-300,
                                1e12, -1e9, 1e308, 1e-9, 12345.6, -3.25, 2147483648, -1e308};
 constexpr std::int64_t kLastFrame = 200;
 constexpr std::size_t kMostSteps = 40;

@@ -1,8 +1,9 @@
 // Hyper files of any bytes, read as whatever the reader asks for: the first bytes say what that is.
+#include "host/files/hyperfile.h"
+
 #include <cstdint>
 
 #include "fuzz/require.h"
-#include "host/files/hyperfile.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
-// Files in the folder of the user's presets: any bytes behind the head of a hyper file, or entries of any kind under the
-// ids that presets have. A tag that takes one over gives a finite camera, and can be saved and loaded.
+// Files in the folder of the user's presets: any bytes behind the head of a hyper file, or entries of any kind under
+// the ids that presets have. A tag that takes one over gives a finite camera, and can be saved and loaded.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "bench/scene.h"
@@ -24,7 +24,8 @@ host::Data AnyValue(FuzzedDataProvider *input) {
         case 0:
             return host::Data(input->ConsumeIntegral<std::int32_t>());
         case 1:
-            return host::Data(host::MakeTime(input->ConsumeIntegral<std::int16_t>(), input->ConsumeIntegral<std::int8_t>()));
+            return host::Data(
+                host::MakeTime(input->ConsumeIntegral<std::int16_t>(), input->ConsumeIntegral<std::int8_t>()));
         case 2:
             return host::Data(std::string_view(input->ConsumeRandomLengthString(12)));
         case 3:

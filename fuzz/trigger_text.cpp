@@ -1,4 +1,5 @@
-// Lists of frames as users type them for jolts: those that hit are those that a second, plain reading of the text names.
+// Lists of frames as users type them for jolts: those that hit are those that a second, plain reading of the text
+// names.
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
