@@ -1,11 +1,12 @@
 // Sequences of calls on a container, against a list of pairs that does the same in the plainest way.
+#include "host/value/container.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <utility>
 #include <vector>
 
 #include "fuzz/require.h"
-#include "host/value/container.h"
 
 namespace {
 

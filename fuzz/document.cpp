@@ -34,8 +34,8 @@ std::string Saved(host::Document *document) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     std::string error;
-    fuzz::Require(host::WriteFileSafely(Folder() / "read",
-                                        std::string_view(reinterpret_cast<const char *>(data), size), &error));
+    fuzz::Require(
+        host::WriteFileSafely(Folder() / "read", std::string_view(reinterpret_cast<const char *>(data), size), &error));
     const auto document = host::LoadDocument(Folder() / "read", &error);
     if (!document) {
         fuzz::Require(!error.empty() && error.find('\n') == std::string::npos);
