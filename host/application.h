@@ -11,7 +11,7 @@
 
 #include "host/scene/document.h"
 #include "host/services/registry.h"
-#include "host/ui/services.h"
+#include "host/ui/scripted_user.h"
 #include "platform/table.h"
 
 namespace host {

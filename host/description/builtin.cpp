@@ -35,8 +35,8 @@ struct Parameter {
     DataKind kind;
     const char *name;
     std::int32_t group;
-    double preset = 0;      // of every component
-    std::int32_t unit = 0;  // 0: the kind's own
+    double declared_default = 0;  // of every component
+    std::int32_t unit = 0;        // 0: the kind's own
     double least = -kNoLimit, most = kNoLimit;
     const char *const *choices = nullptr;  // of a cycle: texts of 0, 1, ...; ends with a null
 };
@@ -131,7 +131,7 @@ Container SettingsOf(const Parameter &parameter) {
     Container settings = DefaultSettings(parameter.kind);
     settings.Set(kDescName, Data(parameter.name));
     if (parameter.kind == kGroup) return settings;
-    if (HasDefault(parameter.kind)) settings.Set(kDescDefault, ValueOf(parameter, parameter.preset));
+    if (HasDefault(parameter.kind)) settings.Set(kDescDefault, ValueOf(parameter, parameter.declared_default));
     if (parameter.unit != 0) settings.Set(kDescUnit, Data(parameter.unit));
     if (parameter.least > -kNoLimit) settings.Set(kDescMin, ValueOf(parameter, parameter.least));
     if (parameter.most < kNoLimit) settings.Set(kDescMax, ValueOf(parameter, parameter.most));

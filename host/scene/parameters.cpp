@@ -65,8 +65,8 @@ bool DescribedDefault(const Node *node, const TableDescID &id, Data *out) {
         *out = Data(component == kVectorX ? whole.x : component == kVectorY ? whole.y : whole.z);
         return true;
     }
-    const Data *preset = described.settings.Find(kDescDefault);
-    *out = preset != nullptr ? ConvertedTo(*preset, described.value_type) : Data();
+    const Data *declared = described.settings.Find(kDescDefault);
+    *out = declared != nullptr ? ConvertedTo(*declared, described.value_type) : Data();
     if (out->type != described.value_type) *out = Data::OfType(described.value_type);
     return out->type != kDataNil;
 }

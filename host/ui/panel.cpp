@@ -100,12 +100,11 @@ PanelControl ControlOf(Node *node, const Description::Entry &entry) {
     control.slider_minimum = Setting(settings, kDescMinSlider, fps);
     control.slider_maximum = Setting(settings, kDescMaxSlider, fps);
     control.step = Setting(settings, kDescStep, fps);
-    control.preset = Setting(settings, kDescDefault, fps);
     control.choices = ChoicesOf(settings);
     Data value;
     // A parameter that the node does not hold shows its default.
     if (!node->GetParameter(entry.id, &value) || value.type == kDataNil)
-        if (const Data *preset = settings.Find(kDescDefault)) value = *preset;
+        if (const Data *declared = settings.Find(kDescDefault)) value = *declared;
     control.number = NumberOf(value, fps);
     control.text = TextOf(control, value, node);
     control.enabled = control.gadget == Gadget::kOther || IsControlEnabled(node, entry.id, settings);

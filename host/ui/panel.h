@@ -25,7 +25,7 @@ struct PanelControl {
     Gadget gadget = Gadget::kOther;
     std::int32_t unit = 0;
     // In the stored unit; of a time in frames.
-    std::optional<double> minimum, maximum, slider_minimum, slider_maximum, step, preset;
+    std::optional<double> minimum, maximum, slider_minimum, slider_maximum, step;
     std::vector<std::pair<std::int32_t, std::string>> choices;  // of a cycle: value and label
     double number = 0;                                          // of a number, slider, toggle, cycle or time
     std::string text;                                           // what the field shows

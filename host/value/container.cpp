@@ -216,14 +216,14 @@ void Container::Sort() {
     ++dirty;
 }
 
-std::int32_t Container::Whole(std::int32_t entry, std::int32_t preset) const {
+std::int32_t Container::Whole(std::int32_t entry, std::int32_t fallback) const {
     const Data *data = Find(entry);
-    return IsNumber(data) ? data->Whole() : preset;
+    return IsNumber(data) ? data->Whole() : fallback;
 }
 
-double Container::Real(std::int32_t entry, double preset) const {
+double Container::Real(std::int32_t entry, double fallback) const {
     const Data *data = Find(entry);
-    return IsNumber(data) ? data->Real() : preset;
+    return IsNumber(data) ? data->Real() : fallback;
 }
 
 std::string Container::Text(std::int32_t entry) const {

@@ -72,8 +72,8 @@ class Container : public TableContainer {
     // Here or deeper; also after the last one was removed.
     bool MayHoldLinks() const { return body != nullptr && body->has_links; }
 
-    std::int32_t Whole(std::int32_t entry, std::int32_t preset = 0) const;
-    double Real(std::int32_t entry, double preset = 0) const;
+    std::int32_t Whole(std::int32_t entry, std::int32_t fallback = 0) const;
+    double Real(std::int32_t entry, double fallback = 0) const;
     std::string Text(std::int32_t entry) const;
     Vector GetVector(std::int32_t entry) const;
     Time GetTime(std::int32_t entry) const;

@@ -9,14 +9,14 @@ constexpr std::int32_t kNoUnit = 0, kUnitReal = 1718773089, kUnitWhole = 1718382
 enum class Animation { kUnsaid, kOff, kOn };
 enum class Default { kNone, kWhole, kReal, kTime };
 
-struct Preset {
+struct TypeSettings {
     std::int32_t data_type, gadget;
     Animation animation;
     Default value;
     std::int32_t unit;
 };
 
-constexpr Preset kPresets[] = {
+constexpr TypeSettings kTypes[] = {
     {19, 19, Animation::kOn, Default::kReal, kUnitReal},                    // real
     {15, 15, Animation::kOn, Default::kWhole, kUnitWhole},                  // whole number
     {400006001, 400006001, Animation::kOn, Default::kWhole, kNoUnit},       // Bool
@@ -35,16 +35,16 @@ constexpr Preset kPresets[] = {
 };
 constexpr std::int32_t kGroup = 1;
 
-void Fill(const Preset &preset, Container *settings) {
-    settings->Set(kDescCustomGui, Data(preset.gadget));
-    if (preset.animation != Animation::kUnsaid)
-        settings->Set(kDescAnimate, Data(preset.animation == Animation::kOn ? 1 : 0));
-    if (preset.value == Default::kReal) settings->Set(kDescDefault, Data(0.0));
-    if (preset.value == Default::kWhole) settings->Set(kDescDefault, Data(0));
-    if (preset.value == Default::kTime) settings->Set(kDescDefault, Data(Time{0, 1}));
-    if (preset.unit == kUnitReal) settings->Set(kDescStep, Data(1.0));
-    if (preset.unit == kUnitWhole) settings->Set(kDescStep, Data(1));
-    if (preset.unit != kNoUnit) settings->Set(kDescUnit, Data(preset.unit));
+void Fill(const TypeSettings &type, Container *settings) {
+    settings->Set(kDescCustomGui, Data(type.gadget));
+    if (type.animation != Animation::kUnsaid)
+        settings->Set(kDescAnimate, Data(type.animation == Animation::kOn ? 1 : 0));
+    if (type.value == Default::kReal) settings->Set(kDescDefault, Data(0.0));
+    if (type.value == Default::kWhole) settings->Set(kDescDefault, Data(0));
+    if (type.value == Default::kTime) settings->Set(kDescDefault, Data(Time{0, 1}));
+    if (type.unit == kUnitReal) settings->Set(kDescStep, Data(1.0));
+    if (type.unit == kUnitWhole) settings->Set(kDescStep, Data(1));
+    if (type.unit != kNoUnit) settings->Set(kDescUnit, Data(type.unit));
 }
 
 }  // namespace
@@ -55,8 +55,8 @@ Container DefaultSettings(std::int32_t data_type) {
         settings.Set(kDescColumns, Data(1));
         settings.Set(kDescDefault, Data(0));
     }
-    for (const Preset &preset : kPresets)
-        if (preset.data_type == data_type) Fill(preset, &settings);
+    for (const TypeSettings &type : kTypes)
+        if (type.data_type == data_type) Fill(type, &settings);
     return settings;
 }
 

@@ -1,4 +1,4 @@
-#include "host/ui/services.h"
+#include "host/ui/scripted_user.h"
 
 #include <algorithm>
 
