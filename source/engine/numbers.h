@@ -1,6 +1,7 @@
 // Numbers cut off and held to a range.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -9,9 +10,7 @@ namespace engine {
 // Towards zero, saturated; 0 for what is not a number.
 inline std::int32_t Truncate(double value) {
     if (std::isnan(value)) return 0;
-    if (value >= 2147483647.0) return INT32_MAX;
-    if (value <= -2147483648.0) return INT32_MIN;
-    return static_cast<std::int32_t>(value);
+    return static_cast<std::int32_t>(std::clamp(value, -2147483648.0, 2147483647.0));
 }
 
 // Held to [0, 1].

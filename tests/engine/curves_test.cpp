@@ -25,4 +25,18 @@ RC_GTEST_PROP(BentAmounts, KnowNoAmountByTheValueOfAnother, ()) {
     }
 }
 
+// A room for 256: amounts that fall anywhere leave 84 of 101 their own place, those that pile up far fewer.
+TEST(BentAmounts, RoundOnesAreSpreadOverTheWholeRoom) {
+    for (const double step : {0.01, 0.5, 1.0}) {
+        BentAmounts known;
+        int found = 0;
+        for (int i = 0; i <= 100; ++i) known.Remember(kOvershootCurve, i * step, i);
+        for (int i = 0; i <= 100; ++i) {
+            double bent;
+            found += known.Find(kOvershootCurve, i * step, &bent) ? 1 : 0;
+        }
+        EXPECT_GE(found, 65) << step;
+    }
+}
+
 }  // namespace

@@ -20,6 +20,7 @@ TEST(Truncate, StopsAtTheEndsOfTheRange) {
     EXPECT_EQ(Truncate(1e300), kMost);
     EXPECT_EQ(Truncate(HUGE_VAL), kMost);
     EXPECT_EQ(Truncate(-2147483648.0), kLeast);
+    EXPECT_EQ(Truncate(-2147483647.5), kLeast + 1);
     EXPECT_EQ(Truncate(-2147483649.0), kLeast);
     EXPECT_EQ(Truncate(-HUGE_VAL), kLeast);
 }
