@@ -5,6 +5,7 @@
 
 #include "c4d_customdatatypeplugin.h"
 #include "customgui_splinecontrol.h"
+#include "ge_autoptr.h"
 #include "host/application.h"
 #include "lib_description.h"
 #include "platform/glue/host.h"
