@@ -40,7 +40,7 @@ class ManyPresets {
             host::HyperFile file;
             const host::Container preset = PresetOf(scene_.Tag().Data(), name);
             file.Open(ids::kPresetFileCode, folder / name, host::FileMode::kWrite);
-            file.Write(host::kDataContainer, &preset);
+            file.WriteContainer(preset);
             file.Close();
             MakeOld(folder / name);
         }

@@ -32,21 +32,21 @@ void WritePresetFile(const fs::path &file, const host::Container &preset) {
     fs::create_directories(file.parent_path());
     host::HyperFile stream;
     ASSERT_TRUE(stream.Open(kCode, file, host::FileMode::kWrite)) << file;
-    ASSERT_TRUE(stream.Write(132, &preset));
+    ASSERT_TRUE(stream.WriteContainer(preset));
     ASSERT_TRUE(stream.Close()) << file;
 }
 
 host::Container ReadPresetFile(const fs::path &file) {
     host::Container preset;
     host::HyperFile stream;
-    EXPECT_TRUE(stream.Open(kCode, file, host::FileMode::kRead) && stream.Read(132, &preset)) << file;
+    EXPECT_TRUE(stream.Open(kCode, file, host::FileMode::kRead) && stream.ReadContainer(&preset)) << file;
     return preset;
 }
 
 bool IsPresetFile(const fs::path &file) {
     host::Container preset;
     host::HyperFile stream;
-    return stream.Open(kCode, file, host::FileMode::kRead) && stream.Read(132, &preset);
+    return stream.Open(kCode, file, host::FileMode::kRead) && stream.ReadContainer(&preset);
 }
 
 std::vector<std::string> NamesIn(const fs::path &folder) {

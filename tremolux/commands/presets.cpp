@@ -161,7 +161,7 @@ void Export(const PresetsOptions &options) {
 void CheckPresetFile(const fs::path &file) {
     host::HyperFile stream;
     host::Container preset;
-    if (!stream.Open(ids::kPresetFileCode, file, host::FileMode::kRead) || !stream.Read(host::kDataContainer, &preset))
+    if (!stream.Open(ids::kPresetFileCode, file, host::FileMode::kRead) || !stream.ReadContainer(&preset))
         throw Failure(kExitInput, host::PathText(file) + ": found no preset, expected a file that was saved as one");
 }
 
