@@ -8,6 +8,7 @@
 #include <string>
 
 #include "bench/scene.h"
+#include "generated/module_ids.h"
 #include "host/animation/track.h"
 #include "host/files/scenefile.h"
 #include "host/services/noise.h"
@@ -16,7 +17,6 @@
 namespace bench {
 namespace {
 
-constexpr std::int32_t kQuickBake = 6046, kBruteForceBake = 6175, kSeed = 6142;
 constexpr std::int64_t kJumpTo = 1000, kLastKey = 1000;
 
 void Require(bool done, const std::string &error) {
@@ -88,7 +88,7 @@ class FirstJump : public InScene {
     explicit FirstJump(int) { scene_.SetLastFrame(kJumpTo); }
     void Work(int times) override {
         for (int seed = 1; seed <= times; ++seed) {
-            scene_.Tag().Data().SetReal(kSeed, seed);
+            scene_.Tag().Data().SetReal(ids::kSeed, seed);
             scene_.Evaluate(seed % 2 == 0 ? kJumpTo - 10 : kJumpTo);
         }
     }
@@ -153,8 +153,8 @@ constexpr struct {
 } kJobs[] = {{"noise sample", Make<Noise>},
              {"frame", Make<Frame>},
              {"frame, the tag alone", Make<TagAlone>},
-             {"quickly baked frame", Make<BakedFrame<kQuickBake>>},
-             {"brutely baked frame", Make<BakedFrame<kBruteForceBake>>},
+             {"quickly baked frame", Make<BakedFrame<ids::kQuickBake>>},
+             {"brutely baked frame", Make<BakedFrame<ids::kBruteForceBake>>},
              {"jump", Make<Jump>},
              {"first jump to frame 1000", Make<FirstJump>},
              {"copy of a tag", Make<Copy>},
