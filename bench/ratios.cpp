@@ -10,7 +10,6 @@
 namespace bench {
 namespace {
 
-constexpr double kSlower = 1.25;
 constexpr double kNoAim = 0;
 
 // A ratio of two measurements: one of `measured` against `count` of `against`.
@@ -104,23 +103,6 @@ void PrintRatios(const Medians &medians, const std::filesystem::path &committed)
         std::printf("%-38s %9s %5.1f%% %8s %-18s %5s %7s\n", row.name, Duration(time.median).c_str(), 100 * time.noise,
                     Figure(ratio).c_str(), row.unit, Figure(row.aim).c_str(), Figure(Known(ratios, row)).c_str());
     }
-}
-
-int CountSlower(const Medians &medians, const std::filesystem::path &committed) {
-    const std::map<std::string, double> ratios = ReadRatios(committed);
-    int slower = 0;
-    for (const Row &row : kRows) {
-        const double ratio = RatioOf(row, medians), known = Known(ratios, row);
-        if (ratio == 0 || (known > 0 && ratio <= known * kSlower)) continue;
-        ++slower;
-        if (known > 0)
-            std::fprintf(stderr, "bench: '%s': found %s, expected at most a quarter above %s\n", row.name,
-                         Figure(ratio).c_str(), Figure(known).c_str());
-        else
-            std::fprintf(stderr, "bench: '%s': found no ratio in %s, expected one\n", row.name,
-                         committed.string().c_str());
-    }
-    return slower;
 }
 
 bool WriteRatios(const Medians &medians, const std::filesystem::path &committed) {

@@ -10,8 +10,6 @@ namespace bench {
 
 // One line for each row whose measurements were run: time, noise, ratio, aim, and the ratio in `committed`.
 void PrintRatios(const Medians &medians, const std::filesystem::path &committed);
-// The number of rows that are slower than in `committed` by more than a quarter; tells each on standard error.
-int CountSlower(const Medians &medians, const std::filesystem::path &committed);
 // false with a line on standard error when it cannot be written. Rows that were not run keep their ratio.
 bool WriteRatios(const Medians &medians, const std::filesystem::path &committed);
 

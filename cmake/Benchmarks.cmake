@@ -1,4 +1,5 @@
-# One program for all measurements, and one that runs for long: script/bench and script/soak.
+# One program for all measurements, one whose instructions are counted, and one that runs for long: script/bench and
+# script/soak.
 find_package(benchmark REQUIRED)
 
 if(NOT TARGET TremoluxCam OR NOT TARGET embedded_host)
@@ -20,3 +21,4 @@ file(GLOB sources CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}" bench/*_ben
 tremolux_add_bench(tremolux_bench bench/main.cpp bench/medians.cpp bench/ratios.cpp ${sources})
 target_link_libraries(tremolux_bench PRIVATE benchmark::benchmark)
 tremolux_add_bench(tremolux_soak bench/soak.cpp)
+tremolux_add_bench(tremolux_counted bench/counted.cpp)
