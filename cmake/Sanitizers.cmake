@@ -4,6 +4,7 @@ function(tremolux_set_sanitizers target)
         return()
     endif()
     if(TREMOLUX_FUZZ)
+        # What the fuzzer watches; in other programs nothing does.
         target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
     endif()
     set(flags -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -163,8 +163,9 @@ if(TARGET built_in_presets AND NOT CMAKE_CROSSCOMPILING)
 endif()
 
 if(NOT CMAKE_CROSSCOMPILING)
-    add_test(NAME bench.compare_blender COMMAND /usr/bin/python3
-                                                "${PROJECT_SOURCE_DIR}/tests/bench/compare_blender_test.py")
+    foreach(tool compare_blender count_instructions)
+        add_test(NAME bench.${tool} COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/bench/${tool}_test.py")
+    endforeach()
 endif()
 
 # NumPy is that of the system's Python.

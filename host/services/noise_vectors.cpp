@@ -57,20 +57,38 @@ namespace {
 
 // The cell's corners along z and t: z below, z above, and both again at the later time.
 struct ZtCorners {
-    std::uint64_t key[4];
+    __m256i keys;
     __m128d from[4];
 };
 
-TREMOLUX_AVX2 inline __m256d Products(std::uint64_t key, __m128d xy, __m128d zt) {
-    return _mm256_mul_pd(_mm256_load_pd(GradientOf(key)), _mm256_set_m128d(zt, xy));
+// The low halves of products of 64 bits.
+TREMOLUX_AVX2 inline __m256i TimesMixer(__m256i value) {
+    const __m256i low = _mm256_set1_epi64x(static_cast<std::int64_t>(kMixer & 0xFFFFFFFFu)),
+                  high = _mm256_set1_epi64x(static_cast<std::int64_t>(kMixer >> 32));
+    const __m256i crossed =
+        _mm256_add_epi64(_mm256_mul_epu32(_mm256_srli_epi64(value, 32), low), _mm256_mul_epu32(value, high));
+    return _mm256_add_epi64(_mm256_mul_epu32(value, low), _mm256_slli_epi64(crossed, 32));
+}
+
+// Numbers of gradients: GradientOf for four keys.
+TREMOLUX_AVX2 inline __m256i GradientsOf(__m256i keys) {
+    keys = TimesMixer(_mm256_xor_si256(keys, _mm256_srli_epi64(keys, 32)));
+    keys = TimesMixer(_mm256_xor_si256(keys, _mm256_srli_epi64(keys, 29)));
+    return _mm256_srli_epi64(keys, 64 - kGradientBits);
+}
+
+TREMOLUX_AVX2 inline __m256d Products(std::int64_t gradient, __m128d xy, __m128d zt) {
+    return _mm256_mul_pd(_mm256_load_pd(kTable.component[gradient]), _mm256_set_m128d(zt, xy));
 }
 
 // The values of the four corners at one place in x and y.
 TREMOLUX_AVX2 inline __m256d FourCorners(std::uint64_t key, __m128d xy, const ZtCorners &zt) {
-    const __m256d early = _mm256_hadd_pd(Products(key + zt.key[0], xy, zt.from[0]),
-                                         Products(key + zt.key[1], xy, zt.from[1])),
-                  late = _mm256_hadd_pd(Products(key + zt.key[2], xy, zt.from[2]),
-                                        Products(key + zt.key[3], xy, zt.from[3]));
+    const __m256i gradients =
+        GradientsOf(_mm256_add_epi64(zt.keys, _mm256_set1_epi64x(static_cast<std::int64_t>(key))));
+    const __m256d early = _mm256_hadd_pd(Products(_mm256_extract_epi64(gradients, 0), xy, zt.from[0]),
+                                         Products(_mm256_extract_epi64(gradients, 1), xy, zt.from[1])),
+                  late = _mm256_hadd_pd(Products(_mm256_extract_epi64(gradients, 2), xy, zt.from[2]),
+                                        Products(_mm256_extract_epi64(gradients, 3), xy, zt.from[3]));
     return _mm256_add_pd(_mm256_permute2f128_pd(early, late, 0x20), _mm256_permute2f128_pd(early, late, 0x31));
 }
 
@@ -83,10 +101,13 @@ TREMOLUX_AVX2 inline __m256d MixFours(__m256d low, __m256d high, __m256d share) 
 TREMOLUX_AVX2 double WithAvx2(double x, double y, double z, double t) {
     if (!IsInReach(x, y, z, t)) return 0;
     const Cell cell = CellAt(x, y, z, t);
-    const ZtCorners zt = {{cell.z.key[0] + cell.t.key[0], cell.z.key[1] + cell.t.key[0], cell.z.key[0] + cell.t.key[1],
-                           cell.z.key[1] + cell.t.key[1]},
-                          {_mm_setr_pd(cell.z.from[0], cell.t.from[0]), _mm_setr_pd(cell.z.from[1], cell.t.from[0]),
-                           _mm_setr_pd(cell.z.from[0], cell.t.from[1]), _mm_setr_pd(cell.z.from[1], cell.t.from[1])}};
+    const __m128i early = _mm_set1_epi64x(static_cast<std::int64_t>(cell.t.key[0])),
+                  late = _mm_set1_epi64x(static_cast<std::int64_t>(cell.t.key[1]));
+    const ZtCorners zt = {
+        _mm256_add_epi64(_mm256_set_m128i(late, early),
+                         _mm256_broadcastsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i *>(cell.z.key)))),
+        {_mm_setr_pd(cell.z.from[0], cell.t.from[0]), _mm_setr_pd(cell.z.from[1], cell.t.from[0]),
+         _mm_setr_pd(cell.z.from[0], cell.t.from[1]), _mm_setr_pd(cell.z.from[1], cell.t.from[1])}};
     const __m256d fade_x = _mm256_set1_pd(cell.x.fade);
     __m256d along_y[2];
     for (int above = 0; above < 2; ++above)
@@ -95,9 +116,9 @@ TREMOLUX_AVX2 double WithAvx2(double x, double y, double z, double t) {
             FourCorners(cell.x.key[1] + cell.y.key[above], _mm_setr_pd(cell.x.from[1], cell.y.from[above]), zt),
             fade_x);
     const __m256d along_z = MixFours(along_y[0], along_y[1], _mm256_set1_pd(cell.y.fade));
-    const __m128d early = _mm256_castpd256_pd128(along_z), late = _mm256_extractf128_pd(along_z, 1);
-    return Spread(Mix(Mix(_mm_cvtsd_f64(early), _mm_cvtsd_f64(_mm_unpackhi_pd(early, early)), cell.z.fade),
-                      Mix(_mm_cvtsd_f64(late), _mm_cvtsd_f64(_mm_unpackhi_pd(late, late)), cell.z.fade), cell.t.fade));
+    alignas(32) double corners[4];
+    _mm256_store_pd(corners, along_z);
+    return Spread(Mix(Mix(corners[0], corners[1], cell.z.fade), Mix(corners[2], corners[3], cell.z.fade), cell.t.fade));
 }
 #endif
 
