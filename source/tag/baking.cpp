@@ -3,6 +3,7 @@
 
 #include "ddoc.h"
 #include "ocamera.h"
+#include "tag/alone.h"
 #include "tag/bakerecord.h"
 #include "tag/curvefeeder.h"
 #include "tag/hostmaths.h"
@@ -92,6 +93,8 @@ void TremoluxCamClass::QuickBake(BaseContainer data, BaseObject *camera, BaseTag
 
     CCurve *curves[kBakedChannelCount];
     if (!MakeCurves(camera, kPositionFirst, curves)) return;
+    ReadMotion(&data);
+    const Alone alone(&is_alone_);
     Vector previous;
     for (LLONG counted = first; counted <= last; counted++) {
         const LONG frame = (LONG)counted;
@@ -101,7 +104,7 @@ void TremoluxCamClass::QuickBake(BaseContainer data, BaseObject *camera, BaseTag
                                ResolveAim(data, kFocusObject, camera) == focus;
         if (!are_there) break;
         const BaseTime time = TimeOfFrame(frame, rate);
-        parameters.Read(doc, time, &data);
+        motion_.WriteSettings(&data, [&](BaseContainer *bake) { return parameters.Read(doc, time, bake); });
         SceneInput scene;
         scene.focus = focus;
         engine::FrameInput &in = scene.frame;
@@ -187,7 +190,8 @@ void TremoluxCamClass::BruteForceBake(BaseTag *tag, BaseContainer *data) {
             Restart(data, camera, input, doc);
         else
             EvaluateFrame(data, camera);
-        data->SetReal(kLastFrame, (Real)frame);
+        ReadMotion(data).memory.last_frame = (Real)frame;
+        motion_.Write(MotionPart::kTimeline, data);
 
         const BaseTime time = TimeOfFrame(frame, rate);
         AddKey(curves[kBakedFocusDistance], time, ReadLens(camera, CAMERAOBJECT_TARGETDISTANCE));

@@ -27,7 +27,7 @@ ParameterCurves::ParameterCurves(BaseTag *tag) {
     }
 }
 
-void ParameterCurves::Read(BaseDocument *doc, const BaseTime &time, BaseContainer *data) const {
+Bool ParameterCurves::Read(BaseDocument *doc, const BaseTime &time, BaseContainer *data) const {
     for (const Animated &animated : animated_) {
         const Real value = ValueAt(animated.track, doc, time);
         switch (FindParameter(animated.id)->type) {
@@ -47,6 +47,7 @@ void ParameterCurves::Read(BaseDocument *doc, const BaseTime &time, BaseContaine
                 break;
         }
     }
+    return !animated_.empty();
 }
 
 Matrix FrozenMatrix(BaseObject *object) {

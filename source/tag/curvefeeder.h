@@ -10,8 +10,8 @@
 class ParameterCurves {
   public:
     explicit ParameterCurves(BaseTag *tag);
-    // Writes their values at that time over those in the container. Links and texts stay.
-    void Read(BaseDocument *doc, const BaseTime &time, BaseContainer *data) const;
+    // Writes their values at that time over those in the container; FALSE when there are none. Links and texts stay.
+    Bool Read(BaseDocument *doc, const BaseTime &time, BaseContainer *data) const;
 
   private:
     struct Animated {

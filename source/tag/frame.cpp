@@ -4,24 +4,11 @@
 #include "ddoc.h"
 #include "lib_description.h"
 #include "ocamera.h"
+#include "tag/alone.h"
 #include "tag/hostmaths.h"
 #include "tag/ids.h"
 #include "tag/scene.h"
 #include "tag/tremoluxcam.h"
-
-namespace {
-
-// What is known of the motion stays true until the frame is done, whoever's container it works on.
-class InFrame {
-  public:
-    explicit InFrame(Bool *is_in_frame) : is_in_frame_(is_in_frame) { *is_in_frame_ = TRUE; }
-    ~InFrame() { *is_in_frame_ = FALSE; }
-
-  private:
-    Bool *is_in_frame_;
-};
-
-}  // namespace
 
 void TremoluxCamClass::EvaluateFrame(BaseContainer *data, BaseObject *camera) {
     if (!data || !camera) return;
@@ -52,9 +39,10 @@ void TremoluxCamClass::EvaluateFrame(BaseContainer *data, BaseObject *camera) {
 }
 
 Bool TremoluxCamClass::ComputeFrame(const SceneInput &scene, BaseContainer *data, engine::FrameMotion *motion) {
-    RefreshTriggers(data);
     MotionState &state = ReadMotion(data);
-    const InFrame in_frame(&is_in_frame_);
+    const Alone alone(&is_alone_);
+    RefreshTriggers(data);
+    ReadMotion(data);
     operations_.HandOn(scene.focus, scene.frame.frames_per_second);
     return engine::StepFrame(state.settings, scene.frame, &operations_, &state.memory, motion);
 }

@@ -36,7 +36,7 @@ TremoluxCamClass::TremoluxCamClass()
     : icon_(NULL),
       set_up_input_(NULL),
       operations_(this),
-      is_in_frame_(FALSE),
+      is_alone_(FALSE),
       trigger_reading_(0),
       is_collected_(FALSE),
       collected_category_(0) {}

@@ -41,7 +41,7 @@ Real ShakeRotation(engine::RotationAngle angle, Real seed, LONG time_offset, Rea
 MotionState &TremoluxCamClass::ReadMotion(BaseContainer *data) {
     BaseTag *tag = (BaseTag *)Get();
     operations_.WorkOn(data);
-    motion_.Read(*data, is_in_frame_ || (tag && tag->GetDataInstance() == data));
+    motion_.Read(*data, is_alone_ || (tag && tag->GetDataInstance() == data));
     return motion_;
 }
 

@@ -4,6 +4,7 @@
 
 #include "c4d.h"
 #include "engine/frame.h"
+#include "tag/parameters.h"
 
 // Parts of the memory that are written together.
 enum class MotionPart { kTimeline, kClocks, kPosition, kRotation, kZoom, kFocus, kJolts, kPreviousAngles };
@@ -24,6 +25,21 @@ class MotionState {
     // All of them whether they have changed or not.
     void WriteAllParts(BaseContainer *data);
     void WriteWholeSpring(engine::Channel channel, BaseContainer *data);
+    // Lets `write` write entries that are neither settings nor memory.
+    template <typename Write>
+    void WriteBeside(BaseContainer *data, Write write) {
+        const Bool was_known = IsKnown(*data);
+        write(data);
+        if (was_known) stamp_ = data->GetDirty();
+    }
+    // Lets `write` write settings alone, if any: TRUE.
+    template <typename Write>
+    void WriteSettings(BaseContainer *data, Write write) {
+        const Bool was_known = IsKnown(*data);
+        if (!write(data) || !was_known) return;
+        settings = ReadSettings(*data);
+        stamp_ = data->GetDirty();
+    }
     void Forget() { data_ = NULL; }
 
   private:

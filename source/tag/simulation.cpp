@@ -88,8 +88,8 @@ constexpr engine::Channel kChannels[] = {engine::Channel::kTarget,   engine::Cha
 }  // namespace
 
 void TremoluxCamClass::RestMotion(const engine::FrameInput *start, BaseContainer *data) {
-    ClearUnused(data);
     MotionState &state = ReadMotion(data);
+    state.WriteBeside(data, ClearUnused);
     if (start)
         engine::RestMotion(state.settings, *start, HostMaths(), &state.memory);
     else
@@ -112,8 +112,8 @@ void TremoluxCamClass::ResetSimulation(BaseContainer *data, BaseObject *camera, 
 
 void TremoluxCamClass::SimulateToFrame(Real frame, BaseContainer *data, BaseObject *camera) {
     if (!data || !camera) return;
-    ClearUnused(data);
     MotionState &state = ReadMotion(data);
+    state.WriteBeside(data, ClearUnused);
     engine::ClearMotion(&state.memory);
     state.memory.last_frame = -1.0;
     state.WriteAllParts(data);

@@ -272,7 +272,7 @@ class TremoluxCamClass : public TagData {
     Random random_;
     MotionState motion_;
     TagOperations operations_;
-    Bool is_in_frame_;  // a frame of motion is being computed
+    Bool is_alone_;  // nobody else changes the container that is worked on meanwhile, whoever's it is
     engine::RunUpMemory run_up_;
     Trigger trigger_, twin_trigger_;
     LONG trigger_reading_;                               // of the container, when the lists were compared with it
