@@ -90,7 +90,6 @@ void TremoluxCamClass::ApplyPreset(BaseContainer *data, BaseContainer preset) {
     data->SetLong(kAppliedPresetPosition, kPresetCustom);
     data->SetString(kAppliedPresetPath, String());
     const LONG position = data->GetLong(kPreset);
-    data->SetLong(kPreset, position);
     if (position == kPresetCustom) return;
 
     CopyPreset(preset, data);

@@ -43,6 +43,15 @@ TEST(LensValue, RemembersWhereItSwung) {
     }
 }
 
+TEST(LensValue, IsOneNumberToItsSpring) {
+    Operations operations(PlainHost());
+    RealFilter filter = {0, 30};
+    Spring spring = AtRest({30, 0, 0}, {30, 0, 0});
+    FollowLens(Channel::kZoom, 30, 0.5, {0.5, 0.5}, &operations, &filter, &spring);
+    EXPECT_EQ(spring.previous_distance, 0);
+    EXPECT_EQ(Apart(spring.input, {30, 0, 0}), 0);
+}
+
 TEST(LensValue, IsItsGoalWhereItsPastIsNoNumber) {
     Operations operations(PlainHost());
     for (const RealFilter &broken : {RealFilter{std::nan(""), 0}, RealFilter{0, HUGE_VAL}}) {

@@ -64,6 +64,15 @@ TEST(Operations, OvershootAnglesWhereThereIsATwin) {
     }
 }
 
+TEST(Operations, KnockWhereTheUserAsksForIt) {
+    Operations operations(PlainHost());
+    JoltSettings settings;
+    settings.position_intensity = 0.5;
+    JoltMemory memory;
+    operations.StepJolts(settings, {0, 0, 0, true}, &memory);
+    EXPECT_EQ(memory.position.envelope, 0.5);
+}
+
 TEST(Operations, SmoothBothKindsOfAnglesAlike) {
     Operations operations(PlainHost());
     for (const double amount : {0.0, 0.3, 1.0}) {

@@ -243,6 +243,17 @@ TEST(Spring, OfAnglesGoesTheShortWayAndOnPastHalfATurn) {
     EXPECT_NEAR(spring.input.x, 181 * degree, 1e-12);
 }
 
+TEST(Spring, OfAnglesThatFliesOverHalfATurnIsCountedTheShortWay) {
+    Operations operations(PlainHost());
+    Spring spring = AtRest({}, {}), twin;
+    spring.velocity = {4, 0, 0};
+    const double way = 4 * (1 - RampOf(0.5));
+    ASSERT_GT(way, kPi);
+    EXPECT_NEAR(OvershootAngles(Channel::kRotation, {}, {0.5, 0}, &operations, &spring, &twin).x, way - 2 * kPi,
+                kTolerance);
+    EXPECT_NEAR(twin.output.x, way - 2 * kPi, kTolerance);
+}
+
 TEST(Spring, WithoutMemoryForACurveLetsItsInputThroughAndStaysAsItIs) {
     for (const int granted : {0, 1}) {
         Operations operations(PlainHost());

@@ -66,6 +66,7 @@ double Straight(double x, const Range &input, const Range &output, bool clamp_lo
 TEST(Remap, OfARangeWithoutWidthIsTheOutputsEnd) {
     EXPECT_EQ(Straight(7, {3, 3}, {10, 20}), 10);
     EXPECT_EQ(Straight(7, {3, 4}, {20, 20}), 20);
+    EXPECT_EQ(Straight(std::nan(""), {3, 4}, {20, 20}), 20);
     EXPECT_EQ(Straight(7, {3, 3}, {5, 5}), 5);
 }
 

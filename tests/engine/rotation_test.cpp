@@ -171,6 +171,16 @@ TEST(Aim, LooksStraightUpAndDownWithoutHeading) {
     EXPECT_LT(Apart(angles, {0, -kPi / 2, 0}), 1e-12);
 }
 
+TEST(Aim, LooksAlongEveryAxis) {
+    Vector3 angles;
+    EXPECT_TRUE(AimAngles({1, 2, 3}, {9, 2, 3}, PlainHost(), &angles));
+    EXPECT_LT(Apart(angles, {-kPi / 2, 0, 0}), 1e-12);
+    EXPECT_TRUE(AimAngles({1, 2, 3}, {-9, 2, 3}, PlainHost(), &angles));
+    EXPECT_LT(Apart(angles, {kPi / 2, 0, 0}), 1e-12);
+    EXPECT_TRUE(AimAngles({1, 2, 3}, {1, 2, 9}, PlainHost(), &angles));
+    EXPECT_LT(Apart(angles, {}), 1e-12);
+}
+
 TEST(Aim, NeedsATargetElsewhereAtFiniteDistance) {
     Vector3 angles = {1, 2, 3};
     EXPECT_FALSE(AimAngles({5, 6, 7}, {5, 6, 7}, PlainHost(), &angles));

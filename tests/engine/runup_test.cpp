@@ -98,7 +98,8 @@ TEST_F(RunUpTest, AJumpToARememberedFrameCountsNone) {
 
 // Keys may change between two jumps without the settings that a jump begins with.
 TEST_F(RunUpTest, OfAnimatedRatesRemembersNothing) {
-    Rates animated(settings_, true), again(settings_, true);
+    Rates before(settings_), animated(settings_, true), again(settings_, true);
+    Jump(0, 100, &before);
     Jump(0, 500, &animated);
     Jump(0, 500, &again);
     EXPECT_EQ(again.asked, 500);

@@ -96,10 +96,10 @@ TEST(Zoom, DriftThatIsNoNumberAddsNothingAndStartsFromRest) {
     Operations operations(PlainHost());
     ZoomSettings s;
     s.drifts = true;
-    for (const bool breaks_carry : {false, true}) {
-        s.drift_smooth = breaks_carry ? 1 : 0;
+    // A past that is no number, and a carry that leaves the numbers where the value does not.
+    for (const RealFilter &past : {RealFilter{0, std::nan("")}, RealFilter{1.7e308, 0}}) {
         ZoomMemory memory;
-        memory.drift = {breaks_carry ? -1e308 : 1e308, breaks_carry ? 1.7e308 : std::nan("")};
+        memory.drift = past;
         EXPECT_EQ(StepZoom(s, {50, 1, 0, false}, &operations, &memory), 50);
         EXPECT_EQ(memory.drift.carry, 0);
         EXPECT_EQ(memory.drift.value, 0);

@@ -1,4 +1,5 @@
 // Which operations an evaluation calls, and in which order.
+#include "host/value/memory.h"
 #include "tests/source/probe.h"
 
 namespace {
@@ -165,6 +166,15 @@ TEST_F(Driver, AReplayOfATagInNoDocumentLeavesTheClocksAtZero) {
     EXPECT_EQ(State().Real(kClockStep), 0);
     EXPECT_EQ(State().Real(kLastFrame), -1);
     host::Node::Discard(camera_);
+}
+
+TEST_F(Driver, AReplayWithoutMemoryForItsCurveLeavesTheClocksAtZero) {
+    Show(1);
+    host::RefuseCustomData(0, 1);
+    probe_->SimulateToFrame(20, Data(), Camera());
+    host::RefuseCustomData(0, 0);
+    EXPECT_EQ(State().Real(kShakeClock), 0);
+    EXPECT_EQ(State().Real(kClockStep), 0);
 }
 
 TEST_F(Driver, AReplayWithoutATagThatCouldHaveTracksCountsWithTheStoredRates) {

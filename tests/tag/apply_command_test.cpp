@@ -123,6 +123,30 @@ TEST_F(ApplyCommand, WithoutACameraMakesATagWithoutInput) {
     EXPECT_EQ(null->Name(), "Null");
 }
 
+// Whatever stands first in the document instead.
+TEST_F(ApplyCommand, WhereTheHostMakesNoCameraTakesNothingElseForIt) {
+    static bool makes_a_null;
+    CommandRegistration stand_in{};
+    stand_in.id = host::kTypeCamera;
+    stand_in.self = reinterpret_cast<ModuleObject *>(this);  // nothing destroys it
+    stand_in.execute = [](ModuleObject *, HostAtom *document) -> std::int32_t {
+        if (makes_a_null)
+            static_cast<host::Document *>(document)->InsertObject(host::Object::Create(host::kTypeNull).release());
+        return 1;
+    };
+    ASSERT_TRUE(running_.App().registry.Register(stand_in));
+    for (const bool makes : {false, true}) {
+        makes_a_null = makes;
+        host::Object *other = Add(host::kTypeCamera, "Other");
+        document_->SetActiveObject(nullptr);
+        running_.App().dialogs.AnswerYes();
+        host::Object *camera = Run();
+        ExpectShown(camera);
+        EXPECT_EQ(InputOf(camera), nullptr);
+        EXPECT_EQ(other->Name(), "Other");
+    }
+}
+
 TEST_F(ApplyCommand, WithoutATagStillShowsANewCamera) {
     for (const auto &plugin : running_.App().registry.Tags())
         plugin->node.allocate = [](void *) -> ModuleObject * { return nullptr; };

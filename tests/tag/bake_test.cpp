@@ -448,6 +448,17 @@ TEST_F(Bakes, KeepOneKeyOfThoseWithinOneFrame) {
     EXPECT_EQ(curve->KeyAt(0)->GetValue(), 40);
 }
 
+// Beyond ten million frames there is no room for a key in what a bake keeps: it is lost, and no other with it.
+TEST_F(Bakes, KeepTheKeysBesideOneOfFarBeyondAnyShot) {
+    AddTrack(scene().camera, host::MakeId(500), {{10, 40}, {20, 50}, {10000010, 60}, {10000020, 70}});
+    ASSERT_TRUE(Press(kQuick));
+    ASSERT_TRUE(Press(kUnBake));
+    const host::Curve *curve = scene().camera->Tracks()[0]->GetCurve();
+    ASSERT_EQ(curve->KeyCount(), 2);
+    EXPECT_EQ(curve->KeyAt(0)->GetValue(), 40);
+    EXPECT_EQ(curve->KeyAt(1)->GetValue(), 50);
+}
+
 // ---- Out of order
 
 TEST_F(Bakes, OfABakedTagKeepTheBakedKeysAsThoseOfBefore) {

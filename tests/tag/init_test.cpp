@@ -54,7 +54,7 @@ TEST_F(NewTag, HoldsTheDeclaredDefaultOfEveryReal) {
     ExpectReal(6144, 0.15);
     ExpectReal(6140, 0.1);
     ExpectReal(6142, 12345);
-    EXPECT_EQ(tag_->Data().Real(6149), 0) << "the variation declares none";
+    EXPECT_EQ(tag_->Data().Find(6149), nullptr) << "the variation declares none";
 }
 
 TEST_F(NewTag, HasEveryToggleOnAndNoChoiceInTheCycles) {
