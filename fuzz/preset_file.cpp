@@ -46,7 +46,7 @@ void WriteEntries(const std::filesystem::path &file, FuzzedDataProvider *input) 
     }
     host::HyperFile stream;
     fuzz::Require(stream.Open(ids::kPresetFileCode, file, host::FileMode::kWrite) &&
-                  stream.Write(host::kDataContainer, &preset) && stream.Close());
+                  stream.WriteContainer(preset) && stream.Close());
 }
 
 void WriteBytes(const std::filesystem::path &file, FuzzedDataProvider *input) {
