@@ -45,8 +45,8 @@ void WriteEntries(const std::filesystem::path &file, FuzzedDataProvider *input) 
         if (input->ConsumeProbability<float>() < 0.9F) preset.Set(-id, host::Data(1));
     }
     host::HyperFile stream;
-    fuzz::Require(stream.Open(ids::kPresetFileCode, file, host::FileMode::kWrite) &&
-                  stream.WriteContainer(preset) && stream.Close());
+    fuzz::Require(stream.Open(ids::kPresetFileCode, file, host::FileMode::kWrite) && stream.WriteContainer(preset) &&
+                  stream.Close());
 }
 
 void WriteBytes(const std::filesystem::path &file, FuzzedDataProvider *input) {

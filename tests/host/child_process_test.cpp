@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/host/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace host {
 namespace {
@@ -12,7 +12,7 @@ class Child : public ::testing::Test {
     bool Start(const std::vector<std::string> &command) {
         return process_.Start(command, folder_ / "out", folder_ / "err");
     }
-    testing::TemporaryFolder folder_;
+    test_support::TemporaryFolder folder_;
     ChildProcess process_;
 };
 

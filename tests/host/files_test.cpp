@@ -5,13 +5,13 @@
 #include "host/files/faults.h"
 #include "host/files/folders.h"
 #include "host/files/safe_write.h"
-#include "tests/host/temporary_folder.h"
 #include "tests/support/links.h"
+#include "tests/support/temporary_folder.h"
 
 namespace host {
 namespace {
 
-using testing::TemporaryFolder;
+using test_support::TemporaryFolder;
 using Names = std::vector<std::string>;
 
 // ---- Writing safely

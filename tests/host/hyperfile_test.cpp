@@ -6,12 +6,12 @@
 #include <limits>
 
 #include "host/value/custom.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace host {
 namespace {
 
-using testing::TemporaryFolder;
+using test_support::TemporaryFolder;
 
 constexpr std::int32_t kIdent = 0x74656D70;
 

@@ -11,7 +11,7 @@
 #include "host/services/module.h"
 #include "host/value/descid.h"
 #include "host/watch/watched_table.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace host::testing {
 namespace {

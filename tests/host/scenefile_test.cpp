@@ -5,9 +5,11 @@
 #include "host/animation/passes.h"
 #include "host/animation/track.h"
 #include "tests/host/scene_fixture.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace host::testing {
+
+using test_support::TemporaryFolder;
 namespace {
 
 class SceneFile : public SceneTest {

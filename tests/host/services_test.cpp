@@ -5,9 +5,11 @@
 #include "host/services/module.h"
 #include "host/services/resource.h"
 #include "tests/host/scene_fixture.h"
-#include "tests/host/temporary_folder.h"
+#include "tests/support/temporary_folder.h"
 
 namespace host::testing {
+
+using test_support::TemporaryFolder;
 namespace {
 
 // ---- Registration

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/temporary_folder.h"
+
 namespace program_test {
 
 struct Outcome {
@@ -15,24 +17,25 @@ struct Outcome {
 // A folder that goes with the object.
 class Workplace {
   public:
-    Workplace();
-    ~Workplace();
-    Workplace(const Workplace &) = delete;
-    Workplace &operator=(const Workplace &) = delete;
     std::string Path(const std::string &name) const { return (folder_ / name).string(); }
-    std::string Write(const std::string &name, const std::string &text) const;  // its path
-    std::string Read(const std::string &name) const;                            // "(missing)" when it is not there
-    std::vector<std::string> Names() const;                                     // sorted
+    // Its path.
+    std::string Write(const std::string &name, const std::string &text) const {
+        return folder_.Write(name, text).string();
+    }
+    // "(missing)" when it is not there.
+    std::string Read(const std::string &name) const { return folder_.Read(name); }
+    // Sorted.
+    std::vector<std::string> Names() const { return folder_.Names(); }
 
     // Unless the arguments say otherwise, with settings apart from the files, so that Names shows what the program left
     // among them, and with a module that has no presets: a new tag is at its defaults.
     Outcome Run(const std::vector<std::string> &arguments) const;
     // As the arguments are.
     Outcome RunBare(const std::vector<std::string> &arguments) const;
-    const std::filesystem::path &Settings() const { return settings_; }
+    const std::filesystem::path &Settings() const { return settings_.Path(); }
 
   private:
-    std::filesystem::path folder_, settings_;
+    test_support::TemporaryFolder folder_, settings_;
 };
 
 }  // namespace program_test

@@ -4,21 +4,17 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <random>
-#include <string>
 
 #include "c4d.h"
 #include "host/application.h"
 #include "host/value/text.h"
+#include "tests/support/temporary_folder.h"
 
 class WithGlue : public testing::Test {
   protected:
     WithGlue() : WithGlue(TREMOLUX_MODULE_FILE) {}
 
-    explicit WithGlue(const std::filesystem::path &module_file)
-        : folder_(std::filesystem::temp_directory_path() /
-                  ("tremolux-engine-" + std::to_string(std::random_device{}()))),
-          application_(Settings(folder_)) {
+    explicit WithGlue(const std::filesystem::path &module_file) : application_(Settings(folder_.Path())) {
         TableFilename name{};
         host::Assign(&name, module_file);
         started_ = c4d_main(C4DPL_INIT_SYS, const_cast<HostTable *>(host::Application::Table()), nullptr, &name);
@@ -27,14 +23,12 @@ class WithGlue : public testing::Test {
 
     ~WithGlue() override {
         if (started_ == 1) c4d_main(C4DPL_END, nullptr, nullptr, nullptr);
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
     }
 
     void SetUp() override { ASSERT_EQ(started_, 1); }
 
     host::Application &application() { return application_; }
-    const std::filesystem::path &folder() const { return folder_; }
+    const std::filesystem::path &folder() const { return folder_.Path(); }
 
   private:
     static host::ApplicationSettings Settings(const std::filesystem::path &folder) {
@@ -45,7 +39,7 @@ class WithGlue : public testing::Test {
         return settings;
     }
 
-    std::filesystem::path folder_;
+    test_support::TemporaryFolder folder_;
     host::Application application_;
     LONG started_ = 0;
 };

@@ -9,26 +9,17 @@ namespace fs = std::filesystem;
 // The module's folder with what `res` holds there.
 class Folder {
   public:
-    explicit Folder(const char *name)
-        : path_(fs::temp_directory_path() /
-                (std::string("tremolux-start-") + name + std::to_string(std::random_device{}()))) {
-        fs::create_directories(path_);
-        fs::copy(fs::path(TREMOLUX_SOURCE_DIR) / "res", path_ / "res", fs::copy_options::recursive);
-    }
-    ~Folder() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    const fs::path &Path() const { return path_; }
-    fs::path Icon() const { return path_ / "res" / "Tremolux_Cam_Icon.png"; }
+    Folder() { fs::copy(fs::path(TREMOLUX_SOURCE_DIR) / "res", Path() / "res", fs::copy_options::recursive); }
+    const fs::path &Path() const { return folder_.Path(); }
+    fs::path Icon() const { return Path() / "res" / "Tremolux_Cam_Icon.png"; }
 
   private:
-    fs::path path_;
+    test_support::TemporaryFolder folder_;
 };
 
 class Start : private Folder, public WithGlue {
   protected:
-    Start() : Folder("folder"), WithGlue(Path() / "TremoluxCam.so") {}
+    Start() : WithGlue(Path() / "TremoluxCam.so") {}
     void TearDown() override { application().registry.Clear(); }
     LONG Send(LONG message) {
         return c4d_main(C4DPL_MESSAGE, reinterpret_cast<void *>(static_cast<VLONG>(message)), nullptr, nullptr);

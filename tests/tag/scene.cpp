@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <random>
 
 #include "host/animation/passes.h"
 #include "host/watch/judge.h"
@@ -11,17 +10,6 @@
 namespace tag_test {
 
 namespace fs = std::filesystem;
-
-TemporaryFolder::TemporaryFolder() {
-    std::random_device random;
-    path_ = fs::temp_directory_path() / ("tremolux-tag-" + std::to_string(random()) + std::to_string(random()));
-    fs::create_directories(path_);
-}
-
-TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
-}
 
 fs::path ModuleFile() { return TREMOLUX_MODULE_FILE; }
 

@@ -13,6 +13,7 @@
 #include "host/scene/tag.h"
 #include "host/services/module.h"
 #include "host/value/descid.h"
+#include "tests/support/temporary_folder.h"
 
 namespace tag_test {
 
@@ -32,18 +33,7 @@ constexpr std::int32_t kInput = 6001, kTarget = 6068, kFocusObject = 6057, kSeed
                        kVariation = 6149, kFocusSpeed = 6132, kZoomSpeed = 6138, kTimeOffset = 6151;
 constexpr std::int32_t kClocks[] = {20000, 10051, 10052, 10053, 10054, 10055, 10056};
 
-// A folder that goes away again.
-class TemporaryFolder {
-  public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder &) = delete;
-    TemporaryFolder &operator=(const TemporaryFolder &) = delete;
-    const std::filesystem::path &Path() const { return path_; }
-
-  private:
-    std::filesystem::path path_;
-};
+using test_support::TemporaryFolder;
 
 std::filesystem::path ModuleFile();
 // The module's file and its resources, copied below `folder`; the copied module's path.

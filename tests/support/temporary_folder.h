@@ -4,23 +4,34 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "host/services/platform.h"
+#include "host/files/folders.h"
 
-namespace host::testing {
+namespace test_support {
+
+// The bytes of a file; "(missing)" when it is not there.
+inline std::string BytesOf(const std::filesystem::path &file) {
+    std::ifstream in(file, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << in.rdbuf();
+    return in ? bytes.str() : "(missing)";
+}
 
 class TemporaryFolder {
   public:
+    // Tests run side by side, in several processes.
     TemporaryFolder() {
-        static int count = 0;
+        std::random_device random;
         path_ = std::filesystem::temp_directory_path() /
-                ("tremolux-host-" + std::to_string(ProcessId()) + "-" + std::to_string(count++));
+                ("tremolux-test-" + std::to_string(random()) + std::to_string(random()));
         std::filesystem::create_directories(path_);
     }
-    ~TemporaryFolder() { std::filesystem::remove_all(path_); }
+    // What lies in it may be write-protected.
+    ~TemporaryFolder() { host::RemoveFile(path_, host::kRemoveFolder | host::kRemoveRecursive); }
     TemporaryFolder(const TemporaryFolder &) = delete;
     TemporaryFolder &operator=(const TemporaryFolder &) = delete;
 
@@ -30,12 +41,7 @@ class TemporaryFolder {
         std::ofstream(path_ / name, std::ios::binary) << bytes;
         return path_ / name;
     }
-    std::string Read(const std::string &name) const {
-        std::ifstream in(path_ / name, std::ios::binary);
-        std::ostringstream bytes;
-        bytes << in.rdbuf();
-        return in ? bytes.str() : "(missing)";
-    }
+    std::string Read(const std::string &name) const { return BytesOf(path_ / name); }
     std::vector<std::string> Names() const {
         std::vector<std::string> names;
         for (const auto &entry : std::filesystem::directory_iterator(path_))
@@ -48,4 +54,4 @@ class TemporaryFolder {
     std::filesystem::path path_;
 };
 
-}  // namespace host::testing
+}  // namespace test_support
