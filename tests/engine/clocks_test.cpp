@@ -61,6 +61,13 @@ TEST_F(ClockTest, TheLargestSeedIsSafe) {
     EXPECT_NEAR(clocks_.step, 1 + Eased(0.5, noise), 1e-9);
 }
 
+TEST(ClockSettings, AndClocksAreNothingUntilTheyAreSet) {
+    const auto &[speed, variation, focus_rate, zoom_rate, seed] = ClockSettings();
+    EXPECT_TRUE(IsNothing(speed, variation, focus_rate, zoom_rate, seed));
+    const auto &[step, shake, focus, zoom_drift, jolt, auxiliary, zoom] = Clocks();
+    EXPECT_TRUE(IsNothing(step, shake, focus, zoom_drift, jolt, auxiliary, zoom));
+}
+
 TEST(ClockSettings, AreEqualInEveryNumberOrNotAtAll) {
     const ClockSettings settings = {1, 2, 3, 4, 5};
     EXPECT_TRUE(settings == (ClockSettings{1, 2, 3, 4, 5}));

@@ -25,6 +25,23 @@ RC_GTEST_PROP(BentAmounts, KnowNoAmountByTheValueOfAnother, ()) {
     }
 }
 
+void ExpectTangents(const CurveShape &shape, const double (&numbers)[8]) {
+    const auto &[start_left, start_right, end_left, end_right] = shape;
+    const double tangents[] = {start_left.x, start_left.y, start_right.x, start_right.y,
+                               end_left.x,   end_left.y,   end_right.x,   end_right.y};
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(tangents[i], numbers[i]) << i;
+}
+
+TEST(Curves, HaveTheirTangents) {
+    ExpectTangents(kSpeedWarpCurve, {0, 0, 0.5, 0, -0.5, 0, 0.5, 0});
+    ExpectTangents(kProbeCurve, {0, 0, 0.25, 0, -0.125, 0, 0.125, 0});
+    ExpectTangents(kSmoothingAmountCurve, {0, 0, 0.019, 0.063, -0.531, -0.109, 0.531, 0.109});
+    ExpectTangents(kSmoothingCurve, {0, 0, 0, 0.711, -0.238, -0.078, 0.238, 0.078});
+    ExpectTangents(kShakeSmoothingCurve, {0, 0, 0, 0.352, -0.125, 0, 0.125, 0});
+    ExpectTangents(kOvershootCurve, {0, 0, 0, 0.45, -0.25, -0.01, 0.25, 0.01});
+    ExpectTangents(kZoomDriftCurve, {0, 0, 0.25, 0, -0.25, 0, 0.25, 0});
+}
+
 // A room for 256: amounts that fall anywhere leave 84 of 101 their own place, those that pile up far fewer.
 TEST(BentAmounts, RoundOnesAreSpreadOverTheWholeRoom) {
     for (const double step : {0.01, 0.5, 1.0}) {

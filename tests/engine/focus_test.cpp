@@ -138,6 +138,13 @@ TEST(Focus, DriftThatIsNoNumberAddsNothingAndStartsFromRest) {
     EXPECT_EQ(memory.drift.value, 0);
 }
 
+TEST(FocusSettings, AreNothingUntilTheyAreSet) {
+    const auto &[smooth, swing, drifts, rate, weights, drift_smooth, seed, speed, offset] = FocusSettings();
+    EXPECT_TRUE(IsNothing(smooth, swing, drifts, rate, weights, drift_smooth, seed, speed, offset));
+    const auto &[distance, has_object, object, camera, frame, clock, starts] = FocusInput();
+    EXPECT_TRUE(IsNothing(distance, has_object, object, camera, frame, clock, starts));
+}
+
 TEST(FocusSettings, AreThoseOfThePanel) {
     Settings panel;
     panel.focus_smooth = 1, panel.focus_overshoot = 2, panel.focus_overshoot_fade = 3;

@@ -178,6 +178,17 @@ TEST(Frame, CountsItsClocksBySpeedVariationAndRates) {
     EXPECT_TRUE(ClockSettingsOf(settings) == (ClockSettings{1, 2, 3, 4, 5}));
 }
 
+TEST(Frame, IsNothingUntilItIsSet) {
+    const auto &[frame, rate, position, angles, focal_length, distance, has_target, has_object, target, object,
+                 listed] = FrameInput();
+    EXPECT_TRUE(IsNothing(frame, rate, position, angles, focal_length, distance));
+    EXPECT_TRUE(IsNothing(has_target, has_object, target, object, listed));
+    const FrameMotion motion;
+    EXPECT_TRUE(IsNothing(motion.position, motion.angles, motion.focal_length, motion.focus_distance));
+    const FrameMemory memory;
+    EXPECT_TRUE(IsNothing(memory.start_frame, memory.last_frame, memory.is_catching_up, memory.previous_angles));
+}
+
 TEST(Angles, GoOnFromThoseOfTheFrameBefore) {
     FrameMemory memory;
     memory.previous_angles = {3.1, 0, 0};

@@ -10,6 +10,11 @@ using namespace engine;
 
 constexpr std::int32_t kMost = 2147483647, kLeast = -2147483647 - 1;
 
+TEST(Time, IsZeroUntilItIsSet) {
+    EXPECT_EQ(Time().numerator, 0);
+    EXPECT_EQ(Time().denominator, 1);
+}
+
 TEST(Time, OfNoDenominatorIsZero) {
     EXPECT_EQ(Seconds({7, 0}), 0);
     EXPECT_EQ(Seconds({7, 2}), 3.5);

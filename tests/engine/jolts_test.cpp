@@ -199,6 +199,17 @@ TEST(Jolts, WhoseFilterIsNotFiniteAreTheirPush) {
     EXPECT_EQ(memory.position.envelope, 1);
 }
 
+TEST(JoltSettings, AreNothingUntilTheyAreSet) {
+    const auto &[pushes, interval, position, rotation, smooth, falloff, scale, shake_position, shake_rotation,
+                 position_ratio, rotation_ratio, time_scale, seed, speed, offset] = JoltSettings();
+    EXPECT_TRUE(IsNothing(pushes, interval, position, rotation, smooth, falloff, scale, shake_position));
+    EXPECT_TRUE(IsNothing(shake_rotation, position_ratio, rotation_ratio, time_scale, seed, speed, offset));
+    const auto &[clock, whole_clock, frame, is_listed] = JoltInput();
+    EXPECT_TRUE(IsNothing(clock, whole_clock, frame, is_listed));
+    const auto &[target, envelope, carry, previous, filter, pushed] = Jolt();
+    EXPECT_TRUE(IsNothing(target, envelope, carry, previous, filter.carry, filter.value, pushed));
+}
+
 TEST(JoltSettings, AreThoseOfThePanel) {
     Settings panel;
     panel.jolt_interval = {3, 2};

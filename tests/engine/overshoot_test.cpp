@@ -101,6 +101,13 @@ RC_GTEST_PROP(Spring, OfAnglesFollowsItsStory, ()) {
     }
 }
 
+TEST(Spring, IsNothingUntilItIsSet) {
+    const auto &[has_output, output, input, velocity, distance, previous, ramp, increment, stiffness, damping, moving] =
+        Spring();
+    EXPECT_TRUE(IsNothing(has_output, output, input, velocity, distance, previous));
+    EXPECT_TRUE(IsNothing(ramp, increment, stiffness, damping, moving, Swing()));
+}
+
 TEST(Spring, CountsAStepOfItsMeasureAndNoneBelow) {
     Operations operations(PlainHost());
     for (const auto &[step, is_counted] : {std::pair(1.0, true), {0.9999, false}, {1.005, true}}) {

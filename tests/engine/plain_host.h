@@ -55,6 +55,18 @@ double LooseCurve(double x);
 // From [-1, 1] to [-1, 1] with level tangents of this length at both ends.
 double Eased(double tangent, double noise);
 
+// Whether all of these are 0, false or empty.
+inline bool IsNothing(double number) { return number == 0.0; }
+inline bool IsNothing(const Vector3 &v) { return v.x == 0.0 && v.y == 0.0 && v.z == 0.0; }
+inline bool IsNothing(const engine::Layers &layers) {
+    return layers.slow == 0.0 && layers.medium == 0.0 && layers.fast == 0.0;
+}
+inline bool IsNothing(const engine::Swing &swing) { return swing.amount == 0.0 && swing.fade == 0.0; }
+template <typename First, typename Second, typename... Others>
+bool IsNothing(const First &first, const Second &second, const Others &...others) {
+    return IsNothing(first) && IsNothing(second) && (true && ... && IsNothing(others));
+}
+
 // A filter of one number: a fraction of the way, and a part of what was left over before.
 struct PlainFilter {
     double carry = 0.0, value = 0.0;

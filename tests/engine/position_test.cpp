@@ -107,6 +107,14 @@ TEST(Position, WithoutAShakeLeavesTheFilterOfTheShakeAlone) {
     EXPECT_EQ(Apart(memory.shake.value, {4, 5, 6}), 0);
 }
 
+TEST(PositionSettings, AreNothingUntilTheyAreSet) {
+    const auto &[smooth, swing, x, y, z, weights, ratio, intensity, scale, shake_smooth, seed, speed, offset] =
+        PositionSettings();
+    EXPECT_TRUE(IsNothing(smooth, swing, x, y, z, weights, ratio, intensity, scale, shake_smooth, seed, speed, offset));
+    const auto &[position, frame, clock, restart] = PositionInput();
+    EXPECT_TRUE(IsNothing(position, frame, clock, restart));
+}
+
 TEST(PositionSettings, AreThoseOfThePanel) {
     Settings panel;
     panel.position_smooth = 1, panel.position_overshoot = 2, panel.position_overshoot_fade = 3;

@@ -1,8 +1,6 @@
 // Where the motion starts: what a restart and a jump clear, and what they put at rest.
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include "engine/frame.h"
 #include "tests/engine/plain_host.h"
 

@@ -223,6 +223,15 @@ TEST(Aim, HandsTheHostItsThreeAxes) {
     EXPECT_EQ(Apart(handed_axes.y, {-1, 0, 0}), 0);
 }
 
+TEST(RotationSettings, AreNothingUntilTheyAreSet) {
+    const auto &[smooth, target_smooth, swing, target_swing, h, p, b, weights, ratio, intensity, shake_smooth, seed,
+                 speed, offset] = RotationSettings();
+    EXPECT_TRUE(IsNothing(smooth, target_smooth, swing, target_swing, h, p, b));
+    EXPECT_TRUE(IsNothing(weights, ratio, intensity, shake_smooth, seed, speed, offset));
+    const auto &[angles, is_aiming, target, position, frame, clock, restart] = RotationInput();
+    EXPECT_TRUE(IsNothing(angles, is_aiming, target, position, frame, clock, restart));
+}
+
 TEST(RotationSettings, AreThoseOfThePanel) {
     Settings panel;
     panel.rotation_smooth = 1, panel.target_smooth = 2;

@@ -87,6 +87,10 @@ RC_GTEST_PROP(Smoothing, FiltersEachNumberByItself, ()) {
     RC_ASSERT(next.z == SmoothValue(c, carry.z, value.z, goal.z));
 }
 
+TEST(Filter, IsNothingUntilItIsSet) {
+    EXPECT_TRUE(IsNothing(RealFilter().carry, RealFilter().value, VectorFilter().carry, VectorFilter().value));
+}
+
 TEST(Filter, RemembersItsCarryAndItsValue) {
     Operations operations(PlainHost());
     VectorFilter filter = {{4, 0, 8}, {10, 0, 1}};

@@ -106,6 +106,13 @@ TEST(Zoom, DriftThatIsNoNumberAddsNothingAndStartsFromRest) {
     }
 }
 
+TEST(ZoomSettings, AreNothingUntilTheyAreSet) {
+    const auto &[smooth, swing, drifts, rate, weights, drift_smooth, seed, speed, offset] = ZoomSettings();
+    EXPECT_TRUE(IsNothing(smooth, swing, drifts, rate, weights, drift_smooth, seed, speed, offset));
+    const auto &[focal_length, frame, clock, starts] = ZoomInput();
+    EXPECT_TRUE(IsNothing(focal_length, frame, clock, starts));
+}
+
 TEST(ZoomSettings, AreThoseOfThePanel) {
     Settings panel;
     panel.zoom_smooth = 1, panel.zoom_overshoot = 2, panel.zoom_overshoot_fade = 3;

@@ -88,6 +88,11 @@ TEST_F(Driver, ATagWithoutInputCallsNothing) {
     EXPECT_EQ(After(7), Names{});
 }
 
+TEST_F(Driver, ATagWhoseInputIsItsOwnCameraCallsNothing) {
+    State().Set(6001, host::Data::LinkTo(camera_));
+    EXPECT_EQ(After(30), Names());
+}
+
 TEST_F(Driver, AJumpKeepsItsRunUpThroughTheReset) {
     for (int frame = 0; frame <= 10; ++frame) Show(frame);
     const double played = State().Real(kShakeClock);

@@ -301,6 +301,7 @@ TEST_F(Bakes, PutTheTimeBackAndShowProgress) {
     ASSERT_TRUE(Press(kBrute));
     EXPECT_EQ(host::Seconds(scene().document->GetTime()) * 30, 17);
     EXPECT_EQ(running_.App().status.percent, -1) << "cleared";
+    EXPECT_EQ(running_.App().status.history.front(), "0 %");
     EXPECT_EQ(running_.App().status.history.back(), "100 %");
     EXPECT_EQ(running_.App().status.history.size(), static_cast<std::size_t>(kLast + 1));
 }
