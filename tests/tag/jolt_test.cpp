@@ -17,8 +17,8 @@ using namespace tag_test;
 // Settings, and the tag's own entries.
 constexpr std::int32_t kPositionIntensity = 6037, kRotationIntensity = 6144, kInterval = 6038, kList = 6181,
                        kTwinList = 6209, kFalloff = 6140, kSmooth = 6170, kSwitch = 6145;
-constexpr std::int32_t kPositionTarget = 10045, kRotationTarget = 10046, kPositionEnvelope = 10047,
-                       kRotationEnvelope = 10048, kPositionOffset = 10061, kRotationOffset = 10060;
+constexpr std::int32_t kPositionTarget = 10045, kPositionEnvelope = 10047, kRotationEnvelope = 10048,
+                       kPositionOffset = 10061, kRotationOffset = 10060;
 // So steep that a target is below 0 after the frame that fired it, which shows the frame.
 constexpr double kSteepFalloff = 100, kSteepStep = 0.1 * kSteepFalloff;
 
