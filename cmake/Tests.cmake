@@ -108,7 +108,7 @@ function(tremolux_add_tests room)
         WORKING_DIRECTORY "${PROJECT_BINARY_DIR}"
         DISCOVERY_MODE PRE_TEST
         DISCOVERY_TIMEOUT 120
-        PROPERTIES TIMEOUT 600 ENVIRONMENT "${environment}")
+        PROPERTIES TIMEOUT 1500 ENVIRONMENT "${environment}")
 endfunction()
 
 tremolux_add_tests(platform module_glue embedded_host)
