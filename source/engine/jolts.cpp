@@ -35,7 +35,8 @@ std::int64_t WholeOf(double value) {
 // place that a hash of the block's number and the seed picks.
 bool HitsInInterval(std::int64_t clock_frame, std::int32_t interval, double seed) {
     if (interval < 1) return false;
-    const double block = static_cast<double>(clock_frame / interval);
+    const std::int64_t number = clock_frame / interval;
+    const double block = static_cast<double>(number);
     const std::int64_t hash = WholeOf(block * block * 111.333 * block + seed * 131.92111);
     const std::int64_t place = hash % interval + 1;
     return WholeOf((block + 1.0) * interval - static_cast<double>(place) * 0.8) == clock_frame;

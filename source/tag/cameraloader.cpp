@@ -11,7 +11,7 @@ namespace {
 
 constexpr Real kModuleVersion = TREMOLUX_VERSION;
 constexpr int kVersionNumbers[] = {TREMOLUX_VERSION_NUMBERS};
-static_assert(kVersionNumbers[0] * 1000 + kVersionNumbers[1] == (int)(kModuleVersion * 1000.0 + 0.5),
+static_assert(kVersionNumbers[0] + kVersionNumbers[1] / 1000.0 == kModuleVersion,
               "Windows shows another version than the console");
 const CHAR *const kName = "TremoluxCam";
 const CHAR *const kIconFile = "Tremolux_Cam_Icon.png";

@@ -1,6 +1,7 @@
 #include "tag/motionstate.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <iterator>
 
@@ -107,7 +108,12 @@ T &At(void *memory, std::size_t place) {
 }
 
 // Bit by bit, so that what is no number equals itself.
-bool IsSame(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+std::uint64_t BitsOf(double value) {
+    std::uint64_t bits;
+    std::memcpy(&bits, &value, sizeof bits);
+    return bits;
+}
+bool IsSame(double a, double b) { return BitsOf(a) == BitsOf(b); }
 bool IsSame(const engine::Vector3 &a, const engine::Vector3 &b) {
     return IsSame(a.x, b.x) && IsSame(a.y, b.y) && IsSame(a.z, b.z);
 }
@@ -181,10 +187,11 @@ void ReadSpring(LONG base, const BaseContainer &data, Spring *spring) {
 }
 
 Bool WriteSpringEntries(LONG base, What what, Spring *spring, Spring *stored, BaseContainer *data) {
-    if (what == What::kChanged && std::memcmp(spring, stored, sizeof *spring) == 0) return FALSE;
     const Bool had_output = stored->has_output || what == What::kAll;
     Bool has_written =
         WriteEntries({std::begin(kSpringEntries), std::end(kSpringEntries)}, base, what, spring, stored, data);
+    const bool is_same_output = stored->has_output && IsSame(spring->output, stored->output);
+    if (spring->has_output && what == What::kChanged && is_same_output) return has_written;
     if (spring->has_output) {
         data->SetVector(base + kOvershootOutput, ToHost(spring->output));
         has_written = TRUE;
