@@ -45,7 +45,7 @@ Bool String::Reserve(LONG units) {
     LONG room = units + 1;
     // Appending piece by piece must not copy the text every time.
     if (text_ && capacity_ < kLongest / 2 && room < capacity_ * 2) room = capacity_ * 2;
-    UWORD *text = static_cast<UWORD *>(GeAllocNC(VLONG(room) * VLONG(sizeof(UWORD))));
+    UWORD *text = static_cast<UWORD *>(GeAllocNC(static_cast<VLONG>(static_cast<std::size_t>(room) * sizeof(UWORD))));
     if (!text) return FALSE;
     CopyMemType(text_, text, length_);
     text[length_] = 0;

@@ -104,7 +104,7 @@ const SpringPlace &PlaceOf(Channel channel) { return kSprings[static_cast<int>(c
 
 template <typename T>
 T &At(void *memory, std::size_t place) {
-    return *reinterpret_cast<T *>(static_cast<char *>(memory) + place);
+    return *static_cast<T *>(static_cast<void *>(static_cast<char *>(memory) + place));
 }
 
 // Bit by bit, so that what is no number equals itself.
