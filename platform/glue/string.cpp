@@ -45,7 +45,8 @@ Bool String::Reserve(LONG units) {
     LONG room = units + 1;
     // Appending piece by piece must not copy the text every time.
     if (text_ && capacity_ < kLongest / 2 && room < capacity_ * 2) room = capacity_ * 2;
-    UWORD *text = static_cast<UWORD *>(GeAllocNC(static_cast<VLONG>(static_cast<std::size_t>(room) * sizeof(UWORD))));
+    const std::size_t bytes = static_cast<std::size_t>(room) * sizeof(UWORD);
+    UWORD *text = static_cast<UWORD *>(GeAllocNC(static_cast<VLONG>(bytes)));
     if (!text) return FALSE;
     CopyMemType(text_, text, length_);
     text[length_] = 0;
