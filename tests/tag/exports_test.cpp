@@ -102,7 +102,8 @@ TEST_F(ModuleLibrary, ImportsNothingOfTheHost) {
     for (const Symbol &symbol : library_.symbols) {
         if (symbol.defined) continue;
         // Clang's is the program's.
-        const bool is_sanitizers = BeginsWith(symbol.name, "__asan_") || BeginsWith(symbol.name, "__ubsan_");
+        const bool is_sanitizers = BeginsWith(symbol.name, "__asan_") || BeginsWith(symbol.name, "__ubsan_") ||
+                                   BeginsWith(symbol.name, "__sanitizer_");
         EXPECT_TRUE(symbol.weak || symbol.versioned || sanitized || is_sanitizers) << symbol.name;
         EXPECT_EQ(symbol.name.find("4host"), std::string::npos) << symbol.name;
     }
