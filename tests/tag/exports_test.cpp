@@ -103,7 +103,7 @@ TEST_F(ModuleLibrary, ImportsNothingOfTheHost) {
         if (symbol.defined) continue;
         // Clang's is the program's.
         const bool is_sanitizers = BeginsWith(symbol.name, "__asan_") || BeginsWith(symbol.name, "__ubsan_") ||
-                                   BeginsWith(symbol.name, "__sanitizer_");
+                                   BeginsWith(symbol.name, "__sanitizer_") || BeginsWith(symbol.name, "__sancov_");
         EXPECT_TRUE(symbol.weak || symbol.versioned || sanitized || is_sanitizers) << symbol.name;
         EXPECT_EQ(symbol.name.find("4host"), std::string::npos) << symbol.name;
     }
