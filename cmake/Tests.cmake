@@ -163,6 +163,7 @@ if(TARGET built_in_presets AND NOT CMAKE_CROSSCOMPILING)
 endif()
 
 if(NOT CMAKE_CROSSCOMPILING)
+    add_test(NAME page.links COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/page/links_test.py")
     foreach(tool compare_blender count_instructions)
         add_test(NAME bench.${tool} COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/bench/${tool}_test.py")
     endforeach()

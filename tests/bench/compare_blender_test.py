@@ -66,6 +66,10 @@ class CompareBlender(unittest.TestCase):
         self.assert_fails(compare(blender="microseconds shown 40.0\nmicroseconds baked 0.0"),
                           "a baked frame of 1000, Blender: found 0.0 microseconds, expected more than 0")
 
+    def test_fails_where_a_time_has_no_end(self):
+        self.assert_fails(compare(blender="microseconds shown inf\nmicroseconds baked 600.0"),
+                          "a frame of 1000, Blender: found inf microseconds, expected a number")
+
     def test_fails_where_a_frame_is_too_slow(self):
         self.assert_fails(compare({"EvaluatedFrame": (20, "us", 1)}),
                           "a frame of 1000: found 2.0 times as fast, expected at least 2.5")

@@ -16,12 +16,12 @@ TOOL = "import sys\ncosts = dict(frame={0}, **{{'saved key': 70}})\n" \
        "print('==1== Collected :', 5000 + costs[sys.argv[2]] * int(sys.argv[3]), file=sys.stderr)\n"
 
 
-def count(argument, kept, frame=300):
+def count(argument, kept, frame=300, jobs=PROGRAM):
     """The run, and what bench/instructions.txt holds then."""
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
         program, tool, rows = folder / "program", folder / "tool.py", folder / "instructions.txt"
-        program.write_text(PROGRAM)
+        program.write_text(jobs)
         program.chmod(0o755)
         tool.write_text(TOOL.format(frame))
         rows.write_text(kept)
@@ -59,6 +59,16 @@ class CountInstructions(unittest.TestCase):
     def test_tells_a_side_that_is_missing(self):
         self.assert_told("'saved key': found 70 instructions and no row in instructions.txt, expected one", "300 frame\n")
         self.assert_told("'jump': found no such job, expected one", "300 frame\n70 saved key\n9000 jump\n")
+
+    def test_keeps_no_job_that_does_nothing(self):
+        result, rows = count("--keep", "300 frame\n", 0)
+        self.assertEqual((result.returncode, rows), (1, "300 frame\n"))
+        self.assertEqual(result.stderr, "count_instructions: 'frame': found 0 instructions, expected more than 0; kept none\n")
+
+    def test_fails_where_there_is_nothing_to_count(self):
+        result, _ = count("--check", "", jobs="#!/bin/sh\n")
+        self.assertEqual(result.returncode, 1)
+        self.assertRegex(result.stderr, "found no job, expected some")
 
 
 if __name__ == "__main__":
