@@ -26,6 +26,7 @@ constexpr std::int32_t kPositionSlow = 6024, kPositionMedium = 6025, kPositionFa
                        kRotationMedium = 6029, kRotationFast = 6030, kShakeSmooth = 6158;
 constexpr std::int32_t kZeroPosition = 6042, kZeroRotation = 6043, kZeroInitials = 6174, kRandomizeSeeds = 6004,
                        kFeelingLucky = 6041;
+// The twin is a second list that is read and kept, and hits nothing.
 constexpr std::int32_t kJoltPositionIntensity = 6037, kJoltRotationIntensity = 6144, kJoltInterval = 6038,
                        kCustomTrigger = 6181, kCustomTriggerTwin = 6209, kJoltFalloff = 6140, kJoltSmooth = 6170;
 constexpr std::int32_t kQuickBake = 6046, kBruteForceBake = 6175, kUnBake = 6047;

@@ -26,6 +26,8 @@ Bool TremoluxCamClass::Message(GeListNode *node, LONG type, void *message) {
 Bool TremoluxCamClass::Answer(BaseTag *tag, LONG type, void *message) {
     BaseContainer *data = tag->GetDataInstance();
     if (!data) return FALSE;
+    // An undo may put another content there whose count of changes happens to be the same.
+    motion_.Forget();
     if (type == MSG_EDIT) ToggleViewCamera(tag, data);
     if (!message) return TRUE;
     switch (type) {

@@ -187,19 +187,20 @@ void ReadSpring(LONG base, const BaseContainer &data, Spring *spring) {
 }
 
 Bool WriteSpringEntries(LONG base, What what, Spring *spring, Spring *stored, BaseContainer *data) {
-    const Bool had_output = stored->has_output || what == What::kAll;
     Bool has_written =
         WriteEntries({std::begin(kSpringEntries), std::end(kSpringEntries)}, base, what, spring, stored, data);
-    const bool is_same_output = stored->has_output && IsSame(spring->output, stored->output);
-    if (spring->has_output && what == What::kChanged && is_same_output) return has_written;
+    const LONG key = base + kOvershootOutput;
+    const bool is_same = spring->has_output == stored->has_output && IsSame(spring->output, stored->output);
+    if (what == What::kChanged && is_same) return has_written;
     if (spring->has_output) {
-        data->SetVector(base + kOvershootOutput, ToHost(spring->output));
+        data->SetVector(key, ToHost(spring->output));
         has_written = TRUE;
-    } else if (had_output && data->GetDataPointer(base + kOvershootOutput)) {
-        data->RemoveData(base + kOvershootOutput);  // the host looks through all entries for it
+    } else if (data->GetDataPointer(key)) {
+        data->RemoveData(key);
         has_written = TRUE;
     }
-    *stored = *spring;
+    stored->has_output = spring->has_output;
+    stored->output = spring->output;
     return has_written;
 }
 

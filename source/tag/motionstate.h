@@ -40,6 +40,7 @@ class MotionState {
         settings = ReadSettings(*data);
         stamp_ = data->GetDirty();
     }
+    // The next reading reads whatever the container's count of changes says.
     void Forget() { data_ = NULL; }
 
   private:

@@ -148,6 +148,6 @@ void TagOperations::StepJolts(const engine::JoltSettings &s, const engine::JoltI
     tag_->EvaluateJolts(data_, s.time_scale, s.seed, s.interval, frames_per_second_, in.whole_clock, s.time_offset,
                         s.position_intensity, s.rotation_intensity, s.smooth, s.pushes, s.scale,
                         s.shake_position_intensity, s.speed, axes.x, axes.y, axes.z, angles.x, angles.y, angles.z,
-                        s.shake_rotation_intensity, s.falloff_step, in.frame, 1);
+                        s.shake_rotation_intensity, s.falloff_step, in.frame, 1);  // 1: it looks into the tag's list
     tag_->ReadMotion(data_);  // its result is what the container holds
 }

@@ -38,7 +38,7 @@ constexpr std::int32_t kOvershootRotation = 30002;  // angles
 constexpr std::int32_t kOvershootPosition = 30022;
 constexpr std::int32_t kOvershootTarget = 30042;  // angles
 constexpr std::int32_t kOvershootZoom = 30062;
-constexpr std::int32_t kOvershootSpare = 30082;
+constexpr std::int32_t kOvershootSpare = 30082;  // of no layer; reset with the others
 constexpr std::int32_t kOvershootFocus = 30102;
 constexpr std::int32_t kOvershootOutput = 1, kOvershootInput = 2;  // vectors
 constexpr std::int32_t kOvershootDistance = 3;                     // the input's last step, 0 for a small one

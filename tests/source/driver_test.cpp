@@ -191,6 +191,15 @@ TEST_F(Driver, AReplayWithoutATagThatCouldHaveTracksCountsWithTheStoredRates) {
     EXPECT_EQ(State().Real(kShakeClock), 38);
 }
 
+TEST_F(Driver, AFrameAfterAMessageReadsAContainerThatWasExchangedWithoutBeingCounted) {
+    State().SetReal(6149, 0);  // the step equals the speed
+    for (int frame = 0; frame <= 10; ++frame) Show(frame);
+    *State().Live(6152) = host::Data(3.0);  // what is written through a pointer to a value counts as nothing
+    tag_->SendMessage(MSG_CHANGE, nullptr);
+    Show(11);
+    EXPECT_EQ(State().Real(kClockStep), 3);
+}
+
 class DirectEvaluation : public WithProbe {
   protected:
     void SetUp() override {
