@@ -13,6 +13,9 @@ endif()
 add_library(tremolux_program STATIC ${sources})
 target_link_libraries(tremolux_program PUBLIC embedded_host module_ids CLI11::CLI11 nlohmann_json::nlohmann_json Eigen3::Eigen)
 tremolux_set_defaults(tremolux_program)
+target_precompile_headers(
+    tremolux_program PRIVATE <algorithm> <cmath> <filesystem> <functional> <memory> <nlohmann/json.hpp> <optional> <string>
+    <vector>)
 
 if(EXISTS "${program_main}")
     add_executable(tremolux "${program_main}")

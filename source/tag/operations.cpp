@@ -75,9 +75,9 @@ double TagOperations::ShakePosition(engine::PositionAxis axis, const engine::Pos
         case engine::PositionAxis::kY:
             return shake(&TremoluxCamClass::ShakePositionY, s.ratio.y);
         case engine::PositionAxis::kZ:
-            return shake(&TremoluxCamClass::ShakePositionZ, s.ratio.z);
+            break;
     }
-    return 0.0;
+    return shake(&TremoluxCamClass::ShakePositionZ, s.ratio.z);
 }
 
 double TagOperations::ShakeRotation(engine::RotationAngle angle, const engine::RotationSettings &s, double clock) {
@@ -91,9 +91,9 @@ double TagOperations::ShakeRotation(engine::RotationAngle angle, const engine::R
         case engine::RotationAngle::kPitch:
             return shake(&TremoluxCamClass::ShakeRotationP, s.ratio.y);
         case engine::RotationAngle::kBank:
-            return shake(&TremoluxCamClass::ShakeRotationB, s.ratio.z);
+            break;
     }
-    return 0.0;
+    return shake(&TremoluxCamClass::ShakeRotationB, s.ratio.z);
 }
 
 double TagOperations::DriftZoom(const engine::ZoomSettings &s, double drift_clock) {

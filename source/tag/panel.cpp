@@ -62,20 +62,39 @@ constexpr ParameterInfo Button(LONG id, const CHAR *label) { return Plain(id, la
 
 constexpr Bool kOpen = TRUE, kClosed = FALSE;
 
+constexpr PanelElement Element(PanelKind kind, LONG id, LONG parent) {
+    PanelElement element = {};
+    element.kind = kind;
+    element.id = id;
+    element.parent = parent;
+    return element;
+}
+
 constexpr PanelElement Group(LONG id, LONG parent, const CHAR *title, LONG columns, Bool open, Bool scaled = TRUE) {
-    return {PanelKind::kGroup, id, parent, title, columns, open, scaled, FALSE, {}};
-}
-
-constexpr PanelElement Line(LONG id, LONG parent) {
-    return {PanelKind::kSeparator, id, parent, NULL, 0, FALSE, FALSE, TRUE, {}};
-}
-
-constexpr PanelElement UntitledLine(LONG id, LONG parent) {
-    return {PanelKind::kSeparator, id, parent, "", 0, FALSE, FALSE, TRUE, {}};
+    PanelElement group = Element(PanelKind::kGroup, id, parent);
+    group.title = title;
+    group.columns = columns;
+    group.open = open;
+    group.scaled = scaled;
+    return group;
 }
 
 constexpr PanelElement Heading(LONG id, LONG parent, const CHAR *title) {
-    return {PanelKind::kSeparator, id, parent, title, 0, FALSE, FALSE, FALSE, {}};
+    PanelElement heading = Element(PanelKind::kSeparator, id, parent);
+    heading.title = title;
+    return heading;
+}
+
+constexpr PanelElement Line(LONG id, LONG parent) {
+    PanelElement line = Element(PanelKind::kSeparator, id, parent);
+    line.line = TRUE;
+    return line;
+}
+
+constexpr PanelElement UntitledLine(LONG id, LONG parent) {
+    PanelElement line = Line(id, parent);
+    line.title = "";
+    return line;
 }
 
 constexpr LONG kMain = 6000, kTargetTab = 6065, kZoomTab = 6048, kFocusTab = 6055, kAdvancedTab = 6073;
@@ -84,14 +103,19 @@ constexpr LONG kInputRow = 6173, kPresetRow = 6002, kOverall = 6019, kScaleRow =
                kShakeRow = 6040, kJolts = 6036, kBakeRow = 6045, kTargetRow = 6067, kFocusRow = 6056, kRatios = 6074,
                kExportRow = 6191, kPathRow = 6177;
 
+constexpr PanelElement Parameter(PanelKind kind, LONG parent, ParameterInfo parameter, const CHAR *sentence) {
+    PanelElement element = Element(kind, parameter.id, parent);
+    element.parameter = parameter;
+    element.parameter.sentence = sentence;
+    return element;
+}
+
 constexpr PanelElement Row(LONG parent, ParameterInfo parameter, const CHAR *sentence) {
-    parameter.sentence = sentence;
-    return {PanelKind::kParameter, parameter.id, parent, NULL, 0, FALSE, FALSE, FALSE, parameter};
+    return Parameter(PanelKind::kParameter, parent, parameter, sentence);
 }
 
 constexpr PanelElement Hidden(ParameterInfo parameter, const CHAR *sentence) {
-    parameter.sentence = sentence;
-    return {PanelKind::kHidden, parameter.id, kPanelRoot, NULL, 0, FALSE, FALSE, FALSE, parameter};
+    return Parameter(PanelKind::kHidden, kPanelRoot, parameter, sentence);
 }
 
 // Reset values differ from declared defaults on purpose: a first set-up swings more than a reset-to-default.

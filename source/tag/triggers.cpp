@@ -26,7 +26,6 @@ Bool ReadFrame(const String &text, LONG start, LONG end, LONG *frame) {
     while (end > start && IsBlank(text[end - 1])) end--;
     const Bool negative = start < end && text[start] == '-';
     if (start < end && (negative || text[start] == '+')) start++;
-    if (start == end) return FALSE;
     LONG number = 0;
     for (LONG i = start; i < end; i++) {
         if (!IsDigit(text[i])) return FALSE;

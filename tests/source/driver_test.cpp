@@ -136,6 +136,13 @@ TEST_F(Driver, ARunUpByItselfLeavesItsMarkInTheLastFrame) {
     EXPECT_EQ(State().Real(kLastFrame), -1);
 }
 
+TEST_F(Driver, AReplayWithoutContainerOrCameraDoesNothing) {
+    const host::Container before = State();
+    probe_->SimulateToFrame(20, NULL, Camera());
+    probe_->SimulateToFrame(20, Data(), NULL);
+    EXPECT_TRUE(State() == before);
+}
+
 TEST_F(Driver, AReplayToAFrameStopsBeforeIt) {
     State().SetReal(6149, 0);  // the step equals the speed
     State().SetReal(6152, 2);

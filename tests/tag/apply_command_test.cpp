@@ -70,6 +70,13 @@ TEST_F(ApplyCommand, MakesTheSelectedCameraHandHeld) {
     EXPECT_TRUE(running_.App().dialogs.All().empty());
 }
 
+TEST_F(ApplyCommand, HasTheNewCameraShownByAnEventAfterItsStep) {
+    AddCamera("Master");
+    const int before = running_.App().requests.events;
+    Run();
+    EXPECT_EQ(running_.App().requests.events, before + 1);
+}
+
 TEST_F(ApplyCommand, NamesACameraThatHasNoNameOfItsOwn) {
     host::Object *input = AddCamera("Camera");
     Run();
