@@ -96,12 +96,6 @@ bool Curve::InsertKey(Key *key) {
     return true;
 }
 
-bool Curve::DeleteKey(std::int32_t index) {
-    Key *key = KeyAt(index);
-    Discard(key);
-    return key != nullptr;
-}
-
 void Curve::RemoveKey(Key *key) {
     if (key == nullptr || key->curve_ != this) return;
     // Of several keys at one time it may be any.

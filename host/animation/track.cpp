@@ -115,15 +115,6 @@ host::Data Track::DataAt(const Time &time) const {
     return key->data.type != kDataNil ? key->data : host::Data(TruncatedWhole(key->GetValue()));
 }
 
-bool Track::FillKey(Node *node, Key *key) const {
-    host::Data value;
-    if (node == nullptr || key == nullptr || !node->GetParameter(id_, &value)) return false;
-    if (value.type == kDataReal || value.type == kDataWhole) key->SetValue(value.Real());
-    if (value.type == kDataTime) key->SetValue(Seconds(value.GetTime()));
-    if (category_ == kCategoryData) key->data = value;
-    return true;
-}
-
 Node *Track::CreateSameKind() const { return new Track(id_, category_); }
 
 bool Track::CopyOwnState(Node *copy, std::int32_t flags, HostAliasTrans *translation) const {

@@ -70,7 +70,6 @@ class Curve : public Node {
     Key *FindKey(const Time &time, std::int32_t *index = nullptr, std::int32_t match = kMatchExact) const;
     Key *AddKey(const Time &time, std::int32_t *index = nullptr);  // an existing key at that time is returned
     bool InsertKey(Key *key);                                      // takes it over, in place of a key at the same time
-    bool DeleteKey(std::int32_t index);
     void RemoveKey(Key *key);  // the caller owns it
     void Flush();
     void Sort();
@@ -113,7 +112,6 @@ class Track : public Node {
     bool Governs(const Time &time) const;
     const Key *KeyBefore(const Time &time) const;  // the last one before or at; else the first; null without keys
     host::Data DataAt(const Time &time) const;  // of that key; its value, cut to a whole number, where it has no data
-    bool FillKey(Node *node, Key *key) const;   // the parameter's present value
 
   protected:
     Track(const TableDescID &id, std::int32_t category);

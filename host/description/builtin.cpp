@@ -101,13 +101,8 @@ const Parameter kTag[] = {
     {kParamPriority, static_cast<DataKind>(kDataPriority), "Priority", kGroupBasic},
 };
 
-struct Type {
-    std::int32_t id;
-    const char *name;
-};
-constexpr Type kObjectTypes[] = {{kTypeObject, "Obase"}, {kTypeCamera, "Ocamera"}, {kTypeNull, "Onull"},
-                                 {5100, "Opolygon"},     {5101, "Ospline"},        {5102, "Olight"}};
-constexpr Type kDocumentType = {kTypeDocument, "Ddoc"};
+// The last three are polygons, splines and lights.
+constexpr std::int32_t kObjectTypes[] = {kTypeObject, kTypeCamera, kTypeNull, 5100, 5101, 5102};
 
 Data ValueOf(const Parameter &parameter, double number) {
     switch (parameter.kind) {
@@ -161,17 +156,11 @@ void Add(const Parameter (&parameters)[kCount], std::int32_t owner, std::deque<D
 
 std::deque<Description::Entry> BuiltInEntries(std::int32_t type) {
     std::deque<Description::Entry> entries;
-    if (type == kDocumentType.id) Add(kDocument, type, &entries);
-    for (const Type &known : kObjectTypes)
-        if (known.id == type) Add(kObject, type, &entries);
+    if (type == kTypeDocument) Add(kDocument, type, &entries);
+    for (std::int32_t known : kObjectTypes)
+        if (known == type) Add(kObject, type, &entries);
     if (type == kTypeCamera) Add(kCamera, type, &entries);
     return entries;
-}
-
-std::int32_t BuiltInId(const std::string &name) {
-    for (const Type &known : kObjectTypes)
-        if (name == known.name) return known.id;
-    return name == kDocumentType.name ? kDocumentType.id : 0;
 }
 
 std::deque<Description::Entry> TagEntries(std::int32_t type, const std::string &name) {

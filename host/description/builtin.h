@@ -11,7 +11,6 @@ namespace host {
 
 // Empty when the host has no description of that type of its own.
 std::deque<Description::Entry> BuiltInEntries(std::int32_t type);
-std::int32_t BuiltInId(const std::string &name);  // "Obase", "Ocamera"...; 0 when unknown
 // The tag's basic parameters and its own tab, both under the description's id.
 std::deque<Description::Entry> TagEntries(std::int32_t type, const std::string &name);
 

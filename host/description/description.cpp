@@ -38,13 +38,6 @@ bool Description::Load(std::int32_t id) {
     return true;
 }
 
-bool Description::LoadByName(const std::string &name) {
-    if (const std::int32_t id = BuiltInId(name); id != 0) return Load(id);
-    const Application *application = Application::Current();
-    const std::int32_t id = application == nullptr ? 0 : application->registry.DescriptionId(name);
-    return id != 0 && Load(id);
-}
-
 Description::Entry *Description::Find(const TableDescID &id) {
     const auto found = std::find_if(entries.begin(), entries.end(), [&](const Entry &e) { return SameId(e.id, id); });
     return found == entries.end() ? nullptr : &*found;

@@ -48,7 +48,6 @@ class Description : public HostDescription {
     // The registered description of a tag's type, or a built-in one (objects, cameras, documents). Replaces what is
     // there; false when there is none.
     bool Load(std::int32_t id);
-    bool LoadByName(const std::string &name);
     Entry *Find(const TableDescID &id);
     // Adds, or changes the settings of an existing entry and leaves its place.
     bool Set(const TableDescID &id, const Container &settings, const TableDescID &group);

@@ -29,12 +29,8 @@ enum DocumentInfo : std::int32_t {
     kInfoUndo = 1013,
     kInfoRedo = 1014
 };
-enum Route : std::int32_t { kRouteNone = 0, kRouteUp = 1, kRouteRoot = 2, kRouteDown = 3, kRouteBroadcast = 4 };
 
-// To the node and, by the route, its parents, its topmost node, everything below it, or its whole document. Nodes that
-// a receiver destroys are left out. true when nobody objects.
-bool SendAlong(Node *node, std::int32_t route, std::int32_t type, void *data);
-// To everything in the document.
+// To everything in the document but what a receiver destroys. true when nobody objects.
 bool Broadcast(Document *document, std::int32_t type, void *data);
 bool BroadcastDocumentInfo(Document *document, std::int32_t info_type);
 

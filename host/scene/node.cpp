@@ -102,17 +102,6 @@ bool Node::IsBelow(const Node *ancestor) const {
 }
 
 // A free node has no siblings: nobody would own the second one.
-void Node::InsertBefore(Node *sibling) {
-    if (sibling == nullptr || sibling == this || sibling->Classification() != Classification()) return;
-    if ((sibling->up_ == nullptr && sibling->list_ == nullptr) || sibling->IsBelow(this)) return;
-    if (sibling->previous_ == this) return;
-    Remove();
-    up_ = sibling->up_;
-    list_ = sibling->list_;
-    LinkBetween(sibling->previous_, sibling);
-    if (previous_ == nullptr) (up_ != nullptr ? up_->first_child_ : list_->first) = this;
-}
-
 void Node::InsertAfter(Node *sibling) {
     if (sibling == nullptr || sibling == this || sibling->Classification() != Classification()) return;
     if ((sibling->up_ == nullptr && sibling->list_ == nullptr) || sibling->IsBelow(this)) return;

@@ -74,7 +74,6 @@ class Node : public HostAtom {
     Node *Up() const { return up_; }  // among its own kind: a tag or a top object has none
     Node *Down() const { return first_child_; }
     Node *DownLast() const { return last_child_; }
-    void InsertBefore(Node *sibling);
     void InsertAfter(Node *sibling);
     void InsertUnder(Node *parent);  // as its first child; refused inside itself
     void InsertUnderLast(Node *parent);

@@ -20,7 +20,6 @@ class View : public HostView {
     ~View() override;
     Object *SceneCamera(const Document *document) const;  // null: the editor camera
     void SetSceneCamera(Object *camera);                  // null: the editor camera
-    bool HasCamera() const { return ResolveAnywhere(&scene_camera_) != nullptr; }
     Object *EditorCamera() const { return editor_camera_.get(); }
 
   private:

@@ -93,15 +93,8 @@ void StatusBar::SetPercent(std::int32_t new_percent) {
     if (on_change) on_change();
 }
 
-void StatusBar::SetText(const std::string &new_text) {
-    text = new_text;
-    history.push_back(text);
-    if (on_change) on_change();
-}
-
 void StatusBar::Clear() {
     percent = -1;
-    text.clear();
     if (on_change) on_change();
 }
 

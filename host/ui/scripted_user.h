@@ -64,10 +64,8 @@ class Console {
 class StatusBar {
   public:
     void SetPercent(std::int32_t percent);  // cut to 0..100
-    void SetText(const std::string &text);
     void Clear();
     std::int32_t percent = -1;  // -1: no bar
-    std::string text;
     std::vector<std::string> history;
     std::function<void()> on_change;
 };
@@ -81,7 +79,7 @@ struct InputState {
 
 // Pages and folders that the module asked the system to show, commands it called, events it queued.
 struct Requests {
-    std::vector<std::string> opened_pages, shown_folders, executed_files;
+    std::vector<std::string> opened_pages, shown_folders;
     std::vector<std::int32_t> called_commands;
     int events = 0, stop_all_threads = 0;
 };

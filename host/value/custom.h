@@ -29,7 +29,6 @@ class Spline : public HostCustomData {
     bool Equals(const HostCustomData &other) const override;
 
     std::int32_t Insert(double x, double y, std::int32_t flags);  // its index; knots stay in the order of x
-    bool Delete(std::int32_t index);
     // y at x; outside the knots the end knot's y. A piece's type is that of its left knot.
     double ValueAt(double x) const;
     std::vector<TableSplineKnot> knots;

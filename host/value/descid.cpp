@@ -45,9 +45,4 @@ bool SameId(const TableDescID &a, const TableDescID &b) {
     return x.depth == y.depth && SameLeadingLevels(x, y, x.depth);
 }
 
-bool IsPartOf(const TableDescID &id, const TableDescID &whole) {
-    const std::int32_t depth = Depth(id);
-    return depth > 0 && depth <= Depth(whole) && SameLeadingLevels(id, whole, depth);
-}
-
 }  // namespace host

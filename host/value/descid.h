@@ -13,7 +13,6 @@ TableDescID WithoutEmptyLevels(const TableDescID &id);
 TableDescID MakeId(std::int32_t first, std::int32_t second);
 std::int32_t LevelId(const TableDescID &id, std::int32_t level);  // 0 past the end
 bool SameId(const TableDescID &a, const TableDescID &b);
-bool IsPartOf(const TableDescID &id, const TableDescID &whole);  // all levels of `id` lead `whole`
 
 constexpr std::int32_t kVectorX = 1000, kVectorY = 1001, kVectorZ = 1002;
 

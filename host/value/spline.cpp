@@ -95,12 +95,6 @@ std::int32_t Spline::Insert(double x, double y, std::int32_t flags) {
     return static_cast<std::int32_t>(inserted - knots.begin());
 }
 
-bool Spline::Delete(std::int32_t index) {
-    if (index < 0 || static_cast<std::size_t>(index) >= knots.size()) return false;
-    knots.erase(knots.begin() + index);
-    return true;
-}
-
 double Spline::ValueAt(double x) const {
     if (knots.empty()) return 0;
     if (!(x >= knots.front().position.x)) return knots.front().position.y;

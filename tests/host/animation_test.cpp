@@ -65,8 +65,6 @@ TEST(Curves, TakeOverAKeyInPlaceOfOneAtTheSameTime) {
     EXPECT_FALSE(curve.InsertKey(nullptr));
     EXPECT_EQ(curve.KeyCount(), 1);
     EXPECT_EQ(curve.ValueAt(MakeTime(1, 30)), 5);
-    EXPECT_TRUE(curve.DeleteKey(0));
-    EXPECT_FALSE(curve.DeleteKey(0));
 }
 
 TEST(Curves, GiveNothingWithoutKeysAndTheEndValuesOutside) {
@@ -323,19 +321,6 @@ TEST_F(Tracks, ATimeFollowsItsCurveInSeconds) {
     AddKey(track->GetCurve(), 10, 0.4, kInterpolationLinear);
     Animate(camera, MakeTime(5, 30));
     EXPECT_TRUE(SameTime(camera->Data().GetTime(kTime), MakeTime(3, 10)));
-    Key key;
-    EXPECT_TRUE(track->FillKey(camera, &key));
-    EXPECT_NEAR(key.GetValue(), 0.3, 1e-12);
-}
-
-TEST_F(Tracks, FillAKeyWithThePresentValue) {
-    Track *track = AddTrack(camera, MakeId(kParamRelPosition, kVectorX));
-    camera->SetParameter(MakeId(kParamRelPosition), Data(Vector{11, 0, 0}));
-    Key key;
-    EXPECT_TRUE(track->FillKey(camera, &key));
-    EXPECT_EQ(key.GetValue(), 11);
-    EXPECT_FALSE(track->FillKey(nullptr, &key));
-    EXPECT_FALSE(track->FillKey(camera, nullptr));
 }
 
 }  // namespace

@@ -90,9 +90,8 @@ TEST(Description, LoadingReplacesWhatIsThereAndAnUnknownOneLeavesIt) {
     Description description;
     description.Set(MakeId(42), Container(), MakeId(0));
     EXPECT_FALSE(description.Load(987654));
-    EXPECT_FALSE(description.LoadByName("Nobody"));
     EXPECT_NE(description.Find(MakeId(42)), nullptr);
-    EXPECT_TRUE(description.LoadByName("Ocamera"));
+    EXPECT_TRUE(description.Load(kTypeCamera));
     EXPECT_EQ(description.Find(MakeId(42)), nullptr);
     EXPECT_NE(description.Find(MakeId(kCameraFocalLength)), nullptr);
     EXPECT_TRUE(description.Load(kTypeDocument));

@@ -165,13 +165,5 @@ TEST(ParameterId, IsComparedByItsNumbersAlone) {
     EXPECT_EQ(LevelId(a, -1), 0);
 }
 
-TEST(ParameterId, AVectorIsPartOfItsComponentsAndNotTheOtherWayRound) {
-    EXPECT_TRUE(IsPartOf(MakeId(903), MakeId(903, 1000)));
-    EXPECT_TRUE(IsPartOf(MakeId(903), MakeId(903)));
-    EXPECT_FALSE(IsPartOf(MakeId(903, 1000), MakeId(903)));
-    EXPECT_FALSE(IsPartOf(MakeId(904), MakeId(903, 1000)));
-    EXPECT_FALSE(IsPartOf(TableDescID{}, MakeId(903)));
-}
-
 }  // namespace
 }  // namespace host
