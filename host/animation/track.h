@@ -70,7 +70,7 @@ class Curve : public Node {
     Key *FindKey(const Time &time, std::int32_t *index = nullptr, std::int32_t match = kMatchExact) const;
     Key *AddKey(const Time &time, std::int32_t *index = nullptr);  // an existing key at that time is returned
     bool InsertKey(Key *key);                                      // takes it over, in place of a key at the same time
-    void RemoveKey(Key *key);  // the caller owns it
+    void RemoveKey(Key *key);                                      // the caller owns it
     void Flush();
     void Sort();
     // Between keys by the left key's interpolation; before the first and after the last key the end value; 0 without

@@ -285,11 +285,11 @@ bool Container::operator==(const Container &other) const {
     return true;
 }
 
-bool Container::GetParameter(const TableDescID &id, Data *out) const {
-    const std::int32_t depth = std::min(id.depth, TABLE_DESC_LEVELS);
+bool Container::GetParameter(const TableDescID &place, Data *out) const {
+    const std::int32_t depth = std::min(place.depth, TABLE_DESC_LEVELS);
     const Container *container = this;
     for (std::int32_t level = 0; level < depth; ++level) {
-        const Data *data = container->Find(id.level[level].id);
+        const Data *data = container->Find(place.level[level].id);
         if (data == nullptr) return false;
         if (level + 1 == depth) {
             *out = *data;
@@ -297,7 +297,7 @@ bool Container::GetParameter(const TableDescID &id, Data *out) const {
         }
         if (data->type == kDataVector && level + 2 == depth) {
             Vector vector = data->GetVector();
-            const double *component = Component(&vector, id.level[level + 1].id);
+            const double *component = Component(&vector, place.level[level + 1].id);
             if (component != nullptr) *out = Data(*component);
             return component != nullptr;
         }
@@ -307,13 +307,13 @@ bool Container::GetParameter(const TableDescID &id, Data *out) const {
     return false;
 }
 
-bool Container::SetParameter(const TableDescID &id, const Data &data) {
+bool Container::SetParameter(const TableDescID &place, const Data &data) {
     constexpr std::int32_t kSubContainer = 5, kColor = 3;
-    const std::int32_t depth = std::min(id.depth, TABLE_DESC_LEVELS);
+    const std::int32_t depth = std::min(place.depth, TABLE_DESC_LEVELS);
     const Data copy(data);
     Container *container = this;
     for (std::int32_t level = 0; level < depth; ++level) {
-        const TableDescLevel &here = id.level[level];
+        const TableDescLevel &here = place.level[level];
         if (level + 1 == depth) {
             container->Set(here.id, copy);
             return true;
@@ -324,7 +324,7 @@ bool Container::SetParameter(const TableDescID &id, const Data &data) {
             inner != nullptr ? inner->type == kDataVector : here.dtype == kDataVector || here.dtype == kColor;
         if (vector) {
             Vector changed = inner == nullptr ? Vector{0, 0, 0} : inner->GetVector();
-            double *component = Component(&changed, id.level[level + 1].id);
+            double *component = Component(&changed, place.level[level + 1].id);
             if (component == nullptr || level + 2 != depth || !IsNumber(&copy)) return false;
             *component = copy.Real();
             container->SetVector(here.id, changed);

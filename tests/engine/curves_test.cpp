@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "tests/engine/plain_host.h"
+
 namespace {
 
 using namespace engine;
@@ -30,6 +32,16 @@ void ExpectTangents(const CurveShape &shape, const double (&numbers)[8]) {
     const double tangents[] = {start_left.x, start_left.y, start_right.x, start_right.y,
                                end_left.x,   end_left.y,   end_right.x,   end_right.y};
     for (int i = 0; i < 8; ++i) EXPECT_EQ(tangents[i], numbers[i]) << i;
+}
+
+TEST(Curves, ThatAreOwnedAreFreed) {
+    const int before = engine_test::LivingCurves();
+    {
+        const OwnedCurve curve(engine_test::PlainHost(), kSmoothingCurve);
+        ASSERT_NE(curve.Get(), nullptr);
+        EXPECT_EQ(engine_test::LivingCurves(), before + 1);
+    }
+    EXPECT_EQ(engine_test::LivingCurves(), before);
 }
 
 TEST(Curves, HaveTheirTangents) {

@@ -38,7 +38,7 @@ RC_GTEST_PROP(Knocks, HitOnceInEachBlock, ()) {
     const int block = *rc::gen::inRange(0, 200);
     const JoltSettings s = Knocking(interval, seed);
     const auto hash = static_cast<std::int64_t>(111.333 * block * block * block + seed * 131.92111);
-    const double place = (block + 1.0) * interval - 0.8 * (hash % interval + 1);
+    const double place = (block + 1.0) * interval - 0.8 * static_cast<double>(hash % interval + 1);
     // A place on a whole number may fall on either side of it, and so may the hash.
     RC_PRE(std::abs(place - std::round(place)) > 1e-6);
     RC_PRE(std::abs(std::remainder(111.333 * block * block * block + seed * 131.92111, 1.0)) > 1e-6);

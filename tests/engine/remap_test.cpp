@@ -70,6 +70,11 @@ TEST(Remap, OfARangeWithoutWidthIsTheOutputsEnd) {
     EXPECT_EQ(Straight(7, {3, 3}, {5, 5}), 5);
 }
 
+TEST(Remap, HoldsNothingThatLiesJustInsideTheRange) {
+    EXPECT_NEAR(Remap(0.0005, {0, 1}, {0, 8}, nullptr, PastEnd::kWraps, true, true, PlainHost()), 0.004, 1e-15);
+    EXPECT_NEAR(Remap(0.9995, {0, 1}, {0, 8}, nullptr, PastEnd::kWraps, true, true, PlainHost()), 7.996, 1e-14);
+}
+
 TEST(Remap, DoesNotWrapTheVeryEndOfTheRange) {
     EXPECT_EQ(Straight(4, {2, 4}, {10, 20}), 20);
     EXPECT_EQ(Remap(4, {2, 4}, {10, 20}, nullptr, PastEnd::kIsCut, false, false, PlainHost()), 20);

@@ -76,7 +76,7 @@ constexpr Mistake kMistakes[] = {
      "Message: document.insert_object: found nodes of two documents, expected those of one"}};
 
 INSTANTIATE_TEST_SUITE_P(Anywhere, Judge, ::testing::ValuesIn(kMistakes),
-                         [](const auto &info) { return std::string(info.param.name); });
+                         [](const auto &test) { return std::string(test.param.name); });
 
 // In answer to a message these calls are right.
 class JudgeOfFrames : public Judge {};
@@ -100,7 +100,7 @@ constexpr Mistake kMistakesOfFrames[] = {
     {"kKeysInAFrame", "animation.add_key"},          {"kSelectsInAFrame", "document.set_active_object"}};
 
 INSTANTIATE_TEST_SUITE_P(Frames, JudgeOfFrames, ::testing::ValuesIn(kMistakesOfFrames),
-                         [](const auto &info) { return std::string(info.param.name); });
+                         [](const auto &test) { return std::string(test.param.name); });
 
 // The same calls in answer to a message that another thread sends.
 class JudgeOfThreads : public Judge {};
@@ -121,7 +121,7 @@ constexpr Mistake kMistakesOfThreads[] = {{"kOpensAStepInAFrame", "document.star
                                           {"kAsksInAFrame", "general.question"}};
 
 INSTANTIATE_TEST_SUITE_P(Threads, JudgeOfThreads, ::testing::ValuesIn(kMistakesOfThreads),
-                         [](const auto &info) { return std::string(info.param.name); });
+                         [](const auto &test) { return std::string(test.param.name); });
 
 }  // namespace
 }  // namespace host::testing

@@ -13,9 +13,9 @@ namespace {
 class Links : public ::testing::Test {
   protected:
     // The document owns what is inserted.
-    Object *Insert(Document *document) {
+    Object *Insert(Document *into) {
         Object *object = Object::Create(kTypeNull).release();
-        document->InsertObject(object);
+        into->InsertObject(object);
         return object;
     }
     Document document, other_document;

@@ -40,7 +40,7 @@ TEST(FormatNumber, WritesNoNegativeZeroAndNoNoiseAroundZero) {
 }
 
 RC_GTEST_PROP(FormatNumber, IsReadBackToFourteenDigits, ()) {
-    const double value = *rc::gen::inRange<std::int64_t>(-1000000000000, 1000000000000) / 7919.0;
+    const double value = static_cast<double>(*rc::gen::inRange<std::int64_t>(-1000000000000, 1000000000000)) / 7919.0;
     const std::optional<double> back = ParseNumber(FormatNumber(value));
     RC_ASSERT(back.has_value());
     RC_ASSERT(std::abs(*back - value) <= std::abs(value) * 1e-14);

@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(With, AnyPath,
                                          Name{"Umlauts", "\xC3\x9C-bergr\xC3\xB6\xC3\x9F-en"},
                                          Name{"Japanese", "\xE6\x89\x8B\xE3\x81\xB6\xE3\x82\x8C"},
                                          Name{"Length", kLong}),
-                         [](const testing::TestParamInfo<Name> &info) { return std::string(info.param.title); });
+                         [](const testing::TestParamInfo<Name> &test) { return std::string(test.param.title); });
 
 #ifdef _WIN32
 // Elsewhere a share has a path like any other. script/windows names one.

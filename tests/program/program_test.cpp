@@ -206,8 +206,8 @@ INSTANTIATE_TEST_SUITE_P(
                     BadInput{"gap.csv", kRow0 + "7,1,2,3,4,5,6,36,500\n", ":3"},
                     BadInput{"far.csv", std::string(kHeader) + "99999999999999999999,1,2,3,4,5,6,36,500\n", ":2"},
                     BadInput{"short.chan", "1 2 3\n", ":1"}, BadInput{"nan.chan", "1 1 2 3 4 nan 6 30\n", ":1"}),
-    [](const auto &info) {
-        std::string name = info.param.name;
+    [](const auto &test) {
+        std::string name = test.param.name;
         std::replace(name.begin(), name.end(), '.', 'x');
         return name;
     });

@@ -14,9 +14,9 @@ class WithGlue : public testing::Test {
   protected:
     WithGlue() : WithGlue(TREMOLUX_MODULE_FILE) {}
 
-    explicit WithGlue(const std::filesystem::path &module_file) : application_(Settings(folder_.Path())) {
+    explicit WithGlue(const std::filesystem::path &file) : application_(Settings(folder_.Path())) {
         TableFilename name{};
-        host::Assign(&name, module_file);
+        host::Assign(&name, file);
         started_ = c4d_main(C4DPL_INIT_SYS, const_cast<HostTable *>(host::Application::Table()), nullptr, &name);
         host::ReleaseText(&name.path);
     }

@@ -68,6 +68,6 @@ TEST_P(WithoutInput, TheFlagIsOffAndTheWorkContainerIsEmpty) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, WithoutInput, testing::ValuesIn(kOperations),
-                         [](const testing::TestParamInfo<Operation> &info) { return info.param.name; });
+                         [](const testing::TestParamInfo<Operation> &test) { return test.param.name; });
 
 }  // namespace

@@ -1,5 +1,8 @@
 // The module's start, seen from inside: what is registered before it says no.
+#include <thread>
+
 #include "host/files/safe_write.h"
+#include "presets/folders.h"
 #include "tests/source/glue.h"
 
 namespace {
@@ -80,6 +83,15 @@ TEST_F(Start, AnswersTheMessagesOfTheStartAndNoOther) {
 TEST_F(Start, RefusesTheStartMessageWithoutItsResources) {
     fs::remove_all(Path() / "res");
     EXPECT_EQ(Send(C4DPL_INIT_SYS), C4DPL_ERROR);
+}
+
+TEST_F(Start, LetsOtherThreadsSeeTheUsersFolder) {
+    const Filename folder("presets of mine");
+    RememberUserPresetFolder(folder);
+    bool is_seen = false;
+    std::thread([&] { is_seen = UserPresetFolder() == folder; }).join();
+    EXPECT_TRUE(is_seen);
+    ForgetUserPresetFolder();
 }
 
 }  // namespace

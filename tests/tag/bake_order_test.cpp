@@ -68,6 +68,6 @@ INSTANTIATE_TEST_SUITE_P(
         Bake{"BruteForceBake",
              6175,
              {{1010, 0}, {500, 0}, {903, 1000}, {903, 1001}, {903, 1002}, {904, 1000}, {904, 1001}, {904, 1002}}}),
-    [](const testing::TestParamInfo<Bake> &info) { return info.param.name; });
+    [](const testing::TestParamInfo<Bake> &test) { return test.param.name; });
 
 }  // namespace

@@ -162,6 +162,12 @@ TEST_F(BothBakes, AgreeOnAnimatedSettings) {
     ExpectAgreement();
 }
 
+TEST_F(BothBakes, PassOverATrackWithoutKeys) {
+    AddTrack(scene().tag, host::MakeId(6152), {});
+    AddTrack(scene().tag, host::MakeId(6024), {});
+    ExpectAgreement();
+}
+
 TEST_F(BothBakes, AgreeOnAMovingTargetAndFocusObject) {
     AnimateWholeInput();
     host::Object *subject = scene().AddObject(host::kTypeNull, {0, 120, 300});

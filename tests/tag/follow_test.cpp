@@ -71,7 +71,7 @@ class Following : public WithScene, public testing::WithParamInterface<Channel> 
 };
 
 INSTANTIATE_TEST_SUITE_P(Each, Following, testing::ValuesIn(Channels()),
-                         [](const auto &info) { return info.param.name; });
+                         [](const auto &test) { return test.param.name; });
 
 TEST_P(Following, WithEveryAmountAtZeroIsThereAtOnce) {
     for (const double value : Step(0, 0, 0.5, 5)) EXPECT_NEAR(value, StepSize(), 1e-12);

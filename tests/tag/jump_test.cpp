@@ -151,6 +151,18 @@ RC_GTEST_FIXTURE_PROP(Jump, ReplaysTheTracksOfWhatDrivesTheClocks, ()) {
     RC_ASSERT(tag_test::Difference(scene->Camera(), played) < 1e-9);
 }
 
+TEST_F(Jump, ReplaysTheTrackOfEachParameterThatDrivesAClock) {
+    for (const std::int32_t id : {kSpeed, kVariation, kFocusSpeed, kZoomSpeed, kSeed}) {
+        auto scene = StandingScene(30, 0, false);
+        Animate(scene->tag, host::MakeId(id), 30, {{0, 0}, {40, 0.75}});
+        scene->Play(0, 40);
+        const ClockValues clocks = ClocksOf(*scene);
+        scene->Show(200);
+        scene->Show(40);
+        EXPECT_LT(Difference(ClocksOf(*scene), clocks), 1e-9) << id;
+    }
+}
+
 TEST_F(Jump, ReadsATrackAtEveryReplayedFrame) {
     // Speed 0 up to frame 9 and 1 from frame 10 on, no variation: frame 11 to 30 add 1 each.
     auto scene = StandingScene(30, 0, false);

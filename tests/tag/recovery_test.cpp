@@ -41,7 +41,8 @@ class Recovery : public WithScene {
     }
     void PlayFinite(std::int64_t first, std::int64_t last) {
         for (std::int64_t frame = first; frame <= last; ++frame) {
-            scene().PlaceInput({10.0 + 5 * frame, 150, -400}, {0.4 + 0.05 * frame, -0.2, 0.1});
+            const auto passed = static_cast<double>(frame);
+            scene().PlaceInput({10 + 5 * passed, 150, -400}, {0.4 + 0.05 * passed, -0.2, 0.1});
             scene().Show(frame);
             ExpectFinite();
         }

@@ -62,6 +62,7 @@ TEST_F(UserPresets, AreShownAndChosenAfterSaving) {
     EXPECT_EQ(State().Whole(3005), kUser);
     EXPECT_EQ(PresetNames(), Names{"Walk"});
     EXPECT_EQ(State().Whole(kPreset, 7), 0);
+    EXPECT_EQ(State().Whole(3006, 7), 0);
     EXPECT_EQ(State().Whole(1040441), 4);
     Type(kPositionSlow, host::Data(0.9));
     EXPECT_EQ(State().Whole(kPreset), kCustom);
@@ -493,6 +494,17 @@ TEST_F(Imports, AreTakenOverAtTheFirstEvaluation) {
     EXPECT_EQ(PresetNames(), (Names{"First", "Second", "Added"}));
 }
 
+TEST_F(Imports, BesideFoldersAreTakenOverAll) {
+    Names taken;
+    for (int i = 1; i < 8; ++i) {
+        taken.push_back(std::to_string(i) + "_Mine" + std::to_string(i));
+        Import("User", taken.back(), 0.1);
+        fs::create_directories(From() / "User" / ("folder" + std::to_string(i)));
+    }
+    scene().Evaluate();
+    EXPECT_EQ(Files(), taken);
+}
+
 TEST_F(Imports, TakeThePlaceOfWhatHasTheirName) {
     Import("1_A", "9_second", 0.9);
     scene().Evaluate();
@@ -611,6 +623,18 @@ TEST_F(Imports, OfTwoOfTheirNameTakeThePlaceOfTheFirstInTheList) {
     scene().Evaluate();
     EXPECT_EQ(NamesIn(Root() / "1_A"), (Names{"10_Second", "1_First", "2_Second"}));
     EXPECT_EQ(BuiltInValue("1_A", "2_Second"), 0.9);
+}
+
+TEST_F(Imports, OfManyOfTheirNameTakeThePlaceOfTheFirstInTheList) {
+    Names kept = {"1_First", "99_Second"};
+    for (int prefix = 12; prefix > 2; --prefix) {
+        kept.push_back(std::to_string(prefix) + "_Second");
+        BuiltIn("1_A", kept.back());
+    }
+    Import("1_A", "99_Second", 0.9);
+    scene().Evaluate();
+    std::sort(kept.begin(), kept.end());
+    EXPECT_EQ(NamesIn(Root() / "1_A"), kept) << "2_Second is gone";
 }
 
 TEST_F(Imports, HappenWhenASceneWasLoadedToo) {

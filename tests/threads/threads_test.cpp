@@ -176,7 +176,7 @@ TEST_P(ThreadsBeforeTheHost, ShowInEachDocumentWhatOneThreadShows) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, ThreadsBeforeTheHost, testing::Bool(),
-                         [](const auto &info) { return info.param ? "Judged" : "Alone"; });
+                         [](const auto &test) { return test.param ? "Judged" : "Alone"; });
 
 TEST_F(Threads, ShowInClonesWhatTheirOriginalShows) {
     Start();
