@@ -143,6 +143,12 @@ TEST_F(Driver, AReplayWithoutContainerOrCameraDoesNothing) {
     EXPECT_TRUE(State() == before);
 }
 
+TEST_F(Driver, CollectingPresetsWithoutAContainerChangesNothing) {
+    const host::Container before = State();
+    probe_->CollectCategoryPresets(NULL);
+    EXPECT_TRUE(State() == before);
+}
+
 TEST_F(Driver, AReplayToAFrameStopsBeforeIt) {
     State().SetReal(6149, 0);  // the step equals the speed
     State().SetReal(6152, 2);

@@ -198,6 +198,7 @@ TEST_F(Buttons, HelpOpensTheGuideThatComesWithTheModule) {
 
 TEST_F(Buttons, ThatAreNoneAndMessagesWithoutDataDoNothing) {
     const host::Container before = State();
+    const int events = running_->App().requests.events;
     scene().document->Undo().Flush();
     TableDescriptionCommand press{};
     for (const std::int32_t id : {0, -1, 5999, 6002, 2147483647}) {
@@ -213,6 +214,7 @@ TEST_F(Buttons, ThatAreNoneAndMessagesWithoutDataDoNothing) {
     TableGetCustomIcon no_icon{};
     EXPECT_FALSE(scene().tag->SendMessage(1001090, &no_icon));
     EXPECT_TRUE(State() == before);
+    EXPECT_EQ(running_->App().requests.events, events);
 }
 
 TEST_F(Buttons, CreateMakesANullAtTheTopAndLinksIt) {

@@ -56,6 +56,12 @@ TEST_F(Presets, AnEmptyCategoryListsTheFixedEntriesAlone) {
     EXPECT_EQ(Entries(kCategory).front(), (Entry{0, "Empty"}));
 }
 
+TEST_F(Presets, ThatAreNotThereAreNotChangedByAnEdit) {
+    Start();
+    Type(kPositionSlow, host::Data(0.9));
+    EXPECT_EQ(State().Whole(kChanged), 0);
+}
+
 TEST_F(Presets, AllListsBuiltInOnesAndTheUsers) {
     BuiltIn("1_A", "3_C");
     BuiltIn("2_B", "1_A");

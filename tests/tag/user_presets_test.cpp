@@ -62,10 +62,24 @@ TEST_F(UserPresets, AreShownAndChosenAfterSaving) {
     EXPECT_EQ(State().Whole(3005), kUser);
     EXPECT_EQ(PresetNames(), Names{"Walk"});
     EXPECT_EQ(State().Whole(kPreset, 7), 0);
-    EXPECT_EQ(State().Whole(3006, 7), 0);
     EXPECT_EQ(State().Whole(1040441), 4);
     Type(kPositionSlow, host::Data(0.9));
     EXPECT_EQ(State().Whole(kPreset), kCustom);
+}
+
+TEST_F(UserPresets, AreRememberedByTheirPlaceInTheList) {
+    Save("Amble");
+    Save("Walk");
+    EXPECT_EQ(State().Whole(kPreset), 1);
+    EXPECT_EQ(State().Whole(3006), 1);
+}
+
+TEST_F(UserPresets, AreShownAmongTheCategoriesThatAreThereWhenTheyAreSaved) {
+    BuiltIn("3_C", "1_New");
+    Save("Walk");
+    const auto categories = Entries(kCategory);
+    ASSERT_EQ(categories.size(), 5u);
+    EXPECT_EQ(categories[2].second, "C");
 }
 
 TEST_F(UserPresets, AreNumberedByTheFilesInTheFolder) {
@@ -499,7 +513,7 @@ TEST_F(Imports, BesideFoldersAreTakenOverAll) {
     for (int i = 1; i < 8; ++i) {
         taken.push_back(std::to_string(i) + "_Mine" + std::to_string(i));
         Import("User", taken.back(), 0.1);
-        fs::create_directories(From() / "User" / ("folder" + std::to_string(i)));
+        fs::create_directories(From() / "User" / ("0folder" + std::to_string(i)));
     }
     scene().Evaluate();
     EXPECT_EQ(Files(), taken);
