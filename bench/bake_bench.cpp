@@ -11,7 +11,7 @@ void Bake(benchmark::State &state, std::int32_t button) {
     bench::Scene scene;
     const std::int64_t frames = state.range(0);
     scene.SetLastFrame(frames - 1);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         scene.Press(button);
         state.PauseTiming();
         scene.Press(ids::kUnBake);

@@ -18,7 +18,7 @@ static void ContainerRead(benchmark::State &state) {
     bench::Scene scene;
     const host::Container &data = scene.Tag().Data();
     std::size_t next = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         benchmark::DoNotOptimize(data.Real(kIds[next]));
         next = (next + 1) % std::size(kIds);
     }
@@ -29,7 +29,7 @@ static void ContainerWrite(benchmark::State &state) {
     bench::Scene scene;
     host::Container &data = scene.Tag().Data();
     std::size_t next = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         data.SetReal(kIds[next], static_cast<double>(next));
         next = (next + 1) % std::size(kIds);
     }

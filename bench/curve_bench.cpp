@@ -17,7 +17,7 @@ void AddKnots(host::Spline *spline) {
 }  // namespace
 
 static void CurveBuild(benchmark::State &state) {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const std::unique_ptr<HostCustomData> data(host::CreateCustomData(host::kDataSpline));
         AddKnots(static_cast<host::Spline *>(data.get()));
         benchmark::DoNotOptimize(data.get());
@@ -29,7 +29,7 @@ static void CurveValue(benchmark::State &state) {
     host::Spline spline;
     AddKnots(&spline);
     double x = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         x = x < 1 ? x + 0.0137 : 0;
         benchmark::DoNotOptimize(spline.ValueAt(x));
     }

@@ -32,7 +32,7 @@ void Expect(bool done, const std::string &error) {
 
 static void Panel(benchmark::State &state) {
     bench::Scene scene;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         host::Description description;
         benchmark::DoNotOptimize(host::BuildDescription(&scene.Tag(), nullptr, 0, &description));
     }
@@ -43,7 +43,7 @@ static void SaveKeys(benchmark::State &state) {
     bench::Scene scene;
     AddKeys(&scene.Camera());
     std::string error;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         Expect(host::SaveDocument(&scene.Document(), scene.UserFolder() / "keys.scene", &error), error);
     state.counters["of"] = kKeys;
 }
@@ -55,7 +55,7 @@ static void LoadKeys(benchmark::State &state) {
     const std::filesystem::path file = scene.UserFolder() / "keys.scene";
     std::string error;
     Expect(host::SaveDocument(&scene.Document(), file, &error), error);
-    for (auto _ : state) Expect(host::LoadDocument(file, &error) != nullptr, error);
+    for ([[maybe_unused]] auto _ : state) Expect(host::LoadDocument(file, &error) != nullptr, error);
     state.counters["of"] = kKeys;
 }
 BENCHMARK(LoadKeys)->Unit(benchmark::kMillisecond);

@@ -9,7 +9,7 @@
 static void EvaluatedFrame(benchmark::State &state) {
     bench::Scene scene;
     std::int64_t frame = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         frame = (frame + 1) % 1000;
         scene.Evaluate(frame);
         benchmark::DoNotOptimize(scene.CameraPosition());
@@ -23,7 +23,7 @@ static void EvaluatedTag(benchmark::State &state) {
     bench::Scene scene;
     host::Tag &tag = scene.Tag();
     std::int64_t frame = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         scene.Document().SetFrame(frame = (frame + 1) % 1000);
         benchmark::DoNotOptimize(
             tag.Registration().execute(tag.Plugin(), &tag, &scene.Document(), &scene.Camera(), nullptr, 0, 0));
@@ -36,7 +36,7 @@ static void Layer(benchmark::State &state) {
     bench::Scene scene;
     scene.KeepLayer(static_cast<bench::Layer>(state.range(0)));
     std::int64_t frame = 0;
-    for (auto _ : state) scene.Evaluate(frame = (frame + 1) % 1000);
+    for ([[maybe_unused]] auto _ : state) scene.Evaluate(frame = (frame + 1) % 1000);
 }
 BENCHMARK(Layer)->DenseRange(0, 8)->Unit(benchmark::kMicrosecond);
 
@@ -45,7 +45,7 @@ static void FirstJump(benchmark::State &state) {
     bench::Scene scene;
     scene.SetLastFrame(state.range(0));
     double seed = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         scene.Tag().Data().SetReal(ids::kSeed, ++seed);
         scene.Evaluate(state.range(0) - static_cast<std::int64_t>(seed) % 2 * 10);
         benchmark::DoNotOptimize(scene.CameraPosition());
@@ -59,7 +59,7 @@ static void LaterJump(benchmark::State &state) {
     scene.SetLastFrame(state.range(0));
     scene.Evaluate(state.range(0));
     bool there = true;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         there = !there;
         scene.Evaluate(there ? state.range(0) : state.range(0) - 10);
         benchmark::DoNotOptimize(scene.CameraPosition());

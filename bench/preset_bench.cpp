@@ -56,7 +56,7 @@ class ManyPresets {
 
 static void FirstTagWithAThousandPresets(benchmark::State &state) {
     ManyPresets presets;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
         presets.Scene().RestartModule();
         state.ResumeTiming();
@@ -70,7 +70,7 @@ static void CopyOfATagWithAThousandPresets(benchmark::State &state) {
     ManyPresets presets;
     presets.Scene().RestartModule();
     presets.Scene().MakeTag();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         host::Node *copy = presets.Scene().Tag().Clone(0, nullptr);
         benchmark::DoNotOptimize(copy);
         state.PauseTiming();

@@ -80,7 +80,7 @@ void AnimateComponent(host::Object *object, std::int32_t parameter, std::int32_t
 // A folder of this run alone: two measurements at the same time keep out of each other's way.
 std::filesystem::path NewTemporaryFolder() {
     std::random_device random;
-    const std::filesystem::path folder =
+    std::filesystem::path folder =
         std::filesystem::temp_directory_path() / ("tremolux-bench-" + std::to_string(random()));
     std::filesystem::create_directories(folder);
     return folder;

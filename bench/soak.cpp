@@ -23,7 +23,7 @@ constexpr int kFramesBetweenEdits = 211, kFramesBetweenJumps = 503, kEditsBetwee
 constexpr std::int32_t kClocks[] = {ids::kClockStep, ids::kShakeClock,     ids::kFocusClock, ids::kZoomDriftClock,
                                     ids::kJoltClock, ids::kAuxiliaryClock, ids::kZoomClock};
 constexpr double kMostDrift = 1e-9;
-constexpr std::size_t kMostGrowth = 64 * 1024;  // bytes: what the library keeps for itself
+constexpr std::size_t kMostGrowth = std::size_t{64} * 1024;  // bytes: what the library keeps for itself
 
 std::size_t HeapInUse() { return mallinfo2().uordblks; }
 

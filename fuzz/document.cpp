@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 // Lives as long as the process.
 const fs::path &Folder() {
     static const fs::path folder = [] {
-        const fs::path made = fs::temp_directory_path() / ("tremolux-fuzz-" + std::to_string(host::ProcessId()));
+        fs::path made = fs::temp_directory_path() / ("tremolux-fuzz-" + std::to_string(host::ProcessId()));
         fs::create_directories(made);
         static host::Application application{host::ApplicationSettings{made, made, {}}};
         return made;

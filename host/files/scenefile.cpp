@@ -193,9 +193,9 @@ class SceneReader {
             auto key = std::make_unique<Key>();
             if (!ReadKey(key.get())) return false;
             // The parameter of a tag whose module is missing may not be known as one that moves.
-            if (track != nullptr && track->GetCurve()->InsertKey(key.get())) key.release();
+            if (track != nullptr && track->GetCurve()->InsertKey(key.get())) static_cast<void>(key.release());
         }
-        if (track != nullptr && node->InsertTrack(track.get())) track.release();
+        if (track != nullptr && node->InsertTrack(track.get())) static_cast<void>(track.release());
         return true;
     }
 

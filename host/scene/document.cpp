@@ -151,9 +151,7 @@ std::vector<Node *> Document::AllNodes() const {
     return nodes;
 }
 
-void Document::DestroyBranches() {
-    while (objects_.first != nullptr) delete objects_.first;
-}
+void Document::DestroyBranches() { objects_.Clear(); }
 
 // ---- Selection
 

@@ -166,6 +166,7 @@ struct NodeList {
     Node *owner = nullptr;
     Node *first = nullptr, *last = nullptr;
     ~NodeList();
+    void Clear();  // deletes what stands in it
     void InsertFirst(Node *node);
     void InsertLast(Node *node);
     void InsertAfter(Node *node, Node *predecessor);

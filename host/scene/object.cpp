@@ -136,9 +136,7 @@ Tag *Object::MakeTag(std::int32_t type, Tag *predecessor) {
     return tag.release();
 }
 
-void Object::DestroyBranches() {
-    while (tags_.first != nullptr) delete tags_.first;
-}
+void Object::DestroyBranches() { tags_.Clear(); }
 
 bool Object::CopyOwnState(Node *copy, std::int32_t flags, HostAliasTrans *translation) const {
     Object *object = static_cast<Object *>(copy);

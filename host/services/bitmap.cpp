@@ -13,7 +13,7 @@ namespace {
 
 // More than any icon needs, little enough for memory.
 constexpr std::int32_t kLargestSide = 16384;
-constexpr std::int64_t kMostPixels = 64 * 1024 * 1024;
+constexpr std::int64_t kMostPixels = std::int64_t{64} * 1024 * 1024;
 
 bool IsSensible(std::int64_t width, std::int64_t height) {
     return width > 0 && height > 0 && width <= kLargestSide && height <= kLargestSide && width * height <= kMostPixels;

@@ -122,6 +122,7 @@ int ChildProcess::Finish() {
 bool ChildProcess::Start(const std::vector<std::string> &command, const std::filesystem::path &out,
                          const std::filesystem::path &err) {
     std::vector<char *> words;
+    words.reserve(command.size() + 1);
     for (const std::string &word : command) words.push_back(const_cast<char *>(word.c_str()));
     words.push_back(nullptr);
     // A socket, not a pipe: writing to a program that has ended then is an error and no signal.

@@ -32,6 +32,7 @@ enum ModuleMessage : std::int32_t {
 
 std::int32_t Send(ModuleMain main, ModuleMessage message, void *data = nullptr) {
     const Operation operation("PluginMessage");
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a message travels as a pointer.
     return main(kActionMessage, reinterpret_cast<void *>(static_cast<std::intptr_t>(message)), data, nullptr);
 }
 

@@ -92,7 +92,7 @@ double *Component(Vector *vector, std::int32_t id) {
 }  // namespace
 
 Container::Container() : Container(0) {}
-Container::Container(std::int32_t own_id) : TableContainer{nullptr, own_id, 0} {}
+Container::Container(std::int32_t own_id) : TableContainer() { id = own_id; }
 Container::Container(const Container &other) : Container() { CopyFrom(other, nullptr); }
 Container::Container(Container &&other) noexcept : Container() { std::swap<TableContainer>(*this, other); }
 
@@ -203,7 +203,7 @@ bool Container::RemoveAt(std::int32_t index) {
 
 void Container::Merge(const Container &source) {
     // A copy, for `source` may lie inside an entry that is replaced.
-    const Container copy(source);
+    const Container copy(source);  // NOLINT(performance-unnecessary-copy-initialization)
     for (std::int32_t i = 0; i < copy.Count(); ++i) Set(copy.IdAt(i), *copy.DataAt(i));
 }
 

@@ -14,7 +14,7 @@ class StringUnit {
         return *this;
     }
     StringUnit(const StringUnit &) = default;
-    StringUnit &operator=(const StringUnit &other) { return *this = UWORD(other); }
+    StringUnit &operator=(const StringUnit &other) { return this == &other ? *this : *this = UWORD(other); }
 
   private:
     UWORD *unit_;

@@ -46,7 +46,7 @@ void Film(const PreviewOptions &options) {
 CameraMove StandingCamera() {
     CameraMove move;
     move.frames_per_second = kTrailRate;
-    move.samples.resize(static_cast<std::size_t>(kTrailSeconds * kTrailRate));
+    move.samples.resize(std::size_t{kTrailSeconds} * kTrailRate);
     for (CameraSample &sample : move.samples) {
         sample.position.y = kTrailHeight;
         sample.focus_distance = 520;  // the nearest figure

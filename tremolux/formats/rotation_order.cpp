@@ -4,7 +4,7 @@
 
 namespace tremolux {
 
-using host::operator*;
+using host::operator*;  // NOLINT(misc-unused-using-decls): which overlooks operators
 
 namespace {
 

@@ -179,7 +179,8 @@ class Reader {
                        std::to_string(kMaxFrameNumber) + " and " + std::to_string(kMaxFrameNumber));
         }
         move->first_frame = static_cast<std::int64_t>(first);
-        for (double frame = first; frame <= last; ++frame) move->samples.push_back(SampleAt(camera, frame));
+        for (std::int64_t frame = move->first_frame; frame <= static_cast<std::int64_t>(last); ++frame)
+            move->samples.push_back(SampleAt(camera, static_cast<double>(frame)));
     }
 
     CameraSample SampleAt(const UsdaPrim &camera, double frame) const {
@@ -255,16 +256,16 @@ CameraMove ReadUsda(const std::string &file, std::string_view bytes, const Forma
 
 std::string WriteUsda(const CameraMove &move, const FormatOptions &options) {
     const std::string rate = std::to_string(move.frames_per_second);
-    const std::string width = FormatNumber(move.aperture_width);
-    const std::string height = FormatNumber(move.aperture_width * options.height / options.width);
+    std::string width = FormatNumber(move.aperture_width);
+    std::string height = FormatNumber(move.aperture_width * options.height / options.width);
     return "#usda 1.0\n(\n    defaultPrim = \"Camera\"\n    metersPerUnit = " + FormatNumber(kMetresPerSceneUnit) +
            "\n    upAxis = \"Y\"\n    startTimeCode = " + std::to_string(move.first_frame) +
            "\n    endTimeCode = " + std::to_string(move.LastFrame()) + "\n    timeCodesPerSecond = " + rate +
            "\n    framesPerSecond = " + rate +
            "\n)\n\ndef Camera \"Camera\"\n{\n    token projection = \"perspective\"\n"
            "    float2 clippingRange = (1, 1000000)\n" +
-           Samples(move, "float horizontalAperture", [&](const CameraSample &) { return width; }) +
-           Samples(move, "float verticalAperture", [&](const CameraSample &) { return height; }) +
+           Samples(move, "float horizontalAperture", [&width](const CameraSample &) { return width; }) +
+           Samples(move, "float verticalAperture", [&height](const CameraSample &) { return height; }) +
            Samples(move, "float focalLength", [](const CameraSample &s) { return FormatNumber(s.focal_length); }) +
            Samples(move, "float focusDistance", [](const CameraSample &s) { return FormatNumber(s.focus_distance); }) +
            Samples(move, "matrix4d xformOp:transform", MatrixText) +
