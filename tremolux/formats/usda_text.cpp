@@ -7,7 +7,7 @@ namespace tremolux {
 namespace {
 
 constexpr std::string_view kHeader = "#usda 1.";
-constexpr std::string_view kPunctuation = "()[]{}=:,;";
+constexpr std::string_view kMarks = "()[]{}=:,;";
 constexpr int kMaxDepth = 64;  // of brackets and prims within each other
 
 struct Token {
@@ -69,7 +69,7 @@ class Tokens {
         }
         if (rest_.front() == '<') return ReadQuoted("<", ">");
         std::size_t length = 1;
-        if (kPunctuation.find(rest_.front()) != std::string_view::npos) {
+        if (kMarks.find(rest_.front()) != std::string_view::npos) {
             next_.kind = Token::kPunctuation;
         } else {
             next_.kind = Token::kWord;
@@ -88,7 +88,7 @@ class Tokens {
             return !letter || ParseNumber(rest_.substr(0, at)).has_value();
         }
         return IsBlank(c) || c == '"' || c == '\'' || c == '<' || c == '#' ||
-               kPunctuation.find(c) != std::string_view::npos;
+               kMarks.find(c) != std::string_view::npos;
     }
 
     const SourceText &source_;
