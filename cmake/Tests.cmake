@@ -126,7 +126,9 @@ tremolux_add_tests(engine module_engine)
 tremolux_add_tests(source module_code embedded_host)
 tremolux_add_tests(tag embedded_host)
 if(TARGET tag_tests)
-    target_compile_definitions(tag_tests PRIVATE TREMOLUX_HOST_MEMORY_MODULE="${drive}$<TARGET_FILE:host_memory>")
+    target_compile_definitions(
+        tag_tests PRIVATE TREMOLUX_HOST_MEMORY_MODULE="${drive}$<TARGET_FILE:host_memory>"
+                          $<$<BOOL:${TREMOLUX_SANITIZE}>:TREMOLUX_SANITIZED>)
     add_dependencies(tag_tests host_memory)
 endif()
 tremolux_add_tests(threads embedded_host)

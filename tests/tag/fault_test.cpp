@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 // Sanitizers make each try many times dearer, and there are thousands: there some stand for their neighbours. Under
 // Windows each load of a module keeps one of a process's few thread-local slots.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef TREMOLUX_SANITIZED
 constexpr std::int64_t kStride = 7, kLoadStride = 25;
 #elif defined(_WIN32)
 constexpr std::int64_t kStride = 1, kLoadStride = 25;
