@@ -103,18 +103,18 @@ constexpr LONG kInputRow = 6173, kPresetRow = 6002, kOverall = 6019, kScaleRow =
                kShakeRow = 6040, kJolts = 6036, kBakeRow = 6045, kTargetRow = 6067, kFocusRow = 6056, kRatios = 6074,
                kExportRow = 6191, kPathRow = 6177;
 
-constexpr PanelElement Parameter(PanelKind kind, LONG parent, ParameterInfo parameter, const CHAR *sentence) {
+constexpr PanelElement Parameter(PanelKind kind, LONG parent, const ParameterInfo &parameter, const CHAR *sentence) {
     PanelElement element = Element(kind, parameter.id, parent);
     element.parameter = parameter;
     element.parameter.sentence = sentence;
     return element;
 }
 
-constexpr PanelElement Row(LONG parent, ParameterInfo parameter, const CHAR *sentence) {
+constexpr PanelElement Row(LONG parent, const ParameterInfo &parameter, const CHAR *sentence) {
     return Parameter(PanelKind::kParameter, parent, parameter, sentence);
 }
 
-constexpr PanelElement Hidden(ParameterInfo parameter, const CHAR *sentence) {
+constexpr PanelElement Hidden(const ParameterInfo &parameter, const CHAR *sentence) {
     return Parameter(PanelKind::kHidden, kPanelRoot, parameter, sentence);
 }
 

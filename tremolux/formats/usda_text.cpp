@@ -87,8 +87,7 @@ class Tokens {
             const bool letter = (next >= 'a' && next <= 'z') || (next >= 'A' && next <= 'Z') || next == '_';
             return !letter || ParseNumber(rest_.substr(0, at)).has_value();
         }
-        return IsBlank(c) || c == '"' || c == '\'' || c == '<' || c == '#' ||
-               kMarks.find(c) != std::string_view::npos;
+        return IsBlank(c) || c == '"' || c == '\'' || c == '<' || c == '#' || kMarks.find(c) != std::string_view::npos;
     }
 
     const SourceText &source_;
