@@ -39,7 +39,7 @@ PresetText ReadPresetText(const std::filesystem::path &file) {
             source.Refuse(line.number, 1, tremolux::Quoted(text), "NAME = VALUE, [settings] or [motion]");
         const std::string key(Trimmed(text.substr(0, equals))), value(Trimmed(text.substr(equals + 1)));
         if (section == Section::kSettings) {
-            preset.settings.push_back(key + "=" + value);
+            preset.settings.emplace_back(key).append("=").append(value);
         } else if (section == Section::kHead) {
             if (key != "name" && key != "about") source.Refuse(line.number, 1, tremolux::Quoted(key), "name or about");
             (key == "name" ? preset.name : preset.about) = value;

@@ -81,7 +81,8 @@ std::string JoltMarks(const PlayedMotion &motion) {
     std::string text;
     for (const std::int64_t frame : motion.jolts) {
         const std::string at = FormatNumber(static_cast<double>(frame) / motion.output.frames_per_second);
-        text += "set arrow from " + at + ", graph 0 to " + at + ", graph 1 nohead back linestyle 3\n";
+        text.append("set arrow from ").append(at).append(", graph 0 to ").append(at);
+        text += ", graph 1 nohead back linestyle 3\n";
     }
     return text;
 }
@@ -195,10 +196,10 @@ std::string DrawMotion(const PlayedMotion &motion, PlotFormat format) {
         if (i == 0) script += "set key at screen 0.985, screen 0.985 right top horizontal samplen 3\n";
         if (i == 1) script += "unset key\n";
         if (i + 2 >= std::size(kPanels)) script += "set xlabel \"time, seconds\" offset 0,0.5\n";
-        script += VerticalRange(motion, kPanels[i]) + "set ylabel \"" + kPanels[i].title +
-                  "\"\nplot $move using 1:" + columns +
-                  " with lines linestyle 1 title \"input camera\", $move using 1:" + shaken +
-                  " with lines linestyle 2 title \"shaken camera\"";
+        script.append(VerticalRange(motion, kPanels[i])).append("set ylabel \"").append(kPanels[i].title);
+        script.append("\"\nplot $move using 1:").append(columns);
+        script.append(" with lines linestyle 1 title \"input camera\", $move using 1:").append(shaken);
+        script += " with lines linestyle 2 title \"shaken camera\"";
         if (i == 0 && !motion.jolts.empty()) script += ", NaN with lines linestyle 3 title \"jolt\"";
         script += "\n";
     }
