@@ -5,7 +5,7 @@ endif()
 
 function(tremolux_add_fuzz_target name source)
     add_executable(fuzz_${name} "${PROJECT_SOURCE_DIR}/fuzz/${source}")
-    target_link_libraries(fuzz_${name} PRIVATE tremolux_program)
+    target_link_libraries(fuzz_${name} PRIVATE tremolux_library)
     target_compile_definitions(fuzz_${name} PRIVATE ${ARGN})
     target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
     tremolux_set_defaults(fuzz_${name})

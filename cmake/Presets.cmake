@@ -1,6 +1,6 @@
 # The built-in presets: text files in presets/, compiled into the module's folder with each build.
-if(NOT TARGET TremoluxCam OR NOT TARGET tremolux_program)
-    message(STATUS "tremolux/ or the module is missing: no built-in presets")
+if(NOT TARGET TremoluxCam OR NOT TARGET tremolux_library)
+    message(STATUS "library/ or the module is missing: no built-in presets")
     return()
 endif()
 
@@ -19,7 +19,7 @@ add_custom_target(bare_module ALL DEPENDS "${bare_stamp}")
 
 tremolux_room_sources(sources presets/compiler)
 add_executable(preset_compiler ${sources})
-target_link_libraries(preset_compiler PRIVATE tremolux_program)
+target_link_libraries(preset_compiler PRIVATE tremolux_library)
 tremolux_set_defaults(preset_compiler)
 
 file(GLOB_RECURSE preset_texts CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/presets/*.txt")

@@ -1,17 +1,15 @@
-# The command-line program: a library, so that tests reach its parts, and a main.
+# The command-line program over the library: a library itself, so that tests reach its parts, and a main.
 find_package(CLI11 REQUIRED)
-find_package(nlohmann_json REQUIRED)
-find_package(Eigen3 REQUIRED NO_MODULE)
 
 tremolux_room_sources(sources tremolux)
 set(program_main "${PROJECT_SOURCE_DIR}/tremolux/main.cpp")
 list(REMOVE_ITEM sources "${program_main}")
-if(NOT sources OR NOT TARGET embedded_host)
-    message(STATUS "tremolux/ or host/ is empty: no program")
+if(NOT sources OR NOT TARGET tremolux_library)
+    message(STATUS "tremolux/ or library/ is empty: no program")
     return()
 endif()
 add_library(tremolux_program STATIC ${sources})
-target_link_libraries(tremolux_program PUBLIC embedded_host module_ids CLI11::CLI11 nlohmann_json::nlohmann_json Eigen3::Eigen)
+target_link_libraries(tremolux_program PUBLIC tremolux_library CLI11::CLI11)
 tremolux_set_defaults(tremolux_program)
 target_precompile_headers(
     tremolux_program PRIVATE <algorithm> <cmath> <filesystem> <functional> <memory> <nlohmann/json.hpp> <optional> <string>

@@ -3,9 +3,9 @@
 #include <cstdint>
 
 #include "fuzz/require.h"
-#include "tremolux/failure.h"
-#include "tremolux/formats/format.h"
-#include "tremolux/measures/strayed.h"
+#include "library/failure.h"
+#include "library/formats/format.h"
+#include "library/measures/strayed.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 
 #include "fuzz/require.h"
 #include "host/value/time.h"
-#include "tremolux/failure.h"
-#include "tremolux/parameters/lookup.h"
-#include "tremolux/parameters/value.h"
+#include "library/failure.h"
+#include "library/parameters/lookup.h"
+#include "library/parameters/value.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "tremolux/failure.h"
+#include "library/failure.h"
 
 namespace tremolux {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <utility>
 
+#include "library/failure.h"
 #include "tremolux/command_line.h"
 #include "tremolux/commands/commands.h"
-#include "tremolux/failure.h"
 #include "tremolux/process/interrupt.h"
 
 namespace tremolux {

@@ -14,11 +14,11 @@
 #include "host/ui/attribute_manager.h"
 #include "host/value/descid.h"
 #include "host/value/text.h"
+#include "library/failure.h"
+#include "library/parameters/settings.h"
+#include "library/shots/embedded_host.h"
+#include "library/shots/stage.h"
 #include "presets/compiler/preset_text.h"
-#include "tremolux/failure.h"
-#include "tremolux/parameters/settings.h"
-#include "tremolux/shots/embedded_host.h"
-#include "tremolux/shots/stage.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include "host/files/safe_write.h"
 #include "host/value/text.h"
-#include "tremolux/failure.h"
-#include "tremolux/formats/numbers.h"
-#include "tremolux/formats/source_text.h"
+#include "library/failure.h"
+#include "library/formats/numbers.h"
+#include "library/formats/source_text.h"
 
 namespace presets {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "tremolux/measures/motion.h"
+#include "library/measures/motion.h"
 
 namespace tremolux {
 namespace {

@@ -4,9 +4,9 @@
 #include <cmath>
 
 #include "host/scene/angles.h"
+#include "library/formats/numbers.h"
+#include "library/formats/source_text.h"
 #include "tests/program/formats_support.h"
-#include "tremolux/formats/numbers.h"
-#include "tremolux/formats/source_text.h"
 
 namespace tremolux {
 namespace {

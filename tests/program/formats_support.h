@@ -4,12 +4,12 @@
 #include <string>
 #include <string_view>
 
-#include "tremolux/failure.h"
-#include "tremolux/formats/chan.h"
-#include "tremolux/formats/csv.h"
-#include "tremolux/formats/gltf.h"
-#include "tremolux/formats/json.h"
-#include "tremolux/formats/usda.h"
+#include "library/failure.h"
+#include "library/formats/chan.h"
+#include "library/formats/csv.h"
+#include "library/formats/gltf.h"
+#include "library/formats/json.h"
+#include "library/formats/usda.h"
 
 // The one line that a text is refused with; "accepted" when it is not, "status N: ..." for a status other than 2.
 inline std::string RefusalOf(tremolux::CameraMove (*read)(const std::string &, std::string_view,

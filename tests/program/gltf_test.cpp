@@ -4,8 +4,8 @@
 #include <cstring>
 #include <nlohmann/json.hpp>
 
+#include "library/formats/base64.h"
 #include "tests/program/formats_support.h"
-#include "tremolux/formats/base64.h"
 
 namespace tremolux {
 namespace {

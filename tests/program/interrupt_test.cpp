@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "tremolux/failure.h"
+#include "library/failure.h"
 
 namespace tremolux {
 namespace {

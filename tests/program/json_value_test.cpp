@@ -1,4 +1,4 @@
-#include "tremolux/trace/json_value.h"
+#include "library/trace/json_value.h"
 
 #include <gtest/gtest.h>
 

@@ -3,10 +3,10 @@
 
 #include <cmath>
 
+#include "library/frame_rates/smoothing_filter.h"
+#include "library/measures/motion.h"
 #include "tests/program/formats_support.h"
 #include "tests/program/run.h"
-#include "tremolux/frame_rates/smoothing_filter.h"
-#include "tremolux/measures/motion.h"
 
 namespace tremolux {
 namespace {

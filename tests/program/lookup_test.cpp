@@ -1,9 +1,9 @@
-#include "tremolux/parameters/lookup.h"
+#include "library/parameters/lookup.h"
 
 #include <gtest/gtest.h>
 
+#include "library/failure.h"
 #include "tests/program/parameter_support.h"
-#include "tremolux/failure.h"
 
 namespace tremolux {
 namespace {

@@ -1,4 +1,4 @@
-#include "tremolux/formats/numbers.h"
+#include "library/formats/numbers.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>

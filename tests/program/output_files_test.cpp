@@ -4,8 +4,8 @@
 
 #include <filesystem>
 
+#include "library/failure.h"
 #include "tests/program/run.h"
-#include "tremolux/failure.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "tremolux/parameters/parameter.h"
+#include "library/parameters/parameter.h"
 
 inline std::vector<tremolux::Parameter> ExamplePanel() {
     using Kind = tremolux::ParameterKind;

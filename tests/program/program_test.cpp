@@ -7,9 +7,9 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "library/formats/chan.h"
+#include "library/formats/csv.h"
 #include "tests/program/run.h"
-#include "tremolux/formats/chan.h"
-#include "tremolux/formats/csv.h"
 
 namespace {
 

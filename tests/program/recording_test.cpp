@@ -1,4 +1,4 @@
-#include "tremolux/formats/recording.h"
+#include "library/formats/recording.h"
 
 #include <gtest/gtest.h>
 

@@ -5,9 +5,9 @@
 #include <cmath>
 
 #include "host/scene/angles.h"
+#include "library/formats/right_handed.h"
+#include "library/measures/strayed.h"
 #include "tests/program/formats_support.h"
-#include "tremolux/formats/right_handed.h"
-#include "tremolux/measures/strayed.h"
 
 namespace tremolux {
 namespace {

@@ -1,10 +1,10 @@
-#include "tremolux/shots/stage.h"
+#include "library/shots/stage.h"
 
 #include <gtest/gtest.h>
 
 #include "host/value/descid.h"
+#include "library/shots/embedded_host.h"
 #include "tests/program/run.h"
-#include "tremolux/shots/embedded_host.h"
 
 namespace tremolux {
 namespace {

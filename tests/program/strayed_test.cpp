@@ -1,4 +1,4 @@
-#include "tremolux/measures/strayed.h"
+#include "library/measures/strayed.h"
 
 #include <gtest/gtest.h>
 

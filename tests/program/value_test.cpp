@@ -1,11 +1,11 @@
-#include "tremolux/parameters/value.h"
+#include "library/parameters/value.h"
 
 #include <gtest/gtest.h>
 
 #include "host/value/time.h"
+#include "library/failure.h"
+#include "library/moves/camera_move.h"
 #include "tests/program/parameter_support.h"
-#include "tremolux/failure.h"
-#include "tremolux/moves/camera_move.h"
 
 namespace tremolux {
 namespace {

@@ -3,9 +3,9 @@
 #include <cmath>
 #include <optional>
 
-#include "tremolux/failure.h"
-#include "tremolux/formats/numbers.h"
-#include "tremolux/formats/source_text.h"
+#include "library/failure.h"
+#include "library/formats/numbers.h"
+#include "library/formats/source_text.h"
 
 namespace tremolux {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "tremolux/formats/format.h"
+#include "library/formats/format.h"
 
 namespace tremolux {
 

@@ -2,12 +2,12 @@
 #include <cstdio>
 
 #include "host/files/safe_write.h"
+#include "library/failure.h"
+#include "library/formats/csv_header.h"
+#include "library/formats/numbers.h"
+#include "library/measures/strayed.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
-#include "tremolux/failure.h"
-#include "tremolux/formats/csv_header.h"
-#include "tremolux/formats/numbers.h"
-#include "tremolux/measures/strayed.h"
 #include "tremolux/process/output_files.h"
 
 namespace tremolux {

@@ -1,8 +1,8 @@
 #include "host/value/text.h"
+#include "library/shots/embedded_host.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/move_options.h"
 #include "tremolux/process/output_files.h"
-#include "tremolux/shots/embedded_host.h"
 
 namespace tremolux {
 namespace {

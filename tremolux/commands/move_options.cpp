@@ -3,11 +3,10 @@
 #include <cstdio>
 
 #include "host/value/text.h"
-#include "tremolux/failure.h"
-#include "tremolux/formats/numbers.h"
-#include "tremolux/formats/source_text.h"
+#include "library/failure.h"
+#include "library/formats/numbers.h"
+#include "library/formats/source_text.h"
 #include "tremolux/process/system.h"
-#include "tremolux/shots/embedded_host.h"
 
 namespace tremolux {
 namespace {

@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "library/formats/format.h"
 #include "tremolux/command_line.h"
-#include "tremolux/formats/format.h"
 
 namespace tremolux {
 

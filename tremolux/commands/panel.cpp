@@ -1,15 +1,15 @@
 #include "host/ui/panel.h"
 
 #include "generated/module_ids.h"
+#include "library/failure.h"
+#include "library/parameters/settings.h"
+#include "library/presets/catalog.h"
+#include "library/shots/embedded_host.h"
+#include "library/shots/stage.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/move_options.h"
-#include "tremolux/failure.h"
-#include "tremolux/parameters/settings.h"
 #include "tremolux/pictures/panel_page.h"
-#include "tremolux/presets/catalog.h"
 #include "tremolux/process/output_files.h"
-#include "tremolux/shots/embedded_host.h"
-#include "tremolux/shots/stage.h"
 #include "tremolux/words/panel_text.h"
 
 namespace tremolux {

@@ -3,15 +3,15 @@
 #include <cstdio>
 
 #include "generated/module_ids.h"
+#include "library/failure.h"
+#include "library/formats/source_text.h"
+#include "library/frame_rates/keep_hz.h"
+#include "library/parameters/settings.h"
+#include "library/presets/catalog.h"
+#include "library/shots/jolt_watch.h"
 #include "tremolux/commands/aim_point.h"
-#include "tremolux/failure.h"
-#include "tremolux/formats/source_text.h"
-#include "tremolux/frame_rates/keep_hz.h"
-#include "tremolux/parameters/settings.h"
-#include "tremolux/presets/catalog.h"
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/progress.h"
-#include "tremolux/shots/jolt_watch.h"
 
 namespace tremolux {
 Playback::Playback(const MoveOptions &options)

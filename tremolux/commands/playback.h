@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "library/moves/played_motion.h"
+#include "library/shots/embedded_host.h"
+#include "library/shots/stage.h"
 #include "tremolux/commands/move_options.h"
-#include "tremolux/moves/played_motion.h"
-#include "tremolux/shots/embedded_host.h"
-#include "tremolux/shots/stage.h"
 
 namespace tremolux {
 

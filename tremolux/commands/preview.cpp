@@ -1,11 +1,11 @@
 #include <algorithm>
 
+#include "library/failure.h"
+#include "library/presets/catalog.h"
+#include "library/presets/sentences.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
-#include "tremolux/failure.h"
 #include "tremolux/pictures/film.h"
-#include "tremolux/presets/catalog.h"
-#include "tremolux/presets/sentences.h"
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/output_files.h"
 #include "tremolux/process/progress.h"

@@ -1,7 +1,7 @@
 #include "host/value/descid.h"
+#include "library/parameters/parameter.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
-#include "tremolux/parameters/parameter.h"
 #include "tremolux/pictures/film.h"
 #include "tremolux/pictures/plot.h"
 #include "tremolux/pictures/report_page.h"

@@ -4,17 +4,17 @@
 #include "host/scene/object.h"
 #include "host/ui/attribute_manager.h"
 #include "host/value/descid.h"
+#include "library/failure.h"
+#include "library/formats/format.h"
+#include "library/formats/source_text.h"
+#include "library/parameters/lookup.h"
+#include "library/shots/keys.h"
+#include "library/shots/scene.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/move_options.h"
-#include "tremolux/failure.h"
-#include "tremolux/formats/format.h"
-#include "tremolux/formats/source_text.h"
-#include "tremolux/parameters/lookup.h"
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/output_files.h"
 #include "tremolux/process/progress.h"
-#include "tremolux/shots/keys.h"
-#include "tremolux/shots/scene.h"
 
 namespace tremolux {
 namespace {

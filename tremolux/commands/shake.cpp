@@ -2,11 +2,12 @@
 #include <chrono>
 #include <cstdio>
 
+#include "library/shots/scene.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
 #include "tremolux/pictures/plot.h"
+#include "tremolux/process/interrupt.h"
 #include "tremolux/process/output_files.h"
-#include "tremolux/shots/scene.h"
 #include "tremolux/words/report_text.h"
 
 namespace tremolux {
@@ -29,9 +30,9 @@ bool Zooms(const CameraMove &move) {
 
 void Bake(const std::string &kind, Playback *playback) {
     if (kind == "brute") playback->GetStage().BakeByBruteForce();
-    if (kind != "quick") return;
-    playback->GetStage().BakeQuickly();
-    if (Zooms(playback->Move()))
+    if (kind == "quick") playback->GetStage().BakeQuickly();
+    CheckForInterrupt();
+    if (kind == "quick" && Zooms(playback->Move()))
         std::fprintf(stderr, "--bake quick: the move zooms, which a quick bake does not see; --bake brute does\n");
 }
 

@@ -1,9 +1,9 @@
 #include <optional>
 
+#include "library/trace/frame_record.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
 #include "tremolux/process/output_files.h"
-#include "tremolux/trace/frame_record.h"
 
 namespace tremolux {
 namespace {

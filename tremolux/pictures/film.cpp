@@ -6,8 +6,8 @@
 #include "host/files/safe_write.h"
 #include "host/scene/angles.h"
 #include "host/value/text.h"
-#include "tremolux/failure.h"
-#include "tremolux/formats/source_text.h"
+#include "library/failure.h"
+#include "library/formats/source_text.h"
 #include "tremolux/pictures/tool.h"
 
 namespace tremolux {

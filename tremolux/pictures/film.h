@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "tremolux/moves/played_motion.h"
+#include "library/moves/played_motion.h"
 #include "tremolux/pictures/picture.h"
 
 namespace tremolux {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "tremolux/formats/numbers.h"
+#include "library/formats/numbers.h"
 #include "tremolux/pictures/html.h"
 
 namespace tremolux {

@@ -4,9 +4,9 @@
 #include <cmath>
 
 #include "host/value/text.h"
-#include "tremolux/failure.h"
-#include "tremolux/formats/numbers.h"
-#include "tremolux/formats/source_text.h"
+#include "library/failure.h"
+#include "library/formats/numbers.h"
+#include "library/formats/source_text.h"
 #include "tremolux/pictures/tool.h"
 
 namespace tremolux {

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <string>
 
-#include "tremolux/measures/motion.h"
-#include "tremolux/moves/played_motion.h"
+#include "library/measures/motion.h"
+#include "library/moves/played_motion.h"
 
 namespace tremolux {
 

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "tremolux/formats/base64.h"
-#include "tremolux/formats/numbers.h"
+#include "library/formats/base64.h"
+#include "library/formats/numbers.h"
 #include "tremolux/pictures/html.h"
 
 namespace tremolux {

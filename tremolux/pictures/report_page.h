@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "tremolux/measures/motion.h"
-#include "tremolux/moves/played_motion.h"
-#include "tremolux/parameters/shown_values.h"
+#include "library/measures/motion.h"
+#include "library/moves/played_motion.h"
+#include "library/parameters/shown_values.h"
 
 namespace tremolux {
 

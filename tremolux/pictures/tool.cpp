@@ -2,7 +2,7 @@
 
 #include "host/files/safe_write.h"
 #include "host/services/platform.h"
-#include "tremolux/failure.h"
+#include "library/failure.h"
 
 namespace tremolux {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "tremolux/moves/camera_move.h"
+#include "library/moves/camera_move.h"
 
 namespace tremolux {
 

@@ -2,7 +2,7 @@
 
 #include <csignal>
 
-#include "tremolux/failure.h"
+#include "library/failure.h"
 
 namespace tremolux {
 namespace {

@@ -12,7 +12,10 @@ fs::path FolderFromEnvironment(const char *variable) { return fs::u8path(host::E
 
 }  // namespace
 
-fs::path ProgramFolder() { return host::ProgramFile().parent_path(); }
+fs::path DefaultModuleFile() {
+    return host::ProgramFile().parent_path() / "plugins" / "TremoluxCam" /
+           (std::string("TremoluxCam") + host::ModuleSuffix());
+}
 
 fs::path DefaultHome() {
     if (const fs::path folder = FolderFromEnvironment("APPDATA"); !folder.empty()) return folder / "tremolux";

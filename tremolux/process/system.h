@@ -5,8 +5,8 @@
 
 namespace tremolux {
 
-// Where the running program's file lies; empty when the system does not say.
-std::filesystem::path ProgramFolder();
+// Beside the program: plugins/TremoluxCam/.
+std::filesystem::path DefaultModuleFile();
 // Where the user's settings lie unless another folder is asked for: tremolux/ in the user's configuration folder.
 std::filesystem::path DefaultHome();
 

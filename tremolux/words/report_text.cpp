@@ -3,8 +3,8 @@
 #include <cmath>
 
 #include "host/value/text.h"
-#include "tremolux/formats/numbers.h"
-#include "tremolux/measures/strayed.h"
+#include "library/formats/numbers.h"
+#include "library/measures/strayed.h"
 
 namespace tremolux {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tremolux/moves/camera_move.h"
+#include "library/moves/camera_move.h"
 
 namespace tremolux {
 

@@ -1,0 +1,85 @@
+#include "library/formats/blender.h"
+
+#include <functional>
+
+#include "library/formats/numbers.h"
+#include "library/formats/right_handed.h"
+
+namespace tremolux {
+namespace {
+
+constexpr double kMetresPerSceneUnit = 0.01;
+// +90 degrees about X: from a Y-up world into Blender's.
+constexpr double kHalfRoot = 0.70710678118654752440;
+constexpr Quaternion kYUpToZUp = {kHalfRoot, kHalfRoot, 0, 0};
+
+constexpr const char *kHead = R"(# A camera move, written by tremolux: run it in Blender, in a text editor or as
+#     blender --python THIS_FILE
+# Metres; rotations are quaternions w x y z; a key on every frame, straight lines between them.
+import bpy
+
+)";
+
+constexpr const char *kTail = R"(
+
+scene = bpy.context.scene
+scene.render.fps, scene.render.fps_base = FRAMES_PER_SECOND, 1
+scene.render.resolution_x, scene.render.resolution_y = RESOLUTION
+scene.frame_start, scene.frame_end = max(FIRST_FRAME, 0), max(FIRST_FRAME + len(FRAMES) - 1, 0)
+
+data = bpy.data.cameras.new("Camera")
+data.sensor_fit = "HORIZONTAL"
+data.sensor_width = FILM_BACK_WIDTH
+camera = bpy.data.objects.new("Camera", data)
+camera.rotation_mode = "QUATERNION"
+scene.collection.objects.link(camera)
+scene.camera = camera
+
+
+def animate(owner, path, index, values):
+    """Keys of one number: `values` by frame."""
+    if owner.animation_data is None:
+        owner.animation_data_create()
+    if owner.animation_data.action is None:
+        owner.animation_data.action = bpy.data.actions.new(owner.name)
+    curve = owner.animation_data.action.fcurves.new(path, index=index)
+    curve.keyframe_points.add(len(values))
+    points = [number for i, value in enumerate(values) for number in (FIRST_FRAME + i, value)]
+    curve.keyframe_points.foreach_set("co", points)
+    linear = bpy.types.Keyframe.bl_rna.properties["interpolation"].enum_items["LINEAR"].value
+    curve.keyframe_points.foreach_set("interpolation", [linear] * len(values))
+    curve.update()
+
+
+columns = list(zip(*FRAMES))
+for axis in range(3):
+    animate(camera, "location", axis, columns[axis])
+for part in range(4):
+    animate(camera, "rotation_quaternion", part, columns[3 + part])
+animate(data, "lens", 0, columns[7])
+animate(data, "dof.focus_distance", 0, columns[8])
+scene.frame_set(scene.frame_start)
+)";
+
+}  // namespace
+
+std::string WriteBlender(const CameraMove &move, const FormatOptions &options) {
+    std::string text = kHead;
+    text += "FIRST_FRAME = " + std::to_string(move.first_frame) +
+            "\nFRAMES_PER_SECOND = " + std::to_string(move.frames_per_second) + "\nRESOLUTION = (" +
+            std::to_string(options.width) + ", " + std::to_string(options.height) +
+            ")\nFILM_BACK_WIDTH = " + FormatNumber(move.aperture_width) +
+            "\n# x, y, z, rotation w, x, y, z, focal length in millimetres, focus distance\nFRAMES = [\n";
+    Quaternion turn{1, 0, 0, 0};
+    for (const CameraSample &sample : move.samples) {
+        const host::Vector metres = ZUpOf(RightHanded(sample)).off * kMetresPerSceneUnit;
+        turn = InHemisphereOf(turn, kYUpToZUp * RightHandedQuaternion(sample.angles));
+        text += "    (";
+        for (const double value : {metres.x, metres.y, metres.z, turn.w, turn.x, turn.y, turn.z, sample.focal_length})
+            text += FormatNumber(value) + ", ";
+        text += FormatNumber(sample.focus_distance * kMetresPerSceneUnit) + "),\n";
+    }
+    return text + "]" + kTail;
+}
+
+}  // namespace tremolux

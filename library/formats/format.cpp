@@ -1,0 +1,86 @@
+#include "library/formats/format.h"
+
+#include "host/files/safe_write.h"
+#include "host/value/text.h"
+#include "library/failure.h"
+#include "library/formats/blender.h"
+#include "library/formats/chan.h"
+#include "library/formats/csv.h"
+#include "library/formats/gltf.h"
+#include "library/formats/json.h"
+#include "library/formats/source_text.h"
+#include "library/formats/usda.h"
+
+namespace tremolux {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A move of the greatest length, every number in full, stays below; larger files are something else.
+constexpr std::uintmax_t kMaxFileBytes = std::uintmax_t{1} << 28;
+
+std::string LowerCase(std::string text) {
+    for (char &c : text) {
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    }
+    return text;
+}
+
+bool Does(const MoveFormat &format, FormatUse use) { return use == FormatUse::kWrite || format.read != nullptr; }
+
+}  // namespace
+
+const std::vector<MoveFormat> &MoveFormats() {
+    static const std::vector<MoveFormat> formats = {
+        {".csv", ReadCsv, WriteCsv, nullptr},
+        {".json", ReadJson, WriteJson, nullptr},
+        {".chan", ReadChan, WriteChan, "focus distance, film back and frame rate"},
+        {".usda", ReadUsda, WriteUsda, nullptr},
+        {".gltf", nullptr, WriteGltf,
+         "focal length, film back and focus distance but as extras, and zoom but by KHR_animation_pointer"},
+        {".py", nullptr, WriteBlender, nullptr}};
+    return formats;
+}
+
+std::string KnownExtensions(FormatUse use) {
+    std::vector<std::string> known;
+    for (const MoveFormat &format : MoveFormats()) {
+        if (Does(format, use)) known.emplace_back(format.extension);
+    }
+    std::string list = known.front();
+    for (std::size_t i = 1; i < known.size(); ++i) list += (i + 1 < known.size() ? ", " : " or ") + known[i];
+    return list;
+}
+
+const MoveFormat &FormatOf(const fs::path &file, FormatUse use) {
+    const std::string extension = LowerCase(host::PathText(file.extension()));
+    for (const MoveFormat &format : MoveFormats()) {
+        if (extension == format.extension && Does(format, use)) return format;
+    }
+    throw Failure(kExitInput, host::PathText(file) + ": found the extension " + Quoted(extension) + ", expected " +
+                                  KnownExtensions(use));
+}
+
+CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
+    const std::string name = host::PathText(file);
+    const std::string expected = ", expected a camera file (" + KnownExtensions(FormatUse::kRead) + ")";
+    const MoveFormat &format = FormatOf(file, FormatUse::kRead);
+    std::error_code error;
+    if (!fs::exists(file, error)) throw Failure(kExitInput, name + ": found no such file" + expected);
+    if (!fs::is_regular_file(file, error)) throw Failure(kExitInput, name + ": found something else" + expected);
+    const std::uintmax_t size = fs::file_size(file, error);
+    if (error || size > kMaxFileBytes) throw Failure(kExitInput, name + ": found a file of absurd size" + expected);
+    std::string bytes, reason;
+    if (!host::ReadFile(file, &bytes, &reason)) {
+        throw Failure(kExitInput, name + ": found a file that cannot be read" + expected);
+    }
+    CameraMove move = format.read(name, bytes, options);
+    if (options.frames_per_second) move.frames_per_second = *options.frames_per_second;
+    return move;
+}
+
+std::string MoveText(const fs::path &file, const CameraMove &move, const FormatOptions &options) {
+    return FormatOf(file, FormatUse::kWrite).write(move, options);
+}
+
+}  // namespace tremolux

@@ -1,0 +1,42 @@
+// Camera file formats: one row each in a table.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "library/formats/rotation_order.h"
+#include "library/moves/camera_move.h"
+
+namespace tremolux {
+
+// What a format does not store and somebody must know.
+struct FormatOptions {
+    double length_unit = 1;                    // scene units (centimetres) in one length of a .chan file
+    RotationOrder rotation_order = kOrderZxy;  // of a .chan file
+    double aperture_width = kApertureWidth;    // of the film back in millimetres, where the file does not say
+    int width = 1920, height = 1080;           // of the picture in pixels: makes the vertical field of view
+    std::optional<int> frames_per_second;      // instead of the file's own
+    bool only_positions = false;               // a moving point is wanted: a table may lack the angles
+};
+
+struct MoveFormat {
+    const char *extension;  // in lower case, with the dot
+    // Throws a Failure that names the place. `file` is the name for messages. Null for a format that is only written.
+    CameraMove (*read)(const std::string &file, std::string_view bytes, const FormatOptions &options);
+    std::string (*write)(const CameraMove &move, const FormatOptions &options);
+    const char *lost;  // what the format has no place for, in words; null when nothing is lost
+};
+
+const std::vector<MoveFormat> &MoveFormats();
+enum class FormatUse { kRead, kWrite };
+// ".csv, .json or .chan": the extensions of what can be read or written.
+std::string KnownExtensions(FormatUse use);
+// By the extension, in whatever case; throws a Failure that lists the known ones.
+const MoveFormat &FormatOf(const std::filesystem::path &file, FormatUse use);
+CameraMove ReadMove(const std::filesystem::path &file, const FormatOptions &options);
+std::string MoveText(const std::filesystem::path &file, const CameraMove &move, const FormatOptions &options);
+
+}  // namespace tremolux

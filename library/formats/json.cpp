@@ -1,0 +1,280 @@
+#include "library/formats/json.h"
+
+#include <cmath>
+#include <iterator>
+#include <nlohmann/json.hpp>
+#include <optional>
+
+#include "library/formats/frame_order.h"
+#include "library/formats/numbers.h"
+#include "library/formats/source_text.h"
+
+namespace tremolux {
+namespace {
+
+using nlohmann::json;
+
+// Where texts stand, and what they must say: a file in other units is none of these.
+struct FixedText {
+    const char *group, *name, *text;
+};
+constexpr FixedText kFixedTexts[] = {
+    {"units", "position", "centimetres"},
+    {"units", "hpb", "degrees"},
+    {"units", "focal_length", "millimetres"},
+    {"units", "focus_distance", "centimetres"},
+    {"units", "film_back_width", "millimetres"},
+    {"conventions", "axes", "left-handed, x right, y up; with hpb 0 0 0 the camera looks along +z"},
+    {"conventions", "hpb",
+     "heading about y, pitch about x, bank about z; with z mirrored, column vectors: Ry(heading) Rx(pitch) Rz(-bank)"},
+};
+constexpr const char *kFormatName = "tremolux camera move";
+constexpr double kVersion = 1;
+
+enum Entry : unsigned { kFrame = 1, kPosition = 2, kHpb = 4, kFocalLength = 8, kFocusDistance = 16 };
+constexpr unsigned kNeeded = kFrame | kPosition | kHpb;
+constexpr const char *kNeededText = "a frame with frame, position and hpb";
+
+// Reads the text on, and says how far the parser has read.
+class CountingIterator {
+  public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = char;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const char *;
+    using reference = const char &;
+    CountingIterator(const char *at, const char **reached) : at_(at), reached_(reached) {}
+    reference operator*() const { return *at_; }
+    CountingIterator &operator++() {
+        *reached_ = at_++;
+        return *this;
+    }
+    bool operator==(const CountingIterator &other) const { return at_ == other.at_; }
+    bool operator!=(const CountingIterator &other) const { return at_ != other.at_; }
+
+  private:
+    const char *at_;
+    const char **reached_;  // the last byte that was read
+};
+
+// Takes the file as it is parsed; a path such as ".frames[].hpb[]" says what a value is.
+class Handler : public nlohmann::json_sax<json> {
+  public:
+    // `begin` is the first byte that is parsed.
+    Handler(const SourceText &source, const char *begin, const FormatOptions &options, CameraMove *move)
+        : source_(source), begin_(begin), options_(options), move_(*move), order_(source) {}
+    const char **Reached() { return &reached_; }
+    void Finish() {
+        if (move_.samples.empty()) Refuse("no frames", "at least one frame in \"frames\"");
+        order_.Finish(&move_);
+    }
+
+    bool null() override { RefuseKind("null"); }
+    bool boolean(bool value) override { RefuseKind(value ? "true" : "false"); }
+    bool number_integer(number_integer_t value) override { return Number(static_cast<double>(value)); }
+    bool number_unsigned(number_unsigned_t value) override { return Number(static_cast<double>(value)); }
+    bool number_float(number_float_t value, const string_t &) override { return Number(value); }
+    bool binary(binary_t &) override { return false; }
+
+    bool string(string_t &value) override {
+        if (path_ == ".format") return Same(value, kFormatName);
+        for (const FixedText &fixed : kFixedTexts) {
+            if (path_ == std::string(".") + fixed.group + "." + fixed.name) return Same(value, fixed.text);
+        }
+        RefuseKind(Quoted(value));
+    }
+
+    bool start_object(std::size_t) override {
+        if (!path_.empty() && path_ != ".units" && path_ != ".conventions" && path_ != ".frames[]") {
+            RefuseKind("an object");
+        }
+        if (path_ == ".frames[]") {
+            move_.samples.emplace_back();
+            seen_ = 0;
+        }
+        bases_.push_back(path_.size());
+        return true;
+    }
+
+    bool key(string_t &name) override {
+        path_.resize(bases_.back());
+        path_ += "." + name;
+        return true;
+    }
+
+    bool end_object() override {
+        Leave();
+        if (path_ == ".frames[]" && (seen_ & kNeeded) != kNeeded) Refuse("the end of a frame", kNeededText);
+        return true;
+    }
+
+    bool start_array(std::size_t) override {
+        if (path_ == ".frames") {
+            if (!move_.samples.empty()) Refuse("frames again", "\"frames\" once");
+        } else if (path_ == ".frames[].position") {
+            See(kPosition);
+        } else if (path_ == ".frames[].hpb") {
+            See(kHpb);
+        } else {
+            RefuseKind("an array");
+        }
+        count_ = 0;
+        bases_.push_back(path_.size());
+        path_ += "[]";
+        return true;
+    }
+
+    bool end_array() override {
+        Leave();
+        if (path_ != ".frames" && count_ != 3) Refuse(std::to_string(count_) + " numbers", "3 numbers");
+        return true;
+    }
+
+    bool parse_error(std::size_t, const std::string &token, const nlohmann::detail::exception &) override {
+        Refuse(token.empty() ? "the end of the file" : Quoted(token), "JSON");
+    }
+
+  private:
+    [[noreturn]] void Refuse(const std::string &found, const std::string &expected) const {
+        source_.RefuseAt(number_ != nullptr ? number_ : reached_, found, expected);
+    }
+
+    [[noreturn]] void RefuseKind(const std::string &found) const {
+        Refuse(found + " for " + Quoted(path_), "what docs/formats.md lists for a camera move");
+    }
+
+    void Leave() {
+        path_.resize(bases_.back());
+        bases_.pop_back();
+    }
+
+    bool Same(const std::string &value, const char *expected) const {
+        if (value != expected) Refuse(Quoted(value), "'" + std::string(expected) + "'");
+        return true;
+    }
+
+    void See(Entry entry) {
+        if ((seen_ & entry) != 0) Refuse("an entry of the frame again", "each entry once");
+        seen_ |= entry;
+    }
+
+    double Between(double value, double minimum, double maximum) const {
+        if (value >= minimum && value <= maximum) return value;
+        Refuse(FormatNumber(value),
+               "a number from " + FormatNumber(minimum) + " to " + FormatNumber(maximum) + " for " + Quoted(path_));
+    }
+
+    static std::optional<std::int64_t> Whole(double value) {
+        if (std::abs(value) > kMaxNumber || value != std::floor(value)) return std::nullopt;
+        return static_cast<std::int64_t>(value);
+    }
+
+    double &Component(host::Vector *vector) {
+        if (++count_ > 3) Refuse("another number", "3 numbers");
+        return count_ == 1 ? vector->x : count_ == 2 ? vector->y : vector->z;
+    }
+
+    // The parser has read the byte behind the number too.
+    const char *StartOfNumber() const {
+        const char *start = reached_;
+        while (start > begin_ && std::string_view("+-.0123456789Ee").find(start[-1]) != std::string_view::npos) --start;
+        return start;
+    }
+
+    bool Number(double value) {
+        number_ = StartOfNumber();
+        TakeNumber(value);
+        number_ = nullptr;
+        return true;
+    }
+
+    void TakeNumber(double value) {
+        if (path_ == ".frames[].position[]") {
+            Component(&move_.samples.back().position) = Between(value, -kMaxNumber, kMaxNumber);
+        } else if (path_ == ".frames[].hpb[]") {
+            Component(&move_.samples.back().angles) = Between(value, -kMaxNumber, kMaxNumber) * kRadiansPerDegree;
+        } else if (path_ == ".frames[].frame") {
+            See(kFrame);
+            if (const std::string expected = order_.Add(Whole(value)); !expected.empty())
+                Refuse(FormatNumber(value), expected);
+        } else if (path_ == ".frames[].focal_length") {
+            See(kFocalLength);
+            move_.samples.back().focal_length = Between(value, kMinFocalLength, kMaxFocalLength);
+        } else if (path_ == ".frames[].focus_distance") {
+            See(kFocusDistance);
+            move_.samples.back().focus_distance = Between(value, 0, kMaxNumber);
+        } else if (path_ == ".frames_per_second") {
+            if (!options_.frames_per_second) move_.frames_per_second = Rate(value);
+        } else if (path_ == ".film_back_width") {
+            move_.aperture_width = Between(value, kMinAperture, kMaxAperture);
+        } else if (path_ == ".version") {
+            if (value != kVersion) Refuse("version " + FormatNumber(value), "version " + FormatNumber(kVersion));
+        } else {
+            RefuseKind(FormatNumber(value));
+        }
+    }
+
+    int Rate(double value) const {
+        if (Whole(value)) return static_cast<int>(Between(value, 1, kMaxFramesPerSecond));
+        Refuse(FormatNumber(value), "a whole number of frames a second; --fps says another");
+    }
+
+    const SourceText &source_;
+    const char *const begin_;
+    const FormatOptions &options_;
+    CameraMove &move_;
+    FrameOrder order_;
+    const char *reached_ = begin_;
+    const char *number_ = nullptr;  // the first byte of the number that is looked at
+    std::string path_;
+    std::vector<std::size_t> bases_;  // how long the path was outside each open object and array
+    std::size_t count_ = 0;           // of numbers in the open array
+    unsigned seen_ = 0;               // entries of the open frame
+};
+
+std::string Group(const char *name) {
+    std::string text;
+    for (const FixedText &fixed : kFixedTexts) {
+        if (std::string_view(fixed.group) != name) continue;
+        text += std::string(text.empty() ? "" : ",\n") + "    \"" + fixed.name + "\": \"" + fixed.text + "\"";
+    }
+    return "  \"" + std::string(name) + "\": {\n" + text + "\n  },\n";
+}
+
+std::string Triple(const host::Vector &vector) {
+    return "[" + FormatNumber(vector.x) + ", " + FormatNumber(vector.y) + ", " + FormatNumber(vector.z) + "]";
+}
+
+}  // namespace
+
+CameraMove ReadJson(const std::string &file, std::string_view bytes, const FormatOptions &options) {
+    const SourceText source(file, bytes);
+    if (source.Lines().empty()) source.Refuse(1, 1, "an empty file", "JSON");
+    CameraMove move;
+    move.aperture_width = options.aperture_width;
+    const char *first = source.Lines().front().text.data();  // after the byte order mark
+    Handler handler(source, first, options, &move);
+    json::sax_parse(CountingIterator(first, handler.Reached()),
+                    CountingIterator(bytes.data() + bytes.size(), handler.Reached()), &handler);
+    handler.Finish();
+    return move;
+}
+
+std::string WriteJson(const CameraMove &move, const FormatOptions &) {
+    std::string text = "{\n  \"format\": \"" + std::string(kFormatName) +
+                       "\",\n  \"version\": " + FormatNumber(kVersion) + ",\n" + Group("units") + Group("conventions") +
+                       "  \"frames_per_second\": " + std::to_string(move.frames_per_second) +
+                       ",\n  \"film_back_width\": " + FormatNumber(move.aperture_width) + ",\n  \"frames\": [\n";
+    std::int64_t frame = move.first_frame;
+    for (const CameraSample &sample : move.samples) {
+        text += (frame == move.first_frame ? "" : ",\n") + std::string("    {\"frame\": ") + std::to_string(frame) +
+                ", \"position\": " + Triple(sample.position) +
+                ", \"hpb\": " + Triple(sample.angles * (1 / kRadiansPerDegree)) +
+                ", \"focal_length\": " + FormatNumber(sample.focal_length) +
+                ", \"focus_distance\": " + FormatNumber(sample.focus_distance) + "}";
+        ++frame;
+    }
+    return text + "\n  ]\n}\n";
+}
+
+}  // namespace tremolux

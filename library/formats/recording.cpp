@@ -1,0 +1,36 @@
+#include "library/formats/recording.h"
+
+#include "library/formats/right_handed.h"
+#include "library/formats/rotation_order.h"
+
+namespace tremolux {
+namespace {
+
+constexpr std::size_t kPosX = 1, kPosY = 2, kPosZ = 3, kRotX = 4, kRotY = 5, kRotZ = 6;
+constexpr double kSceneUnitsPerMetre = 100, kMaxMetres = kMaxNumber / kSceneUnitsPerMetre;
+constexpr RotationOrder kOrderXyz = {0, 1, 2};
+
+}  // namespace
+
+const CsvColumns kRecordingColumns = {{"frame", true}, {"pos_x", true}, {"pos_y", true}, {"pos_z", true},
+                                      {"rot_x", true}, {"rot_y", true}, {"rot_z", true}};
+
+bool IsRecordingHeader(const SourceText &source) {
+    if (source.Lines().empty()) return false;
+    for (const Field &field : CommaFields(source.Lines().front().text)) {
+        if (field.text == kRecordingColumns[kPosX].name) return true;
+    }
+    return false;
+}
+
+CameraSample ReadRecordingRow(const CsvRow &row) {
+    const auto angle = [&row](std::size_t column) { return row.Number(column, -kMaxNumber, kMaxNumber); };
+    const auto place = [&row](std::size_t column) { return row.Number(column, -kMaxMetres, kMaxMetres); };
+    CameraSample sample;
+    host::Matrix camera = RotationOf({angle(kRotX), angle(kRotY), angle(kRotZ)}, kOrderXyz);
+    camera.off = host::Vector{place(kPosX), place(kPosY), place(kPosZ)} * kSceneUnitsPerMetre;
+    SetFromRightHanded(camera, &sample);
+    return sample;
+}
+
+}  // namespace tremolux

@@ -1,0 +1,103 @@
+#include "library/presets/catalog.h"
+
+#include <algorithm>
+
+#include "generated/module_ids.h"
+#include "host/ui/attribute_manager.h"
+#include "host/value/descid.h"
+#include "library/failure.h"
+#include "library/formats/numbers.h"
+#include "library/formats/source_text.h"
+#include "library/parameters/lookup.h"
+#include "library/parameters/parameter.h"
+
+namespace tremolux {
+namespace {
+
+constexpr std::size_t kShownCandidates = 5;
+
+std::vector<std::pair<std::int32_t, std::string>> Entries(const host::Tag &tag, std::int32_t cycle) {
+    for (const Parameter &parameter : DescribedParameters(tag))
+        if (parameter.id == cycle) return parameter.choices;
+    return {};
+}
+
+void Choose(host::Tag *tag, std::int32_t cycle, std::int32_t value) {
+    host::EditParameter(tag, host::MakeId(cycle), host::Data(value));
+}
+
+std::string Folded(std::string_view text) {
+    std::string folded(Trimmed(text));
+    for (char &c : folded)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return folded;
+}
+
+std::string PathOf(const CatalogEntry &entry) { return entry.category + "/" + entry.name; }
+
+template <typename Matches>
+std::vector<const CatalogEntry *> Matching(const std::vector<CatalogEntry> &catalog, Matches matches) {
+    std::vector<const CatalogEntry *> found;
+    for (const CatalogEntry &entry : catalog)
+        if (matches(entry)) found.push_back(&entry);
+    return found;
+}
+
+std::string List(const std::vector<const CatalogEntry *> &entries) {
+    std::string list;
+    for (std::size_t i = 0; i < std::min(entries.size(), kShownCandidates); ++i)
+        list += (i == 0 ? "'" : ", '") + PathOf(*entries[i]) + "'";
+    return list + (entries.size() > kShownCandidates ? ", ..." : "");
+}
+
+std::string Nearest(const std::vector<CatalogEntry> &catalog, const std::string &wanted) {
+    std::vector<const CatalogEntry *> ranked = Matching(catalog, [](const CatalogEntry &) { return true; });
+    std::stable_sort(ranked.begin(), ranked.end(), [&](const CatalogEntry *a, const CatalogEntry *b) {
+        return EditDistance(wanted, Folded(a->name)) < EditDistance(wanted, Folded(b->name));
+    });
+    ranked.resize(std::min<std::size_t>(ranked.size(), 3));
+    return ranked.empty() ? "there are none" : "nearest: " + List(ranked);
+}
+
+}  // namespace
+
+std::vector<CatalogEntry> ReadCatalog(host::Tag *tag) {
+    const host::Container before = tag->Data();
+    std::vector<CatalogEntry> catalog;
+    for (const auto &[category, label] : Entries(*tag, ids::kCategory)) {
+        if (category == ids::kCategoryAll) continue;
+        Choose(tag, ids::kCategory, category);
+        for (const auto &[preset, name] : Entries(*tag, ids::kPreset))
+            if (preset < ids::kLongestList) catalog.push_back({category, preset, label, name});
+    }
+    tag->Data() = before;
+    return catalog;
+}
+
+const CatalogEntry &FindPreset(const std::vector<CatalogEntry> &catalog, std::string_view text,
+                               const std::string &place) {
+    const std::string wanted = Folded(text);
+    const auto by_path = [&](const CatalogEntry &entry) { return Folded(PathOf(entry)) == wanted; };
+    const auto by_name = [&](const CatalogEntry &entry) { return Folded(entry.name) == wanted; };
+    const auto by_part = [&](const CatalogEntry &entry) {
+        return Folded(PathOf(entry)).find(wanted) != std::string::npos;
+    };
+    std::vector<const CatalogEntry *> found = Matching(catalog, by_path);
+    if (found.empty()) found = Matching(catalog, by_name);
+    if (found.empty() && !wanted.empty()) found = Matching(catalog, by_part);
+    if (found.size() == 1) return *found.front();
+    if (found.empty())
+        throw Failure(kExitInput, place + ": found no preset " + Quoted(text) + ", expected CATEGORY/NAME or a name; " +
+                                      Nearest(catalog, wanted));
+    throw Failure(kExitInput, place + ": found " + std::to_string(found.size()) + " presets " + Quoted(text) +
+                                  ", expected one of them: " + List(found));
+}
+
+void ChoosePreset(const CatalogEntry &entry, host::Tag *tag) {
+    Choose(tag, ids::kCategory, entry.category_value);
+    Choose(tag, ids::kPreset, entry.preset_value);
+    if (tag->Data().Whole(ids::kPreset, -1) != entry.preset_value)
+        throw Failure(kExitModule, "the module does not apply the preset '" + PathOf(entry) + "'");
+}
+
+}  // namespace tremolux

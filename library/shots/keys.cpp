@@ -1,0 +1,88 @@
+#include "library/shots/keys.h"
+
+#include <functional>
+#include <memory>
+
+#include "host/animation/track.h"
+#include "host/value/descid.h"
+#include "library/failure.h"
+#include "library/formats/numbers.h"
+
+namespace tremolux {
+namespace {
+
+using Channel = std::function<double(const CameraSample &)>;
+
+bool IsConstant(const CameraMove &move, const Channel &channel) {
+    for (const CameraSample &sample : move.samples) {
+        if (channel(sample) != channel(move.samples.front())) return false;
+    }
+    return true;
+}
+
+// A linear key on every frame; a channel that never changes gets one key, which holds for all time.
+void KeyChannel(host::Object *object, const TableDescID &id, const CameraMove &move, int frames_per_second,
+                const Channel &channel) {
+    if (host::Track *old = object->FindTrack(id)) {
+        object->RemoveTrack(old);
+        delete old;
+    }
+    std::unique_ptr<host::Track> track = host::Track::Create(object, id);
+    if (!track) throw Failure(kExitInternal, object->Name() + " cannot be animated");
+    const std::size_t keys = IsConstant(move, channel) ? 1 : move.samples.size();
+    for (std::size_t i = 0; i < keys; ++i) {
+        const double frame = static_cast<double>(move.first_frame + static_cast<std::int64_t>(i));
+        host::Key *key = track->GetCurve()->AddKey(host::MakeTime(frame, frames_per_second));
+        key->SetInterpolation(host::kInterpolationLinear);
+        key->SetValue(channel(move.samples[i]));
+    }
+    object->InsertTrack(track.release());
+}
+
+void KeyVector(host::Object *object, std::int32_t parameter, const CameraMove &move, int frames_per_second,
+               host::Vector CameraSample::*vector) {
+    const auto animate = [&](std::int32_t component, double host::Vector::*number) {
+        KeyChannel(object, host::MakeId(parameter, component), move, frames_per_second,
+                   [=](const CameraSample &sample) { return sample.*vector.*number; });
+    };
+    animate(host::kVectorX, &host::Vector::x);
+    animate(host::kVectorY, &host::Vector::y);
+    animate(host::kVectorZ, &host::Vector::z);
+}
+
+std::string ParameterText(const TableDescID &id) {
+    std::string text;
+    for (std::int32_t level = 0; host::LevelId(id, level) != 0; ++level)
+        text += (level > 0 ? "/" : "") + std::to_string(host::LevelId(id, level));
+    return text;
+}
+
+}  // namespace
+
+void KeyPosition(host::Object *object, const CameraMove &points, int frames_per_second) {
+    KeyVector(object, host::kParamRelPosition, points, frames_per_second, &CameraSample::position);
+}
+
+void KeyCamera(host::Object *camera, const CameraMove &move, int frames_per_second) {
+    KeyVector(camera, host::kParamRelPosition, move, frames_per_second, &CameraSample::position);
+    KeyVector(camera, host::kParamRelRotation, move, frames_per_second, &CameraSample::angles);
+    KeyChannel(camera, host::MakeId(host::kCameraFocalLength), move, frames_per_second,
+               [](const CameraSample &sample) { return sample.focal_length; });
+    KeyChannel(camera, host::MakeId(host::kCameraFocusDistance), move, frames_per_second,
+               [](const CameraSample &sample) { return sample.focus_distance; });
+}
+
+std::string KeyTable(const host::Object &object, int frames_per_second) {
+    std::string text = "parameter,frame,value\n";
+    for (const host::Track *track : object.Tracks()) {
+        const host::Curve *curve = track->GetCurve();
+        for (std::int32_t i = 0; i < curve->KeyCount(); ++i) {
+            const host::Key *key = curve->KeyAt(i);
+            text += ParameterText(track->Id()) + "," + FormatNumber(host::Seconds(key->GetTime()) * frames_per_second) +
+                    "," + FormatNumber(key->GetValue()) + "\n";
+        }
+    }
+    return text;
+}
+
+}  // namespace tremolux

@@ -1,0 +1,20 @@
+// Keys of objects in a scene.
+#pragma once
+
+#include <string>
+
+#include "host/scene/object.h"
+#include "library/moves/camera_move.h"
+
+namespace tremolux {
+
+// A linear key on every frame of every channel, in place of what was there; a channel that never changes gets one key,
+// which holds for all time. Throws a Failure for an object that cannot be animated.
+void KeyCamera(host::Object *camera, const CameraMove &move, int frames_per_second);
+// The position alone.
+void KeyPosition(host::Object *object, const CameraMove &points, int frames_per_second);
+
+// One line for each key, track after track: the parameter's id ("903/1000"), the frame, the value as it is stored.
+std::string KeyTable(const host::Object &object, int frames_per_second);
+
+}  // namespace tremolux

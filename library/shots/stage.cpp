@@ -1,0 +1,100 @@
+#include "library/shots/stage.h"
+
+#include "generated/module_ids.h"
+#include "host/animation/passes.h"
+#include "host/application.h"
+#include "host/scene/angles.h"
+#include "host/ui/attribute_manager.h"
+#include "host/value/descid.h"
+#include "library/failure.h"
+#include "library/shots/keys.h"
+
+namespace tremolux {
+namespace {
+
+host::Object *InsertObject(host::Document *document, std::int32_t type, const char *name) {
+    std::unique_ptr<host::Object> object = host::Object::Create(type);
+    object->SetName(name);
+    document->InsertObject(object.get());
+    return object.release();
+}
+
+double Lens(const host::Object &camera, std::int32_t parameter) {
+    host::Data value;
+    return camera.GetParameter(host::MakeId(parameter), &value) ? value.Real() : 0;
+}
+
+CameraSample SampleOf(const host::Object &camera, const host::Vector &nearby_angles) {
+    const host::Matrix matrix = camera.GlobalMatrix();
+    CameraSample sample;
+    sample.position = matrix.off;
+    sample.angles = host::OptimalAngle(nearby_angles, host::MatrixToHpb(matrix));
+    sample.focal_length = Lens(camera, host::kCameraFocalLength);
+    sample.focus_distance = Lens(camera, host::kCameraFocusDistance);
+    return sample;
+}
+
+}  // namespace
+
+Stage::Stage(const CameraMove &move)
+    : document_(host::Application::Current()->NewDocument()),
+      input_(InsertObject(document_.get(), host::kTypeCamera, "Input Camera")),
+      output_(InsertObject(document_.get(), host::kTypeCamera, "Camera")) {
+    document_->SetFps(move.frames_per_second);
+    document_->SetRange(move.first_frame, move.LastFrame());
+    KeyCamera(input_, move, move.frames_per_second);
+    for (host::Object *camera : {input_, output_})
+        camera->SetParameter(host::MakeId(host::kCameraAperture), host::Data(move.aperture_width));
+    tag_ = output_->MakeTag(ids::kTremoluxCamId);
+    if (tag_ == nullptr) {
+        throw Failure(kExitModule, "the module's camera tag cannot be made, expected a tag of type " +
+                                       std::to_string(ids::kTremoluxCamId));
+    }
+    tag_->SetParameter(host::MakeId(ids::kInputCamera), host::Data::LinkTo(input_));
+    Evaluate(move.first_frame);
+    output_sample_.angles = input_->GetTransform().rotation;
+}
+
+void Stage::KillDocument::operator()(host::Document *document) const {
+    host::Application::Current()->KillDocument(document);
+}
+
+void Stage::Evaluate(std::int64_t frame) {
+    document_->SetFrame(frame);
+    if (!host::ExecutePasses(document_.get(), true, true, true)) {
+        throw Failure(kExitModule, "the module broke off at frame " + std::to_string(frame));
+    }
+}
+
+host::Object *Stage::AddAimPoint(const char *name, std::int32_t link, const CameraMove &points) {
+    host::Object *object = InsertObject(document_.get(), host::kTypeNull, name);
+    KeyPosition(object, points, document_->Fps());
+    tag_->SetParameter(host::MakeId(link), host::Data::LinkTo(object));
+    return object;
+}
+
+void Stage::AddTarget(const CameraMove &points) {
+    target_ = AddAimPoint("Target", ids::kTargetObject, points);
+    tag_->SetParameter(host::MakeId(ids::kUseTarget), host::Data(1));
+}
+
+void Stage::AddFocusObject(const CameraMove &points) {
+    focus_object_ = AddAimPoint("Focus Object", ids::kFocusObject, points);
+}
+
+void Stage::PlayFrame(std::int64_t frame) {
+    Evaluate(frame);
+    output_sample_ = SampleOf(*output_, output_sample_.angles);
+}
+
+void Stage::Bake(std::int32_t button) {
+    host::PressButton(tag_, host::MakeId(button));
+    if (tag_->Data().Whole(ids::kBaked) == 0 || output_->Tracks().empty())
+        throw Failure(kExitModule, "the module baked nothing, expected keys on the camera");
+}
+
+bool Stage::TurnsToTarget() const { return target_ != nullptr && tag_->Data().Whole(ids::kUseTarget) != 0; }
+
+CameraSample Stage::Input() const { return SampleOf(*input_, input_->GetTransform().rotation); }
+
+}  // namespace tremolux

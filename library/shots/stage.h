@@ -1,0 +1,55 @@
+// The scene that a move is played in: an input camera that follows it, and a second camera with the module's tag.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "generated/module_ids.h"
+#include "host/scene/document.h"
+#include "host/scene/tag.h"
+#include "library/moves/camera_move.h"
+
+namespace tremolux {
+
+class Stage {
+  public:
+    // In the running host; its document begins with the move's first frame. The tag has had its first evaluation,
+    // which only sets it up and evaluates nothing: parameters that are set from now on hold. Throws a Failure when
+    // the module has no such tag.
+    explicit Stage(const CameraMove &move);
+
+    // A null object with these positions, linked to the tag as what the camera turns to or focuses on; a single sample
+    // holds for all time. Turning to a target is switched on with it; a parameter that is set later may switch it off.
+    void AddTarget(const CameraMove &points);
+    void AddFocusObject(const CameraMove &points);
+
+    // Evaluates one frame of playback. Frames are played one after the other, from the document's first.
+    void PlayFrame(std::int64_t frame);
+    // Turns the motion into keys, which the frames then follow. Throws a Failure when the module bakes nothing.
+    void BakeQuickly() { Bake(ids::kQuickBake); }
+    void BakeByBruteForce() { Bake(ids::kBruteForceBake); }
+    host::Tag &CameraTag() const { return *tag_; }
+    host::Document *Scene() const { return document_.get(); }
+    const host::Document &Document() const { return *document_; }
+    CameraSample Input() const;
+    bool TurnsToTarget() const;
+    // Null when there is none.
+    const host::Object *FocusObject() const { return focus_object_; }
+    // As evaluated; its angles are those closest to the frame before, and on the first frame to the input's.
+    CameraSample Output() const { return output_sample_; }
+
+  private:
+    void Bake(std::int32_t button);
+    struct KillDocument {
+        void operator()(host::Document *document) const;
+    };
+    void Evaluate(std::int64_t frame);
+    host::Object *AddAimPoint(const char *name, std::int32_t link, const CameraMove &points);
+    std::unique_ptr<host::Document, KillDocument> document_;  // the running host's; the cameras and the tag are in it
+    host::Object *input_, *output_;
+    host::Object *target_ = nullptr, *focus_object_ = nullptr;
+    host::Tag *tag_ = nullptr;
+    CameraSample output_sample_;
+};
+
+}  // namespace tremolux
