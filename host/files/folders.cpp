@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "host/files/faults.h"
+#include "host/files/memory_files.h"
 #include "host/files/safe_write.h"
 #include "host/services/platform.h"
 #include "host/value/text.h"
@@ -30,6 +31,13 @@ bool RemoveTree(const fs::path &name) {
     return is_empty && fs::remove(name, error) && !error;
 }
 
+// Anything of that name, a link that leads nowhere, too.
+bool IsThere(const fs::path &name) {
+    if (memory_files::Holds(name)) return Exists(name, false) || Exists(name, true);
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(name, ignored));
+}
+
 }  // namespace
 
 void BrowseFiles::Init(const fs::path &folder) {
@@ -41,6 +49,11 @@ void BrowseFiles::Init(const fs::path &folder) {
         Entry entry;
     };
     std::vector<Named> found;
+    for (const memory_files::Entry &inside : memory_files::Inside(folder)) {
+        const bool is_hidden = inside.name[0] == '.';
+        found.push_back(
+            {Folded(inside.name), {inside.name, inside.is_folder, is_hidden, inside.size, inside.modified}});
+    }
     for (const fs::path &name : NamesIn(folder)) {
         std::error_code ignored;
         if (fs::is_symlink(folder / name, ignored)) continue;
@@ -70,6 +83,12 @@ const BrowseFiles::Entry *BrowseFiles::Current() const {
 }
 
 bool GetFileTime(const fs::path &name, FileTimeKind kind, FileTime *time) {
+    if (memory_files::Holds(name)) {
+        memory_files::Entry entry;
+        const bool exists = memory_files::Find(name, &entry);
+        *time = entry.modified;
+        return exists;
+    }
     const FileInfo info = GetFileInfo(name);
     *time = kind == FileTimeKind::kCreated    ? info.created
             : kind == FileTimeKind::kModified ? info.modified
@@ -78,17 +97,25 @@ bool GetFileTime(const fs::path &name, FileTimeKind kind, FileTime *time) {
 }
 
 bool Exists(const fs::path &name, bool is_folder) {
+    if (memory_files::Holds(name)) return is_folder ? memory_files::IsFolder(name) : memory_files::IsFile(name);
     std::error_code ignored;
     return is_folder ? fs::is_directory(name, ignored) : fs::is_regular_file(name, ignored);
 }
 
 bool CreateFolder(const fs::path &name) {
+    if (NextFileUse() != FileFault::kNone) return false;
+    if (memory_files::Holds(name)) return memory_files::MakeFolder(name);
     std::error_code error;
-    return NextFileUse() == FileFault::kNone && fs::create_directory(name, error) && !error;
+    return fs::create_directory(name, error) && !error;
 }
 
 bool RemoveFile(const fs::path &name, std::int32_t flags) {
     if (NextFileUse() != FileFault::kNone || IsProtectedFromRemoval(name)) return false;
+    if (memory_files::Holds(name)) {
+        const bool is_bare = memory_files::Inside(name).empty(), is_folder = memory_files::IsFolder(name);
+        if (is_folder && ((flags & kRemoveFolder) == 0 || (!is_bare && (flags & kRemoveRecursive) == 0))) return false;
+        return memory_files::Remove(name);
+    }
     std::error_code error;
     if (!fs::is_directory(fs::symlink_status(name, error))) return fs::remove(name, error) && !error;
     if ((flags & kRemoveFolder) == 0) return false;
@@ -97,15 +124,14 @@ bool RemoveFile(const fs::path &name, std::int32_t flags) {
 }
 
 bool CopyFileTo(const fs::path &source, const fs::path &destination, bool overwrite) {
-    std::error_code error;
-    if (!overwrite && fs::exists(fs::symlink_status(destination, error))) return false;
-    const fs::file_status status = fs::symlink_status(source, error);
-    if (fs::is_regular_file(status)) {
+    if (!overwrite && IsThere(destination)) return false;
+    std::error_code ignored;
+    if (fs::is_symlink(fs::symlink_status(source, ignored))) return false;
+    if (Exists(source, false)) {
         std::string bytes, reason;
         return ReadFile(source, &bytes, &reason) && WriteFileSafely(destination, bytes, &reason);
     }
-    if (!fs::is_directory(status) || (!fs::is_directory(destination, error) && !CreateFolder(destination)))
-        return false;
+    if (!Exists(source, true) || (!Exists(destination, true) && !CreateFolder(destination))) return false;
     bool complete = true;
     BrowseFiles browse;
     browse.Init(source);

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "host/files/folders.h"
+#include "host/files/memory_files.h"
 #include "host/files/safe_write.h"
 #include "host/services/platform.h"
 #include "host/value/custom.h"
@@ -297,8 +299,8 @@ class Reader {
 bool HyperFile::Open(std::int32_t ident, const std::filesystem::path &file, FileMode mode) {
     Close();
     if (mode == FileMode::kWrite) {
-        std::error_code ignored;
-        if (file.filename().empty() || !std::filesystem::is_directory(AbsolutePath(file).parent_path(), ignored)) {
+        const bool in_memory = memory_files::Holds(file);
+        if (file.filename().empty() || !Exists((in_memory ? file : AbsolutePath(file)).parent_path(), true)) {
             error_ = kFileOpen;
             return false;
         }

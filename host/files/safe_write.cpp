@@ -4,6 +4,8 @@
 #include <system_error>
 
 #include "host/files/faults.h"
+#include "host/files/folders.h"
+#include "host/files/memory_files.h"
 #include "host/services/platform.h"
 #include "host/value/text.h"
 
@@ -45,13 +47,15 @@ void CleanUp(const std::filesystem::path &fresh) {
 }  // namespace
 
 bool WriteFileSafely(const std::filesystem::path &file, std::string_view bytes, std::string *error) {
-    std::error_code ignored;
     const auto fail = [&](const char *words) {
         *error = PathText(file) + ": " + words;
         return false;
     };
-    if (file.filename().empty() || std::filesystem::is_directory(file, ignored))
-        return fail("is a folder, expected a file to write");
+    if (file.filename().empty() || Exists(file, true)) return fail("is a folder, expected a file to write");
+    if (memory_files::Holds(file)) {
+        if (NextFileUse() == FileFault::kNone && memory_files::Write(file, bytes)) return true;
+        return fail("cannot be written, expected a folder that is there");
+    }
     const std::filesystem::path fresh = FreeNameBeside(file);
     if (!WriteAll(fresh, bytes)) {
         CleanUp(fresh);
@@ -71,6 +75,7 @@ bool ReadFile(const std::filesystem::path &file, std::string *bytes, std::string
         return false;
     };
     if (NextFileUse() != FileFault::kNone) return fail("cannot be read");
+    if (memory_files::Holds(file)) return memory_files::Read(file, bytes) || fail("there is no such file");
     if (!std::filesystem::exists(file, ignored)) return fail("there is no such file");
     if (std::filesystem::is_directory(file, ignored)) return fail("is a folder, expected a file");
     std::ifstream in(file, std::ios::binary);

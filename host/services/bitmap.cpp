@@ -3,8 +3,8 @@
 #include <png.h>
 
 #include <string>
-#include <system_error>
 
+#include "host/files/folders.h"
 #include "host/files/safe_write.h"
 
 namespace host {
@@ -32,8 +32,7 @@ ImageResult Bitmap::Init(std::int32_t new_width, std::int32_t new_height) {
 ImageResult Bitmap::Load(const std::filesystem::path &png) {
     width = height = 0;
     rgba.clear();
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(png, error)) return kImageNotExisting;
+    if (!Exists(png, false)) return kImageNotExisting;
     std::string bytes, reason;
     if (!ReadFile(png, &bytes, &reason)) return kImageFileError;
     if (bytes.size() < 8 || png_sig_cmp(reinterpret_cast<png_const_bytep>(bytes.data()), 0, 8) != 0)

@@ -42,7 +42,7 @@ std::unique_ptr<LoadedModule> LoadedModule::Load(const std::filesystem::path &fi
                                                  const HostTable *table) {
     std::error_code ignored;
     const std::string name = PathText(file);
-    const auto fail = [&](const std::string &words) {
+    const auto fail = [&](const std::string &words) -> std::unique_ptr<LoadedModule> {
         *error = name + ": " + words;
         return nullptr;
     };
@@ -60,27 +60,44 @@ std::unique_ptr<LoadedModule> LoadedModule::Load(const std::filesystem::path &fi
     module->main_ = reinterpret_cast<ModuleMain>(FindSymbol(module->library_, "c4d_main"));
     if (module->main_ == nullptr) return fail("has no entry c4d_main, expected a plug-in module");
 
-    const std::int32_t version = module->Call(kActionVersion, nullptr, nullptr, nullptr);
-    if (version != kInterfaceVersion)
-        return fail("speaks plug-in interface version " + std::to_string(version) + ", expected " +
-                    std::to_string(kInterfaceVersion));
+    const std::string wrong = module->Begin(table);
+    return wrong.empty() ? std::move(module) : fail(wrong);
+}
+
+std::unique_ptr<LoadedModule> LoadedModule::LinkedIn(ModuleMain entry, const std::filesystem::path &file,
+                                                     std::string *error, const HostTable *table) {
+    std::unique_ptr<LoadedModule> module(new LoadedModule);
+    module->application_ = Application::Current();
+    module->file_ = file;
+    module->main_ = entry;
+    const std::string wrong = module->application_ == nullptr ? "needs a running host" : module->Begin(table);
+    if (wrong.empty()) return module;
+    *error = PathText(file) + ": " + wrong;
+    return nullptr;
+}
+
+std::string LoadedModule::Begin(const HostTable *table) {
+    const std::int32_t version = Call(kActionVersion, nullptr, nullptr, nullptr);
+    if (version != kInterfaceVersion) {
+        return "speaks plug-in interface version " + std::to_string(version) + ", expected " +
+               std::to_string(kInterfaceVersion);
+    }
     TableFilename own_name{};
-    Assign(&own_name, module->file_);
-    const std::int32_t started = module->Call(kActionInitSystem, const_cast<HostTable *>(table), nullptr, &own_name);
+    Assign(&own_name, file_);
+    const std::int32_t started = Call(kActionInitSystem, const_cast<HostTable *>(table), nullptr, &own_name);
     ReleaseText(&own_name.path);
-    if (started != 1) return fail("refused this host's function table (" + std::to_string(started) + ")");
-    module->initialized_ = true;
+    if (started != 1) return "refused this host's function table (" + std::to_string(started) + ")";
+    initialized_ = true;
 
     std::int32_t priority = 0;
-    Send(module->main_, kMessagePriority, &priority);
-    if (Send(module->main_, kMessageInitSystem) != 1)
-        return fail("could not start, expected its resources in the folder \"res\" beside it");
-    if (module->Start() != 1)
-        return fail("did not start, expected its registrations to succeed (are its icons in \"res\"?)");
-    module->started_ = true;
-    Send(module->main_, kMessageStartActivity);
-    Send(module->main_, kMessageBuildMenu);
-    return module;
+    Send(main_, kMessagePriority, &priority);
+    if (Send(main_, kMessageInitSystem) != 1)
+        return "could not start, expected its resources in the folder \"res\" beside it";
+    if (Start() != 1) return "did not start, expected its registrations to succeed (are its icons in \"res\"?)";
+    started_ = true;
+    Send(main_, kMessageStartActivity);
+    Send(main_, kMessageBuildMenu);
+    return {};
 }
 
 std::int32_t LoadedModule::Start() const {

@@ -18,12 +18,17 @@ class LoadedModule {
     // c4d_main, the interface version, a successful start).
     static std::unique_ptr<LoadedModule> Load(const std::filesystem::path &file, std::string *error,
                                               const HostTable *table = Application::Table());
+    // The same of a module that is linked into this program, by its entry; `file` is where it takes itself to lie.
+    static std::unique_ptr<LoadedModule> LinkedIn(ModuleMain entry, const std::filesystem::path &file,
+                                                  std::string *error, const HostTable *table = Application::Table());
     ~LoadedModule();
     std::int32_t Call(std::int32_t action, void *p1, void *p2, void *p3) const { return main_(action, p1, p2, p3); }
     const std::filesystem::path &File() const { return file_; }
 
   private:
     LoadedModule() = default;
+    // Everything from the first call of the entry on; empty when the module runs, else what is wrong with it.
+    std::string Begin(const HostTable *table);
     std::int32_t Start() const;
     void End() const;
     Application *application_ = nullptr;  // where it registers

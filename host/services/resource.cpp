@@ -1,12 +1,9 @@
 #include "host/services/resource.h"
 
-#include <system_error>
+#include "host/files/folders.h"
 
 namespace host {
 
-bool IsResourceFolder(const std::filesystem::path &folder) {
-    std::error_code ignored;
-    return std::filesystem::is_regular_file(folder / "c4d_symbols.h", ignored);
-}
+bool IsResourceFolder(const std::filesystem::path &folder) { return Exists(folder / "c4d_symbols.h", false); }
 
 }  // namespace host
