@@ -1,8 +1,12 @@
-# Moves, formats, shots and measures: what the program, and whoever else wants frames, is built on.
+# Moves, formats, shots and measures: what the program is built on; and the shared library, with the module linked in, for
+# whoever else wants frames.
 find_package(nlohmann_json REQUIRED)
 find_package(Eigen3 REQUIRED NO_MODULE)
 
 tremolux_room_sources(sources library)
+tremolux_room_sources(interface_sources library/interface)
+tremolux_room_sources(runtime_sources library/runtime)
+list(REMOVE_ITEM sources ${interface_sources} ${runtime_sources})
 if(NOT sources OR NOT TARGET embedded_host)
     message(STATUS "library/ or host/ is empty: no library")
     return()

@@ -84,9 +84,11 @@ function(tremolux_add_tests room)
         ${target} PRIVATE <gtest/gtest.h> <rapidcheck/gtest.h> <algorithm> <cmath> <filesystem> <fstream> <functional> <map>
         <memory> <string> <vector>)
     set(used_targets TremoluxCam tremolux bare_module built_in_presets no_entry)
+    # With the thread sanitizer these are built alone: that makes every file dear.
     if(room STREQUAL "threads")
-        # With the thread sanitizer it is built alone: that makes every file dear.
         set(used_targets bare_module)
+    elseif(room STREQUAL "library")
+        set(used_targets built_in_presets)
     endif()
     foreach(used IN LISTS used_targets)
         if(TARGET ${used})
@@ -136,6 +138,7 @@ if(TARGET threads_tests)
     target_sources(threads_tests PRIVATE tests/tag/scene.cpp tests/tag/preset_bench.cpp)
 endif()
 tremolux_add_tests(program tremolux_program)
+tremolux_add_tests(library tremolux_shared tremolux_library)
 
 if(TARGET parameter_page)
     add_test(NAME docs.parameters COMMAND parameter_page --check "${drive}${PROJECT_SOURCE_DIR}/docs/parameters.md")

@@ -164,4 +164,14 @@ void Application::HandleEvents() {
     ExecutePasses(active_, moved || (flags & kEventAnimate) != 0, (flags & kEventNoExpressions) == 0, true);
 }
 
+void Application::ForgetTheUser() {
+    active_ = nullptr;
+    console.Clear();
+    dialogs.Clear();
+    status.history.clear();
+    const std::lock_guard<std::mutex> hold(event_lock_);
+    requests = {};
+    queued_flags_ = -1;
+}
+
 }  // namespace host

@@ -2,6 +2,7 @@
 // it; documents that no other thread uses may be made, evaluated and freed on any.
 #pragma once
 
+#include <atomic>
 #include <filesystem>
 #include <memory>
 #include <mutex>
@@ -30,6 +31,9 @@ class Application {
     static Application *Current();  // null when none is running
     static const HostTable *Table();
     bool IsOnMainThread() const { return std::this_thread::get_id() == main_thread_; }
+    // For whoever serves several threads, one after the other: this one's is the main thread from now on; with {} none
+    // is.
+    void SetMainThread(std::thread::id thread) { main_thread_ = thread; }
 
     ApplicationSettings settings;
     Registry registry;
@@ -60,13 +64,15 @@ class Application {
     // asked for it.
     void QueueEvent(std::int32_t flags);
     void HandleEvents();
+    // What was recorded for whoever looks, and what is queued; the active document is none from now on.
+    void ForgetTheUser();
 
   private:
     std::vector<std::unique_ptr<Document>> documents_;
     Document *active_ = nullptr;
     std::vector<std::pair<std::int32_t, std::unique_ptr<Container>>> world_;
     std::int32_t queued_flags_ = -1;  // -1: no event waits
-    std::thread::id main_thread_ = std::this_thread::get_id();
+    std::atomic<std::thread::id> main_thread_ = std::this_thread::get_id();
     std::mutex world_lock_, event_lock_;
 };
 

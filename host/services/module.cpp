@@ -66,14 +66,18 @@ std::unique_ptr<LoadedModule> LoadedModule::Load(const std::filesystem::path &fi
 
 std::unique_ptr<LoadedModule> LoadedModule::LinkedIn(ModuleMain entry, const std::filesystem::path &file,
                                                      std::string *error, const HostTable *table) {
+    const auto fail = [&](const std::string &words) -> std::unique_ptr<LoadedModule> {
+        *error = PathText(file) + ": " + words;
+        return nullptr;
+    };
+    Application *application = Application::Current();
+    if (application == nullptr) return fail("needs a running host");
     std::unique_ptr<LoadedModule> module(new LoadedModule);
-    module->application_ = Application::Current();
+    module->application_ = application;
     module->file_ = file;
     module->main_ = entry;
-    const std::string wrong = module->application_ == nullptr ? "needs a running host" : module->Begin(table);
-    if (wrong.empty()) return module;
-    *error = PathText(file) + ": " + wrong;
-    return nullptr;
+    const std::string wrong = module->Begin(table);
+    return wrong.empty() ? std::move(module) : fail(wrong);
 }
 
 std::string LoadedModule::Begin(const HostTable *table) {

@@ -54,6 +54,10 @@ class Console {
         lines.push_back(line);
         if (on_line) on_line(line);
     }
+    void Clear() {
+        const std::lock_guard<std::mutex> hold(lock_);
+        lines.clear();
+    }
     std::vector<std::string> lines;
     std::function<void(const std::string &)> on_line;  // also told, e.g. to show it at once
 

@@ -64,7 +64,7 @@ const MoveFormat &FormatOf(const fs::path &file, FormatUse use) {
 CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
     const std::string name = host::PathText(file);
     const std::string expected = ", expected a camera file (" + KnownExtensions(FormatUse::kRead) + ")";
-    const MoveFormat &format = FormatOf(file, FormatUse::kRead);
+    FormatOf(file, FormatUse::kRead);
     std::error_code error;
     if (!fs::exists(file, error)) throw Failure(kExitInput, name + ": found no such file" + expected);
     if (!fs::is_regular_file(file, error)) throw Failure(kExitInput, name + ": found something else" + expected);
@@ -74,6 +74,12 @@ CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
     if (!host::ReadFile(file, &bytes, &reason)) {
         throw Failure(kExitInput, name + ": found a file that cannot be read" + expected);
     }
+    return MoveFromBytes(name, bytes, options);
+}
+
+CameraMove MoveFromBytes(const std::string &name, std::string_view bytes, const FormatOptions &options) {
+    const MoveFormat &format = FormatOf(host::PathFromText(name), FormatUse::kRead);
+    if (bytes.size() > kMaxFileBytes) throw Failure(kExitInput, name + ": found more bytes than any move has");
     CameraMove move = format.read(name, bytes, options);
     if (options.frames_per_second) move.frames_per_second = *options.frames_per_second;
     return move;

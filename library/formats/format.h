@@ -37,6 +37,8 @@ std::string KnownExtensions(FormatUse use);
 // By the extension, in whatever case; throws a Failure that lists the known ones.
 const MoveFormat &FormatOf(const std::filesystem::path &file, FormatUse use);
 CameraMove ReadMove(const std::filesystem::path &file, const FormatOptions &options);
+// The same with the file's bytes at hand; its name says the format and stands in messages.
+CameraMove MoveFromBytes(const std::string &name, std::string_view bytes, const FormatOptions &options);
 std::string MoveText(const std::filesystem::path &file, const CameraMove &move, const FormatOptions &options);
 
 }  // namespace tremolux

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "host/files/folders.h"
 #include "host/files/safe_write.h"
 #include "host/value/text.h"
 #include "library/failure.h"
@@ -12,7 +13,7 @@ std::map<std::string, std::string> ReadPresetSentences(const std::filesystem::pa
     const std::filesystem::path file = module_file.parent_path() / "res" / "presets.json";
     std::string bytes, error;
     std::map<std::string, std::string> sentences;
-    if (!std::filesystem::exists(file)) return sentences;
+    if (!host::Exists(file, false)) return sentences;
     if (!host::ReadFile(file, &bytes, &error)) throw Failure(kExitModule, error);
     const nlohmann::json list = nlohmann::json::parse(bytes, nullptr, false);
     for (const nlohmann::json &preset : list) {

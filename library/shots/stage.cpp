@@ -39,7 +39,8 @@ CameraSample SampleOf(const host::Object &camera, const host::Vector &nearby_ang
 Stage::Stage(const CameraMove &move)
     : document_(host::Application::Current()->NewDocument()),
       input_(InsertObject(document_.get(), host::kTypeCamera, "Input Camera")),
-      output_(InsertObject(document_.get(), host::kTypeCamera, "Camera")) {
+      output_(InsertObject(document_.get(), host::kTypeCamera, "Camera")),
+      first_frame_(move.first_frame) {
     document_->SetFps(move.frames_per_second);
     document_->SetRange(move.first_frame, move.LastFrame());
     KeyCamera(input_, move, move.frames_per_second);
@@ -51,8 +52,7 @@ Stage::Stage(const CameraMove &move)
                                        std::to_string(ids::kTremoluxCamId));
     }
     tag_->SetParameter(host::MakeId(ids::kInputCamera), host::Data::LinkTo(input_));
-    Evaluate(move.first_frame);
-    output_sample_.angles = input_->GetTransform().rotation;
+    Evaluate(first_frame_);
 }
 
 void Stage::KillDocument::operator()(host::Document *document) const {
@@ -84,6 +84,7 @@ void Stage::AddFocusObject(const CameraMove &points) {
 
 void Stage::PlayFrame(std::int64_t frame) {
     Evaluate(frame);
+    if (frame == first_frame_) output_sample_.angles = input_->GetTransform().rotation;
     output_sample_ = SampleOf(*output_, output_sample_.angles);
 }
 

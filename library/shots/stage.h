@@ -23,7 +23,8 @@ class Stage {
     void AddTarget(const CameraMove &points);
     void AddFocusObject(const CameraMove &points);
 
-    // Evaluates one frame of playback. Frames are played one after the other, from the document's first.
+    // Evaluates one frame of playback. Frames are played one after the other, from the document's first, which may be gone
+    // back to.
     void PlayFrame(std::int64_t frame);
     // Turns the motion into keys, which the frames then follow. Throws a Failure when the module bakes nothing.
     void BakeQuickly() { Bake(ids::kQuickBake); }
@@ -49,6 +50,7 @@ class Stage {
     host::Object *input_, *output_;
     host::Object *target_ = nullptr, *focus_object_ = nullptr;
     host::Tag *tag_ = nullptr;
+    std::int64_t first_frame_;
     CameraSample output_sample_;
 };
 

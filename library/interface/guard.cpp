@@ -1,0 +1,56 @@
+#include "library/interface/guard.h"
+
+#include <new>
+
+#include "library/failure.h"
+
+namespace tremolux {
+namespace {
+
+tremolux_status StatusOf(const Failure &failure) {
+    switch (failure.Status()) {
+        case kExitInput:
+            return TREMOLUX_INPUT;
+        case kExitModule:
+            return TREMOLUX_MODULE;
+        default:
+            return TREMOLUX_INTERNAL;
+    }
+}
+
+}  // namespace
+
+std::string &ThreadError() {
+    static thread_local std::string error;
+    return error;
+}
+
+tremolux_status Guarded(std::string *error, const std::function<void()> &work) {
+    const auto refuse = [error](tremolux_status status, const char *line) {
+        try {
+            *error = line;
+        } catch (const std::bad_alloc &) {
+            error->clear();
+        }
+        return status;
+    };
+    try {
+        error->clear();
+        work();
+        return TREMOLUX_OK;
+    } catch (const Refusal &refusal) {
+        return refuse(refusal.Status(), refusal.what());
+    } catch (const Failure &failure) {
+        return refuse(StatusOf(failure), failure.what());
+    } catch (const std::bad_alloc &) {
+        return refuse(TREMOLUX_INTERNAL, "there is not enough memory");
+    } catch (const std::exception &exception) {
+        return refuse(TREMOLUX_INTERNAL, exception.what());
+    }
+}
+
+void RequirePointer(const void *pointer, const char *what) {
+    if (pointer == nullptr) throw Refusal(TREMOLUX_INPUT, std::string(what) + ": found NULL, expected a pointer");
+}
+
+}  // namespace tremolux

@@ -1,0 +1,66 @@
+// The edge of the C interface: what is thrown behind it becomes a status and a line.
+#pragma once
+
+#include <functional>
+#include <mutex>
+#include <stdexcept>
+#include <string>
+
+#include "library/interface/handles.h"
+#include "tremolux/tremolux.h"
+
+namespace tremolux {
+
+// A call that cannot be served.
+class Refusal : public std::runtime_error {
+  public:
+    Refusal(tremolux_status status, const std::string &line) : std::runtime_error(line), status_(status) {}
+    tremolux_status Status() const { return status_; }
+
+  private:
+    tremolux_status status_;
+};
+
+// Of the calling thread, for calls without a valid handle.
+std::string &ThreadError();
+
+// TREMOLUX_OK, or the status of what `work` throws with its line in `error`.
+tremolux_status Guarded(std::string *error, const std::function<void()> &work);
+
+// Throws a Refusal for a null pointer; `what` is the argument's name.
+void RequirePointer(const void *pointer, const char *what);
+// The same, and for a struct whose first field is not its size.
+template <typename Struct>
+void RequireStruct(const Struct *pointer, const char *what) {
+    RequirePointer(pointer, what);
+    if (pointer->size != sizeof(Struct)) {
+        throw Refusal(TREMOLUX_INPUT, std::string(what) + ": found the size " + std::to_string(pointer->size) +
+                                          ", expected " + std::to_string(sizeof(Struct)));
+    }
+}
+
+// Throws a Refusal for what is no handle of this kind.
+template <typename Target>
+std::shared_ptr<Target> RequireTarget(const void *handle) {
+    std::shared_ptr<Target> target = FindTarget<Target>(handle);
+    if (!target) throw Refusal(TREMOLUX_HANDLE, std::string("found no valid handle, expected one of a ") + Target::kName);
+    return target;
+}
+
+// Runs `work` with what the handle stands for, which no other thread uses meanwhile.
+template <typename Target, typename Work>
+tremolux_status WithHandle(const void *handle, Work work) {
+    tremolux_status status = TREMOLUX_OK;
+    const tremolux_status found = Guarded(&ThreadError(), [&] {
+        const std::shared_ptr<Target> target = RequireTarget<Target>(handle);
+        std::unique_lock<std::mutex> hold(target->in_use, std::defer_lock);
+        if (Target::kIsWaitedFor)
+            hold.lock();
+        else if (!hold.try_lock())
+            throw Refusal(TREMOLUX_BUSY, std::string("the ") + Target::kName + " is in use by another thread");
+        status = Guarded(&target->error, [&] { work(*target); });
+    });
+    return found == TREMOLUX_OK ? status : found;
+}
+
+}  // namespace tremolux

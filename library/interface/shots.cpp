@@ -1,0 +1,254 @@
+#include <atomic>
+#include <cmath>
+#include <memory>
+#include <optional>
+
+#include "host/scene/parameters.h"
+#include "host/ui/attribute_manager.h"
+#include "host/value/descid.h"
+#include "host/value/time.h"
+#include "library/failure.h"
+#include "library/formats/source_text.h"
+#include "library/interface/guard.h"
+#include "library/interface/move.h"
+#include "library/parameters/settings.h"
+#include "library/runtime/runtime.h"
+#include "library/shots/stage.h"
+
+namespace tremolux {
+namespace {
+
+struct ShotTarget : HandleTarget {
+    static constexpr const char *kName = "shot";
+    static constexpr bool kIsWaitedFor = false;
+
+    explicit ShotTarget(const CameraMove &given) : move(given) {
+        const Runtime::Turn turn;
+        stage.emplace(move);
+    }
+    ~ShotTarget() override {
+        const Runtime::Turn turn;
+        stage.reset();
+    }
+    host::Tag *Tag() const { return &stage->CameraTag(); }
+
+    const CameraMove move;
+    std::optional<Stage> stage;
+    std::vector<CameraSample> played;  // by the last whole play
+    std::atomic<bool> plays = false, is_cancelled = false;
+    bool has_target = false, has_focus_object = false;
+};
+
+const Parameter &ParameterOf(std::int32_t id) {
+    for (const Parameter &parameter : Runtime::Get().Parameters())
+        if (parameter.id == id) return parameter;
+    throw Refusal(TREMOLUX_INPUT, "parameter: found " + std::to_string(id) + ", expected a parameter's number");
+}
+
+[[noreturn]] void RefuseKind(const Parameter &parameter, const char *expected) {
+    throw Refusal(TREMOLUX_INPUT, "parameter: found " + std::to_string(parameter.id) + " '" + parameter.label +
+                                      "', expected " + expected);
+}
+
+const Parameter &NumberOf(std::int32_t id) {
+    const Parameter &parameter = ParameterOf(id);
+    switch (parameter.kind) {
+        case ParameterKind::kReal:
+        case ParameterKind::kBool:
+        case ParameterKind::kTime:
+        case ParameterKind::kChoice:
+            return parameter;
+        default:
+            RefuseKind(parameter, "one that holds a number");
+    }
+}
+
+// Throws a Refusal for a number that the setting cannot have.
+host::Data StoredValue(const Parameter &parameter, double value, int frames_per_second) {
+    const auto refuse = [&](const std::string &expected) {
+        throw Refusal(TREMOLUX_INPUT, "'" + parameter.label + "' (" + std::to_string(parameter.id) + "): found " +
+                                          std::to_string(value) + ", expected " + expected);
+    };
+    if (!(std::fabs(value) <= kMaxNumber)) refuse("a number up to 1e12");
+    const bool is_whole = value == std::floor(value);
+    const double stored = parameter.kind == ParameterKind::kTime ? value / frames_per_second : value;
+    if (parameter.minimum && stored < *parameter.minimum) refuse("at least " + std::to_string(*parameter.minimum));
+    if (parameter.maximum && stored > *parameter.maximum) refuse("at most " + std::to_string(*parameter.maximum));
+    switch (parameter.kind) {
+        case ParameterKind::kReal:
+            return {value};
+        case ParameterKind::kTime:
+            if (!is_whole || std::fabs(value) > kMaxFrameNumber) refuse("whole frames");
+            return {host::MakeTime(value, frames_per_second)};
+        case ParameterKind::kBool:
+            if (value != 0 && value != 1) refuse("0 or 1");
+            return {static_cast<std::int32_t>(value)};
+        default:
+            for (const auto &choice : parameter.choices)
+                if (choice.first == value) return {choice.first};
+            refuse("the number of one of its entries");
+            return {};
+    }
+}
+
+void AddPoints(ShotTarget *shot, tremolux_move points, bool *is_there, void (Stage::*add)(const CameraMove &)) {
+    const std::shared_ptr<MoveTarget> target = RequireTarget<MoveTarget>(points);
+    const CameraMove &move = target->move;
+    if (*is_there) throw Refusal(TREMOLUX_INPUT, "points: found a second one, expected one for each shot");
+    if (move.samples.size() > 1 &&
+        (move.first_frame > shot->move.first_frame || move.LastFrame() < shot->move.LastFrame())) {
+        throw Refusal(TREMOLUX_INPUT, "points: found frames " + std::to_string(move.first_frame) + " to " +
+                                          std::to_string(move.LastFrame()) + ", expected " +
+                                          std::to_string(shot->move.first_frame) + " to " +
+                                          std::to_string(shot->move.LastFrame()) + " of the shot's move");
+    }
+    const Runtime::Turn turn(shot->stage->Scene());
+    ((*shot->stage).*add)(move);
+    *is_there = true;
+}
+
+void Play(ShotTarget *shot, tremolux_progress progress, void *user) {
+    struct Playing {
+        explicit Playing(ShotTarget *given) : shot(given) { shot->plays = true; }
+        ~Playing() { shot->plays = shot->is_cancelled = false; }
+        ShotTarget *shot;
+    } const playing(shot);
+    std::vector<CameraSample> samples;
+    const std::size_t frames = shot->move.samples.size();
+    samples.reserve(frames);
+    while (samples.size() < frames) {
+        shot->stage->PlayFrame(shot->move.first_frame + static_cast<std::int64_t>(samples.size()));
+        samples.push_back(shot->stage->Output());
+        const bool is_refused = progress != nullptr && progress(samples.size(), frames, user) != 0;
+        if (is_refused || shot->is_cancelled)
+            throw Refusal(TREMOLUX_CANCELLED, "cancelled after " + std::to_string(samples.size()) + " of " +
+                                                  std::to_string(frames) + " frames");
+    }
+    shot->played = std::move(samples);
+}
+
+void RequirePlayed(const ShotTarget &shot) {
+    if (shot.played.empty()) throw Refusal(TREMOLUX_INPUT, "found a shot that was not played, expected a played one");
+}
+
+// One at a time for the whole process, as a user's hands are.
+template <typename Work>
+tremolux_status ByHand(tremolux_shot shot, Work work) {
+    return WithHandle<ShotTarget>(shot, [&](ShotTarget &target) {
+        const Runtime::Turn turn(target.stage->Scene());
+        work(target);
+    });
+}
+
+}  // namespace
+}  // namespace tremolux
+
+using namespace tremolux;
+
+tremolux_status tremolux_shot_new(tremolux_move move, tremolux_shot *shot) {
+    return WithHandle<MoveTarget>(move, [&](const MoveTarget &target) {
+        RequirePointer(shot, "shot");
+        *shot = static_cast<tremolux_shot>(NewHandle(std::make_shared<ShotTarget>(target.move)));
+    });
+}
+
+tremolux_status tremolux_shot_free(tremolux_shot shot) {
+    if (shot == nullptr) return TREMOLUX_OK;
+    return Guarded(&ThreadError(), [&] {
+        RequireTarget<ShotTarget>(shot);
+        ForgetHandle(shot);
+    });
+}
+
+tremolux_status tremolux_shot_set(tremolux_shot shot, int32_t parameter, double value) {
+    return ByHand(shot, [&](ShotTarget &target) {
+        const Parameter &known = NumberOf(parameter);
+        const host::Data data = StoredValue(known, value, target.move.frames_per_second);
+        if (!target.Tag()->SetParameter(host::MakeId(parameter), data, host::kSetUserInteraction))
+            throw Refusal(TREMOLUX_MODULE, "the module refuses a value of parameter " + std::to_string(parameter));
+    });
+}
+
+tremolux_status tremolux_shot_get(tremolux_shot shot, int32_t parameter, double *value) {
+    return ByHand(shot, [&](ShotTarget &target) {
+        RequirePointer(value, "value");
+        const Parameter &known = NumberOf(parameter);
+        host::Data data;
+        if (!target.Tag()->GetParameter(host::MakeId(parameter), &data))
+            throw Refusal(TREMOLUX_MODULE, "the module has no value of parameter " + std::to_string(parameter));
+        *value = known.kind == ParameterKind::kTime ? host::Seconds(data.GetTime()) * target.move.frames_per_second
+                                                    : data.Real();
+    });
+}
+
+tremolux_status tremolux_shot_set_text(tremolux_shot shot, const char *setting) {
+    return ByHand(shot, [&](ShotTarget &target) {
+        RequirePointer(setting, "setting");
+        ApplySettings({setting}, target.move.frames_per_second, target.Tag());
+    });
+}
+
+tremolux_status tremolux_shot_is_enabled(tremolux_shot shot, int32_t parameter, int32_t *enabled) {
+    return ByHand(shot, [&](ShotTarget &target) {
+        RequirePointer(enabled, "enabled");
+        const TableDescID id = host::MakeId(ParameterOf(parameter).id);
+        host::DescribedParameter described;
+        const bool is_described = host::FindDescribed(target.Tag(), id, &described);
+        *enabled = is_described && host::IsControlEnabled(target.Tag(), id, described.settings) ? 1 : 0;
+    });
+}
+
+tremolux_status tremolux_shot_apply_preset(tremolux_shot shot, const char *preset) {
+    return ByHand(shot, [&](ShotTarget &target) {
+        RequirePointer(preset, "preset");
+        ChoosePreset(FindPreset(Runtime::Get().Presets(), preset, "preset"), target.Tag());
+    });
+}
+
+tremolux_status tremolux_shot_press(tremolux_shot shot, int32_t button) {
+    return ByHand(shot, [&](ShotTarget &target) {
+        const Parameter &known = ParameterOf(button);
+        if (known.kind != ParameterKind::kButton) RefuseKind(known, "a button");
+        if (!host::PressButton(target.Tag(), host::MakeId(button)))
+            RefuseKind(known, "a button that can be pressed as things stand");
+    });
+}
+
+tremolux_status tremolux_shot_set_target(tremolux_shot shot, tremolux_move points) {
+    return WithHandle<ShotTarget>(
+        shot, [&](ShotTarget &target) { AddPoints(&target, points, &target.has_target, &Stage::AddTarget); });
+}
+
+tremolux_status tremolux_shot_set_focus_object(tremolux_shot shot, tremolux_move points) {
+    return WithHandle<ShotTarget>(shot, [&](ShotTarget &target) {
+        AddPoints(&target, points, &target.has_focus_object, &Stage::AddFocusObject);
+    });
+}
+
+tremolux_status tremolux_shot_play(tremolux_shot shot, tremolux_progress progress, void *user) {
+    return WithHandle<ShotTarget>(shot, [&](ShotTarget &target) { Play(&target, progress, user); });
+}
+
+tremolux_status tremolux_shot_cancel(tremolux_shot shot) {
+    return Guarded(&ThreadError(), [&] {
+        const std::shared_ptr<ShotTarget> target = RequireTarget<ShotTarget>(shot);
+        if (target->plays) target->is_cancelled = true;
+    });
+}
+
+tremolux_status tremolux_shot_numbers(tremolux_shot shot, double *numbers, size_t count) {
+    return WithHandle<ShotTarget>(shot, [&](const ShotTarget &target) {
+        RequirePlayed(target);
+        WriteNumbers(target.played, numbers, count);
+    });
+}
+
+tremolux_status tremolux_shot_result(tremolux_shot shot, tremolux_move *move) {
+    return WithHandle<ShotTarget>(shot, [&](const ShotTarget &target) {
+        RequirePointer(move, "move");
+        RequirePlayed(target);
+        CameraMove result = target.move;
+        result.samples = target.played;
+        *move = NewMove(std::move(result));
+    });
+}

@@ -1,0 +1,82 @@
+#include "library/runtime/runtime.h"
+
+#include "host/files/memory_files.h"
+#include "library/failure.h"
+#include "library/presets/sentences.h"
+#include "library/runtime/resources.h"
+#include "library/shots/stage.h"
+
+extern "C" std::int32_t c4d_main(std::int32_t action, void *p1, void *p2, void *p3);
+
+namespace tremolux {
+namespace {
+
+namespace fs = std::filesystem;
+namespace memory = host::memory_files;
+
+// Nothing of a user's is kept between two processes: there is no preferences file.
+host::ApplicationSettings Settings() {
+    host::ApplicationSettings settings;
+    settings.application_folder = memory::Root();
+    settings.user_folder = memory::Root() / "user";
+    return settings;
+}
+
+// Returns where the module takes itself to lie.
+fs::path BringFiles() {
+    memory::MakeFolders(memory::Root() / "user");
+    const fs::path folder = memory::Root() / "TremoluxCam";
+    for (const Resource &resource : Resources()) {
+        const fs::path file = folder / "res" / fs::u8path(resource.name);
+        memory::MakeFolders(file.parent_path());
+        if (!memory::Write(file, resource.bytes)) throw Failure(kExitInternal, "the library's own files are not whole");
+    }
+    return folder / "TremoluxCam";
+}
+
+}  // namespace
+
+Runtime &Runtime::Get() {
+    static Runtime runtime;
+    return runtime;
+}
+
+Runtime::Runtime() {
+    if (host::Application::Current() != nullptr) {
+        throw Failure(kExitInternal, "another host runs in this process, expected none");
+    }
+    const fs::path file = BringFiles();
+    application_ = std::make_unique<host::Application>(Settings());
+    std::string error;
+    module_ = host::LoadedModule::LinkedIn(c4d_main, file, &error);
+    if (!module_) throw Failure(kExitModule, error);
+
+    CameraMove move;
+    move.samples.resize(1);
+    const Stage stage(move);
+    parameters_ = DescribedParameters(stage.CameraTag());
+    presets_ = ReadCatalog(&stage.CameraTag());
+    std::map<std::string, std::string> sentences = ReadPresetSentences(file);
+    for (const CatalogEntry &preset : presets_) sentences_.push_back(std::move(sentences[preset.name]));
+    application_->ForgetTheUser();
+    application_->SetMainThread({});
+}
+
+Runtime::~Runtime() {
+    application_->SetMainThread(std::this_thread::get_id());
+    module_.reset();
+}
+
+Runtime::Turn::Turn(host::Document *document) : runtime_(Get()), hold_(runtime_.lock_) {
+    runtime_.application_->SetMainThread(std::this_thread::get_id());
+    // An event that another shot's frames queued is not this one's.
+    runtime_.application_->ForgetTheUser();
+    if (document != nullptr) runtime_.application_->SetActiveDocument(document);
+}
+
+Runtime::Turn::~Turn() {
+    runtime_.application_->ForgetTheUser();
+    runtime_.application_->SetMainThread({});
+}
+
+}  // namespace tremolux
