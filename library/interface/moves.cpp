@@ -3,6 +3,7 @@
 
 #include "host/value/text.h"
 #include "library/formats/format.h"
+#include "library/interface/buffer.h"
 #include "library/interface/guard.h"
 #include "library/interface/move.h"
 
@@ -116,10 +117,7 @@ tremolux_status tremolux_move_to_bytes(tremolux_move move, const char *name, tre
     return WithHandle<MoveTarget>(move, [&](const MoveTarget &target) {
         RequirePointer(name, "name");
         RequirePointer(buffer, "buffer");
-        auto text = std::make_unique<std::string>(MoveText(host::PathFromText(name), target.move, {}));
-        const char *bytes = text->c_str();
-        const std::size_t size = text->size();
-        *buffer = {bytes, size, text.release()};
+        *buffer = NewBuffer(MoveText(host::PathFromText(name), target.move, {}));
     });
 }
 
@@ -129,10 +127,4 @@ tremolux_status tremolux_move_free(tremolux_move move) {
         RequireTarget<MoveTarget>(move);
         ForgetHandle(move);
     });
-}
-
-void tremolux_buffer_free(tremolux_buffer *buffer) {
-    if (buffer == nullptr) return;
-    delete static_cast<std::string *>(buffer->owner);
-    *buffer = {};
 }

@@ -7,13 +7,18 @@
 #include "host/ui/attribute_manager.h"
 #include "host/value/descid.h"
 #include "host/value/time.h"
-#include "library/failure.h"
-#include "library/formats/source_text.h"
+#include "library/formats/format.h"
+#include "library/interface/buffer.h"
 #include "library/interface/guard.h"
 #include "library/interface/move.h"
+#include "library/measures/motion.h"
+#include "library/measures/strayed.h"
+#include "library/moves/between_frames.h"
 #include "library/parameters/settings.h"
 #include "library/runtime/runtime.h"
+#include "library/shots/keys.h"
 #include "library/shots/stage.h"
+#include "library/trace/layers.h"
 
 namespace tremolux {
 namespace {
@@ -107,28 +112,42 @@ void AddPoints(ShotTarget *shot, tremolux_move points, bool *is_there, void (Sta
     *is_there = true;
 }
 
-void Play(ShotTarget *shot, tremolux_progress progress, void *user) {
+CameraMove ResultOf(const ShotTarget &shot) {
+    if (shot.played.empty())
+        throw Refusal(TREMOLUX_INPUT, "found a shot that was not played, expected a played one");
+    CameraMove result = shot.move;
+    result.samples = shot.played;
+    return result;
+}
+
+// The frame's place in the move; throws a Refusal for one that is not in it.
+std::size_t PlaceOf(const ShotTarget &shot, std::int64_t frame) {
+    if (frame >= shot.move.first_frame && frame <= shot.move.LastFrame())
+        return static_cast<std::size_t>(frame - shot.move.first_frame);
+    throw Refusal(TREMOLUX_INPUT, "frame: found " + std::to_string(frame) + ", expected " +
+                                      std::to_string(shot.move.first_frame) + " to " +
+                                      std::to_string(shot.move.LastFrame()));
+}
+
+// Behind the samples that are given.
+void Play(ShotTarget *shot, std::vector<CameraSample> samples, tremolux_progress progress, void *user) {
     struct Playing {
         explicit Playing(ShotTarget *given) : shot(given) { shot->plays = true; }
         ~Playing() { shot->plays = shot->is_cancelled = false; }
         ShotTarget *shot;
     } const playing(shot);
-    std::vector<CameraSample> samples;
-    const std::size_t frames = shot->move.samples.size();
-    samples.reserve(frames);
-    while (samples.size() < frames) {
-        shot->stage->PlayFrame(shot->move.first_frame + static_cast<std::int64_t>(samples.size()));
+    const std::size_t start = samples.size(), frames = shot->move.samples.size() - start;
+    samples.reserve(start + frames);
+    for (std::size_t done = 0; done < frames;) {
+        shot->stage->PlayFrame(shot->move.first_frame + static_cast<std::int64_t>(start + done));
         samples.push_back(shot->stage->Output());
-        const bool is_refused = progress != nullptr && progress(samples.size(), frames, user) != 0;
+        ++done;
+        const bool is_refused = progress != nullptr && progress(done, frames, user) != 0;
         if (is_refused || shot->is_cancelled)
-            throw Refusal(TREMOLUX_CANCELLED, "cancelled after " + std::to_string(samples.size()) + " of " +
-                                                  std::to_string(frames) + " frames");
+            throw Refusal(TREMOLUX_CANCELLED,
+                          "cancelled after " + std::to_string(done) + " of " + std::to_string(frames) + " frames");
     }
     shot->played = std::move(samples);
-}
-
-void RequirePlayed(const ShotTarget &shot) {
-    if (shot.played.empty()) throw Refusal(TREMOLUX_INPUT, "found a shot that was not played, expected a played one");
 }
 
 // One at a time for the whole process, as a user's hands are.
@@ -226,7 +245,15 @@ tremolux_status tremolux_shot_set_focus_object(tremolux_shot shot, tremolux_move
 }
 
 tremolux_status tremolux_shot_play(tremolux_shot shot, tremolux_progress progress, void *user) {
-    return WithHandle<ShotTarget>(shot, [&](ShotTarget &target) { Play(&target, progress, user); });
+    return WithHandle<ShotTarget>(shot, [&](ShotTarget &target) { Play(&target, {}, progress, user); });
+}
+
+tremolux_status tremolux_shot_play_from(tremolux_shot shot, int64_t frame, tremolux_progress progress, void *user) {
+    return WithHandle<ShotTarget>(shot, [&](ShotTarget &target) {
+        CameraMove result = ResultOf(target);
+        result.samples.resize(PlaceOf(target, frame));
+        Play(&target, std::move(result.samples), progress, user);
+    });
 }
 
 tremolux_status tremolux_shot_cancel(tremolux_shot shot) {
@@ -237,18 +264,78 @@ tremolux_status tremolux_shot_cancel(tremolux_shot shot) {
 }
 
 tremolux_status tremolux_shot_numbers(tremolux_shot shot, double *numbers, size_t count) {
+    return WithHandle<ShotTarget>(
+        shot, [&](const ShotTarget &target) { WriteNumbers(ResultOf(target).samples, numbers, count); });
+}
+
+tremolux_status tremolux_shot_numbers_at(tremolux_shot shot, double frame, double *numbers) {
     return WithHandle<ShotTarget>(shot, [&](const ShotTarget &target) {
-        RequirePlayed(target);
-        WriteNumbers(target.played, numbers, count);
+        const CameraMove result = ResultOf(target);
+        if (!(frame >= static_cast<double>(result.first_frame) && frame <= static_cast<double>(result.LastFrame())))
+            throw Refusal(TREMOLUX_INPUT, "frame: found " + std::to_string(frame) + ", expected " +
+                                              std::to_string(result.first_frame) + " to " +
+                                              std::to_string(result.LastFrame()));
+        WriteNumbers({SampleBetween(result, frame)}, numbers, TREMOLUX_NUMBERS_PER_FRAME);
     });
 }
 
 tremolux_status tremolux_shot_result(tremolux_shot shot, tremolux_move *move) {
     return WithHandle<ShotTarget>(shot, [&](const ShotTarget &target) {
         RequirePointer(move, "move");
-        RequirePlayed(target);
-        CameraMove result = target.move;
-        result.samples = target.played;
-        *move = NewMove(std::move(result));
+        *move = NewMove(ResultOf(target));
+    });
+}
+
+tremolux_status tremolux_shot_layers(tremolux_shot shot, int64_t frame, tremolux_buffer *buffer) {
+    return WithHandle<ShotTarget>(shot, [&](ShotTarget &target) {
+        RequirePointer(buffer, "buffer");
+        PlaceOf(target, frame);
+        for (std::int64_t played = target.move.first_frame; played <= frame; ++played) target.stage->PlayFrame(played);
+        *buffer = NewBuffer(Layers(*target.stage).dump());
+    });
+}
+
+tremolux_status tremolux_shot_measure(tremolux_shot shot, tremolux_measures *measures) {
+    return WithHandle<ShotTarget>(shot, [&](const ShotTarget &target) {
+        RequireStruct(measures, "measures");
+        const CameraMove result = ResultOf(target);
+        const Strayed strayed = MeasureStrayed(target.move, result);
+        const AddedMotion added = MeasureAddedMotion(target.move, result, FormatOptions().width);
+        *measures = {sizeof(*measures),
+                     strayed.position.rms,
+                     strayed.position.peak,
+                     strayed.angle.rms * kRadiansPerDegree,
+                     strayed.angle.peak * kRadiansPerDegree,
+                     strayed.position.peak_frame,
+                     strayed.angle.peak_frame,
+                     added.sway,
+                     added.roll * kRadiansPerDegree};
+    });
+}
+
+tremolux_status tremolux_shot_key(tremolux_shot shot, int32_t parameter, int64_t frame, double value,
+                                  tremolux_interpolation interpolation) {
+    return ByHand(shot, [&](ShotTarget &target) {
+        const Parameter &known = NumberOf(parameter);
+        const int fps = target.move.frames_per_second;
+        if (known.kind != ParameterKind::kReal && known.kind != ParameterKind::kBool)
+            RefuseKind(known, "a number or a switch");
+        const double stored = StoredValue(known, value, fps).Real();
+        PlaceOf(target, frame);
+        if (interpolation < TREMOLUX_SMOOTH || interpolation > TREMOLUX_HOLD)
+            throw Refusal(TREMOLUX_INPUT, "interpolation: found " + std::to_string(interpolation) + ", expected 1 to 3");
+        KeyNumber(target.Tag(), host::MakeId(parameter), host::MakeTime(static_cast<double>(frame), fps), stored,
+                  interpolation);
+    });
+}
+
+tremolux_status tremolux_shot_bake(tremolux_shot shot, tremolux_bake kind) {
+    return ByHand(shot, [&](ShotTarget &target) {
+        if (kind == TREMOLUX_BAKE_QUICKLY)
+            target.stage->BakeQuickly();
+        else if (kind == TREMOLUX_BAKE_BY_BRUTE_FORCE)
+            target.stage->BakeByBruteForce();
+        else
+            throw Refusal(TREMOLUX_INPUT, "kind: found " + std::to_string(kind) + ", expected 1 or 2");
     });
 }

@@ -72,6 +72,18 @@ void KeyCamera(host::Object *camera, const CameraMove &move, int frames_per_seco
                [](const CameraSample &sample) { return sample.focus_distance; });
 }
 
+void KeyNumber(host::Node *node, const TableDescID &id, const host::Time &time, double value,
+               std::int32_t interpolation) {
+    if (node->FindTrack(id) == nullptr) {
+        std::unique_ptr<host::Track> track = host::Track::Create(node, id);
+        if (!track) throw Failure(kExitInternal, node->Name() + " cannot be animated");
+        node->InsertTrack(track.release());
+    }
+    host::Key *key = node->FindTrack(id)->GetCurve()->AddKey(time);
+    key->SetInterpolation(interpolation);
+    key->SetValue(value);
+}
+
 std::string KeyTable(const host::Object &object, int frames_per_second) {
     std::string text = "parameter,frame,value\n";
     for (const host::Track *track : object.Tracks()) {

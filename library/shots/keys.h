@@ -14,6 +14,10 @@ void KeyCamera(host::Object *camera, const CameraMove &move, int frames_per_seco
 // The position alone.
 void KeyPosition(host::Object *object, const CameraMove &points, int frames_per_second);
 
+// A key of one number of a node, in place of one at that time; on a new track where there is none.
+void KeyNumber(host::Node *node, const TableDescID &id, const host::Time &time, double value,
+               std::int32_t interpolation);
+
 // One line for each key, track after track: the parameter's id ("903/1000"), the frame, the value as it is stored.
 std::string KeyTable(const host::Object &object, int frames_per_second);
 

@@ -1,6 +1,7 @@
 #include <atomic>
 #include <filesystem>
 #include <limits>
+#include <nlohmann/json.hpp>
 #include <thread>
 
 #include "host/application.h"
@@ -165,6 +166,103 @@ TEST(Shot, GivesItsResultAsAMove) {
     std::vector<double> numbers(kFrames * kNumbers);
     EXPECT_EQ(TREMOLUX_OK, tremolux_move_numbers(result, numbers.data(), numbers.size()));
     EXPECT_EQ(played, numbers);
+}
+
+TEST(Shot, ShowsItsFramesAndASmoothWayBetweenThem) {
+    const Shot shot = MakeShot(kFrames);
+    const std::vector<double> played = Played(shot, kFrames);
+    std::vector<double> numbers(kNumbers), twentieth(played.begin() + 20 * kNumbers, played.begin() + 21 * kNumbers);
+    EXPECT_EQ(TREMOLUX_OK, tremolux_shot_numbers_at(shot.get(), 20, numbers.data()));
+    EXPECT_EQ(twentieth, numbers);
+    EXPECT_EQ(TREMOLUX_OK, tremolux_shot_numbers_at(shot.get(), 20.5, numbers.data()));
+    EXPECT_GT(numbers[6], played[20 * kNumbers + 6]);
+    EXPECT_LT(numbers[6], played[21 * kNumbers + 6]);
+    EXPECT_EQ("frame: found nan, expected 0 to 89",
+              Refused(shot, tremolux_shot_numbers_at(shot.get(), std::nan(""), numbers.data())));
+}
+
+TEST(Shot, GivesTheLayersOfAFrame) {
+    const Shot shot = MakeShot(kFrames);
+    Apply(shot, "Documentary");
+    const std::vector<double> played = Played(shot, kFrames);
+    tremolux_buffer buffer{};
+    ASSERT_EQ(TREMOLUX_OK, tremolux_shot_layers(shot.get(), 40, &buffer)) << tremolux_last_error(shot.get());
+    const auto layers = nlohmann::json::parse(buffer.bytes);
+    tremolux_buffer_free(&buffer);
+    const auto &x = layers["position"];
+    EXPECT_NEAR(played[40 * kNumbers], x["result"][0], 1e-12);
+    EXPECT_NEAR(x["result"][0],
+                x["smoothed"][0].get<double>() + x["overshoot"][0].get<double>() + x["shake"][0].get<double>() +
+                    x["jolt"][0].get<double>(),
+                1e-9);
+    EXPECT_EQ("frame: found 90, expected 0 to 89", Refused(shot, tremolux_shot_layers(shot.get(), 90, &buffer)));
+    EXPECT_EQ(played, Played(shot, kFrames));
+}
+
+// The RMS is that of the numbers themselves.
+TEST(Shot, MeasuresWhatWasAdded) {
+    const Shot shot = MakeShot(kFrames);
+    Apply(shot, "Documentary");
+    const std::vector<double> played = Played(shot, kFrames), input = Numbers(kFrames);
+    double squares = 0;
+    for (std::size_t i = 0; i < kFrames * kNumbers; ++i)
+        if (i % kNumbers < 3) squares += (played[i] - input[i]) * (played[i] - input[i]);
+    tremolux_measures measures{};
+    measures.size = sizeof(measures);
+    ASSERT_EQ(TREMOLUX_OK, tremolux_shot_measure(shot.get(), &measures)) << tremolux_last_error(shot.get());
+    EXPECT_NEAR(std::sqrt(squares / kFrames), measures.position_rms, 1e-9);
+    EXPECT_GE(measures.position_peak, measures.position_rms);
+    EXPECT_GT(measures.turn_rms, 0);
+    EXPECT_GE(measures.turn_peak, measures.turn_rms);
+}
+
+TEST(Shot, FollowsTheKeysOfASetting) {
+    const Shot shot = MakeShot(kFrames);
+    Apply(shot, "Documentary");
+    const std::int32_t intensity = IdOf("Rotation Intensity"), position = IdOf("Position Intensity");
+    for (const std::int32_t setting : {intensity, position}) {
+        EXPECT_EQ(TREMOLUX_OK, tremolux_shot_key(shot.get(), setting, 30, 1, TREMOLUX_HOLD))
+            << tremolux_last_error(shot.get());
+        EXPECT_EQ(TREMOLUX_OK, tremolux_shot_key(shot.get(), setting, 60, 0, TREMOLUX_HOLD));
+    }
+    const std::vector<double> keyed = Played(shot, kFrames);
+    EXPECT_EQ(0, Get(shot, intensity));
+    const Shot whole = MakeShot(kFrames);
+    Apply(whole, "Documentary");
+    Set(whole, intensity, 1);
+    Set(whole, position, 1);
+    const std::vector<double> unkeyed = Played(whole, kFrames);
+    const auto at = [](std::size_t frame) { return static_cast<std::ptrdiff_t>(frame * kNumbers); };
+    EXPECT_TRUE(std::equal(keyed.begin(), keyed.begin() + at(60), unkeyed.begin()));
+    EXPECT_FALSE(std::equal(keyed.begin() + at(60), keyed.end(), unkeyed.begin() + at(60)));
+    EXPECT_EQ("frame: found 90, expected 0 to 89",
+              Refused(shot, tremolux_shot_key(shot.get(), intensity, 90, 1, TREMOLUX_LINEAR)));
+}
+
+TEST(Shot, PlaysItsBake) {
+    const Shot shot = MakeShot(kFrames);
+    Apply(shot, "Documentary");
+    const std::vector<double> live = Played(shot, kFrames);
+    ASSERT_EQ(TREMOLUX_OK, tremolux_shot_bake(shot.get(), TREMOLUX_BAKE_BY_BRUTE_FORCE))
+        << tremolux_last_error(shot.get());
+    const std::vector<double> baked = Played(shot, kFrames);
+    for (std::size_t i = 0; i < live.size(); ++i) ASSERT_NEAR(live[i], baked[i], 1e-9) << "number " << i;
+}
+
+TEST(Play, FromAFrameOnLeavesTheFramesBefore) {
+    const Shot shot = MakeShot(kFrames);
+    EXPECT_EQ("found a shot that was not played, expected a played one",
+              Refused(shot, tremolux_shot_play_from(shot.get(), 0, nullptr, nullptr)));
+    const std::vector<double> before = Played(shot, kFrames);
+    Apply(shot, "Earthquake");
+    EXPECT_EQ(TREMOLUX_OK, tremolux_shot_play_from(shot.get(), 50, nullptr, nullptr));
+    std::vector<double> numbers(kFrames * kNumbers);
+    EXPECT_EQ(TREMOLUX_OK, tremolux_shot_numbers(shot.get(), numbers.data(), numbers.size()));
+    const auto place = static_cast<std::ptrdiff_t>(50 * kNumbers);
+    EXPECT_TRUE(std::equal(before.begin(), before.begin() + place, numbers.begin()));
+    EXPECT_FALSE(std::equal(before.begin() + place, before.end(), numbers.begin() + place));
+    EXPECT_EQ("frame: found -1, expected 0 to 89",
+              Refused(shot, tremolux_shot_play_from(shot.get(), -1, nullptr, nullptr)));
 }
 
 TEST(Play, TellsOfEachFrame) {

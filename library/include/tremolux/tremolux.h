@@ -160,12 +160,55 @@ typedef int32_t (*tremolux_progress)(uint64_t done, uint64_t frames, void *user)
 /* Plays the shot from its first frame to its last. `progress` may be NULL. A cancelled play leaves the numbers of the last whole
  * one. */
 TREMOLUX_API tremolux_status tremolux_shot_play(tremolux_shot shot, tremolux_progress progress, void *user);
+/* The same from a frame on, as after a jump to it: clocks stand where they would, what swings starts from rest. The frames before
+ * it keep what the last whole play showed, which must have been. */
+TREMOLUX_API tremolux_status tremolux_shot_play_from(tremolux_shot shot, int64_t frame, tremolux_progress progress,
+                                                     void *user);
 /* From any thread: a play that runs ends with TREMOLUX_CANCELLED, any other is left alone. */
 TREMOLUX_API tremolux_status tremolux_shot_cancel(tremolux_shot shot);
 /* What the last whole play showed, as tremolux_move_numbers gives a move's. */
 TREMOLUX_API tremolux_status tremolux_shot_numbers(tremolux_shot shot, double *numbers, size_t count);
+/* The numbers at any time between the first frame and the last, in frames: a smooth curve through all frames. Neither positions
+ * nor turning speed leap. There is room for TREMOLUX_NUMBERS_PER_FRAME numbers. */
+TREMOLUX_API tremolux_status tremolux_shot_numbers_at(tremolux_shot shot, double frame, double *numbers);
 /* The same as a move of its own. */
 TREMOLUX_API tremolux_status tremolux_shot_result(tremolux_shot shot, tremolux_move *move);
+
+/* What each layer of the motion added on a frame: input, smoothed, overshoot, shake or drift, jolt and result of position (scene
+ * units), rotation (degrees), zoom (millimetres) and focus (scene units), as JSON. Plays the shot up to the frame. */
+TREMOLUX_API tremolux_status tremolux_shot_layers(tremolux_shot shot, int64_t frame, tremolux_buffer *buffer);
+
+typedef struct tremolux_measures {
+    size_t size; /* sizeof(tremolux_measures), set by the caller */
+    double position_rms, position_peak; /* how far the camera strayed from its input: scene units */
+    double turn_rms, turn_peak;         /* radians about any axis */
+    int64_t position_peak_frame, turn_peak_frame;
+    /* In the band from 0.1 to 0.5 Hz, in which pictures make people sick soonest: RMS of the sway as a share of the picture's width,
+     * and of the bank in radians. */
+    double sway_rms, bank_rms;
+} tremolux_measures;
+
+/* Of what the last whole play added. */
+TREMOLUX_API tremolux_status tremolux_shot_measure(tremolux_shot shot, tremolux_measures *measures);
+
+typedef enum tremolux_interpolation {
+    TREMOLUX_SMOOTH = 1, /* flat at the keys */
+    TREMOLUX_LINEAR = 2,
+    TREMOLUX_HOLD = 3
+} tremolux_interpolation;
+
+/* A key of a number or a switch on its own track, in the setting's stored unit; in place of one that is on that frame. The track has the last
+ * word over tremolux_shot_set. */
+TREMOLUX_API tremolux_status tremolux_shot_key(tremolux_shot shot, int32_t parameter, int64_t frame, double value,
+                                               tremolux_interpolation interpolation);
+
+typedef enum tremolux_bake {
+    TREMOLUX_BAKE_QUICKLY = 1,       /* from the curves of the camera: sees no zoom */
+    TREMOLUX_BAKE_BY_BRUTE_FORCE = 2 /* frame by frame: sees everything */
+} tremolux_bake;
+
+/* Turns the motion into keys, which are played from then on. */
+TREMOLUX_API tremolux_status tremolux_shot_bake(tremolux_shot shot, tremolux_bake kind);
 
 #ifdef __cplusplus
 }
