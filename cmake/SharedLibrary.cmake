@@ -12,14 +12,29 @@ add_custom_command(
     COMMENT "Writing the module's folder into the library"
     VERBATIM)
 
+include(GNUInstallDirs)
 add_library(tremolux_shared SHARED ${interface_sources} ${runtime_sources} "${embedded_source}")
 target_link_libraries(tremolux_shared PRIVATE tremolux_library module_code)
-target_include_directories(tremolux_shared PUBLIC "${PROJECT_SOURCE_DIR}/library/include")
+target_include_directories(
+    tremolux_shared PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/library/include>" "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
 target_compile_definitions(tremolux_shared PRIVATE TREMOLUX_BUILDS_LIBRARY)
 tremolux_set_defaults(tremolux_shared)
 set_target_properties(
-    tremolux_shared PROPERTIES OUTPUT_NAME tremolux VERSION ${PROJECT_VERSION} SOVERSION 1
+    tremolux_shared PROPERTIES OUTPUT_NAME tremolux EXPORT_NAME tremolux VERSION ${PROJECT_VERSION} SOVERSION 1
                                LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 set(library_exports "${PROJECT_SOURCE_DIR}/library/interface/exports.map")
 set_property(TARGET tremolux_shared APPEND PROPERTY LINK_DEPENDS "${library_exports}")
 target_link_options(tremolux_shared PRIVATE "-Wl,--version-script=${library_exports}")
+
+# For those who build on it: cmake --install BUILD --prefix FOLDER.
+include(CMakePackageConfigHelpers)
+set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/tremolux")
+install(TARGETS tremolux_shared EXPORT tremolux LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT library)
+install(FILES "${PROJECT_SOURCE_DIR}/library/include/tremolux/tremolux.h" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/tremolux"
+        COMPONENT library)
+install(EXPORT tremolux NAMESPACE tremolux:: FILE tremolux-config.cmake DESTINATION "${package_folder}" COMPONENT library)
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/tremolux-config-version.cmake" COMPATIBILITY SameMajorVersion)
+file(RELATIVE_PATH prefix_from_pc "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+configure_file("${PROJECT_SOURCE_DIR}/cmake/tremolux.pc.in" "${PROJECT_BINARY_DIR}/tremolux.pc" @ONLY)
+install(FILES "${PROJECT_BINARY_DIR}/tremolux-config-version.cmake" DESTINATION "${package_folder}" COMPONENT library)
+install(FILES "${PROJECT_BINARY_DIR}/tremolux.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT library)

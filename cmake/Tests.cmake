@@ -140,6 +140,12 @@ endif()
 tremolux_add_tests(program tremolux_program)
 tremolux_add_tests(library tremolux_shared tremolux_library)
 
+# A program that sanitizers do not watch cannot open a library that they do.
+if(TARGET tremolux_shared AND NOT TREMOLUX_SANITIZE)
+    add_test(NAME docs.library COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/library/examples_test.py"
+                                           "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}")
+endif()
+
 if(TARGET parameter_page)
     add_test(NAME docs.parameters COMMAND parameter_page --check "${drive}${PROJECT_SOURCE_DIR}/docs/parameters.md")
 endif()
