@@ -120,7 +120,8 @@ TEST(Move, WritesNoFurtherThanThereIsRoom) {
 }
 
 TEST(Handles, ThatAreNullFreedOrForeignAreTold) {
-    tremolux_move freed = MakeMove(1).get();
+    tremolux_move freed = MakeMove(1).release();
+    EXPECT_EQ(TREMOLUX_OK, tremolux_move_free(freed));
     double number = 0;
     const std::string line = "found no valid handle, expected one of a move";
     const Shot shot = MakeShot(1);
