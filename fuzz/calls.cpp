@@ -222,7 +222,7 @@ struct Caller {
                 break;
         }
         if (status == TREMOLUX_OK) return;
-        const std::string line = tremolux_last_error(status == TREMOLUX_HANDLE ? nullptr : used);
+        const std::string line = tremolux_last_error(used);
         Require(!line.empty() && line.find('\n') == std::string::npos);
     }
 

@@ -46,6 +46,8 @@ tremolux_status Guarded(std::string *error, const std::function<void()> &work) {
         return refuse(TREMOLUX_INTERNAL, "there is not enough memory");
     } catch (const std::exception &exception) {
         return refuse(TREMOLUX_INTERNAL, exception.what());
+    } catch (...) {
+        return refuse(TREMOLUX_INTERNAL, "what was called back threw something");
     }
 }
 

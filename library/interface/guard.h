@@ -47,17 +47,33 @@ std::shared_ptr<Target> RequireTarget(const void *handle) {
     return target;
 }
 
-// Runs `work` with what the handle stands for, which no other thread uses meanwhile.
+// For the whole of a call. A second one on the same handle waits, or is refused where it could wait for itself.
+template <typename Target>
+class Use {
+  public:
+    explicit Use(Target *target) : target_(target), hold_(target->lock, std::defer_lock) {
+        if (Target::kIsWaitedFor)
+            hold_.lock();
+        else if (!hold_.try_lock() || target->is_in_use)
+            throw Refusal(TREMOLUX_BUSY, std::string("the ") + Target::kName + " is in use by another call");
+        target->is_in_use = true;
+    }
+    ~Use() { target_->is_in_use = false; }
+    Use(const Use &) = delete;
+    Use &operator=(const Use &) = delete;
+
+  private:
+    Target *target_;
+    std::unique_lock<std::recursive_mutex> hold_;
+};
+
+// Runs `work` with what the handle stands for.
 template <typename Target, typename Work>
 tremolux_status WithHandle(const void *handle, Work work) {
     tremolux_status status = TREMOLUX_OK;
     const tremolux_status found = Guarded(&ThreadError(), [&] {
         const std::shared_ptr<Target> target = RequireTarget<Target>(handle);
-        std::unique_lock<std::mutex> hold(target->in_use, std::defer_lock);
-        if (Target::kIsWaitedFor)
-            hold.lock();
-        else if (!hold.try_lock())
-            throw Refusal(TREMOLUX_BUSY, std::string("the ") + Target::kName + " is in use by another thread");
+        const Use<Target> use(target.get());
         status = Guarded(&target->error, [&] { work(*target); });
     });
     return found == TREMOLUX_OK ? status : found;

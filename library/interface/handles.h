@@ -11,7 +11,8 @@ namespace tremolux {
 
 // What a handle stands for.
 struct HandleTarget {
-    std::mutex in_use;  // for the whole of a call
+    std::recursive_mutex lock;
+    bool is_in_use = false;  // by a call, which may have called back
     std::string error;  // of the last call with it
     virtual ~HandleTarget() = default;
 };

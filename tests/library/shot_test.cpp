@@ -309,11 +309,38 @@ TEST(Play, KeepsItsShotFromOtherThreads) {
         std::thread([&] {
             double value = 0;
             EXPECT_EQ(TREMOLUX_BUSY, tremolux_shot_get(static_cast<tremolux_shot>(user), 6152, &value));
-            EXPECT_STREQ("the shot is in use by another thread", tremolux_last_error(nullptr));
+            EXPECT_STREQ("the shot is in use by another call", tremolux_last_error(nullptr));
         }).join();
         return 0;
     };
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_play(shot.get(), meddle, shot.get()));
+}
+
+TEST(Play, KeepsItsShotFromWhatItCallsBack) {
+    const Shot shot = MakeShot(3);
+    const auto meddle = [](std::uint64_t, std::uint64_t, void *user) -> std::int32_t {
+        EXPECT_EQ(TREMOLUX_BUSY, tremolux_shot_play(static_cast<tremolux_shot>(user), nullptr, nullptr));
+        return 0;
+    };
+    EXPECT_EQ(TREMOLUX_OK, tremolux_shot_play(shot.get(), meddle, shot.get()));
+}
+
+TEST(Play, OfAShotThatIsFreedMeanwhileGoesOn) {
+    tremolux_shot shot = MakeShot(3).release();
+    const auto release = [](std::uint64_t done, std::uint64_t, void *user) -> std::int32_t {
+        EXPECT_EQ(done == 1 ? TREMOLUX_OK : TREMOLUX_HANDLE, tremolux_shot_free(static_cast<tremolux_shot>(user)));
+        return 0;
+    };
+    EXPECT_EQ(TREMOLUX_OK, tremolux_shot_play(shot, release, shot));
+    EXPECT_EQ(TREMOLUX_HANDLE, tremolux_shot_play(shot, nullptr, nullptr));
+}
+
+TEST(Play, EndsWhenWhatItCallsBackThrows) {
+    const Shot shot = MakeShot(3);
+    const auto fail = [](std::uint64_t, std::uint64_t, void *) -> std::int32_t { throw 7; };
+    EXPECT_EQ(TREMOLUX_INTERNAL, tremolux_shot_play(shot.get(), fail, nullptr));
+    EXPECT_STREQ("what was called back threw something", tremolux_last_error(shot.get()));
+    EXPECT_EQ(TREMOLUX_OK, tremolux_shot_play(shot.get(), nullptr, nullptr));
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
  * tremolux_last_error has the line that says what was found and what was expected. Nothing is printed, nothing ends the
  * program, nothing is written to a disk. Texts are UTF-8 and end with a zero byte.
  *
- * Threads: different moves and shots may be used by different threads at once. A shot belongs to one thread at a time;
+ * Threads: different moves and shots may be used by different threads at once. A shot belongs to one call at a time;
  * another gets TREMOLUX_BUSY, but for tremolux_shot_cancel, which is for any thread.
  *
  * Space is left-handed, Y up; a camera looks along +Z. Lengths are in scene units (centimetres), angles in radians as
@@ -35,7 +35,7 @@ typedef enum tremolux_status {
     TREMOLUX_INPUT = 2,    /* a value, a text or bytes that were handed in */
     TREMOLUX_MODULE = 3,   /* the module gave up */
     TREMOLUX_HANDLE = 5,   /* a handle that is null, freed, or of something else */
-    TREMOLUX_BUSY = 6,     /* the shot is in use by another thread */
+    TREMOLUX_BUSY = 6,     /* the shot is in use by another call */
     TREMOLUX_CANCELLED = 130
 } tremolux_status;
 
