@@ -90,7 +90,7 @@ TEST(Parameters, AreTheModulesOwn) {
 }
 
 TEST(Shot, ShowsTheFramesOfTheModuleFileUnderEveryPreset) {
-    for (std::size_t i = 0; i < tremolux_preset_count(); i += 7) {
+    for (std::size_t i = 0; i < tremolux_preset_count(); ++i) {
         const std::string preset = std::string(PresetAt(i).category) + "/" + PresetAt(i).name;
         const Shot shot = MakeShot(kFrames);
         Apply(shot, preset);
