@@ -75,7 +75,7 @@ class InstalledLibrary(unittest.TestCase):
             "cmake_minimum_required(VERSION 3.23)\nproject(user LANGUAGES C)\nfind_package(tremolux 1 REQUIRED)\n"
             f"add_executable(user {self.c_program()})\ntarget_link_libraries(user PRIVATE tremolux::tremolux)\n",
             encoding="utf-8")
-        run("cmake", "-S", project, "-B", project / "build", f"-DCMAKE_PREFIX_PATH={self.prefix}")
+        run("cmake", "-G", "Ninja", "-S", project, "-B", project / "build", f"-DCMAKE_PREFIX_PATH={self.prefix}")
         run("cmake", "--build", project / "build")
         self.frames(run(project / "build/user", env=self.environment))
 
