@@ -171,7 +171,7 @@ struct Caller {
             case 5:
                 return tremolux_shot_key(shot, ParameterId(),
                                          input.ConsumeIntegralInRange<std::int64_t>(-1, kMostFrames), Number(),
-                                         input.PickValueInArray({TREMOLUX_SMOOTH, TREMOLUX_LINEAR, TREMOLUX_HOLD}));
+                                         input.ConsumeIntegralInRange<std::int32_t>(0, 4));
             case 6:
                 return tremolux_shot_bake(shot,
                                           input.ConsumeBool() ? TREMOLUX_BAKE_QUICKLY : TREMOLUX_BAKE_BY_BRUTE_FORCE);

@@ -31,8 +31,7 @@ class Application {
     static Application *Current();  // null when none is running
     static const HostTable *Table();
     bool IsOnMainThread() const { return std::this_thread::get_id() == main_thread_; }
-    // For whoever serves several threads, one after the other: this one's is the main thread from now on; with {} none
-    // is.
+    // For whoever serves several threads, one after the other: which one is the main thread from now on; {}: none.
     void SetMainThread(std::thread::id thread) { main_thread_ = thread; }
 
     ApplicationSettings settings;

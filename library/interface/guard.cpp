@@ -51,8 +51,12 @@ tremolux_status Guarded(std::string *error, const std::function<void()> &work) {
     }
 }
 
+void RefuseInput(const std::string &place, const std::string &found, const std::string &expected) {
+    throw Refusal(TREMOLUX_INPUT, place + ": found " + found + ", expected " + expected);
+}
+
 void RequirePointer(const void *pointer, const char *what) {
-    if (pointer == nullptr) throw Refusal(TREMOLUX_INPUT, std::string(what) + ": found NULL, expected a pointer");
+    if (pointer == nullptr) RefuseInput(what, "NULL", "a pointer");
 }
 
 }  // namespace tremolux

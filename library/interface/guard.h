@@ -27,16 +27,16 @@ std::string &ThreadError();
 // TREMOLUX_OK, or the status of what `work` throws with its line in `error`.
 tremolux_status Guarded(std::string *error, const std::function<void()> &work);
 
+// Throws a Refusal: where something was found, what it was, and what was expected.
+[[noreturn]] void RefuseInput(const std::string &place, const std::string &found, const std::string &expected);
 // Throws a Refusal for a null pointer; `what` is the argument's name.
 void RequirePointer(const void *pointer, const char *what);
 // The same, and for a struct whose first field is not its size.
 template <typename Struct>
 void RequireStruct(const Struct *pointer, const char *what) {
     RequirePointer(pointer, what);
-    if (pointer->size != sizeof(Struct)) {
-        throw Refusal(TREMOLUX_INPUT, std::string(what) + ": found the size " + std::to_string(pointer->size) +
-                                          ", expected " + std::to_string(sizeof(Struct)));
-    }
+    if (pointer->size != sizeof(Struct))
+        RefuseInput(what, "the size " + std::to_string(pointer->size), std::to_string(sizeof(Struct)));
 }
 
 // Throws a Refusal for what is no handle of this kind.
@@ -77,6 +77,16 @@ tremolux_status WithHandle(const void *handle, Work work) {
         status = Guarded(&target->error, [&] { work(*target); });
     });
     return found == TREMOLUX_OK ? status : found;
+}
+
+// NULL is left alone.
+template <typename Target>
+tremolux_status FreeHandle(const void *handle) {
+    if (handle == nullptr) return TREMOLUX_OK;
+    return Guarded(&ThreadError(), [&] {
+        RequireTarget<Target>(handle);
+        ForgetHandle(handle);
+    });
 }
 
 }  // namespace tremolux

@@ -3,6 +3,7 @@
 
 #include "host/value/text.h"
 #include "library/formats/format.h"
+#include "library/formats/numbers.h"
 #include "library/interface/buffer.h"
 #include "library/interface/guard.h"
 #include "library/interface/move.h"
@@ -20,24 +21,20 @@ std::array<double *, kNumbers> Places(CameraSample *sample) {
 }
 constexpr std::size_t kFocalLengthPlace = 6;
 
-[[noreturn]] void Refuse(const std::string &place, const std::string &found, const std::string &expected) {
-    throw Refusal(TREMOLUX_INPUT, place + ": found " + found + ", expected " + expected);
-}
-
 // false for what is no number.
 bool IsBetween(double value, double minimum, double maximum) { return value >= minimum && value <= maximum; }
 
 void CheckInfo(const tremolux_move_info &info) {
     if (info.frame_count < 1 || info.frame_count > kMaxFrames)
-        Refuse("info->frame_count", std::to_string(info.frame_count), "1 to " + std::to_string(kMaxFrames));
+        RefuseInput("info->frame_count", std::to_string(info.frame_count), "1 to " + std::to_string(kMaxFrames));
     if (info.first_frame < -kMaxFrameNumber || info.first_frame > kMaxFrameNumber)
-        Refuse("info->first_frame", std::to_string(info.first_frame), "at most " + std::to_string(kMaxFrameNumber));
+        RefuseInput("info->first_frame", std::to_string(info.first_frame), "at most " + std::to_string(kMaxFrameNumber));
     if (info.rate_denominator != 1)
-        Refuse("info->rate_denominator", std::to_string(info.rate_denominator), "1");
+        RefuseInput("info->rate_denominator", std::to_string(info.rate_denominator), "1");
     if (info.rate_numerator < 1 || info.rate_numerator > kMaxFramesPerSecond)
-        Refuse("info->rate_numerator", std::to_string(info.rate_numerator), "1 to " + std::to_string(kMaxFramesPerSecond));
+        RefuseInput("info->rate_numerator", std::to_string(info.rate_numerator), "1 to " + std::to_string(kMaxFramesPerSecond));
     if (!IsBetween(info.aperture_width, kMinAperture, kMaxAperture))
-        Refuse("info->aperture_width", std::to_string(info.aperture_width), "millimetres from 1 to 2000");
+        RefuseInput("info->aperture_width", FormatNumber(info.aperture_width), "millimetres from 1 to 2000");
 }
 
 CameraSample SampleOf(const double *numbers, std::size_t frame) {
@@ -47,7 +44,7 @@ CameraSample SampleOf(const double *numbers, std::size_t frame) {
         const bool is_lens = i == kFocalLengthPlace;
         const double number = numbers[frame * kNumbers + i];
         if (!IsBetween(number, is_lens ? kMinFocalLength : -kMaxNumber, is_lens ? kMaxFocalLength : kMaxNumber)) {
-            Refuse("numbers[" + std::to_string(frame * kNumbers + i) + "]", std::to_string(number),
+            RefuseInput("numbers[" + std::to_string(frame * kNumbers + i) + "]", FormatNumber(number),
                    is_lens ? "a focal length from 1 to 10000 mm" : "a number up to 1e12");
         }
         *places[i] = number;
@@ -64,7 +61,7 @@ tremolux_move NewMove(CameraMove move) {
 void WriteNumbers(const std::vector<CameraSample> &samples, double *numbers, std::size_t count) {
     RequirePointer(numbers, "numbers");
     const std::size_t needed = samples.size() * kNumbers;
-    if (count < needed) Refuse("count", std::to_string(count), "room for " + std::to_string(needed) + " numbers");
+    if (count < needed) RefuseInput("count", std::to_string(count), "room for " + std::to_string(needed) + " numbers");
     for (CameraSample sample : samples)
         for (const double *place : Places(&sample)) *numbers++ = *place;
 }
@@ -81,7 +78,7 @@ tremolux_status tremolux_move_from_numbers(const tremolux_move_info *info, const
         RequirePointer(move, "move");
         CheckInfo(*info);
         if (count != info->frame_count * kNumbers)
-            Refuse("count", std::to_string(count), std::to_string(info->frame_count * kNumbers));
+            RefuseInput("count", std::to_string(count), std::to_string(info->frame_count * kNumbers));
         CameraMove made;
         made.first_frame = info->first_frame;
         made.frames_per_second = info->rate_numerator;
@@ -121,10 +118,4 @@ tremolux_status tremolux_move_to_bytes(tremolux_move move, const char *name, tre
     });
 }
 
-tremolux_status tremolux_move_free(tremolux_move move) {
-    if (move == nullptr) return TREMOLUX_OK;
-    return Guarded(&ThreadError(), [&] {
-        RequireTarget<MoveTarget>(move);
-        ForgetHandle(move);
-    });
-}
+tremolux_status tremolux_move_free(tremolux_move move) { return FreeHandle<MoveTarget>(move); }

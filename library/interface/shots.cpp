@@ -8,6 +8,7 @@
 #include "host/value/descid.h"
 #include "host/value/time.h"
 #include "library/formats/format.h"
+#include "library/formats/numbers.h"
 #include "library/interface/buffer.h"
 #include "library/interface/guard.h"
 #include "library/interface/move.h"
@@ -23,11 +24,14 @@
 namespace tremolux {
 namespace {
 
+enum class PlayState { kRests, kPlays, kIsCancelled };
+
 struct ShotTarget : HandleTarget {
     static constexpr const char *kName = "shot";
     static constexpr bool kIsWaitedFor = false;
 
-    explicit ShotTarget(const CameraMove &given) : move(given) {
+    explicit ShotTarget(const CameraMove &given) : move(given), result(given) {
+        result.samples.clear();
         const Runtime::Turn turn;
         stage.emplace(move);
     }
@@ -38,21 +42,20 @@ struct ShotTarget : HandleTarget {
     host::Tag *Tag() const { return &stage->CameraTag(); }
 
     const CameraMove move;
+    CameraMove result;  // of the last whole play; without samples before one
     std::optional<Stage> stage;
-    std::vector<CameraSample> played;  // by the last whole play
-    std::atomic<bool> plays = false, is_cancelled = false;
+    std::atomic<PlayState> state = PlayState::kRests;
     bool has_target = false, has_focus_object = false;
 };
 
 const Parameter &ParameterOf(std::int32_t id) {
     for (const Parameter &parameter : Runtime::Get().Parameters())
         if (parameter.id == id) return parameter;
-    throw Refusal(TREMOLUX_INPUT, "parameter: found " + std::to_string(id) + ", expected a parameter's number");
+    RefuseInput("parameter", std::to_string(id), "a parameter's number");
 }
 
 [[noreturn]] void RefuseKind(const Parameter &parameter, const char *expected) {
-    throw Refusal(TREMOLUX_INPUT, "parameter: found " + std::to_string(parameter.id) + " '" + parameter.label +
-                                      "', expected " + expected);
+    RefuseInput("parameter", std::to_string(parameter.id) + " '" + parameter.label + "'", expected);
 }
 
 const Parameter &NumberOf(std::int32_t id) {
@@ -71,14 +74,13 @@ const Parameter &NumberOf(std::int32_t id) {
 // Throws a Refusal for a number that the setting cannot have.
 host::Data StoredValue(const Parameter &parameter, double value, int frames_per_second) {
     const auto refuse = [&](const std::string &expected) {
-        throw Refusal(TREMOLUX_INPUT, "'" + parameter.label + "' (" + std::to_string(parameter.id) + "): found " +
-                                          std::to_string(value) + ", expected " + expected);
+        RefuseInput("'" + parameter.label + "' (" + std::to_string(parameter.id) + ")", FormatNumber(value), expected);
     };
     if (!(std::fabs(value) <= kMaxNumber)) refuse("a number up to 1e12");
     const bool is_whole = value == std::floor(value);
     const double stored = parameter.kind == ParameterKind::kTime ? value / frames_per_second : value;
-    if (parameter.minimum && stored < *parameter.minimum) refuse("at least " + std::to_string(*parameter.minimum));
-    if (parameter.maximum && stored > *parameter.maximum) refuse("at most " + std::to_string(*parameter.maximum));
+    if (parameter.minimum && stored < *parameter.minimum) refuse("at least " + FormatNumber(*parameter.minimum));
+    if (parameter.maximum && stored > *parameter.maximum) refuse("at most " + FormatNumber(*parameter.maximum));
     switch (parameter.kind) {
         case ParameterKind::kReal:
             return {value};
@@ -96,44 +98,40 @@ host::Data StoredValue(const Parameter &parameter, double value, int frames_per_
     }
 }
 
+std::string FramesOf(const CameraMove &move) {
+    return std::to_string(move.first_frame) + " to " + std::to_string(move.LastFrame());
+}
+
 void AddPoints(ShotTarget *shot, tremolux_move points, bool *is_there, void (Stage::*add)(const CameraMove &)) {
     const std::shared_ptr<MoveTarget> target = RequireTarget<MoveTarget>(points);
     const CameraMove &move = target->move;
-    if (*is_there) throw Refusal(TREMOLUX_INPUT, "points: found a second one, expected one for each shot");
+    if (*is_there) RefuseInput("points", "a second one", "one for each shot");
     if (move.samples.size() > 1 &&
         (move.first_frame > shot->move.first_frame || move.LastFrame() < shot->move.LastFrame())) {
-        throw Refusal(TREMOLUX_INPUT, "points: found frames " + std::to_string(move.first_frame) + " to " +
-                                          std::to_string(move.LastFrame()) + ", expected " +
-                                          std::to_string(shot->move.first_frame) + " to " +
-                                          std::to_string(shot->move.LastFrame()) + " of the shot's move");
+        RefuseInput("points", "frames " + FramesOf(move), FramesOf(shot->move) + " of the shot's move");
     }
     const Runtime::Turn turn(shot->stage->Scene());
     ((*shot->stage).*add)(move);
     *is_there = true;
 }
 
-CameraMove ResultOf(const ShotTarget &shot) {
-    if (shot.played.empty())
-        throw Refusal(TREMOLUX_INPUT, "found a shot that was not played, expected a played one");
-    CameraMove result = shot.move;
-    result.samples = shot.played;
-    return result;
+const CameraMove &ResultOf(const ShotTarget &shot) {
+    if (!shot.result.samples.empty()) return shot.result;
+    throw Refusal(TREMOLUX_INPUT, "found a shot that was not played, expected a played one");
 }
 
 // The frame's place in the move; throws a Refusal for one that is not in it.
 std::size_t PlaceOf(const ShotTarget &shot, std::int64_t frame) {
     if (frame >= shot.move.first_frame && frame <= shot.move.LastFrame())
         return static_cast<std::size_t>(frame - shot.move.first_frame);
-    throw Refusal(TREMOLUX_INPUT, "frame: found " + std::to_string(frame) + ", expected " +
-                                      std::to_string(shot.move.first_frame) + " to " +
-                                      std::to_string(shot.move.LastFrame()));
+    RefuseInput("frame", std::to_string(frame), FramesOf(shot.move));
 }
 
 // Behind the samples that are given.
 void Play(ShotTarget *shot, std::vector<CameraSample> samples, tremolux_progress progress, void *user) {
     struct Playing {
-        explicit Playing(ShotTarget *given) : shot(given) { shot->plays = true; }
-        ~Playing() { shot->plays = shot->is_cancelled = false; }
+        explicit Playing(ShotTarget *given) : shot(given) { shot->state = PlayState::kPlays; }
+        ~Playing() { shot->state = PlayState::kRests; }
         ShotTarget *shot;
     } const playing(shot);
     const std::size_t start = samples.size(), frames = shot->move.samples.size() - start;
@@ -143,11 +141,11 @@ void Play(ShotTarget *shot, std::vector<CameraSample> samples, tremolux_progress
         samples.push_back(shot->stage->Output());
         ++done;
         const bool is_refused = progress != nullptr && progress(done, frames, user) != 0;
-        if (is_refused || shot->is_cancelled)
+        if (is_refused || shot->state == PlayState::kIsCancelled)
             throw Refusal(TREMOLUX_CANCELLED,
                           "cancelled after " + std::to_string(done) + " of " + std::to_string(frames) + " frames");
     }
-    shot->played = std::move(samples);
+    shot->result.samples = std::move(samples);
 }
 
 // One at a time for the whole process, as a user's hands are.
@@ -171,13 +169,7 @@ tremolux_status tremolux_shot_new(tremolux_move move, tremolux_shot *shot) {
     });
 }
 
-tremolux_status tremolux_shot_free(tremolux_shot shot) {
-    if (shot == nullptr) return TREMOLUX_OK;
-    return Guarded(&ThreadError(), [&] {
-        RequireTarget<ShotTarget>(shot);
-        ForgetHandle(shot);
-    });
-}
+tremolux_status tremolux_shot_free(tremolux_shot shot) { return FreeHandle<ShotTarget>(shot); }
 
 tremolux_status tremolux_shot_set(tremolux_shot shot, int32_t parameter, double value) {
     return ByHand(shot, [&](ShotTarget &target) {
@@ -250,16 +242,18 @@ tremolux_status tremolux_shot_play(tremolux_shot shot, tremolux_progress progres
 
 tremolux_status tremolux_shot_play_from(tremolux_shot shot, int64_t frame, tremolux_progress progress, void *user) {
     return WithHandle<ShotTarget>(shot, [&](ShotTarget &target) {
-        CameraMove result = ResultOf(target);
-        result.samples.resize(PlaceOf(target, frame));
-        Play(&target, std::move(result.samples), progress, user);
+        std::vector<CameraSample> before = ResultOf(target).samples;
+        before.resize(PlaceOf(target, frame));
+        Play(&target, std::move(before), progress, user);
     });
 }
 
 tremolux_status tremolux_shot_cancel(tremolux_shot shot) {
     return Guarded(&ThreadError(), [&] {
         const std::shared_ptr<ShotTarget> target = RequireTarget<ShotTarget>(shot);
-        if (target->plays) target->is_cancelled = true;
+        // In one step: a play that begins after this one has ended is another.
+        PlayState expected = PlayState::kPlays;
+        target->state.compare_exchange_strong(expected, PlayState::kIsCancelled);
     });
 }
 
@@ -270,11 +264,9 @@ tremolux_status tremolux_shot_numbers(tremolux_shot shot, double *numbers, size_
 
 tremolux_status tremolux_shot_numbers_at(tremolux_shot shot, double frame, double *numbers) {
     return WithHandle<ShotTarget>(shot, [&](const ShotTarget &target) {
-        const CameraMove result = ResultOf(target);
+        const CameraMove &result = ResultOf(target);
         if (!(frame >= static_cast<double>(result.first_frame) && frame <= static_cast<double>(result.LastFrame())))
-            throw Refusal(TREMOLUX_INPUT, "frame: found " + std::to_string(frame) + ", expected " +
-                                              std::to_string(result.first_frame) + " to " +
-                                              std::to_string(result.LastFrame()));
+            RefuseInput("frame", FormatNumber(frame), FramesOf(result));
         WriteNumbers({SampleBetween(result, frame)}, numbers, TREMOLUX_NUMBERS_PER_FRAME);
     });
 }
@@ -298,7 +290,7 @@ tremolux_status tremolux_shot_layers(tremolux_shot shot, int64_t frame, tremolux
 tremolux_status tremolux_shot_measure(tremolux_shot shot, tremolux_measures *measures) {
     return WithHandle<ShotTarget>(shot, [&](const ShotTarget &target) {
         RequireStruct(measures, "measures");
-        const CameraMove result = ResultOf(target);
+        const CameraMove &result = ResultOf(target);
         const Strayed strayed = MeasureStrayed(target.move, result);
         const AddedMotion added = MeasureAddedMotion(target.move, result, FormatOptions().width);
         *measures = {sizeof(*measures),
@@ -314,7 +306,7 @@ tremolux_status tremolux_shot_measure(tremolux_shot shot, tremolux_measures *mea
 }
 
 tremolux_status tremolux_shot_key(tremolux_shot shot, int32_t parameter, int64_t frame, double value,
-                                  tremolux_interpolation interpolation) {
+                                  int32_t interpolation) {
     return ByHand(shot, [&](ShotTarget &target) {
         const Parameter &known = NumberOf(parameter);
         const int fps = target.move.frames_per_second;
@@ -323,19 +315,19 @@ tremolux_status tremolux_shot_key(tremolux_shot shot, int32_t parameter, int64_t
         const double stored = StoredValue(known, value, fps).Real();
         PlaceOf(target, frame);
         if (interpolation < TREMOLUX_SMOOTH || interpolation > TREMOLUX_HOLD)
-            throw Refusal(TREMOLUX_INPUT, "interpolation: found " + std::to_string(interpolation) + ", expected 1 to 3");
+            RefuseInput("interpolation", std::to_string(interpolation), "1 to 3");
         KeyNumber(target.Tag(), host::MakeId(parameter), host::MakeTime(static_cast<double>(frame), fps), stored,
                   interpolation);
     });
 }
 
-tremolux_status tremolux_shot_bake(tremolux_shot shot, tremolux_bake kind) {
+tremolux_status tremolux_shot_bake(tremolux_shot shot, int32_t kind) {
     return ByHand(shot, [&](ShotTarget &target) {
         if (kind == TREMOLUX_BAKE_QUICKLY)
             target.stage->BakeQuickly();
         else if (kind == TREMOLUX_BAKE_BY_BRUTE_FORCE)
             target.stage->BakeByBruteForce();
         else
-            throw Refusal(TREMOLUX_INPUT, "kind: found " + std::to_string(kind) + ", expected 1 or 2");
+            RefuseInput("kind", std::to_string(kind), "1 or 2");
     });
 }

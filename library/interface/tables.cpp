@@ -8,7 +8,6 @@
 namespace tremolux {
 namespace {
 
-// Kinds and units stand in the interface under the numbers of these.
 std::int32_t KindOf(ParameterKind kind) {
     switch (kind) {
         case ParameterKind::kReal:
@@ -49,8 +48,7 @@ double DefaultOf(const Parameter &parameter) {
 template <typename Entry>
 const Entry &EntryAt(const std::vector<Entry> &table, std::size_t index) {
     if (index < table.size()) return table[index];
-    throw Refusal(TREMOLUX_INPUT,
-                  "index: found " + std::to_string(index) + ", expected less than " + std::to_string(table.size()));
+    RefuseInput("index", std::to_string(index), "less than " + std::to_string(table.size()));
 }
 
 // 0 when the module does not start.

@@ -23,7 +23,7 @@ def run(*command, **options):
 
 
 def example(title):
-    """The indented lines of a section that begin with its program's first line."""
+    """The program of a section: its indented lines."""
     section = (SOURCE / "docs/library.md").read_text(encoding="utf-8").split(f"\n## {title}\n")[1].split("\n## ")[0]
     lines = [line[4:] for line in section.splitlines() if line.startswith("    ") or not line]
     return "\n".join(lines) + "\n"

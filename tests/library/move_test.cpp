@@ -90,7 +90,7 @@ TEST(Move, HasNumbersThatACameraCanHave) {
     EXPECT_EQ("numbers[3]: found nan, expected a number up to 1e12", RefusedNumber(3, kNaN));
     EXPECT_EQ("numbers[8]: found inf, expected a number up to 1e12",
               RefusedNumber(8, std::numeric_limits<double>::infinity()));
-    EXPECT_EQ("numbers[14]: found 0.000000, expected a focal length from 1 to 10000 mm", RefusedNumber(14, 0));
+    EXPECT_EQ("numbers[14]: found 0, expected a focal length from 1 to 10000 mm", RefusedNumber(14, 0));
 }
 
 TEST(Move, HasFramesAndARateThatThereAre) {

@@ -237,6 +237,9 @@ TEST(Shot, FollowsTheKeysOfASetting) {
     EXPECT_FALSE(std::equal(keyed.begin() + at(60), keyed.end(), unkeyed.begin() + at(60)));
     EXPECT_EQ("frame: found 90, expected 0 to 89",
               Refused(shot, tremolux_shot_key(shot.get(), intensity, 90, 1, TREMOLUX_LINEAR)));
+    EXPECT_EQ("interpolation: found 77, expected 1 to 3",
+              Refused(shot, tremolux_shot_key(shot.get(), intensity, 1, 1, 77)));
+    EXPECT_EQ("kind: found -1, expected 1 or 2", Refused(shot, tremolux_shot_bake(shot.get(), -1)));
 }
 
 TEST(Shot, PlaysItsBake) {

@@ -197,18 +197,18 @@ typedef enum tremolux_interpolation {
     TREMOLUX_HOLD = 3
 } tremolux_interpolation;
 
-/* A key of a number or a switch on its own track, in the setting's stored unit; in place of one that is on that frame. The track has the last
+/* `interpolation` is a tremolux_interpolation. A key of a number or a switch on its own track, in the setting's stored unit; in place of one that is on that frame. The track has the last
  * word over tremolux_shot_set. */
 TREMOLUX_API tremolux_status tremolux_shot_key(tremolux_shot shot, int32_t parameter, int64_t frame, double value,
-                                               tremolux_interpolation interpolation);
+                                               int32_t interpolation);
 
 typedef enum tremolux_bake {
     TREMOLUX_BAKE_QUICKLY = 1,       /* from the curves of the camera: sees no zoom */
     TREMOLUX_BAKE_BY_BRUTE_FORCE = 2 /* frame by frame: sees everything */
 } tremolux_bake;
 
-/* Turns the motion into keys, which are played from then on. */
-TREMOLUX_API tremolux_status tremolux_shot_bake(tremolux_shot shot, tremolux_bake kind);
+/* Turns the motion into keys, which are played from then on; `kind` is a tremolux_bake. */
+TREMOLUX_API tremolux_status tremolux_shot_bake(tremolux_shot shot, int32_t kind);
 
 #ifdef __cplusplus
 }
