@@ -13,6 +13,7 @@ if(NOT sources OR NOT TARGET embedded_host)
 endif()
 add_library(tremolux_library STATIC ${sources})
 target_link_libraries(tremolux_library PUBLIC embedded_host module_ids nlohmann_json::nlohmann_json Eigen3::Eigen)
+target_link_libraries(tremolux_library PRIVATE number_text)
 tremolux_set_defaults(tremolux_library)
 target_precompile_headers(
     tremolux_library PRIVATE <algorithm> <cmath> <filesystem> <functional> <memory> <nlohmann/json.hpp> <optional> <string>

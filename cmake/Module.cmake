@@ -19,6 +19,7 @@ tremolux_set_defaults(module_source)
 
 add_library(module_glue OBJECT ${interface_glue})
 target_include_directories(module_glue PUBLIC ${interface_folders} "${PROJECT_SOURCE_DIR}")
+target_link_libraries(module_glue PRIVATE number_text)
 tremolux_set_defaults(module_glue)
 
 # Allocations name their source file: by its place in the project, so that no folder of the builder's gets into the file.

@@ -1,6 +1,8 @@
 #include "host/ui/field_text.h"
 
-#include <charconv>
+#include <fast_float/fast_float.h>
+#include <fmt/format.h>
+
 #include <cmath>
 
 namespace host {
@@ -26,7 +28,7 @@ std::optional<double> LeadingNumber(std::string_view text, std::string_view *res
     const bool plus = !text.empty() && text.front() == '+';
     if (plus) text.remove_prefix(1);
     double number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const auto [end, error] = fast_float::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || !std::isfinite(number) || (plus && number < 0)) return std::nullopt;
     *rest = text.substr(static_cast<std::size_t>(end - text.data()));
     return number;
@@ -48,9 +50,7 @@ std::string FieldText(double stored, std::int32_t unit) {
     const double shown = unit == kUnitPercent  ? stored * 100
                          : unit == kUnitDegree ? stored / kRadiansPerDegree
                                                : stored;
-    char digits[400];
-    const auto written = std::to_chars(digits, digits + sizeof digits, shown, std::chars_format::fixed, 4);
-    std::string text(digits, written.ptr);
+    std::string text = fmt::format("{:.4f}", shown);
     if (text.find('.') != std::string::npos) {
         text.erase(text.find_last_not_of('0') + 1);
         if (text.back() == '.') text.pop_back();

@@ -1,5 +1,8 @@
 #include "library/formats/numbers.h"
 
+#include <fast_float/fast_float.h>
+#include <fmt/format.h>
+
 #include <charconv>
 #include <cmath>
 
@@ -7,20 +10,20 @@ namespace tremolux {
 namespace {
 
 constexpr double kNothing = 1e-12;
-constexpr int kSignificantDigits = 15;
 
-// from_chars knows no plus sign.
+// Those who read numbers know no plus sign.
 std::string_view WithoutPlus(std::string_view text) {
     if (text.size() > 1 && text.front() == '+' && text[1] != '-') text.remove_prefix(1);
     return text;
 }
 
-template <typename Number>
-std::optional<Number> ParseAll(std::string_view text) {
+// The whole text as what `parse` makes of it.
+template <typename Number, typename Parse>
+std::optional<Number> ParseAll(std::string_view text, Parse parse) {
     text = WithoutPlus(text);
     Number value{};
     const char *end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    const auto [stop, error] = parse(text.data(), end, value);
     if (error != std::errc() || stop != end) return std::nullopt;
     return value;
 }
@@ -28,18 +31,21 @@ std::optional<Number> ParseAll(std::string_view text) {
 }  // namespace
 
 std::optional<double> ParseNumber(std::string_view text) {
-    const std::optional<double> value = ParseAll<double>(text);
+    const std::optional<double> value = ParseAll<double>(text, [](const char *begin, const char *end, double &number) {
+        return fast_float::from_chars(begin, end, number);
+    });
     return value && std::isfinite(*value) ? value : std::nullopt;
 }
 
-std::optional<std::int64_t> ParseWhole(std::string_view text) { return ParseAll<std::int64_t>(text); }
+std::optional<std::int64_t> ParseWhole(std::string_view text) {
+    return ParseAll<std::int64_t>(text, [](const char *begin, const char *end, std::int64_t &number) {
+        return std::from_chars(begin, end, number);
+    });
+}
 
 std::string FormatNumber(double value) {
     if (std::abs(value) < kNothing) return "0";
-    char digits[64];
-    const auto result =
-        std::to_chars(digits, digits + sizeof(digits), value, std::chars_format::general, kSignificantDigits);
-    return std::string(digits, result.ptr);
+    return fmt::format("{:.15g}", value);
 }
 
 std::string_view Trimmed(std::string_view text) {

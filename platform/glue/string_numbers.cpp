@@ -1,4 +1,6 @@
 // Numbers to and from texts. Never through the C library's formats: those follow the system's language.
+#include <fmt/format.h>
+
 #include <charconv>
 #include <cmath>
 
@@ -35,8 +37,9 @@ void WriteReal(Real value, LONG after, bool exponent, Parts *parts) {
     const int decimals = after < 0               ? kAutomaticDecimals
                          : after > kMostDecimals ? kMostDecimals
                                                  : static_cast<int>(after);
-    const std::chars_format format = exponent ? std::chars_format::scientific : std::chars_format::fixed;
-    char *end = std::to_chars(parts->digits, parts->digits + kRoom - 1, std::fabs(value), format, decimals).ptr;
+    char *end =
+        exponent ? fmt::format_to_n(parts->digits, kRoom - 1, "{:.{}e}", std::fabs(value), decimals).out
+                 : fmt::format_to_n(parts->digits, kRoom - 1, "{:.{}f}", std::fabs(value), decimals).out;
     *end = 0;
     parts->exponent[0] = 0;
     char *point = NULL;

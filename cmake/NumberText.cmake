@@ -1,0 +1,6 @@
+# Numbers to and from texts by the same code on every target, some of whose standard libraries cannot. Headers alone.
+find_path(fast_float_headers fast_float/fast_float.h REQUIRED)
+find_path(fmt_headers fmt/format.h REQUIRED)
+add_library(number_text INTERFACE)
+target_include_directories(number_text SYSTEM INTERFACE "${fast_float_headers}" "${fmt_headers}")
+target_compile_definitions(number_text INTERFACE FMT_HEADER_ONLY)
