@@ -23,7 +23,7 @@ import bpy
 constexpr const char *kTail = R"(
 
 scene = bpy.context.scene
-scene.render.fps, scene.render.fps_base = FRAMES_PER_SECOND, 1
+scene.render.fps, scene.render.fps_base = FRAMES_PER_SECOND, FPS_BASE
 scene.render.resolution_x, scene.render.resolution_y = RESOLUTION
 scene.frame_start, scene.frame_end = max(FIRST_FRAME, 0), max(FIRST_FRAME + len(FRAMES) - 1, 0)
 
@@ -66,7 +66,7 @@ scene.frame_set(scene.frame_start)
 std::string WriteBlender(const CameraMove &move, const FormatOptions &options) {
     std::string text = kHead;
     text += "FIRST_FRAME = " + std::to_string(move.first_frame) +
-            "\nFRAMES_PER_SECOND = " + std::to_string(move.frames_per_second) + "\nRESOLUTION = (" +
+            "\nFRAMES_PER_SECOND = " + std::to_string(move.rate.Whole()) + "\nFPS_BASE = " + FormatNumber(move.rate.Whole() / move.rate.PerSecond()) + "\nRESOLUTION = (" +
             std::to_string(options.width) + ", " + std::to_string(options.height) +
             ")\nFILM_BACK_WIDTH = " + FormatNumber(move.aperture_width) +
             "\n# x, y, z, rotation w, x, y, z, focal length in millimetres, focus distance\nFRAMES = [\n";

@@ -50,7 +50,7 @@ CameraMove ReadCsv(const std::string &file, std::string_view bytes, const Format
     const CsvHeader header(source, recorded ? kRecordingColumns : columns);
     CameraMove move;
     move.aperture_width = options.aperture_width;
-    if (recorded) move.frames_per_second = kRecordingFramesPerSecond;
+    if (recorded) move.rate = {kRecordingFramesPerSecond, 1};
     FrameOrder order(source);
     for (std::size_t i = 1; i < source.Lines().size(); ++i) {
         const CsvRow row(header, source.Lines()[i]);

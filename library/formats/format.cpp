@@ -32,14 +32,33 @@ bool Does(const MoveFormat &format, FormatUse use) { return use == FormatUse::kW
 
 const std::vector<MoveFormat> &MoveFormats() {
     static const std::vector<MoveFormat> formats = {
-        {".csv", ReadCsv, WriteCsv, nullptr},
-        {".json", ReadJson, WriteJson, nullptr},
-        {".chan", ReadChan, WriteChan, "focus distance, film back and frame rate"},
-        {".usda", ReadUsda, WriteUsda, nullptr},
+        {".csv", ReadCsv, WriteCsv, nullptr, 0},
+        {".json", ReadJson, WriteJson, nullptr, 0},
+        {".chan", ReadChan, WriteChan, "focus distance, film back and frame rate", 0},
+        {".usda", ReadUsda, WriteUsda, nullptr, 0},
         {".gltf", nullptr, WriteGltf,
-         "focal length, film back and focus distance but as extras, and zoom but by KHR_animation_pointer"},
-        {".py", nullptr, WriteBlender, nullptr}};
+         "focal length, film back and focus distance but as extras, and zoom but by KHR_animation_pointer", 0},
+        {".py", nullptr, WriteBlender, nullptr, 0}};
     return formats;
+}
+
+std::string LostIn(const MoveFormat &format, const CameraMove &move) {
+    std::vector<std::string> lost;
+    if (format.lost != nullptr) lost.emplace_back(format.lost);
+    const auto add = [&](bool has, TraitSet trait, const char *words) {
+        if (has && (format.carries & trait) == 0) lost.emplace_back(words);
+    };
+    const CameraTraits &traits = move.traits;
+    add(traits.is_orthographic, kProjectionTrait, "the orthographic projection");
+    add(move.aperture_height.has_value(), kApertureHeightTrait, "the height of the film back");
+    for (int i = 0; i < kTraitChannelCount; ++i) {
+        const auto channel = static_cast<TraitChannel>(i);
+        add(traits.Has(channel), TraitBit(channel), InfoOf(channel).words);
+    }
+    add(!traits.path.empty(), kPathTrait, "the camera's name");
+    std::string text;
+    for (const std::string &words : lost) text += (text.empty() ? "" : "; ") + words;
+    return text;
 }
 
 std::string KnownExtensions(FormatUse use) {
@@ -81,7 +100,7 @@ CameraMove MoveFromBytes(const std::string &name, std::string_view bytes, const 
     const MoveFormat &format = FormatOf(host::PathFromText(name), FormatUse::kRead);
     if (bytes.size() > kMaxFileBytes) throw Failure(kExitInput, name + ": found more bytes than any move has");
     CameraMove move = format.read(name, bytes, options);
-    if (options.frames_per_second) move.frames_per_second = *options.frames_per_second;
+    if (options.rate) move.rate = *options.rate;
     return move;
 }
 

@@ -18,7 +18,8 @@ struct FormatOptions {
     RotationOrder rotation_order = kOrderZxy;  // of a .chan file
     double aperture_width = kApertureWidth;    // of the film back in millimetres, where the file does not say
     int width = 1920, height = 1080;           // of the picture in pixels: makes the vertical field of view
-    std::optional<int> frames_per_second;      // instead of the file's own
+    std::string camera;                        // by its name or path, where a file has several; empty: the only one
+    std::optional<FrameRate> rate;             // instead of the file's own
     bool only_positions = false;               // a moving point is wanted: a table may lack the angles
 };
 
@@ -27,8 +28,12 @@ struct MoveFormat {
     // Throws a Failure that names the place. `file` is the name for messages. Null for a format that is only written.
     CameraMove (*read)(const std::string &file, std::string_view bytes, const FormatOptions &options);
     std::string (*write)(const CameraMove &move, const FormatOptions &options);
-    const char *lost;  // what the format has no place for, in words; null when nothing is lost
+    const char *lost;  // what of every move the format has no place for, in words; null when nothing is lost
+    TraitSet carries;  // of what a file may say beside the motion
 };
+
+// What of this move the format has no place for, in words; empty when nothing is lost.
+std::string LostIn(const MoveFormat &format, const CameraMove &move);
 
 const std::vector<MoveFormat> &MoveFormats();
 enum class FormatUse { kRead, kWrite };

@@ -82,7 +82,7 @@ Columns ColumnsOf(const CameraMove &move, const FormatOptions &options) {
     Quaternion turn{1, 0, 0, 0};
     double frame = static_cast<double>(move.first_frame - FrameAtTimeZero(move));
     for (const CameraSample &sample : move.samples) {
-        columns.times.push_back(AsFloat(frame++ / move.frames_per_second));
+        columns.times.push_back(AsFloat(frame++ / move.rate.PerSecond()));
         const host::Vector metres = RightHanded(sample).off * kMetresPerSceneUnit;
         for (const double value : {metres.x, metres.y, metres.z}) columns.translations.push_back(AsFloat(value));
         turn = InHemisphereOf(turn, RightHandedQuaternion(sample.angles));
@@ -90,6 +90,12 @@ Columns ColumnsOf(const CameraMove &move, const FormatOptions &options) {
         columns.angles.push_back(AsFloat(VerticalAngle(move, sample, options)));
     }
     return columns;
+}
+
+// A whole number, or numerator and denominator.
+Json RateJson(const FrameRate &rate) {
+    if (rate.IsWhole()) return rate.numerator;
+    return {rate.numerator, rate.denominator};
 }
 
 // What glTF has no words for.
@@ -100,7 +106,7 @@ Json Extras(const CameraMove &move) {
         focus_distances.push_back(sample.focus_distance * kMetresPerSceneUnit);
     }
     return {{"first_frame", move.first_frame},
-            {"frames_per_second", move.frames_per_second},
+            {"frames_per_second", RateJson(move.rate)},
             {"film_back_width_mm", move.aperture_width},
             {"focal_length_mm", focal_lengths},
             {"focus_distance_m", focus_distances}};

@@ -115,7 +115,7 @@ class Handler : public nlohmann::json_sax<json> {
             See(kPosition);
         } else if (path_ == ".frames[].hpb") {
             See(kHpb);
-        } else {
+        } else if (path_ != ".frames_per_second") {
             RefuseKind("an array");
         }
         count_ = 0;
@@ -126,7 +126,12 @@ class Handler : public nlohmann::json_sax<json> {
 
     bool end_array() override {
         Leave();
-        if (path_ != ".frames" && count_ != 3) Refuse(std::to_string(count_) + " numbers", "3 numbers");
+        const std::string numbers = std::to_string(count_) + " numbers";
+        if (path_ == ".frames_per_second") {
+            TakeRate(count_ == 2 ? MakeFrameRate(rate_terms_[0], rate_terms_[1]) : std::nullopt, numbers);
+        } else if (path_ != ".frames" && count_ != 3) {
+            Refuse(numbers, "3 numbers");
+        }
         return true;
     }
 
@@ -204,7 +209,10 @@ class Handler : public nlohmann::json_sax<json> {
             See(kFocusDistance);
             move_.samples.back().focus_distance = Between(value, 0, kMaxNumber);
         } else if (path_ == ".frames_per_second") {
-            if (!options_.frames_per_second) move_.frames_per_second = Rate(value);
+            TakeRate(FrameRateOf(value), FormatNumber(value));
+        } else if (path_ == ".frames_per_second[]") {
+            if (++count_ > 2) Refuse("another number", "2 numbers");
+            rate_terms_[count_ - 1] = Whole(value).value_or(0);
         } else if (path_ == ".film_back_width") {
             move_.aperture_width = Between(value, kMinAperture, kMaxAperture);
         } else if (path_ == ".version") {
@@ -214,9 +222,9 @@ class Handler : public nlohmann::json_sax<json> {
         }
     }
 
-    int Rate(double value) const {
-        if (Whole(value)) return static_cast<int>(Between(value, 1, kMaxFramesPerSecond));
-        Refuse(FormatNumber(value), "a whole number of frames a second; --fps says another");
+    void TakeRate(const std::optional<FrameRate> &rate, const std::string &found) {
+        if (!rate) Refuse(found, std::string(kExpectedFrameRate) + " or [24000, 1001]; --fps says another");
+        if (!options_.rate) move_.rate = *rate;
     }
 
     const SourceText &source_;
@@ -230,6 +238,7 @@ class Handler : public nlohmann::json_sax<json> {
     std::vector<std::size_t> bases_;  // how long the path was outside each open object and array
     std::size_t count_ = 0;           // of numbers in the open array
     unsigned seen_ = 0;               // entries of the open frame
+    std::int64_t rate_terms_[2] = {};
 };
 
 std::string Group(const char *name) {
@@ -239,6 +248,11 @@ std::string Group(const char *name) {
         text += std::string(text.empty() ? "" : ",\n") + "    \"" + fixed.name + "\": \"" + fixed.text + "\"";
     }
     return "  \"" + std::string(name) + "\": {\n" + text + "\n  },\n";
+}
+
+std::string RateText(const FrameRate &rate) {
+    if (rate.IsWhole()) return std::to_string(rate.numerator);
+    return "[" + std::to_string(rate.numerator) + ", " + std::to_string(rate.denominator) + "]";
 }
 
 std::string Triple(const host::Vector &vector) {
@@ -263,7 +277,7 @@ CameraMove ReadJson(const std::string &file, std::string_view bytes, const Forma
 std::string WriteJson(const CameraMove &move, const FormatOptions &) {
     std::string text = "{\n  \"format\": \"" + std::string(kFormatName) +
                        "\",\n  \"version\": " + FormatNumber(kVersion) + ",\n" + Group("units") + Group("conventions") +
-                       "  \"frames_per_second\": " + std::to_string(move.frames_per_second) +
+                       "  \"frames_per_second\": " + RateText(move.rate) +
                        ",\n  \"film_back_width\": " + FormatNumber(move.aperture_width) + ",\n  \"frames\": [\n";
     std::int64_t frame = move.first_frame;
     for (const CameraSample &sample : move.samples) {

@@ -31,7 +31,7 @@ class Reader {
         unit_ = Metadata("metersPerUnit", kFallbackMetresPerUnit, kMinUnit, kMaxUnit);
         z_up_ = IsZUp();
         CameraMove move;
-        move.frames_per_second = Rate();
+        move.rate = Rate();
         move.aperture_width = Lens(OnlyValue(camera, "horizontalAperture", kFallbackApertureWidth), camera,
                                    "horizontalAperture", kMinAperture, kMaxAperture);
         ReadFrames(camera, &move);
@@ -101,14 +101,13 @@ class Reader {
         Refuse(entry->second.place, "another upAxis", "\"Y\" or \"Z\"");
     }
 
-    int Rate() const {
-        if (options_.frames_per_second) return *options_.frames_per_second;
+    FrameRate Rate() const {
+        if (options_.rate) return *options_.rate;
         const char *name = layer_.metadata.count("timeCodesPerSecond") != 0 ? "timeCodesPerSecond" : "framesPerSecond";
         const double rate = Metadata(name, kFallbackRate, 0, kMaxNumber);
-        if (rate == std::floor(rate) && rate >= 1 && rate <= kMaxFramesPerSecond) return static_cast<int>(rate);
+        if (const std::optional<FrameRate> known = FrameRateOf(rate)) return *known;
         Refuse(layer_.metadata.at(name).place, FormatNumber(rate),
-               "a whole number from 1 to " + std::to_string(kMaxFramesPerSecond) + " for " + name +
-                   "; --fps says another");
+               std::string(kExpectedFrameRate) + ", for " + name + "; --fps says another");
     }
 
     // A value in tenths of the layer's unit, as millimetres.
@@ -255,7 +254,7 @@ CameraMove ReadUsda(const std::string &file, std::string_view bytes, const Forma
 }
 
 std::string WriteUsda(const CameraMove &move, const FormatOptions &options) {
-    const std::string rate = std::to_string(move.frames_per_second);
+    const std::string rate = FormatNumber(move.rate.PerSecond());
     std::string width = FormatNumber(move.aperture_width);
     std::string height = FormatNumber(move.aperture_width * options.height / options.width);
     return "#usda 1.0\n(\n    defaultPrim = \"Camera\"\n    metersPerUnit = " + FormatNumber(kMetresPerSceneUnit) +

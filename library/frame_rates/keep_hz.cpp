@@ -88,7 +88,7 @@ SmoothingAmounts Learn(Family family) {
     if (!follows) std::fill(move.samples.begin(), move.samples.end(), CameraSample{});
     Stage stage(move);
     host::Tag *tag = &stage.CameraTag();
-    ApplySettings(follows ? kFollowingAlone : kShakeAlone, move.frames_per_second, tag);
+    ApplySettings(follows ? kFollowingAlone : kShakeAlone, move.rate.Whole(), tag);
     const std::int32_t amount_id = follows ? ids::kInitialPositionSmooth : ids::kShakeSmooth;
     tag->SetParameter(host::MakeId(follows ? ids::kShakeSmooth : ids::kInitialPositionSmooth), host::Data(0.0));
     return SmoothingAmounts([&](double amount) {
@@ -104,13 +104,13 @@ SmoothingAmounts Learn(Family family) {
 
 class Carrier {
   public:
-    Carrier(double made_for, int rate, host::Tag *tag)
+    Carrier(double made_for, double rate, host::Tag *tag)
         : made_for_(made_for), rate_(rate), tag_(tag), parameters_(DescribedParameters(*tag)) {}
 
     std::vector<std::string> Carry() {
         for (const ScaledSetting &scaled : kScaled) Scale(scaled);
         for (const SmoothingSetting &smoothing : kSmoothings) Smooth(smoothing);
-        ApplySettings(settings_, rate_, tag_);
+        ApplySettings(settings_, static_cast<int>(std::lround(rate_)), tag_);
         std::string by_the_frame;
         for (const std::int32_t id : kByTheFrame) {
             if (Number(id) != 0) AddTo(&by_the_frame, Label(id));
@@ -163,7 +163,7 @@ class Carrier {
     static void AddTo(std::string *list, const std::string &entry) { *list += (list->empty() ? "" : ", ") + entry; }
 
     const double made_for_;
-    const int rate_;
+    const double rate_;
     host::Tag *tag_;
     const std::vector<Parameter> parameters_;
     std::unique_ptr<SmoothingAmounts> amounts_[2];
@@ -173,7 +173,7 @@ class Carrier {
 
 }  // namespace
 
-std::vector<std::string> KeepHertz(double made_for, int frames_per_second, host::Tag *tag) {
+std::vector<std::string> KeepHertz(double made_for, double frames_per_second, host::Tag *tag) {
     if (made_for == frames_per_second) return {};
     return Carrier(made_for, frames_per_second, tag).Carry();
 }

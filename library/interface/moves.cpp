@@ -29,12 +29,15 @@ void CheckInfo(const tremolux_move_info &info) {
         RefuseInput("info->frame_count", std::to_string(info.frame_count), "1 to " + std::to_string(kMaxFrames));
     if (info.first_frame < -kMaxFrameNumber || info.first_frame > kMaxFrameNumber)
         RefuseInput("info->first_frame", std::to_string(info.first_frame), "at most " + std::to_string(kMaxFrameNumber));
-    if (info.rate_denominator != 1)
-        RefuseInput("info->rate_denominator", std::to_string(info.rate_denominator), "1");
-    if (info.rate_numerator < 1 || info.rate_numerator > kMaxFramesPerSecond)
-        RefuseInput("info->rate_numerator", std::to_string(info.rate_numerator), "1 to " + std::to_string(kMaxFramesPerSecond));
     if (!IsBetween(info.aperture_width, kMinAperture, kMaxAperture))
         RefuseInput("info->aperture_width", FormatNumber(info.aperture_width), "millimetres from 1 to 2000");
+}
+
+FrameRate RateOf(const tremolux_move_info &info) {
+    if (const auto rate = MakeFrameRate(info.rate_numerator, info.rate_denominator)) return *rate;
+    RefuseInput("info->rate_numerator and info->rate_denominator",
+                std::to_string(info.rate_numerator) + " / " + std::to_string(info.rate_denominator),
+                kExpectedFrameRate);
 }
 
 CameraSample SampleOf(const double *numbers, std::size_t frame) {
@@ -81,7 +84,7 @@ tremolux_status tremolux_move_from_numbers(const tremolux_move_info *info, const
             RefuseInput("count", std::to_string(count), std::to_string(info->frame_count * kNumbers));
         CameraMove made;
         made.first_frame = info->first_frame;
-        made.frames_per_second = info->rate_numerator;
+        made.rate = RateOf(*info);
         made.aperture_width = info->aperture_width;
         for (std::size_t frame = 0; frame < info->frame_count; ++frame) made.samples.push_back(SampleOf(numbers, frame));
         *move = NewMove(std::move(made));
@@ -100,7 +103,7 @@ tremolux_status tremolux_move_from_bytes(const char *name, const void *bytes, si
 tremolux_status tremolux_move_info_of(tremolux_move move, tremolux_move_info *info) {
     return WithHandle<MoveTarget>(move, [&](const MoveTarget &target) {
         RequireStruct(info, "info");
-        *info = {sizeof(*info), target.move.first_frame, target.move.samples.size(), target.move.frames_per_second, 1,
+        *info = {sizeof(*info), target.move.first_frame, target.move.samples.size(), target.move.rate.numerator, target.move.rate.denominator,
                  target.move.aperture_width};
     });
 }

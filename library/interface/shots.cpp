@@ -174,7 +174,7 @@ tremolux_status tremolux_shot_free(tremolux_shot shot) { return FreeHandle<ShotT
 tremolux_status tremolux_shot_set(tremolux_shot shot, int32_t parameter, double value) {
     return ByHand(shot, [&](ShotTarget &target) {
         const Parameter &known = NumberOf(parameter);
-        const host::Data data = StoredValue(known, value, target.move.frames_per_second);
+        const host::Data data = StoredValue(known, value, target.move.rate.Whole());
         if (!target.Tag()->SetParameter(host::MakeId(parameter), data, host::kSetUserInteraction))
             throw Refusal(TREMOLUX_MODULE, "the module refuses a value of parameter " + std::to_string(parameter));
     });
@@ -187,7 +187,7 @@ tremolux_status tremolux_shot_get(tremolux_shot shot, int32_t parameter, double 
         host::Data data;
         if (!target.Tag()->GetParameter(host::MakeId(parameter), &data))
             throw Refusal(TREMOLUX_MODULE, "the module has no value of parameter " + std::to_string(parameter));
-        *value = known.kind == ParameterKind::kTime ? host::Seconds(data.GetTime()) * target.move.frames_per_second
+        *value = known.kind == ParameterKind::kTime ? host::Seconds(data.GetTime()) * target.move.rate.Whole()
                                                     : data.Real();
     });
 }
@@ -195,7 +195,7 @@ tremolux_status tremolux_shot_get(tremolux_shot shot, int32_t parameter, double 
 tremolux_status tremolux_shot_set_text(tremolux_shot shot, const char *setting) {
     return ByHand(shot, [&](ShotTarget &target) {
         RequirePointer(setting, "setting");
-        ApplySettings({setting}, target.move.frames_per_second, target.Tag());
+        ApplySettings({setting}, target.move.rate.Whole(), target.Tag());
     });
 }
 
@@ -309,7 +309,7 @@ tremolux_status tremolux_shot_key(tremolux_shot shot, int32_t parameter, int64_t
                                   int32_t interpolation) {
     return ByHand(shot, [&](ShotTarget &target) {
         const Parameter &known = NumberOf(parameter);
-        const int fps = target.move.frames_per_second;
+        const int fps = target.move.rate.Whole();
         if (known.kind != ParameterKind::kReal && known.kind != ParameterKind::kBool)
             RefuseKind(known, "a number or a switch");
         const double stored = StoredValue(known, value, fps).Real();

@@ -62,7 +62,7 @@ AddedMotion MeasureAddedMotion(const CameraMove &input, const CameraMove &output
     for (Channel &channel : motion.picture) channel.unit = "px";
 
     double x = 0, y = 0, turn_squares = 0;
-    const double rate = output.frames_per_second;
+    const double rate = output.rate.PerSecond();
     for (std::size_t i = 0; i < output.samples.size(); ++i) {
         const CameraSample &from = input.samples[i], &to = output.samples[i];
         const host::Vector moved = to.position - from.position;

@@ -2,9 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "host/value/vector.h"
+#include "library/moves/camera_traits.h"
+#include "library/moves/frame_rate.h"
 
 namespace tremolux {
 
@@ -26,9 +30,13 @@ constexpr double kApertureWidth = 36;
 
 struct CameraMove {
     std::int64_t first_frame = 0;
-    int frames_per_second = 30;
+    FrameRate rate;
     std::vector<CameraSample> samples;  // one for each frame from the first on
     double aperture_width = kApertureWidth;
+    std::optional<double> aperture_height = std::nullopt;  // millimetres; else as the picture's shape makes it
+    CameraTraits traits = {};
+    // What the reader had to decide, or passed over: a line each, for the user.
+    std::vector<std::string> notes = {};
     std::int64_t LastFrame() const { return first_frame + static_cast<std::int64_t>(samples.size()) - 1; }
 };
 
@@ -38,7 +46,6 @@ constexpr std::int64_t kMaxFrameNumber = 10000000;  // either side of 0: as far 
 constexpr double kMaxNumber = 1e12;
 constexpr double kMinFocalLength = 1, kMaxFocalLength = 10000;  // millimetres
 constexpr double kMinAperture = 1, kMaxAperture = 2000;         // millimetres
-constexpr int kMaxFramesPerSecond = 2500;
 
 constexpr double kRadiansPerDegree = 0.017453292519943295;
 

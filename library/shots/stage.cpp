@@ -41,9 +41,9 @@ Stage::Stage(const CameraMove &move)
       input_(InsertObject(document_.get(), host::kTypeCamera, "Input Camera")),
       output_(InsertObject(document_.get(), host::kTypeCamera, "Camera")),
       first_frame_(move.first_frame) {
-    document_->SetFps(move.frames_per_second);
+    document_->SetFps(move.rate.Whole());
     document_->SetRange(move.first_frame, move.LastFrame());
-    KeyCamera(input_, move, move.frames_per_second);
+    KeyCamera(input_, move, move.rate.Whole());
     for (host::Object *camera : {input_, output_})
         camera->SetParameter(host::MakeId(host::kCameraAperture), host::Data(move.aperture_width));
     tag_ = output_->MakeTag(ids::kTremoluxCamId);

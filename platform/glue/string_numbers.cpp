@@ -37,9 +37,8 @@ void WriteReal(Real value, LONG after, bool exponent, Parts *parts) {
     const int decimals = after < 0               ? kAutomaticDecimals
                          : after > kMostDecimals ? kMostDecimals
                                                  : static_cast<int>(after);
-    char *end =
-        exponent ? fmt::format_to_n(parts->digits, kRoom - 1, "{:.{}e}", std::fabs(value), decimals).out
-                 : fmt::format_to_n(parts->digits, kRoom - 1, "{:.{}f}", std::fabs(value), decimals).out;
+    char *end = exponent ? fmt::format_to_n(parts->digits, kRoom - 1, "{:.{}e}", std::fabs(value), decimals).out
+                         : fmt::format_to_n(parts->digits, kRoom - 1, "{:.{}f}", std::fabs(value), decimals).out;
     *end = 0;
     parts->exponent[0] = 0;
     char *point = NULL;

@@ -86,7 +86,7 @@ class Compiler {
     void Save(const presets::PresetText &preset) {
         tremolux::CameraMove still;
         still.samples.emplace_back();
-        still.frames_per_second = kFramesPerSecond;
+        still.rate = {kFramesPerSecond, 1};
         const tremolux::Stage stage(still);
         tremolux::ApplySettings(preset.settings, kFramesPerSecond, &stage.CameraTag());
         host_.Application().dialogs.AnswerText(preset.name);

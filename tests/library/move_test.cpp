@@ -101,10 +101,14 @@ TEST(Move, HasFramesAndARateThatThereAre) {
     EXPECT_EQ("count: found 16, expected 24", RefusedInfo([](auto *info) { info->frame_count = 3; }));
     EXPECT_EQ("info->first_frame: found 10000001, expected at most 10000000",
               RefusedInfo([](auto *info) { info->first_frame = 10000001; }));
-    EXPECT_EQ("info->rate_numerator: found 0, expected 1 to 2500",
+    const std::string rate = "a rate from 1 to 2500 frames per second, such as 24, 23.976 or 24000/1001";
+    EXPECT_EQ("info->rate_numerator and info->rate_denominator: found 0 / 1, expected " + rate,
               RefusedInfo([](auto *info) { info->rate_numerator = 0; }));
-    EXPECT_EQ("info->rate_denominator: found 0, expected 1",
-              RefusedInfo([](auto *info) { info->rate_denominator = 0; }));
+    EXPECT_EQ("info->rate_numerator and info->rate_denominator: found 25 / 0, expected " + rate,
+              RefusedInfo([](auto *info) {
+                  info->rate_numerator = 25;
+                  info->rate_denominator = 0;
+              }));
     EXPECT_EQ("info->aperture_width: found nan, expected millimetres from 1 to 2000",
               RefusedInfo([](auto *info) { info->aperture_width = kNaN; }));
     EXPECT_EQ("info: found the size 4, expected " + std::to_string(sizeof(tremolux_move_info)),

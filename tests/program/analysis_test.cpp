@@ -20,7 +20,7 @@ std::vector<double> Sine(double amplitude, double frequency, double rate, double
 
 CameraMove Still(std::size_t frames, int rate) {
     CameraMove move;
-    move.frames_per_second = rate;
+    move.rate = {rate, 1};
     move.samples.resize(frames);
     return move;
 }

@@ -27,7 +27,7 @@ TEST(Chan, WritesTheReferencePose) {
     // Mirrored in Z: z turns its sign. Order Z, X, Y takes (pitch, heading, -bank) as they are. The vertical field of
     // view is 2 atan(36 * 1080 / 1920 / (2 * 36)) = 2 atan(0.28125) = 31.417276 degrees.
     const std::vector<double> expected = {1, 10, 150, 300, -10, 30, -5, 31.417276};
-    const std::vector<double> written = Numbers(WriteChan({1, 30, {ReferencePose()}}, {}));
+    const std::vector<double> written = Numbers(WriteChan({1, {30, 1}, {ReferencePose()}}, {}));
     ASSERT_EQ(written.size(), expected.size());
     for (std::size_t i = 0; i < expected.size(); ++i) EXPECT_NEAR(written[i], expected[i], 1e-6) << i;
 }
@@ -89,7 +89,7 @@ TEST(Chan, TakesTheAspectOfThePicture) {
     // A square picture: the film back is as high as wide, and 36 mm give 2 atan(0.5) = 53.130102 degrees.
     FormatOptions square;
     square.width = square.height = 512;
-    EXPECT_NEAR(Numbers(WriteChan({1, 30, {ReferencePose()}}, square)).at(7), 53.130102, 1e-6);
+    EXPECT_NEAR(Numbers(WriteChan({1, {30, 1}, {ReferencePose()}}, square)).at(7), 53.130102, 1e-6);
 }
 
 TEST(Chan, SkipsCommentsAndTakesFilesWithoutAFieldOfView) {
@@ -155,7 +155,7 @@ RC_GTEST_PROP(Chan, KeepsEveryPoseOfACsvFile, ()) {
     options.width = *rc::gen::inRange(1, 8193);
     options.height = *rc::gen::inRange(1, 4097);
 
-    const CameraMove from_csv = ReadCsv("csv", WriteCsv({7, 30, {sample}}, options), options);
+    const CameraMove from_csv = ReadCsv("csv", WriteCsv({7, {30, 1}, {sample}}, options), options);
     const CameraMove from_chan = ReadChan("chan", WriteChan(from_csv, options), options);
     const CameraSample &back = from_chan.samples.at(0);
     RC_ASSERT(from_chan.first_frame == 7);

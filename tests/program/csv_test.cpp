@@ -18,7 +18,7 @@ TEST(Csv, HoldsTheReferencePoseAsItIs) {
     const CameraMove move = Read(std::string(kHeader) + "1,10,150,-300,30,-10,5,36,500\n");
     ASSERT_EQ(move.samples.size(), 1u);
     EXPECT_EQ(move.first_frame, 1);
-    EXPECT_EQ(move.frames_per_second, 30);
+    EXPECT_EQ(move.rate, (FrameRate{30, 1}));
     const CameraSample &sample = move.samples[0], pose = ReferencePose();
     EXPECT_TRUE(host::operator==(sample.position, pose.position));
     EXPECT_TRUE(host::operator==(sample.angles, pose.angles));

@@ -37,7 +37,7 @@ std::vector<float> Numbers(const json &file, std::size_t accessor) {
 }
 
 CameraMove TwoFrames(double second_focal_length) {
-    CameraMove move{30, 30, {ReferencePose(), ReferencePose()}};
+    CameraMove move{30, {30, 1}, {ReferencePose(), ReferencePose()}};
     move.samples[1].focal_length = second_focal_length;
     return move;
 }
@@ -75,7 +75,7 @@ TEST(Gltf, CarriesZoomByAPointer) {
 }
 
 TEST(Gltf, KeepsTurnsInOneHemisphereAndTimesRising) {
-    CameraMove move{-5, 2500, std::vector<CameraSample>(2000)};
+    CameraMove move{-5, {2500, 1}, std::vector<CameraSample>(2000)};
     for (std::size_t i = 0; i < move.samples.size(); ++i)
         move.samples[i].angles = {0.05 * static_cast<double>(i), 1, 2};
     const json file = json::parse(WriteGltf(move, {}));

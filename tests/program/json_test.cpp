@@ -11,7 +11,7 @@ std::string Refusal(const std::string &text) { return RefusalOf(ReadJson, text);
 std::string WithFrames(const std::string &frames) { return "{\n\"frames\": [\n" + frames + "\n]}"; }
 
 TEST(Json, SaysItsUnitsAndConventions) {
-    const auto json = nlohmann::json::parse(WriteJson({1, 24, {ReferencePose()}, 25}, {}));
+    const auto json = nlohmann::json::parse(WriteJson({1, {24, 1}, {ReferencePose()}, 25}, {}));
     EXPECT_EQ(json["units"]["position"], "centimetres");
     EXPECT_EQ(json["units"]["hpb"], "degrees");
     EXPECT_NE(json["conventions"]["axes"].get<std::string>().find("left-handed"), std::string::npos);
@@ -28,7 +28,7 @@ TEST(Json, NeedsNoMoreThanFramesWithPositionAndAngles) {
         ReadJson("move", "\xEF\xBB\xBF" + WithFrames("{\"hpb\":[1,2,3],\r\n\"position\":[4,5,6],\"frame\":7}"), {});
     ASSERT_EQ(move.samples.size(), 1u);
     EXPECT_EQ(move.first_frame, 7);
-    EXPECT_EQ(move.frames_per_second, 30);
+    EXPECT_EQ(move.rate, (FrameRate{30, 1}));
     EXPECT_EQ(move.aperture_width, 36);
     EXPECT_EQ(move.samples[0].position.z, 6);
     EXPECT_NEAR(move.samples[0].angles.x, kRadiansPerDegree, 1e-15);
@@ -48,8 +48,11 @@ TEST(Json, IsRefusedWithThePlaceAndWhatWasExpected) {
     EXPECT_NE(
         Refusal("{\n\"units\": {\"position\": \"metres\"}}").find("move:2:30: found 'metres', expected 'centimetres'"),
         std::string::npos);
-    EXPECT_EQ(Refusal("{\"frames_per_second\": 23.976}"),
-              "move:1:23: found 23.976, expected a whole number of frames a second; --fps says another");
+    const std::string rate =
+        "a rate from 1 to 2500 frames per second, such as 24, 23.976 or 24000/1001 or [24000, 1001]; --fps says "
+        "another";
+    EXPECT_EQ(Refusal("{\"frames_per_second\": 0.5}"), "move:1:23: found 0.5, expected " + rate);
+    EXPECT_EQ(Refusal("{\"frames_per_second\": [24000]}"), "move:1:29: found 1 numbers, expected " + rate);
     EXPECT_EQ(Refusal(""), "move:1:1: found an empty file, expected JSON");
 }
 

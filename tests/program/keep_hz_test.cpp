@@ -33,7 +33,7 @@ class KeepHertz : public testing::Test {
         said_ = outcome.err;
         FormatOptions options;
         CameraMove in = ReadCsv("in", still, options), out = ReadCsv("out", workplace_.Read("out.csv"), options);
-        in.frames_per_second = out.frames_per_second = rate;
+        in.rate = out.rate = {rate, 1};
         return MeasureAddedMotion(in, out, 1920);
     }
     Workplace workplace_;

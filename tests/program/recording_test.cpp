@@ -35,7 +35,7 @@ TEST(Recording, TurnsMetresIntoSceneUnitsAndMirrorsDepth) {
 }
 
 TEST(Recording, HasTwentyFourFramesASecond) {
-    EXPECT_EQ(ReadCsv("move", std::string(kHeader) + "1,0,0,0,0,0,0\n", {}).frames_per_second, 24);
+    EXPECT_EQ(ReadCsv("move", std::string(kHeader) + "1,0,0,0,0,0,0\n", {}).rate, (FrameRate{24, 1}));
 }
 
 TEST(Recording, IsRefusedBeyondWhatAMoveHolds) {

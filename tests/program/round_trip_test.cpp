@@ -31,7 +31,8 @@ CameraSample AnyCamera() {
 CameraMove AnyMove() {
     CameraMove move;
     move.first_frame = *rc::gen::inRange(-50, 1000);
-    move.frames_per_second = *rc::gen::inRange(1, 121);
+    constexpr FrameRate kRates[] = {{1, 1}, {24, 1}, {24000, 1001}, {25, 2}, {30000, 1001}, {60, 1}, {120000, 1001}};
+    move.rate = kRates[*rc::gen::inRange(0, 7)];
     move.aperture_width = Between(5, 70);
     const int frames = *rc::gen::inRange(1, 8);
     for (int i = 0; i < frames; ++i) move.samples.push_back(AnyCamera());
@@ -46,7 +47,7 @@ void ExpectSame(const CameraMove &wrote, const CameraMove &read, const Kept &kep
     RC_ASSERT(read.first_frame == wrote.first_frame);
     RC_ASSERT(read.samples.size() == wrote.samples.size());
     if (kept.rate_and_film_back) {
-        RC_ASSERT(read.frames_per_second == wrote.frames_per_second);
+        RC_ASSERT(read.rate == wrote.rate);
         RC_ASSERT(std::abs(read.aperture_width - wrote.aperture_width) < 1e-9);
     }
     for (std::size_t i = 0; i < read.samples.size(); ++i) {

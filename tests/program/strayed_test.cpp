@@ -9,7 +9,7 @@
 namespace tremolux {
 namespace {
 
-CameraMove MoveWith(std::vector<CameraSample> samples) { return {5, 30, std::move(samples)}; }
+CameraMove MoveWith(std::vector<CameraSample> samples) { return {5, {30, 1}, std::move(samples)}; }
 
 CameraSample At(const host::Vector &position, const host::Vector &degrees) {
     CameraSample sample;
@@ -46,8 +46,8 @@ TEST(Report, SaysWhatWentInWhatCameOutAndHowFarTheCameraStrayed) {
     const CameraMove input = MoveWith({At({0, 0, 0}, {0, 0, 0}), At({0, 0, 0}, {0, 0, 0}), At({0, 0, 0}, {0, 0, 0})});
     const CameraMove output = MoveWith({At({3, 4, 0}, {0, 0, 0}), At({0, 3, 4}, {0, 3, 0}), At({0, -5, 0}, {0, 0, 0})});
     // The turns are 0, 3 and 0: RMS sqrt(9 / 3).
-    const ShakeReport report = {"in.csv", {"out.csv", "out.chan"}, "Brisk walk", {"Shake Speed=150%", "Seed=7"}, 30,
-                                12.34567};
+    const ShakeReport report = {
+        "in.csv", {"out.csv", "out.chan"}, "Brisk walk", {"Shake Speed=150%", "Seed=7"}, {30, 1}, 12.34567};
     EXPECT_EQ(ReportText(report, input, output),
               "in       in.csv, frames 5 to 7 at 30 fps, 0.1 s\n"
               "preset   Brisk walk\n"

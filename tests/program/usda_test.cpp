@@ -57,7 +57,7 @@ TEST(Usda, ReadsTheReferencePose) {
     const CameraMove move = ReadUsda("move", kReference, {});
     ASSERT_EQ(move.samples.size(), 3u);
     EXPECT_EQ(move.first_frame, 0);
-    EXPECT_EQ(move.frames_per_second, 25);
+    EXPECT_EQ(move.rate, (FrameRate{25, 1}));
     EXPECT_NEAR(move.aperture_width, 36, 1e-12);
     ExpectReferencePose(move.samples[0]);
     // Between samples everything runs straight on.
@@ -106,7 +106,7 @@ TEST(Usda, ReadsACameraThatStandsInSomethingThatMoves) {
 }
 
 TEST(Usda, WritesTheStageAsTheSceneIs) {
-    const std::string text = WriteUsda({5, 24, {ReferencePose(), ReferencePose()}}, {});
+    const std::string text = WriteUsda({5, {24, 1}, {ReferencePose(), ReferencePose()}}, {});
     for (const char *line : {"metersPerUnit = 0.01", "upAxis = \"Y\"", "startTimeCode = 5", "endTimeCode = 6",
                              "timeCodesPerSecond = 24", "float verticalAperture.timeSamples = {\n        5: 20.25,"}) {
         EXPECT_NE(text.find(line), std::string::npos) << line;
@@ -114,13 +114,13 @@ TEST(Usda, WritesTheStageAsTheSceneIs) {
 }
 
 TEST(Usda, TakesTheRateOfTheCommandLineWhereTheFileHasABrokenOne) {
-    const std::string text = Replaced(kReference, "timeCodesPerSecond = 25", "timeCodesPerSecond = 23.976");
-    EXPECT_EQ(
-        Refusal(text),
-        "move:8:26: found 23.976, expected a whole number from 1 to 2500 for timeCodesPerSecond; --fps says another");
+    const std::string text = Replaced(kReference, "timeCodesPerSecond = 25", "timeCodesPerSecond = 0.5");
+    EXPECT_EQ(Refusal(text),
+              "move:8:26: found 0.5, expected a rate from 1 to 2500 frames per second, such as 24, 23.976 or "
+              "24000/1001, for timeCodesPerSecond; --fps says another");
     FormatOptions options;
-    options.frames_per_second = 24;
-    EXPECT_EQ(ReadUsda("move", text, options).frames_per_second, 24);
+    options.rate = FrameRate{24, 1};
+    EXPECT_EQ(ReadUsda("move", text, options).rate, (FrameRate{24, 1}));
 }
 
 TEST(Usda, IsRefusedWithThePlaceAndWhatWasExpected) {

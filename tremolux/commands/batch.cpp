@@ -105,7 +105,7 @@ std::string Shake(const Shot &shot, const MoveOptions &common, std::string *seed
     const PlayedMotion motion = playback.Record();
     files.Write({TextForFile(files.Files().front(), motion.output, playback.Formats())});
     const Strayed strayed = MeasureStrayed(motion.input, motion.output);
-    return std::to_string(motion.output.samples.size()) + "," + std::to_string(playback.FramesPerSecond()) + "," +
+    return std::to_string(motion.output.samples.size()) + "," + FrameRateText(playback.Rate()) + "," +
            FormatNumber(strayed.position.rms) + "," + FormatNumber(strayed.position.peak) + "," +
            FormatNumber(strayed.angle.rms) + "," + FormatNumber(strayed.angle.peak) + ",";
 }

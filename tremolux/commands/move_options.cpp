@@ -29,6 +29,11 @@ std::int64_t WholeOption(const char *option, const std::string &text, std::int64
     Refuse(option, text, "a whole number from " + std::to_string(minimum) + " to " + std::to_string(maximum));
 }
 
+FrameRate RateOption(const char *option, const std::string &text) {
+    if (const std::optional<FrameRate> rate = ParseFrameRate(text)) return *rate;
+    Refuse(option, text, kExpectedFrameRate);
+}
+
 // Two whole numbers with `separator` between them.
 std::optional<std::pair<std::int64_t, std::int64_t>> Pair(const std::string &text, char separator) {
     const std::size_t middle = text.find(separator);
@@ -73,8 +78,7 @@ std::optional<std::pair<std::int64_t, std::int64_t>> MoveOptions::FrameRange() c
 
 FormatOptions FormatChoices::Options() const {
     FormatOptions options;
-    if (!frames_per_second.empty())
-        options.frames_per_second = static_cast<int>(WholeOption("--fps", frames_per_second, 1, kMaxFramesPerSecond));
+    if (!frames_per_second.empty()) options.rate = RateOption("--fps", frames_per_second);
     options.length_unit = LengthUnitOf(unit);
     const std::optional<RotationOrder> order = RotationOrderNamed(rotation_order);
     if (!order) Refuse("--rotation-order", rotation_order, "the letters x, y and z in some order");
@@ -109,8 +113,9 @@ std::vector<std::string> MoveOptions::InputFiles() const {
 }
 
 void AddFormatOptions(Command command, FormatChoices *choices) {
-    command.Add("--fps", &choices->frames_per_second,
-                "frames per second, 1 to 2500; else what the file says, or 30, and 24 for recordings");
+    command.Add(
+        "--fps", &choices->frames_per_second,
+        "frames per second, 1 to 2500: 24, 23.976, 24000/1001; else what the file says, or 30, and 24 for recordings");
     command.Add("--unit", &choices->unit, "length unit of .chan files: cm, m, mm, in, ft").ShowDefault();
     command.Add("--rotation-order", &choices->rotation_order, "of .chan files, the first turn first: zxy, xyz, ...")
         .ShowDefault();
@@ -154,9 +159,9 @@ void AddMoveOptions(Command command, MoveOptions *options) {
 
 std::string TextForFile(const std::filesystem::path &file, const CameraMove &move, const FormatOptions &options) {
     const MoveFormat &format = FormatOf(file, FormatUse::kWrite);
-    if (format.lost != nullptr) {
+    if (const std::string lost = LostIn(format, move); !lost.empty()) {
         std::fprintf(stderr, "%s: %s files have no place for %s\n", host::PathText(file).c_str(), format.extension,
-                     format.lost);
+                     lost.c_str());
     }
     return MoveText(file, move, options);
 }

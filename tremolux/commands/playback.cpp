@@ -44,9 +44,9 @@ void Playback::Start() {
     applied_preset_ = tag->Data().Text(ids::kAppliedPresetName);
     if (target_) stage_->AddTarget(*target_);
     if (focus_object_) stage_->AddFocusObject(*focus_object_);
-    ApplySettings(settings_, FramesPerSecond(), tag);
+    ApplySettings(settings_, Rate().Whole(), tag);
     if (!made_for_) return;
-    for (const std::string &note : KeepHertz(*made_for_, FramesPerSecond(), tag))
+    for (const std::string &note : KeepHertz(*made_for_, Rate().PerSecond(), tag))
         std::fprintf(stderr, "--keep-hz: %s\n", note.c_str());
 }
 

@@ -32,7 +32,7 @@ class Playback {
     const CameraMove &Move() const { return move_; }
     std::int64_t FirstFrame() const { return first_frame_; }  // wanted
     std::int64_t LastFrame() const { return last_frame_; }
-    int FramesPerSecond() const { return move_.frames_per_second; }
+    FrameRate Rate() const { return move_.rate; }
     // What the tag began with, once it is started: the name of a preset, or empty.
     const std::string &Preset() const { return applied_preset_; }
     const std::vector<std::string> &Settings() const { return settings_; }

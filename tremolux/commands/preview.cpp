@@ -45,7 +45,7 @@ void Film(const PreviewOptions &options) {
 
 CameraMove StandingCamera() {
     CameraMove move;
-    move.frames_per_second = kTrailRate;
+    move.rate = {kTrailRate, 1};
     move.samples.resize(std::size_t{kTrailSeconds} * kTrailRate);
     for (CameraSample &sample : move.samples) {
         sample.position.y = kTrailHeight;

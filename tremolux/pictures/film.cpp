@@ -21,14 +21,14 @@ constexpr int kMostGifRate = 25;  // readers slow a faster one down
 constexpr double kInsetScale = 10;
 constexpr Colour kInput = {0.55F, 0.57F, 0.59F}, kShaken = {0.84F, 0.37F, 0.0F};
 
-std::vector<std::string> Encoder(FilmFormat format, int rate) {
+std::vector<std::string> Encoder(FilmFormat format, const FrameRate &rate) {
     if (format == FilmFormat::kPng) return {"-frames:v", "1", "-f", "image2", "-c:v", "png"};
     if (format == FilmFormat::kMp4) {
         return {"-c:v",     "libx264", "-preset",   "medium",     "-crf", "23",
                 "-pix_fmt", "yuv420p", "-movflags", "+faststart", "-f",   "mp4"};
     }
     return {"-vf",
-            "fps=" + std::to_string(std::min(rate, kMostGifRate)) +
+            "fps=" + (rate.PerSecond() > kMostGifRate ? std::to_string(kMostGifRate) : FrameRateText(rate)) +
                 ",split[a][b];[a]palettegen=stats_mode=diff[p];[b][p]paletteuse=dither=bayer:bayer_scale=4",
             "-f", "gif"};
 }
@@ -36,7 +36,7 @@ std::vector<std::string> Encoder(FilmFormat format, int rate) {
 // Pictures one after the other into ffmpeg, which leaves one file.
 class Encoding {
   public:
-    Encoding(FilmFormat format, int width, int height, int rate)
+    Encoding(FilmFormat format, int width, int height, const FrameRate &rate)
         : file_(folder_.Path() / "film"), ffmpeg_(Command(format, width, height, rate), "ffmpeg", folder_) {}
     void Add(const Picture &picture) { ffmpeg_.Write(picture.rgb); }
     std::string Finish() {
@@ -47,7 +47,7 @@ class Encoding {
     }
 
   private:
-    std::vector<std::string> Command(FilmFormat format, int width, int height, int rate) const {
+    std::vector<std::string> Command(FilmFormat format, int width, int height, const FrameRate &rate) const {
         std::vector<std::string> command = {"ffmpeg",
                                             "-hide_banner",
                                             "-loglevel",
@@ -59,7 +59,7 @@ class Encoding {
                                             "-s",
                                             std::to_string(width) + "x" + std::to_string(height),
                                             "-r",
-                                            std::to_string(rate),
+                                            FrameRateText(rate),
                                             "-i",
                                             "-",
                                             "-map_metadata",
@@ -156,7 +156,7 @@ std::string MakeFilm(const PlayedMotion &motion, FilmFormat format, const FrameS
         }
         return PngOf(strip);
     }
-    Encoding encoding(format, width, height, motion.output.frames_per_second);
+    Encoding encoding(format, width, height, motion.output.rate);
     for (std::size_t index = 0; index < frames; ++index) {
         encoding.Add(SideBySide(world, motion, index, size));
         done(static_cast<std::int64_t>(index + 1));
@@ -165,7 +165,7 @@ std::string MakeFilm(const PlayedMotion &motion, FilmFormat format, const FrameS
 }
 
 std::string PngOf(const Picture &picture) {
-    Encoding encoding(FilmFormat::kPng, picture.width, picture.height, 1);
+    Encoding encoding(FilmFormat::kPng, picture.width, picture.height, FrameRate{1, 1});
     encoding.Add(picture);
     return encoding.Finish();
 }

@@ -66,7 +66,7 @@ std::string Table(const PlayedMotion &motion) {
     std::string text = "$move << EOD\n";
     for (std::size_t i = 0; i < motion.output.samples.size(); i += StrideOf(motion)) {
         const double frame = static_cast<double>(motion.output.first_frame + static_cast<std::int64_t>(i));
-        text += FormatNumber(frame / motion.output.frames_per_second);
+        text += FormatNumber(frame / motion.output.rate.PerSecond());
         for (const Panel &panel : kPanels) {
             for (const CameraMove *move : {&motion.input, &motion.output})
                 text += " " + FormatNumber(panel.value(move->samples[i]));
@@ -80,7 +80,7 @@ std::string Table(const PlayedMotion &motion) {
 std::string JoltMarks(const PlayedMotion &motion) {
     std::string text;
     for (const std::int64_t frame : motion.jolts) {
-        const std::string at = FormatNumber(static_cast<double>(frame) / motion.output.frames_per_second);
+        const std::string at = FormatNumber(static_cast<double>(frame) / motion.output.rate.PerSecond());
         text.append("set arrow from ").append(at).append(", graph 0 to ").append(at);
         text += ", graph 1 nohead back linestyle 3\n";
     }
@@ -101,7 +101,7 @@ std::string VerticalRange(const PlayedMotion &motion, const Panel &panel) {
 }
 
 std::string Seconds(const CameraMove &move, std::int64_t frame) {
-    return FormatNumber(static_cast<double>(frame) / move.frames_per_second);
+    return FormatNumber(static_cast<double>(frame) / move.rate.PerSecond());
 }
 
 // Columns: hertz, then the RMS of each channel within a sixth of an octave to each side.
@@ -207,7 +207,7 @@ std::string DrawMotion(const PlayedMotion &motion, PlotFormat format) {
 }
 
 std::string DrawSpectrum(const PlayedMotion &motion, const AddedMotion &added, PlotFormat format) {
-    const double rate = motion.output.frames_per_second;
+    const double rate = motion.output.rate.PerSecond();
     std::string script = Head(format) + Table(motion) +
                          SpectrumTable(added, rate, static_cast<double>(motion.output.samples.size()) / rate);
     script += "set multiplot\nset key at screen 0.98, screen 0.99 right top horizontal samplen 3\n" +

@@ -104,10 +104,10 @@ std::string SettingsTable(const ReportContents &contents) {
 
 std::string ReportPage(const ReportContents &contents) {
     const CameraMove &output = contents.motion.output;
-    const double seconds = static_cast<double>(output.samples.size()) / output.frames_per_second;
+    const double seconds = static_cast<double>(output.samples.size()) / output.rate.PerSecond();
     std::string text = HtmlHead(contents.title, kStyle) + "<main>\n<h1>" + EscapedHtml(contents.title) + "</h1>\n";
     text += "<p>Frames " + std::to_string(output.first_frame) + " to " + std::to_string(output.LastFrame()) + " at " +
-            std::to_string(output.frames_per_second) + " frames a second, " + Short(seconds) + " seconds. " +
+            FrameRateText(output.rate) + " frames a second, " + Short(seconds) + " seconds. " +
             (contents.preset.empty() ? "" : "Preset: " + EscapedHtml(contents.preset) + ". ") +
             std::to_string(contents.motion.jolts.size()) + (contents.motion.jolts.size() == 1 ? " jolt." : " jolts.") +
             "</p>\n" + Verdict(contents.added);

@@ -18,10 +18,9 @@ std::string Line(const char *title, const std::string &text) {
     return line + text + "\n";
 }
 
-std::string Frames(const CameraMove &move, int frames_per_second) {
+std::string Frames(const CameraMove &move, const FrameRate &rate) {
     return "frames " + std::to_string(move.first_frame) + " to " + std::to_string(move.LastFrame()) + " at " +
-           std::to_string(frames_per_second) + " fps, " +
-           Short(static_cast<double>(move.samples.size()) / frames_per_second) + " s";
+           FrameRateText(rate) + " fps, " + Short(static_cast<double>(move.samples.size()) / rate.PerSecond()) + " s";
 }
 
 std::string DeviationText(const Deviation &deviation, const char *unit) {
@@ -38,7 +37,7 @@ std::string SettingsText(const std::vector<std::string> &settings) {
 }  // namespace
 
 std::string ReportText(const ShakeReport &report, const CameraMove &input, const CameraMove &output) {
-    std::string text = Line("in", report.input_file + ", " + Frames(input, report.frames_per_second));
+    std::string text = Line("in", report.input_file + ", " + Frames(input, report.rate));
     if (!report.preset.empty()) text += Line("preset", report.preset);
     text += Line("shake", SettingsText(report.settings));
     for (const std::filesystem::path &file : report.output_files) {

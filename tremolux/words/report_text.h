@@ -14,7 +14,7 @@ struct ShakeReport {
     std::vector<std::filesystem::path> output_files;
     std::string preset;                 // that the settings come on top of; empty: none
     std::vector<std::string> settings;  // as given
-    int frames_per_second;
+    FrameRate rate;
     double microseconds_per_frame;  // of evaluation
 };
 

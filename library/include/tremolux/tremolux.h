@@ -113,7 +113,7 @@ typedef struct tremolux_move_info {
     size_t size; /* sizeof(tremolux_move_info), set by the caller */
     int64_t first_frame;
     uint64_t frame_count;
-    int32_t rate_numerator, rate_denominator; /* frames per second: 1 to 2500; the denominator is 1 */
+    int32_t rate_numerator, rate_denominator; /* frames per second: 1 to 2500, 24000 / 1001 for instance */
     double aperture_width;                    /* of the film back */
 } tremolux_move_info;
 
