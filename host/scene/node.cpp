@@ -96,6 +96,8 @@ void Node::Remove() {
 }
 
 bool Node::IsBelow(const Node *ancestor) const {
+    // What is inserted is mostly without children: no walk up a deep tree for each.
+    if (ancestor->first_child_ == nullptr) return false;
     for (const Node *up = up_; up != nullptr; up = up->up_) {
         if (up == ancestor) return true;
     }
