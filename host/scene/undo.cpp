@@ -136,6 +136,16 @@ void UndoStack::Close() {
     if (step == nullptr || step->empty()) return;
     undone_.clear();
     done_.push_back(std::make_unique<Step>(std::move(*step)));
+    if (done_.size() <= kMostSteps) return;
+    // Gone from the stack first: what a step frees may look at it.
+    const std::unique_ptr<Step> oldest = std::move(done_.front());
+    done_.erase(done_.begin());
+}
+
+void UndoStack::TakeBack() {
+    depth_ = 0;
+    const std::unique_ptr<Step> step = std::move(open_);
+    if (step != nullptr && !step->empty()) Exchange(step.get(), true);
 }
 
 bool UndoStack::Add(std::int32_t type, Node *node) {

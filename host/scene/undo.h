@@ -1,6 +1,7 @@
 // Undo and redo: steps of stored states that are really put back.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -25,11 +26,14 @@ enum UndoType : std::int32_t {
 
 class UndoStack {
   public:
+    // Of finished steps; the oldest goes for a new one.
+    static constexpr std::size_t kMostSteps = 100;
     explicit UndoStack(Document *document);
     ~UndoStack();
 
-    bool Start();  // nested pairs join the outer step
-    bool End();    // false when nothing was opened; a step without entries is dropped
+    bool Start();     // nested pairs join the outer step
+    bool End();       // false when nothing was opened; a step without entries is dropped
+    void TakeBack();  // instead of End: the open step is undone and forgotten, the finished ones stay as they were
     // Outside of a step: a step of its own, unless those are refused. Before a change or a removal, after an insertion.
     bool Add(std::int32_t type, Node *node);
     // Hosts may do either.

@@ -127,6 +127,56 @@ TEST_F(UndoSteps, NestedStepsJoinAndEmptyOnesVanish) {
     EXPECT_EQ(undo.Steps(), 1u);
 }
 
+TEST_F(UndoSteps, TheOldestGoesForANewOneWhereThereAreMany) {
+    Object *camera = AddCamera("camera");
+    UndoStack &undo = document->Undo();
+    const int steps = static_cast<int>(UndoStack::kMostSteps);
+    for (int i = 0; i < steps + 5; ++i) {
+        undo.Add(kUndoChangeSmall, camera);
+        camera->SetName(std::to_string(i));
+    }
+    EXPECT_EQ(undo.Steps(), UndoStack::kMostSteps);
+    for (int i = 0; i < steps; ++i) EXPECT_TRUE(undo.Undo());
+    EXPECT_FALSE(undo.Undo());
+    EXPECT_EQ(camera->Name(), "4") << "five changes cannot be taken back";
+    for (int i = 0; i < steps; ++i) EXPECT_TRUE(undo.Redo());
+    EXPECT_EQ(camera->Name(), std::to_string(steps + 4));
+}
+
+TEST_F(UndoSteps, WhatAForgottenStepRemovedIsDestroyedWithIt) {
+    Object *camera = AddCamera("camera");
+    AddTag(camera);
+    UndoStack &undo = document->Undo();
+    undo.Add(kUndoDelete, camera);
+    camera->Remove();
+    Object *other = AddCamera("other");
+    for (std::size_t i = 0; i + 1 < UndoStack::kMostSteps; ++i) undo.Add(kUndoBits, other);
+    EXPECT_EQ(fake.alive, 1);
+    undo.Add(kUndoBits, other);
+    EXPECT_EQ(fake.alive, 0);
+}
+
+TEST_F(UndoSteps, AStepThatIsTakenBackLeavesTheOthersAsTheyWere) {
+    Object *camera = AddCamera("camera");
+    UndoStack &undo = document->Undo();
+    for (const char *name : {"first", "second"}) {
+        undo.Add(kUndoChangeSmall, camera);
+        camera->SetName(name);
+    }
+    undo.Undo();
+    undo.Start();
+    undo.Add(kUndoChangeSmall, camera);
+    camera->SetName("by mistake");
+    undo.TakeBack();
+    EXPECT_EQ(camera->Name(), "first");
+    EXPECT_EQ(undo.Depth(), 0);
+    EXPECT_TRUE(undo.Redo());
+    EXPECT_EQ(camera->Name(), "second");
+    EXPECT_FALSE(undo.Redo());
+    undo.TakeBack();
+    EXPECT_EQ(camera->Name(), "second");
+}
+
 TEST_F(UndoSteps, WrongEntriesAreRefused) {
     const std::unique_ptr<Object> stranger = Object::Create(kTypeNull);
     UndoStack &undo = document->Undo();
