@@ -129,13 +129,53 @@ struct Caller {
                                        nullptr);
     }
 
+    tremolux_status LookAtAChoice(tremolux_shot shot) {
+        tremolux_choice choice{};
+        choice.size = Size(sizeof(choice));
+        const std::int32_t parameter = ParameterId();
+        const tremolux_status status =
+            tremolux_shot_choice_at(shot, parameter, input.ConsumeIntegralInRange<std::size_t>(0, 20), &choice);
+        Require(status != TREMOLUX_OK || std::strlen(choice.label) < 1000);
+        return status;
+    }
+
+    // What was saved can be applied.
+    tremolux_status SavePreset(tremolux_shot shot) {
+        tremolux_buffer buffer{};
+        const std::string name = input.ConsumeRandomLengthString(20);
+        const tremolux_status status = tremolux_shot_preset_to_bytes(shot, name.c_str(), &buffer);
+        if (status == TREMOLUX_OK) {
+            Require(tremolux_shot_apply_preset_bytes(shot, buffer.bytes, buffer.size) == TREMOLUX_OK);
+            preset_bytes.assign(buffer.bytes, buffer.size);
+        }
+        tremolux_buffer_free(&buffer);
+        return status;
+    }
+
+    // Any bytes, or those of a preset that was saved with one of them changed.
+    std::string PresetBytes() {
+        std::string bytes = preset_bytes;
+        if (bytes.empty() || input.ConsumeBool()) return input.ConsumeRandomLengthString(300);
+        bytes[input.ConsumeIntegralInRange<std::size_t>(0, bytes.size() - 1)] = input.ConsumeIntegral<char>();
+        return bytes;
+    }
+
+    tremolux_status Step(tremolux_shot shot) {
+        std::int32_t done = -1;
+        const tremolux_status status =
+            input.ConsumeBool() ? tremolux_shot_undo(shot, &done) : tremolux_shot_redo(shot, &done);
+        Require((status == TREMOLUX_OK) == (done == 0 || done == 1));
+        return status;
+    }
+
     tremolux_status Look(tremolux_shot shot) {
         double number = 0, numbers[TREMOLUX_NUMBERS_PER_FRAME];
         std::int32_t is_enabled = 0;
         tremolux_measures measures{};
         measures.size = Size(sizeof(measures));
         tremolux_buffer buffer{};
-        switch (input.ConsumeIntegralInRange(0, 4)) {
+        std::size_t count = 0;
+        switch (input.ConsumeIntegralInRange(0, 7)) {
             case 0:
                 return tremolux_shot_get(shot, ParameterId(), &number);
             case 1:
@@ -144,6 +184,12 @@ struct Caller {
                 return tremolux_shot_measure(shot, &measures);
             case 3:
                 return tremolux_shot_numbers_at(shot, Number(), numbers);
+            case 4:
+                return tremolux_shot_choice_count(shot, ParameterId(), &count);
+            case 5:
+                return LookAtAChoice(shot);
+            case 6:
+                return SavePreset(shot);
             default: {
                 const auto frame = input.ConsumeIntegralInRange<std::int64_t>(-1, kMostFrames);
                 const tremolux_status status = tremolux_shot_layers(shot, frame, &buffer);
@@ -157,7 +203,7 @@ struct Caller {
         const std::string text = input.ConsumeRandomLengthString(20);
         tremolux_preset preset{};
         preset.size = sizeof(preset);
-        switch (input.ConsumeIntegralInRange(0, 7)) {
+        switch (input.ConsumeIntegralInRange(0, 9)) {
             case 0:
                 return tremolux_shot_set(shot, ParameterId(), Number());
             case 1:
@@ -175,6 +221,12 @@ struct Caller {
             case 6:
                 return tremolux_shot_bake(shot,
                                           input.ConsumeBool() ? TREMOLUX_BAKE_QUICKLY : TREMOLUX_BAKE_BY_BRUTE_FORCE);
+            case 7:
+                return Step(shot);
+            case 8: {
+                const std::string bytes = PresetBytes();
+                return tremolux_shot_apply_preset_bytes(shot, bytes.data(), bytes.size());
+            }
             default:
                 tremolux_preset_at(input.ConsumeIntegralInRange<std::size_t>(0, tremolux_preset_count()), &preset);
                 return tremolux_shot_apply_preset(shot, preset.name);
@@ -227,6 +279,7 @@ struct Caller {
     FuzzedDataProvider &input;
     std::vector<tremolux_move> moves;
     std::vector<tremolux_shot> shots;
+    std::string preset_bytes;
 };
 
 }  // namespace

@@ -1,6 +1,8 @@
 // The edge of the C interface: what is thrown behind it becomes a status and a line.
 #pragma once
 
+#include <cstddef>
+#include <cstring>
 #include <functional>
 #include <mutex>
 #include <stdexcept>
@@ -31,12 +33,26 @@ tremolux_status Guarded(std::string *error, const std::function<void()> &work);
 [[noreturn]] void RefuseInput(const std::string &place, const std::string &found, const std::string &expected);
 // Throws a Refusal for a null pointer; `what` is the argument's name.
 void RequirePointer(const void *pointer, const char *what);
-// The same, and for a struct whose first field is not its size.
+// How large a struct was when it was first published: callers that were built then know no more of it.
+template <typename Struct>
+constexpr std::size_t kFirstSize = sizeof(Struct);
+template <>
+inline constexpr std::size_t kFirstSize<tremolux_parameter> = offsetof(tremolux_parameter, group);
+
+// The same, and for a struct whose first field is no size that it has had.
 template <typename Struct>
 void RequireStruct(const Struct *pointer, const char *what) {
     RequirePointer(pointer, what);
-    if (pointer->size != sizeof(Struct))
-        RefuseInput(what, "the size " + std::to_string(pointer->size), std::to_string(sizeof(Struct)));
+    if (pointer->size >= kFirstSize<Struct> && pointer->size <= sizeof(Struct)) return;
+    const bool has_grown = kFirstSize<Struct> < sizeof(Struct);
+    RefuseInput(what, "the size " + std::to_string(pointer->size),
+                (has_grown ? std::to_string(kFirstSize<Struct>) + " to " : "") + std::to_string(sizeof(Struct)));
+}
+// As much of it as the caller has room for, who keeps the size.
+template <typename Struct>
+void WriteStruct(Struct *pointer, Struct whole) {
+    whole.size = pointer->size;
+    std::memcpy(pointer, &whole, pointer->size);
 }
 
 // Throws a Refusal for what is no handle of this kind.

@@ -1,8 +1,9 @@
-// What holds for every shot: version, errors, parameters, presets.
+// What holds for every shot: version, errors, parameters, the panel, presets.
 #include <limits>
 
 #include "generated/module_version.h"
 #include "library/interface/guard.h"
+#include "library/runtime/parameter_sentences.h"
 #include "library/runtime/runtime.h"
 
 namespace tremolux {
@@ -27,8 +28,9 @@ std::int32_t KindOf(ParameterKind kind) {
     }
 }
 
-std::int32_t UnitOf(ParameterUnit unit) {
-    switch (unit) {
+std::int32_t UnitOf(const Parameter &parameter) {
+    if (parameter.kind == ParameterKind::kTime) return TREMOLUX_SECONDS;
+    switch (parameter.unit) {
         case ParameterUnit::kPercent:
             return TREMOLUX_PERCENT;
         case ParameterUnit::kDegrees:
@@ -37,6 +39,17 @@ std::int32_t UnitOf(ParameterUnit unit) {
             return TREMOLUX_FRAMES;
         default:
             return TREMOLUX_NO_UNIT;
+    }
+}
+
+std::int32_t KindOf(PanelEntryKind kind) {
+    switch (kind) {
+        case PanelEntryKind::kGroup:
+            return TREMOLUX_PANEL_GROUP;
+        case PanelEntryKind::kSeparator:
+            return TREMOLUX_PANEL_SEPARATOR;
+        default:
+            return TREMOLUX_PANEL_PARAMETER;
     }
 }
 
@@ -79,15 +92,37 @@ tremolux_status tremolux_parameter_at(size_t index, tremolux_parameter *paramete
     return Guarded(&ThreadError(), [&] {
         RequireStruct(parameter, "parameter");
         constexpr double kInfinity = std::numeric_limits<double>::infinity();
-        const Parameter &known = EntryAt(Runtime::Get().Parameters(), index);
-        *parameter = {sizeof(*parameter),
-                      known.id,
-                      KindOf(known.kind),
-                      UnitOf(known.unit),
-                      known.label.c_str(),
-                      known.minimum.value_or(-kInfinity),
-                      known.maximum.value_or(kInfinity),
-                      DefaultOf(known)};
+        const Runtime &runtime = Runtime::Get();
+        const Parameter &known = EntryAt(runtime.Parameters(), index);
+        const PanelPlace &place = runtime.Places()[index];
+        WriteStruct(parameter, {sizeof(*parameter),
+                                known.id,
+                                KindOf(known.kind),
+                                UnitOf(known),
+                                known.label.c_str(),
+                                known.minimum.value_or(-kInfinity),
+                                known.maximum.value_or(kInfinity),
+                                DefaultOf(known),
+                                place.group,
+                                place.tab.c_str(),
+                                place.section.c_str(),
+                                ParameterSentence(known.id),
+                                known.slider_minimum.value_or(-kInfinity),
+                                known.slider_maximum.value_or(kInfinity),
+                                known.step.value_or(0)});
+    });
+}
+
+size_t tremolux_panel_count(void) {
+    return Counted([](const Runtime &runtime) { return runtime.Panel().size(); });
+}
+
+tremolux_status tremolux_panel_at(size_t index, tremolux_panel_entry *entry) {
+    return Guarded(&ThreadError(), [&] {
+        RequireStruct(entry, "entry");
+        const PanelEntry &known = EntryAt(Runtime::Get().Panel(), index);
+        WriteStruct(entry, {sizeof(*entry), KindOf(known.kind), known.id, known.group, known.columns,
+                            known.is_open ? 1 : 0, known.has_line ? 1 : 0, known.title.c_str()});
     });
 }
 
@@ -99,6 +134,7 @@ tremolux_status tremolux_preset_at(size_t index, tremolux_preset *preset) {
     return Guarded(&ThreadError(), [&] {
         RequireStruct(preset, "preset");
         const CatalogEntry &known = EntryAt(Runtime::Get().Presets(), index);
-        *preset = {sizeof(*preset), known.category.c_str(), known.name.c_str(), Runtime::Get().Sentences()[index].c_str()};
+        WriteStruct(preset, {sizeof(*preset), known.category.c_str(), known.name.c_str(),
+                             Runtime::Get().Sentences()[index].c_str()});
     });
 }

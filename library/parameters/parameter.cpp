@@ -84,6 +84,9 @@ std::vector<Parameter> DescribedParameters(const host::Tag &tag) {
         parameter.unit = UnitOf(entry.settings.Whole(host::kDescUnit));
         parameter.minimum = Limit(entry.settings, host::kDescMin, parameter.kind);
         parameter.maximum = Limit(entry.settings, host::kDescMax, parameter.kind);
+        parameter.slider_minimum = Limit(entry.settings, host::kDescMinSlider, parameter.kind);
+        parameter.slider_maximum = Limit(entry.settings, host::kDescMaxSlider, parameter.kind);
+        parameter.step = Limit(entry.settings, host::kDescStep, parameter.kind);
         parameter.usual = Usual(entry.settings, parameter.kind);
         parameter.choices = ChoicesOf(entry.settings);
         parameters.push_back(parameter);

@@ -19,7 +19,9 @@ struct Parameter {
     std::string label;  // without blanks around it; may be empty
     ParameterKind kind = ParameterKind::kOther;
     ParameterUnit unit = ParameterUnit::kNone;
-    std::optional<double> minimum, maximum;                     // in the stored unit
+    std::optional<double> minimum, maximum;                     // in the stored unit, of a time in seconds
+    std::optional<double> slider_minimum, slider_maximum;       // the same; of a slider
+    std::optional<double> step;                                 // the same; what one press of an arrow adds
     std::vector<std::pair<std::int32_t, std::string>> choices;  // of a choice: value and label
     std::optional<host::Data> usual{};                          // the declared default of a number, time or switch
 };

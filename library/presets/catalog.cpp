@@ -16,16 +16,6 @@ namespace {
 
 constexpr std::size_t kShownCandidates = 5;
 
-std::vector<std::pair<std::int32_t, std::string>> Entries(const host::Tag &tag, std::int32_t cycle) {
-    for (const Parameter &parameter : DescribedParameters(tag))
-        if (parameter.id == cycle) return parameter.choices;
-    return {};
-}
-
-void Choose(host::Tag *tag, std::int32_t cycle, std::int32_t value) {
-    host::EditParameter(tag, host::MakeId(cycle), host::Data(value));
-}
-
 std::string Folded(std::string_view text) {
     std::string folded(Trimmed(text));
     for (char &c : folded)
@@ -61,13 +51,23 @@ std::string Nearest(const std::vector<CatalogEntry> &catalog, const std::string 
 
 }  // namespace
 
+std::vector<std::pair<std::int32_t, std::string>> ListEntries(const host::Tag &tag, std::int32_t list) {
+    for (const Parameter &parameter : DescribedParameters(tag))
+        if (parameter.id == list) return parameter.choices;
+    return {};
+}
+
+void ChooseEntry(host::Tag *tag, std::int32_t list, std::int32_t value) {
+    host::EditParameter(tag, host::MakeId(list), host::Data(value));
+}
+
 std::vector<CatalogEntry> ReadCatalog(host::Tag *tag) {
     const host::Container before = tag->Data();
     std::vector<CatalogEntry> catalog;
-    for (const auto &[category, label] : Entries(*tag, ids::kCategory)) {
+    for (const auto &[category, label] : ListEntries(*tag, ids::kCategory)) {
         if (category == ids::kCategoryAll) continue;
-        Choose(tag, ids::kCategory, category);
-        for (const auto &[preset, name] : Entries(*tag, ids::kPreset))
+        ChooseEntry(tag, ids::kCategory, category);
+        for (const auto &[preset, name] : ListEntries(*tag, ids::kPreset))
             if (preset < ids::kLongestList) catalog.push_back({category, preset, label, name});
     }
     tag->Data() = before;
@@ -94,8 +94,8 @@ const CatalogEntry &FindPreset(const std::vector<CatalogEntry> &catalog, std::st
 }
 
 void ChoosePreset(const CatalogEntry &entry, host::Tag *tag) {
-    Choose(tag, ids::kCategory, entry.category_value);
-    Choose(tag, ids::kPreset, entry.preset_value);
+    ChooseEntry(tag, ids::kCategory, entry.category_value);
+    ChooseEntry(tag, ids::kPreset, entry.preset_value);
     if (tag->Data().Whole(ids::kPreset, -1) != entry.preset_value)
         throw Failure(kExitModule, "the module does not apply the preset '" + PathOf(entry) + "'");
 }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "host/scene/tag.h"
@@ -14,6 +15,11 @@ struct CatalogEntry {
     std::int32_t category_value = 0, preset_value = 0;  // of the panel's two lists
     std::string category, name;
 };
+
+// One of the panel's two lists, ids::kCategory or ids::kPreset, as it is now: value and label of each entry.
+std::vector<std::pair<std::int32_t, std::string>> ListEntries(const host::Tag &tag, std::int32_t list);
+// As if the user chose the entry.
+void ChooseEntry(host::Tag *tag, std::int32_t list, std::int32_t value);
 
 // Every category in the order of the panel, the user's last. Looks through the tag's lists, which choose nothing by
 // that: afterwards the tag is as it was.

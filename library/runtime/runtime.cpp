@@ -55,6 +55,8 @@ Runtime::Runtime() {
     move.samples.resize(1);
     const Stage stage(move);
     parameters_ = DescribedParameters(stage.CameraTag());
+    panel_ = DescribedPanel(stage.CameraTag(), parameters_);
+    for (const Parameter &parameter : parameters_) places_.push_back(FindPlace(panel_, parameter.id));
     presets_ = ReadCatalog(&stage.CameraTag());
     std::map<std::string, std::string> sentences = ReadPresetSentences(file);
     for (const CatalogEntry &preset : presets_) sentences_.push_back(std::move(sentences[preset.name]));

@@ -6,6 +6,7 @@
 
 #include "host/application.h"
 #include "host/services/module.h"
+#include "library/parameters/panel.h"
 #include "library/parameters/parameter.h"
 #include "library/presets/catalog.h"
 
@@ -34,6 +35,8 @@ class Runtime {
     };
 
     const std::vector<Parameter> &Parameters() const { return parameters_; }  // as a fresh tag describes them
+    const std::vector<PanelPlace> &Places() const { return places_; }          // of the parameters, one each
+    const std::vector<PanelEntry> &Panel() const { return panel_; }
     // The built-in presets, with what each imitates at the same place.
     const std::vector<CatalogEntry> &Presets() const { return presets_; }
     const std::vector<std::string> &Sentences() const { return sentences_; }
@@ -44,6 +47,8 @@ class Runtime {
     std::unique_ptr<host::Application> application_;
     std::unique_ptr<host::LoadedModule> module_;
     std::vector<Parameter> parameters_;
+    std::vector<PanelPlace> places_;
+    std::vector<PanelEntry> panel_;
     std::vector<CatalogEntry> presets_;
     std::vector<std::string> sentences_;
 };

@@ -73,13 +73,23 @@ host::Object *Stage::AddAimPoint(const char *name, std::int32_t link, const Came
     return object;
 }
 
-void Stage::AddTarget(const CameraMove &points) {
-    target_ = AddAimPoint("Target", ids::kTargetObject, points);
-    tag_->SetParameter(host::MakeId(ids::kUseTarget), host::Data(1));
+const host::Object *Stage::InScene(const std::shared_ptr<host::NodeAnchor> &object) const {
+    const bool is_there =
+        object != nullptr && object->node != nullptr && object->node->GetDocument() == document_.get();
+    return is_there ? static_cast<const host::Object *>(object->node) : nullptr;
 }
 
-void Stage::AddFocusObject(const CameraMove &points) {
-    focus_object_ = AddAimPoint("Focus Object", ids::kFocusObject, points);
+host::Object *Stage::AddTarget(const CameraMove &points) {
+    host::Object *target = AddAimPoint("Target", ids::kTargetObject, points);
+    target_ = static_cast<host::Node *>(target)->Anchor();
+    tag_->SetParameter(host::MakeId(ids::kUseTarget), host::Data(1));
+    return target;
+}
+
+host::Object *Stage::AddFocusObject(const CameraMove &points) {
+    host::Object *object = AddAimPoint("Focus Object", ids::kFocusObject, points);
+    focus_object_ = static_cast<host::Node *>(object)->Anchor();
+    return object;
 }
 
 void Stage::PlayFrame(std::int64_t frame) {
@@ -94,7 +104,7 @@ void Stage::Bake(std::int32_t button) {
         throw Failure(kExitModule, "the module baked nothing, expected keys on the camera");
 }
 
-bool Stage::TurnsToTarget() const { return target_ != nullptr && tag_->Data().Whole(ids::kUseTarget) != 0; }
+bool Stage::TurnsToTarget() const { return Target() != nullptr && tag_->Data().Whole(ids::kUseTarget) != 0; }
 
 CameraSample Stage::Input() const { return SampleOf(*input_, input_->GetTransform().rotation); }
 

@@ -20,8 +20,8 @@ class Stage {
 
     // A null object with these positions, linked to the tag as what the camera turns to or focuses on; a single sample
     // holds for all time. Turning to a target is switched on with it; a parameter that is set later may switch it off.
-    void AddTarget(const CameraMove &points);
-    void AddFocusObject(const CameraMove &points);
+    host::Object *AddTarget(const CameraMove &points);
+    host::Object *AddFocusObject(const CameraMove &points);
 
     // Evaluates one frame of playback. Frames are played one after the other, from the document's first, which may be gone
     // back to.
@@ -34,8 +34,9 @@ class Stage {
     const host::Document &Document() const { return *document_; }
     CameraSample Input() const;
     bool TurnsToTarget() const;
-    // Null when there is none.
-    const host::Object *FocusObject() const { return focus_object_; }
+    // Null when there is none, or it was taken back.
+    const host::Object *Target() const { return InScene(target_); }
+    const host::Object *FocusObject() const { return InScene(focus_object_); }
     // As evaluated; its angles are those closest to the frame before, and on the first frame to the input's.
     CameraSample Output() const { return output_sample_; }
 
@@ -45,10 +46,11 @@ class Stage {
         void operator()(host::Document *document) const;
     };
     void Evaluate(std::int64_t frame);
+    const host::Object *InScene(const std::shared_ptr<host::NodeAnchor> &object) const;
     host::Object *AddAimPoint(const char *name, std::int32_t link, const CameraMove &points);
     std::unique_ptr<host::Document, KillDocument> document_;  // the running host's; the cameras and the tag are in it
     host::Object *input_, *output_;
-    host::Object *target_ = nullptr, *focus_object_ = nullptr;
+    std::shared_ptr<host::NodeAnchor> target_, focus_object_;  // an undo may take them away
     host::Tag *tag_ = nullptr;
     std::int64_t first_frame_;
     CameraSample output_sample_;

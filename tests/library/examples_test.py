@@ -68,6 +68,28 @@ class InstalledLibrary(unittest.TestCase):
         self.assertEqual(from_c, from_python)
         self.assertNotEqual([f"{3.0 * frame:.6f}" for frame in range(90)], [row[3] for row in from_c])
 
+    def test_the_tables_make_a_page_of_the_settings(self):
+        program = self.folder / "settings"
+        run("cc", "-std=c11", *STRICT, f"-I{self.prefix / 'include'}",
+            self.write("settings.c", example("A user interface for the settings")), f"-L{self.library.parent}", "-ltremolux",
+            "-o", program)
+        page = run(program, env=self.environment).splitlines()
+        tabs = [line for line in page if not line.startswith(" ")]
+        self.assertEqual(["Basic", "TremoluxCam", "Target", "Zoom", "Focus", "Advanced"], tabs)
+        manual = (SOURCE / "docs/parameters.md").read_text(encoding="utf-8")
+        rows = [[cell.strip() for cell in line.split("|")] for line in manual.split("## Stored")[0].splitlines()]
+        rows = [row for row in rows if len(row) > 10 and row[1].isdigit()]
+        self.assertGreater(len(rows), 80)
+        for row in rows:
+            label, sentence = row[2].replace("–", ""), row[10]
+            self.assertEqual(1, sum(line.startswith(f"  {label}: {sentence}") for line in page), row)
+
+    def test_a_preset_goes_from_shot_to_shot(self):
+        printed = run(sys.executable, self.write("presets.py", example("Presets of your own")), self.library)
+        before = printed.splitlines()[1].split()[-1]
+        self.assertEqual(["applied 1.5", f"taken back 1 {before}"], printed.splitlines())
+        self.assertNotEqual("1.5", before)
+
     def test_cmake_finds_it(self):
         project = self.folder / "project"
         project.mkdir()

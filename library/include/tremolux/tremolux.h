@@ -66,7 +66,7 @@ TREMOLUX_API void tremolux_buffer_free(tremolux_buffer *buffer);
 typedef enum tremolux_kind {
     TREMOLUX_NUMBER = 1,
     TREMOLUX_SWITCH = 2, /* 0 or 1 */
-    TREMOLUX_TIME = 3,   /* frames */
+    TREMOLUX_TIME = 3,   /* seconds; a shot keeps the nearest whole frame, of 24 a second at a rate of 23.976 */
     TREMOLUX_TEXT = 4,
     TREMOLUX_CHOICE = 5, /* the number of one entry of a list */
     TREMOLUX_LINK = 6,
@@ -77,22 +77,56 @@ typedef enum tremolux_unit {
     TREMOLUX_NO_UNIT = 0,
     TREMOLUX_PERCENT = 1, /* stored as a fraction: 1.5 is 150 % */
     TREMOLUX_ANGLE = 2,   /* stored in radians */
-    TREMOLUX_FRAMES = 3
+    TREMOLUX_FRAMES = 3,  /* frames: of what counts in them whatever the rate is */
+    TREMOLUX_SECONDS = 4  /* of times; panels show them as frames of the shot's rate */
 } tremolux_unit;
 
+/* Numbers are in the stored unit, in which tremolux_shot_set takes and tremolux_shot_get gives them. Texts hold for as
+ * long as the library is loaded. */
 typedef struct tremolux_parameter {
     size_t size; /* sizeof(tremolux_parameter), set by the caller */
     int32_t id;
     int32_t kind; /* a tremolux_kind */
     int32_t unit; /* a tremolux_unit */
-    const char *label; /* for as long as the library is loaded */
-    double minimum, maximum; /* in the stored unit, of a time in seconds; infinite where there is no limit */
+    const char *label;
+    double minimum, maximum; /* infinite where there is no limit */
     double default_value;    /* of a number, a switch or a time; else 0 */
+    int32_t group;           /* the tremolux_panel_entry that it stands in */
+    const char *tab;         /* title of the panel's tab */
+    const char *section;     /* title of the innermost titled group in the tab, empty without one */
+    const char *sentence;    /* what it does to the motion, as in the manual; empty for what every tag has */
+    double slider_minimum, slider_maximum; /* the range of a slider, which typed values may leave; infinite without one */
+    double step;                           /* what one press of an arrow adds; 0: nothing is said of it */
 } tremolux_parameter;
 
 /* In the order of the panel; 0 when the module does not start. */
 TREMOLUX_API size_t tremolux_parameter_count(void);
+/* TREMOLUX_INPUT for an index that is not less than the count. A smaller struct, of an older header, gets what it has room
+ * for. */
 TREMOLUX_API tremolux_status tremolux_parameter_at(size_t index, tremolux_parameter *parameter);
+
+typedef enum tremolux_panel_kind {
+    TREMOLUX_PANEL_GROUP = 1,
+    TREMOLUX_PANEL_SEPARATOR = 2,
+    TREMOLUX_PANEL_PARAMETER = 3
+} tremolux_panel_kind;
+
+/* One element of the panel. What stands in the same group fills its rows from left to right, `columns` cells each. */
+typedef struct tremolux_panel_entry {
+    size_t size;  /* sizeof(tremolux_panel_entry), set by the caller */
+    int32_t kind; /* a tremolux_panel_kind */
+    int32_t id;   /* of a parameter the one that tremolux_parameter has */
+    int32_t group;    /* the id of the group that it stands in; 0: it is a tab */
+    int32_t columns;  /* of a group: cells in one row, 1 or more */
+    int32_t is_open;  /* of a group: 1 where it is unfolded at first */
+    int32_t has_line; /* of a separator: 1 where it is drawn as a line */
+    const char *title; /* may be empty: a plain box; of a parameter its label. For as long as the library is loaded */
+} tremolux_panel_entry;
+
+/* The whole panel in the order in which it is built, groups before what stands in them; 0 when the module does not start. */
+TREMOLUX_API size_t tremolux_panel_count(void);
+/* TREMOLUX_INPUT for an index that is not less than the count. */
+TREMOLUX_API tremolux_status tremolux_panel_at(size_t index, tremolux_panel_entry *entry);
 
 typedef struct tremolux_preset {
     size_t size; /* sizeof(tremolux_preset), set by the caller */
@@ -139,20 +173,53 @@ TREMOLUX_API tremolux_status tremolux_shot_new(tremolux_move move, tremolux_shot
 /* NULL is left alone. A shot that another thread plays goes when that is over. */
 TREMOLUX_API tremolux_status tremolux_shot_free(tremolux_shot shot);
 
-/* A setting as a number in its stored unit, of a time in frames; held to its limits by a refusal. */
+/* Settings. Each call that changes the shot is one step of tremolux_shot_undo. TREMOLUX_INPUT for a number that no
+ * parameter has, for one of another kind, and for a value that it cannot have: beyond its limits, not finite, above 1e12. */
+
+/* A number, a switch (0 or 1), a time (seconds, taken to the nearest whole frame of the shot's rate) or a choice (the
+ * value of one of its entries as the shot's lists are now). */
 TREMOLUX_API tremolux_status tremolux_shot_set(tremolux_shot shot, int32_t parameter, double value);
+/* The same numbers; of a keyed setting what it was on the last frame that was played. */
 TREMOLUX_API tremolux_status tremolux_shot_get(tremolux_shot shot, int32_t parameter, double *value);
-/* "LABEL=VALUE" or "ID=VALUE", as a user types it: "Shake Speed=150%", "Interval=1.5s". */
+/* "LABEL=VALUE" or "ID=VALUE", as a user types it: "Shake Speed=150%", "Interval=1.5s", "Interval=45f". */
 TREMOLUX_API tremolux_status tremolux_shot_set_text(tremolux_shot shot, const char *setting);
 /* 1 when the module lets a user change it as things stand, else 0. */
 TREMOLUX_API tremolux_status tremolux_shot_is_enabled(tremolux_shot shot, int32_t parameter, int32_t *enabled);
-/* "CATEGORY/NAME", a name, or a part that only one preset has. */
+
+typedef struct tremolux_choice {
+    size_t size; /* sizeof(tremolux_choice), set by the caller */
+    int32_t value;
+    const char *label; /* until the next call with the shot */
+} tremolux_choice;
+
+/* The entries of a choice as they are now: what the list of presets offers depends on the category. TREMOLUX_INPUT for a
+ * parameter that is no choice, and for an index that is not less than the count. */
+TREMOLUX_API tremolux_status tremolux_shot_choice_count(tremolux_shot shot, int32_t parameter, size_t *count);
+TREMOLUX_API tremolux_status tremolux_shot_choice_at(tremolux_shot shot, int32_t parameter, size_t index,
+                                                     tremolux_choice *choice);
+
+/* A built-in preset: "CATEGORY/NAME", a name, or a part that only one preset has. TREMOLUX_INPUT for any other text. */
 TREMOLUX_API tremolux_status tremolux_shot_apply_preset(tremolux_shot shot, const char *preset);
-/* Presses a button of the panel. */
+/* The bytes of a preset file, which are read as the module reads a user's preset: values that are none, or beyond their
+ * limits, give way to the parameter's own. Afterwards the panel's lists show "Custom". TREMOLUX_INPUT for bytes that are
+ * no preset file, for more than 1 MiB, and for a baked shot. */
+TREMOLUX_API tremolux_status tremolux_shot_apply_preset_bytes(tremolux_shot shot, const void *bytes, size_t size);
+/* The bytes of a preset file with the shot's settings as they are now. `name` is the one that lists show; a file must be
+ * able to have it: 1 to 150 bytes. TREMOLUX_INPUT for another name and for a baked shot. The shot stays as it is. */
+TREMOLUX_API tremolux_status tremolux_shot_preset_to_bytes(tremolux_shot shot, const char *name, tremolux_buffer *buffer);
+/* Presses a button of the panel. TREMOLUX_INPUT for one that is disabled as things stand. */
 TREMOLUX_API tremolux_status tremolux_shot_press(tremolux_shot shot, int32_t button);
-/* What the camera turns to, or focuses on: the positions of a move, of which a single frame holds for all time. Once each. */
+/* What the camera turns to, or focuses on: the positions of a move, of which a single frame holds for all time.
+ * TREMOLUX_INPUT for a second one, and for frames that do not cover the shot's. */
 TREMOLUX_API tremolux_status tremolux_shot_set_target(tremolux_shot shot, tremolux_move points);
 TREMOLUX_API tremolux_status tremolux_shot_set_focus_object(tremolux_shot shot, tremolux_move points);
+
+/* Takes back the last change of the shot: a setting, a key, a preset, a button, a target or focus object, a bake. The last
+ * 100 are remembered; a call that failed is none of them. `done` is 1, or 0 when there was nothing to take back. Numbers
+ * stay those of the last play. */
+TREMOLUX_API tremolux_status tremolux_shot_undo(tremolux_shot shot, int32_t *done);
+/* Makes what was taken back again; a new change forgets it. `done` is 1, or 0 when there was nothing. */
+TREMOLUX_API tremolux_status tremolux_shot_redo(tremolux_shot shot, int32_t *done);
 
 /* Called after each frame; anything but 0 cancels. */
 typedef int32_t (*tremolux_progress)(uint64_t done, uint64_t frames, void *user);
@@ -197,8 +264,10 @@ typedef enum tremolux_interpolation {
     TREMOLUX_HOLD = 3
 } tremolux_interpolation;
 
-/* `interpolation` is a tremolux_interpolation. A key of a number or a switch on its own track, in the setting's stored unit; in place of one that is on that frame. The track has the last
- * word over tremolux_shot_set. */
+/* A key of a number, a switch or a time on its own track, in place of one that is on that frame. `value` is as for
+ * tremolux_shot_set; `interpolation` is a tremolux_interpolation. A switch holds from key to key whatever it is. The track
+ * has the last word over tremolux_shot_set. TREMOLUX_INPUT for a frame that is not in the shot, and for a choice: choosing
+ * from a list sets other parameters once, which a track, whose value is merely there, would not do. */
 TREMOLUX_API tremolux_status tremolux_shot_key(tremolux_shot shot, int32_t parameter, int64_t frame, double value,
                                                int32_t interpolation);
 
