@@ -26,6 +26,25 @@ set(library_exports "${PROJECT_SOURCE_DIR}/library/interface/exports.map")
 set_property(TARGET tremolux_shared APPEND PROPERTY LINK_DEPENDS "${library_exports}")
 target_link_options(tremolux_shared PRIVATE "-Wl,--version-script=${library_exports}")
 
+# The interface alone, for script/abi: optimised functions no longer tell all of their types. What is behind it is missing.
+find_program(abidw_program abidw)
+if(abidw_program)
+    add_library(tremolux_described SHARED ${interface_sources})
+else()
+    message(STATUS "abidw is missing: the library's binary interface is not checked")
+    add_library(tremolux_described SHARED EXCLUDE_FROM_ALL ${interface_sources})
+endif()
+target_link_libraries(tremolux_described PRIVATE tremolux_library)
+target_include_directories(tremolux_described PRIVATE "${PROJECT_SOURCE_DIR}/library/include")
+target_compile_definitions(tremolux_described PRIVATE TREMOLUX_BUILDS_LIBRARY)
+tremolux_set_defaults(tremolux_described)
+target_compile_options(tremolux_described PRIVATE -O0 -g "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=")
+set_target_properties(
+    tremolux_described PROPERTIES INTERPROCEDURAL_OPTIMIZATION OFF LINK_DEPENDS "${library_exports}"
+                                  LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+target_link_options(tremolux_described PRIVATE "-Wl,--version-script=${library_exports}"
+                    -Wl,--unresolved-symbols=ignore-all -Wl,-soname,libtremolux.so.1)
+
 # For those who build on it: cmake --install BUILD --prefix FOLDER.
 include(CMakePackageConfigHelpers)
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/tremolux")

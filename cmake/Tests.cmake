@@ -146,6 +146,11 @@ if(TARGET tremolux_shared AND NOT TREMOLUX_SANITIZE)
                                            "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}")
 endif()
 
+if(abidw_program AND TARGET tremolux_described AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT TREMOLUX_SANITIZE)
+    add_test(NAME abi.library COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/library/abi_test.py"
+                                      "${PROJECT_SOURCE_DIR}" "$<TARGET_FILE:tremolux_described>")
+endif()
+
 if(TARGET parameter_page)
     add_test(NAME docs.parameters COMMAND parameter_page --check "${drive}${PROJECT_SOURCE_DIR}/docs/parameters.md")
 endif()
