@@ -46,6 +46,7 @@ constexpr Row kRows[] = {
     {"Later jump to frame 1,000,000", "LaterJump/1000000", kFrame, 1, kOneFrame, kNoAim},
     {"Quick bake, a frame", "QuickBake/10000", kFrame, 1, kOneFrame, 1.5},
     {"Brute force bake, a frame", "BruteForceBake/10000", kFrame, 1, kOneFrame, 1.5},
+    {"Library, a frame after a change", "ShotPlayedAgain", "StageFrames", 1, kOneFrame, 1.3},
     {"Preset library, a preset", "FirstTagWithAThousandPresets", kFrame, 1, kOneFrame, kNoAim},
     {"Copy of a tag", "CopyOfATagWithAThousandPresets", kFrame, 1, kOneFrame, kNoAim},
     {"Panel", "Panel", kFrame, 1, kOneFrame, kNoAim},

@@ -6,6 +6,7 @@
 #include <random>
 #include <string>
 
+#include "bench/layers.h"
 #include "generated/module_ids.h"
 #include "host/animation/passes.h"
 #include "host/animation/track.h"
@@ -15,42 +16,8 @@
 namespace bench {
 namespace {
 
-constexpr double kDegree = 3.14159265358979323846 / 180.0;
 constexpr int kFps = 30, kLastKey = 1000, kFramesBetweenKeys = 20;
 
-struct Amount {
-    std::int32_t parameter;
-    double value;  // a share, radians or scene units
-    Layer layer;
-};
-// Every layer at work: shake, drifts, jolts, target and focus object, with all filters and overshoots.
-constexpr Amount kEveryLayer[] = {{ids::kPositionSlow, 0.005, Layer::kPositionShake},
-                                  {ids::kPositionMedium, 0.009, Layer::kPositionShake},
-                                  {ids::kPositionFast, 0.013, Layer::kPositionShake},
-                                  {ids::kRotationSlow, 5.4 * kDegree, Layer::kRotationShake},
-                                  {ids::kRotationMedium, 5.0 * kDegree, Layer::kRotationShake},
-                                  {ids::kRotationFast, 24.0 * kDegree, Layer::kRotationShake},
-                                  {ids::kZoomDriftSlow, 0.02, Layer::kZoomDrift},
-                                  {ids::kZoomDriftMedium, 0.02, Layer::kZoomDrift},
-                                  {ids::kZoomDriftFast, 0.02, Layer::kZoomDrift},
-                                  {ids::kFocusDriftSlow, 0.02, Layer::kFocusDrift},
-                                  {ids::kFocusDriftMedium, 0.02, Layer::kFocusDrift},
-                                  {ids::kFocusDriftFast, 0.02, Layer::kFocusDrift},
-                                  {ids::kInitialPositionSmooth, 0.25, Layer::kSmoothing},
-                                  {ids::kInitialPositionOvershoot, 0.25, Layer::kOvershoot},
-                                  {ids::kInitialRotationSmooth, 0.25, Layer::kSmoothing},
-                                  {ids::kInitialRotationOvershoot, 0.55, Layer::kOvershoot},
-                                  {ids::kShakeSmooth, 0.25, Layer::kSmoothing},
-                                  {ids::kTargetSmooth, 0.25, Layer::kTarget},
-                                  {ids::kTargetOvershoot, 0.65, Layer::kTarget},
-                                  {ids::kZoomSmooth, 0.25, Layer::kSmoothing},
-                                  {ids::kZoomOvershoot, 0.25, Layer::kOvershoot},
-                                  {ids::kZoomDriftSmooth, 0.25, Layer::kZoomDrift},
-                                  {ids::kFocusSmoothing, 0.25, Layer::kSmoothing},
-                                  {ids::kFocusOvershoot, 0.25, Layer::kOvershoot},
-                                  {ids::kFocusDriftSmooth, 0.25, Layer::kFocusDrift},
-                                  {ids::kJoltPositionIntensity, 0.05, Layer::kJolts},
-                                  {ids::kJoltRotationIntensity, 0.15, Layer::kJolts}};
 constexpr struct {
     std::int32_t parameter;
     Layer layer;
@@ -59,7 +26,6 @@ constexpr struct {
                  {ids::kUseRotationP, Layer::kRotationShake}, {ids::kUseRotationB, Layer::kRotationShake},
                  {ids::kUseZoom, Layer::kZoomDrift},          {ids::kUseFocus, Layer::kFocusDrift},
                  {ids::kUseTarget, Layer::kTarget},           {ids::kUseJolt, Layer::kJolts}};
-constexpr int kJoltInterval = 20;
 
 [[noreturn]] void Fail(const std::string &why) {
     std::fprintf(stderr, "tremolux_bench: %s\n", why.c_str());
@@ -123,9 +89,9 @@ void Scene::NewShot() {
     AnimateComponent(subject, host::kParamRelPosition, host::kVectorX, 0, 150, 60);
     tag_->Data().Set(ids::kTargetObject, host::Data::LinkTo(subject));
     tag_->Data().Set(ids::kFocusObject, host::Data::LinkTo(subject));
-    tag_->Data().Set(ids::kJoltInterval, host::Data(host::MakeTime(kJoltInterval, kFps)));
+    tag_->Data().Set(ids::kJoltInterval, host::Data(host::MakeTime(kJoltIntervalFrames, kFps)));
     for (const Amount &amount : kEveryLayer) tag_->Data().SetReal(amount.parameter, amount.value);
-    tag_->Data().SetReal(ids::kSpeedVariation, 0.25);
+    tag_->Data().SetReal(ids::kSpeedVariation, kSpeedVariation);
     Evaluate(0);
 }
 

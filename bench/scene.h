@@ -5,24 +5,13 @@
 #include <filesystem>
 #include <memory>
 
+#include "bench/layers.h"
 #include "host/application.h"
 #include "host/scene/document.h"
 #include "host/scene/tag.h"
 #include "host/services/module.h"
 
 namespace bench {
-
-enum class Layer {
-    kNone,
-    kSmoothing,
-    kOvershoot,
-    kPositionShake,
-    kRotationShake,
-    kJolts,
-    kZoomDrift,
-    kFocusDrift,
-    kTarget
-};
 
 // Hand-held at 30 frames a second; every layer is on. Ends the program with one line when the module cannot be loaded
 // or gives no tag: there is nothing to measure then.
