@@ -1,6 +1,6 @@
 # Pages of docs/ that are written from the module's own tables. script/parameters writes them; a test holds them.
-if(NOT TARGET module_code OR NOT TARGET embedded_host)
-    message(STATUS "host/ or the module is missing: no pages are written")
+if(NOT TARGET module_code OR NOT TARGET embedded_host OR EMSCRIPTEN)
+    message(STATUS "host/ or the module is missing, or files are out of reach: no pages are written")
     return()
 endif()
 tremolux_room_sources(sources docs/generator)

@@ -1,4 +1,8 @@
 # The command-line program over the library: a library itself, so that tests reach its parts, and a main.
+if(EMSCRIPTEN)
+    message(STATUS "no program: it loads modules, and starts other programs")
+    return()
+endif()
 find_package(CLI11 REQUIRED)
 
 tremolux_room_sources(sources tremolux)

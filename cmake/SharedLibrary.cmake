@@ -1,26 +1,17 @@
-# The shared library: one file with the module linked in, and its folder in memory. Nothing but its C interface can be seen.
-if(NOT TARGET built_in_presets)
-    message(STATUS "the module or its presets are missing: no shared library")
+# The shared library: one file. Nothing but its C interface can be seen.
+if(NOT TARGET whole_library)
+    message(STATUS "what the library contains is missing: no shared library")
     return()
 endif()
-set(embedded_source "${PROJECT_BINARY_DIR}/generated/module_folder.cpp")
-add_custom_command(
-    OUTPUT "${embedded_source}"
-    COMMAND "${CMAKE_COMMAND}" "-DFOLDER=${module_folder}/res" "-DOUTPUT=${embedded_source}" "-DLEFT_OUT=^guide.html$" -P
-            "${PROJECT_SOURCE_DIR}/cmake/EmbedFolder.cmake"
-    DEPENDS built_in_presets "${presets_stamp}" "${PROJECT_SOURCE_DIR}/cmake/EmbedFolder.cmake"
-    COMMENT "Writing the module's folder into the library"
-    VERBATIM)
 
 include(GNUInstallDirs)
-add_library(tremolux_shared SHARED ${interface_sources} ${runtime_sources} "${embedded_source}")
-target_link_libraries(tremolux_shared PRIVATE tremolux_library module_code)
+add_library(tremolux_shared SHARED)
+target_link_libraries(tremolux_shared PRIVATE whole_library)
 target_include_directories(
     tremolux_shared PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/library/include>" "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
-target_compile_definitions(tremolux_shared PRIVATE TREMOLUX_BUILDS_LIBRARY)
 tremolux_set_defaults(tremolux_shared)
 set_target_properties(
-    tremolux_shared PROPERTIES OUTPUT_NAME tremolux EXPORT_NAME tremolux VERSION ${PROJECT_VERSION} SOVERSION 1
+    tremolux_shared PROPERTIES LINKER_LANGUAGE CXX OUTPUT_NAME tremolux EXPORT_NAME tremolux VERSION ${PROJECT_VERSION} SOVERSION 1
                                LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
 set(library_exports "${PROJECT_SOURCE_DIR}/library/interface/exports.map")
 set_property(TARGET tremolux_shared APPEND PROPERTY LINK_DEPENDS "${library_exports}")

@@ -139,6 +139,9 @@ if(TARGET threads_tests)
 endif()
 tremolux_add_tests(program tremolux_program)
 tremolux_add_tests(library tremolux_shared tremolux_library)
+if(TARGET tremolux_shared)
+    include(EveryPreset)
+endif()
 
 # A program that sanitizers do not watch cannot open a library that they do.
 if(TARGET tremolux_shared AND NOT TREMOLUX_SANITIZE)

@@ -1,17 +1,19 @@
 #!/usr/bin/env python3
 """The library as it is installed: its header alone, the examples of docs/library.md, the packages for CMake and pkg-config.
 
-examples_test.py SOURCE_FOLDER BUILD_FOLDER
+examples_test.py SOURCE_FOLDER BUILD_FOLDER [FOLDER_OF_THE_JAVASCRIPT_MODULE]
 """
 
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 import tempfile
 import unittest
 
 SOURCE, BUILD = (pathlib.Path(folder).resolve() for folder in sys.argv[1:3])
+JAVASCRIPT = pathlib.Path(sys.argv[3]).resolve() if len(sys.argv) > 3 else None
 STRICT = ["-Wall", "-Wextra", "-Wpedantic", "-Werror"]
 
 
@@ -89,6 +91,19 @@ class InstalledLibrary(unittest.TestCase):
         before = printed.splitlines()[1].split()[-1]
         self.assertEqual(["applied 1.5", f"taken back 1 {before}"], printed.splitlines())
         self.assertNotEqual("1.5", before)
+
+    @unittest.skipUnless(JAVASCRIPT, "script/wasm builds the module, and runs this")
+    def test_the_example_in_javascript_shows_the_same_frames(self):
+        folder = self.folder / "javascript"
+        shutil.copytree(JAVASCRIPT, folder)
+        (folder / "example.mjs").write_text(example("In JavaScript"), encoding="utf-8")
+        from_javascript = self.frames(run("node", folder / "example.mjs"))
+        program = self.folder / "beside_javascript"
+        run("cc", "-std=c11", f"-I{self.prefix / 'include'}", self.c_program(), f"-L{self.library.parent}", "-ltremolux", "-o",
+            program)
+        for expected, found in zip(self.frames(run(program, env=self.environment)), from_javascript):
+            for number, other in zip(expected[1:], found[1:]):
+                self.assertAlmostEqual(float(number), float(other), delta=1.5e-6)  # the last digit that is printed
 
     def test_cmake_finds_it(self):
         project = self.folder / "project"
