@@ -26,7 +26,7 @@ std::string LowerCase(std::string text) {
     return text;
 }
 
-bool Does(const MoveFormat &format, FormatUse use) { return use == FormatUse::kWrite || format.read != nullptr; }
+bool Does(const MoveFormat &format, FormatUse use) { return use == FormatUse::kWrite ? format.write != nullptr : format.read != nullptr; }
 
 }  // namespace
 
@@ -35,7 +35,9 @@ const std::vector<MoveFormat> &MoveFormats() {
         {".csv", ReadCsv, WriteCsv, nullptr, 0},
         {".json", ReadJson, WriteJson, nullptr, 0},
         {".chan", ReadChan, WriteChan, "focus distance, film back and frame rate", 0},
-        {".usda", ReadUsda, WriteUsda, nullptr, 0},
+        {".usda", ReadUsda, WriteUsda, nullptr, kAllTraits},
+        {".usd", ReadUsda, WriteUsda, nullptr, kAllTraits},
+        {".usdz", ReadUsda, nullptr, nullptr, 0},
         {".gltf", nullptr, WriteGltf,
          "focal length, film back and focus distance but as extras, and zoom but by KHR_animation_pointer", 0},
         {".py", nullptr, WriteBlender, nullptr, 0}};

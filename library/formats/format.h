@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "library/formats/rotation_order.h"
@@ -20,6 +21,9 @@ struct FormatOptions {
     int width = 1920, height = 1080;           // of the picture in pixels: makes the vertical field of view
     std::string camera;                        // by its name or path, where a file has several; empty: the only one
     std::optional<FrameRate> rate;             // instead of the file's own
+    // Of a camera that stands still in its file: for how long, first and last.
+    std::optional<std::pair<std::int64_t, std::int64_t>> frames;
+    bool usd_layer = false;       // written to lie over the stage that the camera is from
     bool only_positions = false;               // a moving point is wanted: a table may lack the angles
 };
 
@@ -27,6 +31,7 @@ struct MoveFormat {
     const char *extension;  // in lower case, with the dot
     // Throws a Failure that names the place. `file` is the name for messages. Null for a format that is only written.
     CameraMove (*read)(const std::string &file, std::string_view bytes, const FormatOptions &options);
+    // Null for a format that is only read.
     std::string (*write)(const CameraMove &move, const FormatOptions &options);
     const char *lost;  // what of every move the format has no place for, in words; null when nothing is lost
     TraitSet carries;  // of what a file may say beside the motion

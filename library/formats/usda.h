@@ -1,13 +1,11 @@
-// A camera as scene description text (.usda).
+// USD's text files: the camera of a stage, with all that moves it, and a layer or stage with the camera alone.
 #pragma once
-
-#include <string>
-#include <string_view>
 
 #include "library/formats/format.h"
 
 namespace tremolux {
 
+// Text, or a package (.usdz) with a text in it; binary files are refused.
 CameraMove ReadUsda(const std::string &file, std::string_view bytes, const FormatOptions &options);
 std::string WriteUsda(const CameraMove &move, const FormatOptions &options);
 

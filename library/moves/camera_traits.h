@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,10 +25,19 @@ struct TraitChannelInfo {
 };
 const TraitChannelInfo &InfoOf(TraitChannel channel);
 
+// Of the stage that a camera was read from: what a layer over it must be written in.
+struct StageTraits {
+    double metres_per_unit = 0.01;
+    bool is_z_up = false;
+    double codes_per_frame = 1;  // time codes
+    double lens_unit_mm = 1;     // that its lens values are written in
+};
+
 struct CameraTraits {
     // Names from the root down, each behind a slash: "/World/Shot/Camera"; empty where the file says none.
     std::string path;
     bool is_orthographic = false;
+    std::optional<StageTraits> stage = std::nullopt;
     // Nothing where the file says nothing, one number that holds for all frames, or one for each frame.
     std::array<std::vector<double>, kTraitChannelCount> channels;
 

@@ -84,7 +84,7 @@ TEST(Usda, ReadsMetresAndZUp) {
            "0.98106026219, 0), (0.492403876506, -0.852868531952, 0.173648177667, 0), (0.1, -3, 1.5, 1) ) }\n" +
            "uniform token[] xformOpOrder = [\"xformOp:transform\"] } }\n";
     const CameraMove move = ReadUsda("move", text, {});
-    ASSERT_EQ(move.samples.size(), 1u);
+    ASSERT_EQ(move.samples.size(), 3u);  // the lens has samples up to 2
     ExpectReferencePose(move.samples[0]);
     EXPECT_NEAR(move.aperture_width, 36, 1e-12);
 }
@@ -124,28 +124,27 @@ TEST(Usda, TakesTheRateOfTheCommandLineWhereTheFileHasABrokenOne) {
 }
 
 TEST(Usda, IsRefusedWithThePlaceAndWhatWasExpected) {
-    EXPECT_EQ(Refusal("PXR-USDC"), "move:1:1: found another beginning, expected '#usda 1.0'");
-    EXPECT_EQ(Refusal("#usda 1.0\n"), "move:1:1: found no camera, expected one Camera");
+    EXPECT_EQ(Refusal("PXR-USDC"),
+              "move: found a binary scene description, expected text, which `usdcat -o FILE.usda FILE` makes of it");
+    EXPECT_EQ(Refusal("#usda 1.0\n"), "move:1:1: found no camera, expected a Camera");
     EXPECT_EQ(Refusal("#usda 1.0\ndef Camera \"C\"\n{\n"),
               "move:3:2: found the end of the file, expected an attribute "
               "with its type, a prim, or '}'");
     EXPECT_EQ(Refusal(Replaced(kReference, "upAxis = \"Y\"", "upAxis = \"X\"")),
               "move:6:14: found another upAxis, expected \"Y\" or \"Z\"");
     EXPECT_EQ(Refusal(Replaced(kReference, "horizontalAperture = 36", "horizontalAperture = nan")),
-              "move:18:36: found no number, expected a number from 0 to 1000000000000 for horizontalAperture");
+              "move:18:15: found nan, expected a number for horizontalAperture");
 }
 
 TEST(Usda, IsRefusedHoweverItIsBroken) {
     const std::string order = "uniform token[] xformOpOrder = [\"xformOp:transform\"]";
     for (const auto &[what, with] : std::vector<std::pair<std::string, std::string>>{
-             {order, ""},
-             {order, "uniform token[] xformOpOrder = [\"xformOp:translate\", \"xformOp:transform\"]"},
+             {order, "uniform token[] xformOpOrder = [\"xformOp:skew\", \"xformOp:transform\"]"},
              {order, order + " def Camera \"Other\" {}"},
              {"(10, 150, 300, 1)", "(10, 150, 300)"},
              {"(10, 150, 300, 1)", "(10, 150, 300, 2)"},
              {"(10, 150, 300, 1)", "(1e300, 150, 300, 1)"},
              {"(0.870297133613, -0.0858316511774, -0.484990543083, 0)", "(0, 0, 0, 0)"},
-             {"(0.870297133613, -0.0858316511774, -0.484990543083, 0)", "(-0.87, 0.086, 0.485, 0)"},
              {"2: ( (", "0: ( ("},
              {"2: ( (", "3000000: ( ("},
              {"\"perspective\"", "\"perspective"},

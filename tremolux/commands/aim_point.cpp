@@ -6,6 +6,7 @@
 #include "library/failure.h"
 #include "library/formats/numbers.h"
 #include "library/formats/source_text.h"
+#include "tremolux/commands/move_options.h"
 
 namespace tremolux {
 namespace {
@@ -50,7 +51,9 @@ CameraMove ReadAimPoint(const char *option, const std::string &text, const Camer
                                       KnownExtensions(FormatUse::kRead));
     }
     formats.only_positions = true;
-    CameraMove points = ReadMove(std::filesystem::u8path(text), formats);
+    formats.camera.clear();  // which names that of the move
+    formats.frames = {move.first_frame, move.LastFrame()};
+    CameraMove points = ReadMoveFile(text, formats);
     if (points.first_frame > move.first_frame || points.LastFrame() < move.LastFrame()) {
         throw Failure(kExitInput,
                       text + ": found " + FrameText(points) + ", expected " + FrameText(move) + " of the move");

@@ -1,3 +1,6 @@
+#include "library/failure.h"
+#include "library/formats/source_text.h"
+#include "library/moves/cut.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/move_options.h"
 #include "tremolux/process/output_files.h"
@@ -9,18 +12,30 @@ struct ConvertOptions {
     std::string input;
     std::vector<std::string> outputs;
     FormatChoices formats;
+    std::string frames;
     std::string to_unit, to_order;  // empty: as they are read
 };
 
+CameraMove AskedFrames(const CameraMove &move, const std::string &frames) {
+    const FrameNumbers range = FramesOption(frames);
+    if (!range) return move;
+    if (range->first < move.first_frame || range->second > move.LastFrame()) {
+        throw Failure(kExitInput, "--frames: found " + Quoted(frames) + ", expected frames of the move, " +
+                                      std::to_string(move.first_frame) + " to " + std::to_string(move.LastFrame()));
+    }
+    return CutMove(move, range->first, range->second);
+}
+
 void Convert(const ConvertOptions &options) {
-    const FormatOptions from = options.formats.Options();
+    FormatOptions from = options.formats.Options();
+    from.frames = FramesOption(options.frames);
     FormatChoices choices = options.formats;
     if (!options.to_unit.empty()) choices.unit = options.to_unit;
     if (!options.to_order.empty()) choices.rotation_order = options.to_order;
     const FormatOptions to = choices.Options();
     OutputFiles files(options.outputs, {options.input});
     for (const std::filesystem::path &file : files.Files()) FormatOf(file, FormatUse::kWrite);
-    const CameraMove move = ReadMove(std::filesystem::u8path(options.input), from);
+    const CameraMove move = AskedFrames(ReadMoveFile(options.input, from), options.frames);
     std::vector<std::string> texts;
     for (const std::filesystem::path &file : files.Files()) texts.push_back(TextForFile(file, move, to));
     files.Write(texts);
@@ -34,6 +49,8 @@ void AddConvertCommand(Command program, Action *action) {
     command.Add("INPUT", &options->input, "camera file to read, " + KnownExtensions(FormatUse::kRead)).Required();
     command.Add("OUTPUT", &options->outputs, "camera file to write, " + KnownExtensions(FormatUse::kWrite)).Required();
     AddFormatOptions(command, &options->formats);
+    command.Add("--frames", &options->frames,
+                "FIRST:LAST: the frames to write; of a camera that stands still in its file, those that there are");
     command.Add("--to-unit", &options->to_unit, "length unit of a .chan file that is written; else --unit");
     command.Add("--to-rotation-order", &options->to_order,
                 "rotation order of a .chan file that is written; else --rotation-order");

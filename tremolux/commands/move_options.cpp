@@ -67,17 +67,25 @@ std::vector<std::string> MoveOptions::AllSettings() const {
     return all;
 }
 
-std::optional<std::pair<std::int64_t, std::int64_t>> MoveOptions::FrameRange() const {
-    if (frames.empty()) return std::nullopt;
-    const auto range = Pair(frames, ':');
-    if (!range || range->first > range->second) {
-        Refuse("--frames", frames, "FIRST:LAST, whole numbers in rising order");
-    }
+FrameNumbers FramesOption(const std::string &text) {
+    if (text.empty()) return std::nullopt;
+    const auto range = Pair(text, ':');
+    if (!range || range->first > range->second) Refuse("--frames", text, "FIRST:LAST, whole numbers in rising order");
     return range;
+}
+
+FrameNumbers MoveOptions::FrameRange() const { return FramesOption(frames); }
+
+FormatOptions MoveOptions::ReadOptions() const {
+    FormatOptions options = formats.Options();
+    options.frames = FrameRange();
+    return options;
 }
 
 FormatOptions FormatChoices::Options() const {
     FormatOptions options;
+    options.camera = camera;
+    options.usd_layer = usd_layer;
     if (!frames_per_second.empty()) options.rate = RateOption("--fps", frames_per_second);
     options.length_unit = LengthUnitOf(unit);
     const std::optional<RotationOrder> order = RotationOrderNamed(rotation_order);
@@ -122,6 +130,9 @@ void AddFormatOptions(Command command, FormatChoices *choices) {
     command.Add("--aperture", &choices->aperture, "width of the film back in millimetres, where no file says it")
         .ShowDefault();
     command.Add("--resolution", &choices->resolution, "size of the picture, for vertical fields of view").ShowDefault();
+    command.Add("--camera", &choices->camera, "PATH or NAME of the camera to read, where a file has several");
+    command.Add("--usd-layer", &choices->usd_layer,
+                "write .usda files as layers that lie over the stage that the camera is from");
 }
 
 void AddHostOptions(Command command, HostOptions *options) {
@@ -151,10 +162,18 @@ void AddMoveOptions(Command command, MoveOptions *options) {
     command.Add("--keep-hz", &options->keep_hz,
                 "FPS that the settings were made at: they are changed so that the motion keeps its frequencies");
     command.Add("--frames", &options->frames,
-                "FIRST:LAST: the frames to write; playback still starts at the move's first frame");
+                "FIRST:LAST: the frames to write; playback still starts at the move's first frame. Of a camera that "
+                "stands still "
+                "in its file: the frames that there are");
     AddFormatOptions(command, &options->formats);
     command.Add("--quiet", &options->quiet, "show no progress");
     AddHostOptions(command, &options->host);
+}
+
+CameraMove ReadMoveFile(const std::string &file, const FormatOptions &options) {
+    CameraMove move = ReadMove(std::filesystem::u8path(file), options);
+    for (const std::string &note : move.notes) std::fprintf(stderr, "%s: %s\n", file.c_str(), note.c_str());
+    return move;
 }
 
 std::string TextForFile(const std::filesystem::path &file, const CameraMove &move, const FormatOptions &options) {

@@ -20,9 +20,14 @@ struct HostOptions {
     std::filesystem::path Home() const;
 };
 
+// First and last.
+using FrameNumbers = std::optional<std::pair<std::int64_t, std::int64_t>>;
+
 // What files do not say, as it was typed.
 struct FormatChoices {
-    std::string frames_per_second, unit = "cm", rotation_order = "zxy", aperture = "36", resolution = "1920x1080";
+    std::string frames_per_second, unit = "cm", rotation_order = "zxy", aperture = "36", resolution = "1920x1080",
+                                   camera;
+    bool usd_layer = false;
     FormatOptions Options() const;  // throws a Failure
 };
 
@@ -38,15 +43,22 @@ struct MoveOptions {
 
     // The texts above as values; each throws a Failure.
     std::vector<std::string> AllSettings() const;  // the seed last
-    std::optional<std::pair<std::int64_t, std::int64_t>> FrameRange() const;
+    FrameNumbers FrameRange() const;
+    FormatOptions ReadOptions() const;
     std::optional<double> MadeFor() const;        // the frame rate of --keep-hz
     std::vector<std::string> InputFiles() const;  // that no output may replace
 };
+
+// "FIRST:LAST" of the option --frames; nothing where it is not given. Throws a Failure.
+FrameNumbers FramesOption(const std::string &text);
 
 void AddFormatOptions(Command command, FormatChoices *choices);
 void AddHostOptions(Command command, HostOptions *options);
 void AddMoveOptions(Command command, MoveOptions *options);
 
+// A camera file's move. What the reader had to decide, or passed over, is said on the standard error output, a line
+// each.
+CameraMove ReadMoveFile(const std::string &file, const FormatOptions &options);
 // The move as that file's text. What the format has no place for is said on the standard error output, one line.
 std::string TextForFile(const std::filesystem::path &file, const CameraMove &move, const FormatOptions &options);
 

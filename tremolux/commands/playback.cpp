@@ -6,6 +6,7 @@
 #include "library/failure.h"
 #include "library/formats/source_text.h"
 #include "library/frame_rates/keep_hz.h"
+#include "library/moves/cut.h"
 #include "library/parameters/settings.h"
 #include "library/presets/catalog.h"
 #include "library/shots/jolt_watch.h"
@@ -15,7 +16,7 @@
 
 namespace tremolux {
 Playback::Playback(const MoveOptions &options)
-    : Playback(options, ReadMove(std::filesystem::u8path(options.input), options.formats.Options())) {}
+    : Playback(options, ReadMoveFile(options.input, options.ReadOptions())) {}
 
 Playback::Playback(const MoveOptions &options, const CameraMove &move)
     : formats_(options.formats.Options()),
@@ -63,8 +64,7 @@ void Playback::Play(const std::function<void(std::int64_t)> &at_frame) {
 
 PlayedMotion Playback::Record() {
     PlayedMotion motion;
-    motion.input = move_;
-    motion.input.first_frame = first_frame_;
+    motion.input = CutMove(move_, first_frame_, last_frame_);
     motion.input.samples.clear();
     motion.output = motion.input;
     JoltWatch jolts(stage_->CameraTag());

@@ -110,7 +110,7 @@ void Keys(const SceneOptions &options) {
         Print(KeyTable(*camera, frames_per_second));
         return;
     }
-    KeyCamera(camera, ReadMove(std::filesystem::u8path(options.move), FormatOptions()), frames_per_second);
+    KeyCamera(camera, ReadMoveFile(options.move, FormatOptions()), frames_per_second);
     scene.Save(options.Output());
     Print(KeysText(*camera));
 }
