@@ -90,6 +90,7 @@ CameraMove ReadChan(const std::string &file, std::string_view bytes, const Forma
     if (source.Lines().empty()) source.Refuse(1, 1, "an empty file", ColumnCount(kFieldOfView + 1));
     CameraMove move;
     move.aperture_width = options.aperture_width;
+    if (options.rate) move.rate = *options.rate;
     FrameOrder order(source);
     std::size_t count = 0;
     for (const Line &line : source.Lines()) {

@@ -51,6 +51,7 @@ CameraMove ReadCsv(const std::string &file, std::string_view bytes, const Format
     CameraMove move;
     move.aperture_width = options.aperture_width;
     if (recorded) move.rate = {kRecordingFramesPerSecond, 1};
+    if (options.rate) move.rate = *options.rate;
     FrameOrder order(source);
     for (std::size_t i = 1; i < source.Lines().size(); ++i) {
         const CsvRow row(header, source.Lines()[i]);

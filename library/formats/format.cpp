@@ -1,5 +1,8 @@
 #include "library/formats/format.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "host/files/safe_write.h"
 #include "host/value/text.h"
 #include "library/failure.h"
@@ -10,6 +13,7 @@
 #include "library/formats/json.h"
 #include "library/formats/source_text.h"
 #include "library/formats/usda.h"
+#include "library/moves/retime.h"
 
 namespace tremolux {
 namespace {
@@ -19,11 +23,40 @@ namespace fs = std::filesystem;
 // A move of the greatest length, every number in full, stays below; larger files are something else.
 constexpr std::uintmax_t kMaxFileBytes = std::uintmax_t{1} << 28;
 
+constexpr std::string_view kBlenderOpens[] = {".fbx", ".abc", ".dae", ".blend", ".x3d", ".wrl", ".gltf",
+                                              ".glb", ".usd", ".usda", ".usdc", ".usdz"};
+
 std::string LowerCase(std::string text) {
     for (char &c : text) {
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     }
     return text;
+}
+
+// As a shell takes it.
+std::string Argument(const fs::path &file) {
+    const std::string text = host::PathText(file);
+    return text.find(' ') == std::string::npos ? text : "\"" + text + "\"";
+}
+
+void Relabel(const FrameRate &rate, CameraMove *move) {
+    if (move->rate == rate) return;
+    const std::string text = FrameRateText(rate);
+    move->notes.push_back("the file says " + FrameRateWords(move->rate) + ", --fps " + text +
+                          ": its frames stay and their times change (--retime " + text + " keeps the times)");
+    move->rate = rate;
+}
+
+CameraMove RetimedWithin(const std::string &name, const CameraMove &move, const FrameRate &rate) {
+    if (rate == move.rate) return move;
+    const RetimedFrames frames = FramesAt(move, rate);
+    if (frames.first >= -kMaxFrameNumber && frames.last <= kMaxFrameNumber &&
+        frames.Count() <= static_cast<std::int64_t>(kMaxFrames))
+        return Retimed(move, rate);
+    throw Failure(kExitInput, name + ": found frames " + std::to_string(frames.first) + " to " + std::to_string(frames.last) +
+                                  " at --retime " + FrameRateText(rate) + ", expected at most " +
+                                  std::to_string(kMaxFrames) + " frames between -" + std::to_string(kMaxFrameNumber) +
+                                  " and " + std::to_string(kMaxFrameNumber));
 }
 
 bool Does(const MoveFormat &format, FormatUse use) { return use == FormatUse::kWrite ? format.write != nullptr : format.read != nullptr; }
@@ -32,7 +65,7 @@ bool Does(const MoveFormat &format, FormatUse use) { return use == FormatUse::kW
 
 const std::vector<MoveFormat> &MoveFormats() {
     static const std::vector<MoveFormat> formats = {
-        {".csv", ReadCsv, WriteCsv, nullptr, 0},
+        {".csv", ReadCsv, WriteCsv, nullptr, 0, false},
         {".json", ReadJson, WriteJson, nullptr, 0},
         {".chan", ReadChan, WriteChan, "focus distance, film back and frame rate", 0},
         {".usda", ReadUsda, WriteUsda, nullptr, kAllTraits},
@@ -51,6 +84,10 @@ std::string LostIn(const MoveFormat &format, const CameraMove &move) {
         if (has && (format.carries & trait) == 0) lost.emplace_back(words);
     };
     const CameraTraits &traits = move.traits;
+    if (!format.keeps_rate_and_film_back) {
+        add(move.rate != FrameRate(), 0, "the frame rate");
+        add(move.aperture_width != kApertureWidth, 0, "the width of the film back");
+    }
     add(traits.is_orthographic, kProjectionTrait, "the orthographic projection");
     add(move.aperture_height.has_value(), kApertureHeightTrait, "the height of the film back");
     for (int i = 0; i < kTraitChannelCount; ++i) {
@@ -78,8 +115,23 @@ const MoveFormat &FormatOf(const fs::path &file, FormatUse use) {
     for (const MoveFormat &format : MoveFormats()) {
         if (extension == format.extension && Does(format, use)) return format;
     }
+    if (use == FormatUse::kRead && BlenderOpens(file)) {
+        throw Failure(kExitInput, host::PathText(file) + ": found a " + extension + " file, expected " + KnownExtensions(use) +
+                                      "; through Blender, `tremolux import " + Argument(file) +
+                                      " -o MOVE.json` makes one of it");
+    }
     throw Failure(kExitInput, host::PathText(file) + ": found the extension " + Quoted(extension) + ", expected " +
                                   KnownExtensions(use));
+}
+
+bool BlenderOpens(const fs::path &file) {
+    const std::string extension = LowerCase(host::PathText(file.extension()));
+    return std::find(std::begin(kBlenderOpens), std::end(kBlenderOpens), extension) != std::end(kBlenderOpens);
+}
+
+CameraMove AtRatesOf(const FormatOptions &options, const std::string &name, CameraMove move) {
+    if (options.rate) Relabel(*options.rate, &move);
+    return options.retime ? RetimedWithin(name, move, *options.retime) : move;
 }
 
 CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
@@ -101,9 +153,7 @@ CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
 CameraMove MoveFromBytes(const std::string &name, std::string_view bytes, const FormatOptions &options) {
     const MoveFormat &format = FormatOf(host::PathFromText(name), FormatUse::kRead);
     if (bytes.size() > kMaxFileBytes) throw Failure(kExitInput, name + ": found more bytes than any move has");
-    CameraMove move = format.read(name, bytes, options);
-    if (options.rate) move.rate = *options.rate;
-    return move;
+    return AtRatesOf(options, name, format.read(name, bytes, options));
 }
 
 std::string MoveText(const fs::path &file, const CameraMove &move, const FormatOptions &options) {

@@ -24,17 +24,20 @@ struct FormatOptions {
     // Of a camera that stands still in its file: for how long, first and last.
     std::optional<std::pair<std::int64_t, std::int64_t>> frames;
     bool usd_layer = false;       // written to lie over the stage that the camera is from
+    std::optional<FrameRate> retime;           // the move's times are brought onto the frames of this rate
     bool only_positions = false;               // a moving point is wanted: a table may lack the angles
 };
 
 struct MoveFormat {
     const char *extension;  // in lower case, with the dot
-    // Throws a Failure that names the place. `file` is the name for messages. Null for a format that is only written.
+    // Throws a Failure that names the place. `file` is the name for messages. Null for a format that is only written. The
+    // move has the rate that the file says; the options' own where it says none, or none that can be.
     CameraMove (*read)(const std::string &file, std::string_view bytes, const FormatOptions &options);
     // Null for a format that is only read.
     std::string (*write)(const CameraMove &move, const FormatOptions &options);
     const char *lost;  // what of every move the format has no place for, in words; null when nothing is lost
     TraitSet carries;  // of what a file may say beside the motion
+    bool keeps_rate_and_film_back = true;  // where `lost` does not speak of them
 };
 
 // What of this move the format has no place for, in words; empty when nothing is lost.
@@ -46,9 +49,13 @@ enum class FormatUse { kRead, kWrite };
 std::string KnownExtensions(FormatUse use);
 // By the extension, in whatever case; throws a Failure that lists the known ones.
 const MoveFormat &FormatOf(const std::filesystem::path &file, FormatUse use);
+// What this program cannot read but Blender opens, so that `tremolux import` makes a move of it; in lower case, with dots.
+bool BlenderOpens(const std::filesystem::path &file);
 CameraMove ReadMove(const std::filesystem::path &file, const FormatOptions &options);
 // The same with the file's bytes at hand; its name says the format and stands in messages.
 CameraMove MoveFromBytes(const std::string &name, std::string_view bytes, const FormatOptions &options);
+// Read moves with the rates of the options. Throws a Failure for more frames than a move has.
+CameraMove AtRatesOf(const FormatOptions &options, const std::string &name, CameraMove move);
 std::string MoveText(const std::filesystem::path &file, const CameraMove &move, const FormatOptions &options);
 
 }  // namespace tremolux

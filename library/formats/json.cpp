@@ -223,8 +223,9 @@ class Handler : public nlohmann::json_sax<json> {
     }
 
     void TakeRate(const std::optional<FrameRate> &rate, const std::string &found) {
-        if (!rate) Refuse(found, std::string(kExpectedFrameRate) + " or [24000, 1001]; --fps says another");
-        if (!options_.rate) move_.rate = *rate;
+        if (rate) move_.rate = *rate;
+        if (!rate && !options_.rate)
+            Refuse(found, std::string(kExpectedFrameRate) + " or [24000, 1001]; --fps says another");
     }
 
     const SourceText &source_;
@@ -266,6 +267,7 @@ CameraMove ReadJson(const std::string &file, std::string_view bytes, const Forma
     if (source.Lines().empty()) source.Refuse(1, 1, "an empty file", "JSON");
     CameraMove move;
     move.aperture_width = options.aperture_width;
+    if (options.rate) move.rate = *options.rate;
     const char *first = source.Lines().front().text.data();  // after the byte order mark
     Handler handler(source, first, options, &move);
     json::sax_parse(CountingIterator(first, handler.Reached()),

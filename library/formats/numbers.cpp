@@ -48,6 +48,8 @@ std::string FormatNumber(double value) {
     return fmt::format("{:.15g}", value);
 }
 
+std::string FormatAllDigits(double value) { return fmt::format("{}", value); }
+
 std::string_view Trimmed(std::string_view text) {
     const std::size_t first = text.find_first_not_of(" \t");
     if (first == std::string_view::npos) return text.substr(0, 0);

@@ -83,16 +83,18 @@ CameraSample SampleBetween(const CameraMove &move, double frame) {
     const double place = std::clamp(frame - static_cast<double>(move.first_frame), 0.0, last), whole = std::floor(place);
     const auto index = static_cast<std::size_t>(whole);
     if (place == whole) return samples[index];
+    return SampleAfter(move, index, place - whole);
+}
 
-    const CameraSample *at = &samples[index];
-    const Knots knots{index > 0 ? at - 1 : nullptr, at, at + 1, index + 2 < samples.size() ? at + 2 : nullptr};
-    const double t = place - whole;
-    const auto along = [&](auto number) { return SplineOf(knots, t, number); };
+CameraSample SampleAfter(const CameraMove &move, std::size_t index, double share) {
+    const CameraSample *at = &move.samples[index];
+    const Knots knots{index > 0 ? at - 1 : nullptr, at, at + 1, index + 2 < move.samples.size() ? at + 2 : nullptr};
+    const auto along = [&](auto number) { return SplineOf(knots, share, number); };
     CameraSample sample;
     sample.position = {along([](const CameraSample &s) { return s.position.x; }),
                        along([](const CameraSample &s) { return s.position.y; }),
                        along([](const CameraSample &s) { return s.position.z; })};
-    sample.angles = host::OptimalAngle(at->angles, AnglesOf(RotationBetween(knots, t)));
+    sample.angles = host::OptimalAngle(at->angles, AnglesOf(RotationBetween(knots, share)));
     sample.focal_length = along([](const CameraSample &s) { return s.focal_length; });
     sample.focus_distance = along([](const CameraSample &s) { return s.focus_distance; });
     return sample;

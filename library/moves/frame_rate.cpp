@@ -3,6 +3,8 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <tuple>
+#include <utility>
 
 #include "library/formats/numbers.h"
 
@@ -13,6 +15,27 @@ namespace {
 constexpr std::int64_t kTelevisionRates[] = {24, 30, 48, 60, 120};
 constexpr double kRounding = 1e-3;
 constexpr std::int64_t kDecimals = 1000000;
+constexpr double kDecimalRounding = 1e-6;  // of a rate times kDecimals
+// Of fractions that are written with all their digits, 15 at least.
+constexpr std::int64_t kMaxDenominator = 100000;
+constexpr double kLastDigits = 1e-14;  // relative
+
+// The first convergent of the number's continued fraction that is the number.
+std::optional<FrameRate> FractionOf(double number) {
+    std::int64_t numerator = 1, denominator = 0, last_numerator = 0, last_denominator = 1;
+    double rest = number;
+    while (denominator <= kMaxDenominator) {
+        const auto whole = static_cast<std::int64_t>(rest);
+        std::tie(numerator, last_numerator) = std::make_pair(whole * numerator + last_numerator, numerator);
+        std::tie(denominator, last_denominator) = std::make_pair(whole * denominator + last_denominator, denominator);
+        if (denominator > kMaxDenominator) break;
+        const double ratio = static_cast<double>(numerator) / static_cast<double>(denominator);
+        if (std::fabs(ratio - number) <= kLastDigits * number) return MakeFrameRate(numerator, denominator);
+        rest = 1 / (rest - static_cast<double>(whole));
+        if (!(rest <= kMaxDenominator)) break;
+    }
+    return std::nullopt;
+}
 
 }  // namespace
 
@@ -46,12 +69,25 @@ std::optional<FrameRate> FrameRateOf(double frames_per_second) {
         if (std::fabs(static_cast<double>(whole) / 1.001 - frames_per_second) <= kRounding)
             return MakeFrameRate(whole * 1000, 1001);
     }
-    return MakeFrameRate(std::llround(frames_per_second * kDecimals), kDecimals);
+    const double decimals = frames_per_second * kDecimals, rounded = std::round(decimals);
+    if (std::fabs(decimals - rounded) > kDecimalRounding) {
+        if (const std::optional<FrameRate> fraction = FractionOf(frames_per_second)) return fraction;
+    }
+    return MakeFrameRate(static_cast<std::int64_t>(rounded), kDecimals);
 }
 
 std::string FrameRateText(const FrameRate &rate) {
     std::string text = std::to_string(rate.numerator);
     return rate.IsWhole() ? text : text + "/" + std::to_string(rate.denominator);
+}
+
+std::string FrameRateDecimal(const FrameRate &rate) { return FormatAllDigits(rate.PerSecond()); }
+
+std::string FrameRateWords(const FrameRate &rate) {
+    constexpr double kShown = 1000;  // three decimals
+    std::string text = FrameRateText(rate);
+    if (!rate.IsWhole()) text += " (" + FormatNumber(std::round(rate.PerSecond() * kShown) / kShown) + ")";
+    return text + (rate == FrameRate{1, 1} ? " frame a second" : " frames a second");
 }
 
 }  // namespace tremolux

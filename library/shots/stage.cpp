@@ -40,7 +40,8 @@ Stage::Stage(const CameraMove &move)
     : document_(host::Application::Current()->NewDocument()),
       input_(InsertObject(document_.get(), host::kTypeCamera, "Input Camera")),
       output_(InsertObject(document_.get(), host::kTypeCamera, "Camera")),
-      first_frame_(move.first_frame) {
+      first_frame_(move.first_frame),
+      rate_(move.rate) {
     document_->SetFps(move.rate.Whole());
     document_->SetRange(move.first_frame, move.LastFrame());
     KeyCamera(input_, move, move.rate.Whole());

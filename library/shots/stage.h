@@ -32,6 +32,8 @@ class Stage {
     host::Tag &CameraTag() const { return *tag_; }
     host::Document *Scene() const { return document_.get(); }
     const host::Document &Document() const { return *document_; }
+    // The move's own, where the document counts whole frames at a whole rate.
+    FrameRate Rate() const { return rate_; }
     CameraSample Input() const;
     bool TurnsToTarget() const;
     // Null when there is none, or it was taken back.
@@ -53,6 +55,7 @@ class Stage {
     std::shared_ptr<host::NodeAnchor> target_, focus_object_;  // an undo may take them away
     host::Tag *tag_ = nullptr;
     std::int64_t first_frame_;
+    FrameRate rate_;
     CameraSample output_sample_;
 };
 

@@ -29,7 +29,7 @@ Json FrameRecord(std::int64_t frame, Stage *stage, PrivateState *state) {
     Json clocks = Json::object();
     for (const NamedClock &clock : kClocks) clocks[clock.name] = JsonNumber(stage->CameraTag().Data().Real(clock.id));
     return {{"frame", frame},
-            {"time", JsonNumber(host::Seconds(stage->Document().GetTime()))},
+            {"time", JsonNumber(static_cast<double>(frame) / stage->Rate().PerSecond())},
             {"input", JsonCamera(stage->Input())},
             {"output", JsonCamera(stage->Output())},
             {"layers", Layers(*stage)},

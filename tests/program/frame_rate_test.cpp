@@ -38,5 +38,42 @@ TEST(FrameRates, LieBetweenOneAndTwentyFiveHundred) {
     EXPECT_EQ(ParseFrameRate("1"), (FrameRate{1, 1}));
 }
 
+TEST(FrameRates, ComeBackFromTheirShortestDecimal) {
+    EXPECT_EQ(FrameRateDecimal({24, 1}), "24");
+    EXPECT_EQ(FrameRateDecimal({25, 2}), "12.5");
+    EXPECT_EQ(FrameRateDecimal({24000, 1001}), "23.976023976023978");  // 24000 / 1001 = 23.976023976023976023...
+    for (const FrameRate rate : {FrameRate{24000, 1001},
+                                 {30000, 1001},
+                                 {48000, 1001},
+                                 {60000, 1001},
+                                 {120000, 1001},
+                                 {25, 2},
+                                 {15000, 1001},
+                                 {12500, 1001},
+                                 {240000, 1001},
+                                 {100, 3},
+                                 {1000, 7},
+                                 {1199, 50},
+                                 {2500, 1},
+                                 {99991, 99989},
+                                 {1000003, 1000000}}) {
+        const std::optional<FrameRate> back = ParseFrameRate(FrameRateDecimal(rate));
+        ASSERT_TRUE(back);
+        EXPECT_EQ(*back, rate) << FrameRateDecimal(rate);
+        EXPECT_EQ(back->PerSecond(), rate.PerSecond());
+    }
+}
+
+TEST(FrameRates, OfFewDecimalsAreTakenAsTheyAre) {
+    EXPECT_EQ(ParseFrameRate("33.333"), (FrameRate{33333, 1000}));
+    EXPECT_EQ(ParseFrameRate("14.985"), (FrameRate{2997, 200}));
+}
+
+TEST(FrameRates, AreSaidInWords) {
+    EXPECT_EQ(FrameRateWords({1, 1}), "1 frame a second");
+    EXPECT_EQ(FrameRateWords({25, 1}), "25 frames a second");
+    EXPECT_EQ(FrameRateWords({30000, 1001}), "30000/1001 (29.97) frames a second");
+}
+
 }  // namespace
 }  // namespace tremolux

@@ -78,6 +78,18 @@ TEST_F(KeepHertz, ChangesNothingAtTheSameRateAndSaysWhatItCannotKeep) {
     EXPECT_NE(said_.find("Speed Variation"), std::string::npos) << said_;
 }
 
+TEST_F(KeepHertz, TakesTheTrueRate) {
+    const std::string move = workplace_.Write("move.csv", "frame,x,y,z,h,p,b\n0,0,0,0,0,0,0\n1,0,0,0,0,0,0\n");
+    const auto shaken = [&](const char *rate) {
+        const Outcome outcome = workplace_.Run({"shake", move, "-o", workplace_.Path("o.csv"), "--fps", "24000/1001",
+                                                "--keep-hz", rate, "--set", "Position Slow=9"});
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        return workplace_.Read("o.csv");
+    };
+    EXPECT_EQ(shaken("23.976"), shaken("24000/1001"));
+    EXPECT_NE(shaken("23.976"), shaken("24"));
+}
+
 TEST_F(KeepHertz, RefusesARateThatIsNone) {
     const std::string move = workplace_.Write("move.csv", "frame,x,y,z,h,p,b\n0,0,0,0,0,0,0\n");
     for (const char *rate : {"0", "x", "-30", "1e9"}) {

@@ -87,6 +87,7 @@ FormatOptions FormatChoices::Options() const {
     options.camera = camera;
     options.usd_layer = usd_layer;
     if (!frames_per_second.empty()) options.rate = RateOption("--fps", frames_per_second);
+    if (!retime.empty()) options.retime = RateOption("--retime", retime);
     options.length_unit = LengthUnitOf(unit);
     const std::optional<RotationOrder> order = RotationOrderNamed(rotation_order);
     if (!order) Refuse("--rotation-order", rotation_order, "the letters x, y and z in some order");
@@ -108,9 +109,7 @@ FormatOptions FormatChoices::Options() const {
 
 std::optional<double> MoveOptions::MadeFor() const {
     if (keep_hz.empty()) return std::nullopt;
-    const std::optional<double> rate = ParseNumber(keep_hz);
-    if (rate && *rate >= 1 && *rate <= kMaxFramesPerSecond) return rate;
-    Refuse("--keep-hz", keep_hz, "frames per second from 1 to " + std::to_string(kMaxFramesPerSecond));
+    return RateOption("--keep-hz", keep_hz).PerSecond();
 }
 
 std::vector<std::string> MoveOptions::InputFiles() const {
@@ -120,19 +119,31 @@ std::vector<std::string> MoveOptions::InputFiles() const {
     return files;
 }
 
-void AddFormatOptions(Command command, FormatChoices *choices) {
+void AddRateOptions(Command command, FormatChoices *choices) {
     command.Add(
         "--fps", &choices->frames_per_second,
         "frames per second, 1 to 2500: 24, 23.976, 24000/1001; else what the file says, or 30, and 24 for recordings");
+    command.Add(
+        "--retime", &choices->retime,
+        "frames per second, as for --fps: the move keeps its times and gets the frames of this rate, on a smooth "
+        "curve through its own");
+}
+
+void AddWritingOptions(Command command, FormatChoices *choices) {
     command.Add("--unit", &choices->unit, "length unit of .chan files: cm, m, mm, in, ft").ShowDefault();
     command.Add("--rotation-order", &choices->rotation_order, "of .chan files, the first turn first: zxy, xyz, ...")
         .ShowDefault();
-    command.Add("--aperture", &choices->aperture, "width of the film back in millimetres, where no file says it")
-        .ShowDefault();
     command.Add("--resolution", &choices->resolution, "size of the picture, for vertical fields of view").ShowDefault();
-    command.Add("--camera", &choices->camera, "PATH or NAME of the camera to read, where a file has several");
     command.Add("--usd-layer", &choices->usd_layer,
                 "write .usda files as layers that lie over the stage that the camera is from");
+}
+
+void AddFormatOptions(Command command, FormatChoices *choices) {
+    AddRateOptions(command, choices);
+    AddWritingOptions(command, choices);
+    command.Add("--aperture", &choices->aperture, "width of the film back in millimetres, where no file says it")
+        .ShowDefault();
+    command.Add("--camera", &choices->camera, "PATH or NAME of the camera to read, where a file has several");
 }
 
 void AddHostOptions(Command command, HostOptions *options) {

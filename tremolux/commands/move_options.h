@@ -25,8 +25,8 @@ using FrameNumbers = std::optional<std::pair<std::int64_t, std::int64_t>>;
 
 // What files do not say, as it was typed.
 struct FormatChoices {
-    std::string frames_per_second, unit = "cm", rotation_order = "zxy", aperture = "36", resolution = "1920x1080",
-                                   camera;
+    std::string frames_per_second, retime, unit = "cm", rotation_order = "zxy", aperture = "36",
+                                           resolution = "1920x1080", camera;
     bool usd_layer = false;
     FormatOptions Options() const;  // throws a Failure
 };
@@ -52,6 +52,9 @@ struct MoveOptions {
 // "FIRST:LAST" of the option --frames; nothing where it is not given. Throws a Failure.
 FrameNumbers FramesOption(const std::string &text);
 
+void AddRateOptions(Command command, FormatChoices *choices);     // --fps and --retime
+void AddWritingOptions(Command command, FormatChoices *choices);  // what files do not say that are written
+// All of them, and what files do not say that are read.
 void AddFormatOptions(Command command, FormatChoices *choices);
 void AddHostOptions(Command command, HostOptions *options);
 void AddMoveOptions(Command command, MoveOptions *options);

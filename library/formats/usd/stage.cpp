@@ -58,7 +58,8 @@ class StageReader {
             source_.RefuseAt(layer_.metadata.at(name).place, FormatNumber(per_second),
                              std::string(kExpectedFrameRate) + ", for " + name + "; --fps says another");
         }
-        stage->rate = options_.rate ? *options_.rate : *rate;
+        const bool says_rate = rate && (codes || frames);
+        stage->rate = options_.rate && !says_rate ? *options_.rate : *rate;
         if (!rate || !codes || !frames || std::abs(*codes - *frames) <= kSameRate) return;
         const double known_codes = *Number("timeCodesPerSecond", kMinCodesPerSecond, kMaxCodesPerSecond);
         const std::optional<FrameRate> exact = FrameRateOf(known_codes);

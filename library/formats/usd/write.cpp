@@ -64,13 +64,14 @@ class Writer {
     std::string Code(std::int64_t frame) const { return FormatNumber(static_cast<double>(frame) * stage_.codes_per_frame); }
 
     std::string Header() const {
-        const double rate = move_.rate.PerSecond();
+        const std::string rate = FrameRateDecimal(move_.rate);
         return "#usda 1.0\n(\n    defaultPrim = \"" + names_[0] +
                "\"\n    metersPerUnit = " + FormatNumber(stage_.metres_per_unit) + "\n    upAxis = \"" +
                (stage_.is_z_up ? "Z" : "Y") + "\"\n    startTimeCode = " + Code(move_.first_frame) +
                "\n    endTimeCode = " + Code(move_.LastFrame()) +
-               "\n    timeCodesPerSecond = " + FormatNumber(rate * stage_.codes_per_frame) +
-               "\n    framesPerSecond = " + FormatNumber(rate) + "\n)\n\n";
+               "\n    timeCodesPerSecond = " +
+               (stage_.codes_per_frame == 1 ? rate : FormatNumber(move_.rate.PerSecond() * stage_.codes_per_frame)) +
+               "\n    framesPerSecond = " + rate + "\n)\n\n";
     }
 
     std::string Plain(const char *attribute, const std::string &value) const {
