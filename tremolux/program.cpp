@@ -29,6 +29,7 @@ int RunProgram(std::vector<std::string> arguments) {
     Action action;
     AddShakeCommand(program, &action);
     AddConvertCommand(program, &action);
+    AddInspectCommand(program, &action);
     AddPreviewCommand(program, &action);
     AddReportCommand(program, &action);
     AddBatchCommand(program, &action);

@@ -12,6 +12,7 @@ using Action = std::function<void()>;
 // Sets `action` when the command line asks for the command.
 void AddShakeCommand(Command program, Action *action);
 void AddConvertCommand(Command program, Action *action);
+void AddInspectCommand(Command program, Action *action);
 void AddPreviewCommand(Command program, Action *action);
 void AddReportCommand(Command program, Action *action);
 void AddBatchCommand(Command program, Action *action);

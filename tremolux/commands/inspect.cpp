@@ -1,0 +1,34 @@
+#include "tremolux/commands/commands.h"
+#include "tremolux/commands/move_options.h"
+#include "tremolux/process/output_files.h"
+#include "tremolux/words/inspect_text.h"
+
+namespace tremolux {
+namespace {
+
+struct InspectOptions {
+    std::string input;
+    FormatChoices formats;
+    bool json = false;
+};
+
+void Inspect(const InspectOptions &options) {
+    const std::filesystem::path file = std::filesystem::u8path(options.input);
+    const CameraMove move = ReadMove(file, options.formats.Options());
+    const InspectedFile inspected{options.input, FormatOf(file, FormatUse::kRead).extension, move};
+    Print(options.json ? InspectJson(inspected) : InspectText(inspected));
+}
+
+}  // namespace
+
+void AddInspectCommand(Command program, Action *action) {
+    const auto options = std::make_shared<InspectOptions>();
+    Command command =
+        program.Subcommand("inspect", "Tells what is in a camera file, and what each format would lose of it");
+    command.Add("INPUT", &options->input, "camera file to read, " + KnownExtensions(FormatUse::kRead)).Required();
+    command.Add("--json", &options->json, "as one JSON object");
+    AddFormatOptions(command, &options->formats);
+    command.OnCall([=] { *action = [options] { Inspect(*options); }; });
+}
+
+}  // namespace tremolux
