@@ -30,6 +30,7 @@ int RunProgram(std::vector<std::string> arguments) {
     AddShakeCommand(program, &action);
     AddConvertCommand(program, &action);
     AddInspectCommand(program, &action);
+    AddImportCommand(program, &action);
     AddPreviewCommand(program, &action);
     AddReportCommand(program, &action);
     AddBatchCommand(program, &action);

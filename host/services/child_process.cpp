@@ -106,6 +106,11 @@ void ChildProcess::CloseInput() {
     input_ = kNone;
 }
 
+bool ChildProcess::HasEnded() {
+    CloseInput();
+    return WaitForSingleObject(reinterpret_cast<HANDLE>(process_), 0) != WAIT_TIMEOUT;
+}
+
 int ChildProcess::Finish() {
     CloseInput();
     const HANDLE process = reinterpret_cast<HANDLE>(process_);
@@ -160,6 +165,14 @@ bool ChildProcess::Write(std::string_view bytes) {
 void ChildProcess::CloseInput() {
     if (input_ != kNone) close(static_cast<int>(input_));
     input_ = kNone;
+}
+
+bool ChildProcess::HasEnded() {
+    CloseInput();
+    siginfo_t ended{};
+    // It stays to be waited for.
+    const int result = waitid(P_PID, static_cast<id_t>(process_), &ended, WEXITED | WNOHANG | WNOWAIT);
+    return result == 0 ? ended.si_pid != 0 : errno != EINTR;
 }
 
 int ChildProcess::Finish() {

@@ -13,6 +13,7 @@ using Action = std::function<void()>;
 void AddShakeCommand(Command program, Action *action);
 void AddConvertCommand(Command program, Action *action);
 void AddInspectCommand(Command program, Action *action);
+void AddImportCommand(Command program, Action *action);
 void AddPreviewCommand(Command program, Action *action);
 void AddReportCommand(Command program, Action *action);
 void AddBatchCommand(Command program, Action *action);

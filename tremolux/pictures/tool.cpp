@@ -1,5 +1,8 @@
 #include "tremolux/pictures/tool.h"
 
+#include <chrono>
+#include <thread>
+
 #include "host/files/safe_write.h"
 #include "host/services/platform.h"
 #include "library/failure.h"
@@ -51,6 +54,16 @@ void Tool::Write(std::string_view bytes) {
     if (process_.Write(bytes)) return;
     process_.Finish();
     Fail();
+}
+
+std::string Tool::FinishWith(const std::function<void(const std::string &)> &meanwhile) {
+    constexpr std::chrono::milliseconds kPause{20};
+    while (!process_.HasEnded()) {
+        meanwhile(Contents(out_));
+        std::this_thread::sleep_for(kPause);
+    }
+    meanwhile(Contents(out_));
+    return Finish();
 }
 
 std::string Tool::Finish() {

@@ -30,6 +30,9 @@ class Tool {
     Tool(const std::vector<std::string> &command, const char *package, const TemporaryFolder &folder);
     // Throws a Failure when the program has given up.
     void Write(std::string_view bytes);
+    // Waits for the program, and meanwhile calls `meanwhile` with what it has written to its standard output; then the
+    // same as Finish. What that throws ends the program.
+    std::string FinishWith(const std::function<void(const std::string &)> &meanwhile);
     // Waits for the program; what it wrote to its standard output. Throws a Failure, with what the program said, when
     // it failed.
     std::string Finish();
