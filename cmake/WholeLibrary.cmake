@@ -22,7 +22,9 @@ endif()
 
 add_library(library_interface OBJECT ${interface_sources} ${runtime_sources} "${embedded_source}")
 target_link_libraries(library_interface PRIVATE tremolux_library)
-target_include_directories(library_interface PUBLIC "${PROJECT_SOURCE_DIR}/library/include")
+target_include_directories(
+    library_interface PUBLIC "${PROJECT_SOURCE_DIR}/library/include"
+    PRIVATE $<TARGET_PROPERTY:module_code,INTERFACE_INCLUDE_DIRECTORIES>)
 target_compile_definitions(library_interface PRIVATE TREMOLUX_BUILDS_LIBRARY)
 tremolux_set_defaults(library_interface)
 if(TARGET module_folder_source)

@@ -22,7 +22,7 @@ export const out = {
     int32: single('int32'),
     double: single('double'),
     size: single('size'),
-    switch: new Out(struct({ value: 'int32' }, false), ({ value }) => value !== 0),
+    switch: single('switch'),
     struct: (layout) => new Out(layout),
     /** The bytes of a tremolux_buffer, which is freed. */
     bytes: new Out(struct({ bytes: 'size', size: 'size', owner: 'size' }, false), ({ bytes, size }, calls, at) => {

@@ -3,6 +3,8 @@
 const KINDS = {
     size: { bytes: 4, read: (view, at) => view.getUint32(at, true), write: (view, at, value) => view.setUint32(at, value, true) },
     int32: { bytes: 4, read: (view, at) => view.getInt32(at, true), write: (view, at, value) => view.setInt32(at, value, true) },
+    // Switches and texts are only ever read.
+    switch: { bytes: 4, read: (view, at) => view.getInt32(at, true) !== 0 },
     // Frame numbers, of which the interface takes no greater ones than a number can be.
     int64: {
         bytes: 8,
@@ -10,7 +12,6 @@ const KINDS = {
         write: (view, at, value) => view.setBigInt64(at, BigInt(value), true),
     },
     double: { bytes: 8, read: (view, at) => view.getFloat64(at, true), write: (view, at, value) => view.setFloat64(at, value, true) },
-    // Only ever read: the library's own.
     text: { bytes: 4, read: (view, at, textAt) => textAt(view.getUint32(at, true)) },
 };
 

@@ -2,7 +2,8 @@
 export const NUMBERS_PER_FRAME: 8;
 export const Status: { OK: 0; INTERNAL: 1; INPUT: 2; MODULE: 3; HANDLE: 5; BUSY: 6; CANCELLED: 130 };
 export const Kind: { NUMBER: 1; SWITCH: 2; TIME: 3; TEXT: 4; CHOICE: 5; LINK: 6; BUTTON: 7 };
-export const Unit: { NONE: 0; PERCENT: 1; ANGLE: 2; FRAMES: 3 };
+export const Unit: { NONE: 0; PERCENT: 1; ANGLE: 2; FRAMES: 3; SECONDS: 4 };
+export const PanelKind: { GROUP: 1; SEPARATOR: 2; PARAMETER: 3 };
 export const Interpolation: { SMOOTH: 1; LINEAR: 2; HOLD: 3 };
 export const Bake: { QUICKLY: 1; BY_BRUTE_FORCE: 2 };
 
@@ -18,6 +19,26 @@ export interface Parameter {
     minimum: number;
     maximum: number;
     defaultValue: number;
+    group: number;
+    tab: string;
+    section: string;
+    sentence: string;
+    sliderMinimum: number;
+    sliderMaximum: number;
+    step: number;
+}
+export interface PanelEntry {
+    kind: number;
+    id: number;
+    group: number;
+    columns: number;
+    isOpen: boolean;
+    hasLine: boolean;
+    title: string;
+}
+export interface Choice {
+    value: number;
+    label: string;
 }
 export interface Preset {
     category: string;
@@ -62,6 +83,12 @@ export interface Shot {
     setText(setting: string): void;
     isEnabled(parameter: number): boolean;
     applyPreset(preset: string): void;
+    choices(parameter: number): Choice[];
+    applyPresetBytes(bytes: Uint8Array): void;
+    presetToBytes(name: string): Uint8Array;
+    /** Whether there was a step to take back, or to make again. */
+    undo(): boolean;
+    redo(): boolean;
     press(button: number): void;
     setTarget(points: Move): void;
     setFocusObject(points: Move): void;
@@ -86,6 +113,7 @@ export interface Tremolux {
     Shot: ShotClass;
     version: string;
     parameters(): Parameter[];
+    panel(): PanelEntry[];
     presets(): Preset[];
     /** How much memory the engine has taken, for everything. */
     readonly memoryBytes: number;

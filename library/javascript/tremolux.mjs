@@ -9,14 +9,21 @@ export { TremoluxError };
 export const NUMBERS_PER_FRAME = 8;
 export const Status = { OK: 0, INTERNAL: 1, INPUT: 2, MODULE: 3, HANDLE: 5, BUSY: 6, CANCELLED: 130 };
 export const Kind = { NUMBER: 1, SWITCH: 2, TIME: 3, TEXT: 4, CHOICE: 5, LINK: 6, BUTTON: 7 };
-export const Unit = { NONE: 0, PERCENT: 1, ANGLE: 2, FRAMES: 3 };
+export const Unit = { NONE: 0, PERCENT: 1, ANGLE: 2, FRAMES: 3, SECONDS: 4 };
+export const PanelKind = { GROUP: 1, SEPARATOR: 2, PARAMETER: 3 };
 export const Interpolation = { SMOOTH: 1, LINEAR: 2, HOLD: 3 };
 export const Bake = { QUICKLY: 1, BY_BRUTE_FORCE: 2 };
 
 // The structs of the header.
 const PARAMETER = struct({
     id: 'int32', kind: 'int32', unit: 'int32', label: 'text', minimum: 'double', maximum: 'double', defaultValue: 'double',
+    group: 'int32', tab: 'text', section: 'text', sentence: 'text', sliderMinimum: 'double', sliderMaximum: 'double',
+    step: 'double',
 });
+const PANEL_ENTRY = struct({
+    kind: 'int32', id: 'int32', group: 'int32', columns: 'int32', isOpen: 'switch', hasLine: 'switch', title: 'text',
+});
+const CHOICE = struct({ value: 'int32', label: 'text' });
 const PRESET = struct({ category: 'text', name: 'text', sentence: 'text' });
 const MOVE_INFO = struct({
     firstFrame: 'int64', frameCount: 'int64', rateNumerator: 'int32', rateDenominator: 'int32', apertureWidth: 'double',
@@ -81,6 +88,14 @@ export async function load({ wasm } = {}) {
         setText(setting) { this._call('shot_set_text', setting); }
         isEnabled(parameter) { return this._call('shot_is_enabled', parameter, out.switch); }
         applyPreset(preset) { this._call('shot_apply_preset', preset); }
+        choices(parameter) {
+            const count = this._call('shot_choice_count', parameter, out.size);
+            return Array.from({ length: count }, (_, index) => this._call('shot_choice_at', parameter, index, out.struct(CHOICE)));
+        }
+        applyPresetBytes(bytes) { this._call('shot_apply_preset_bytes', bytes); }
+        presetToBytes(name) { return this._call('shot_preset_to_bytes', name, out.bytes); }
+        undo() { return this._call('shot_undo', out.switch); }
+        redo() { return this._call('shot_redo', out.switch); }
         press(button) { this._call('shot_press', button); }
         setTarget(points) { this._call('shot_set_target', Owner.handleOf(points)); }
         setFocusObject(points) { this._call('shot_set_focus_object', Owner.handleOf(points)); }
@@ -102,6 +117,7 @@ export async function load({ wasm } = {}) {
         Shot,
         version: calls.textAt(calls.plain('tremolux_version')),
         parameters: () => all('parameter', PARAMETER),
+        panel: () => all('panel', PANEL_ENTRY),
         presets: () => all('preset', PRESET),
         /** How much memory the engine has taken, for everything. */
         get memoryBytes() { return calls.engine.HEAPU8.length; },

@@ -44,9 +44,12 @@ test('every function of the header is called by the module', () => {
 test('tables come with their texts', () => {
     assert.equal(tremolux.presets().length, 64);
     assert.ok(tremolux.presets().every(({ category, name, sentence }) => category && name && sentence));
-    assert.deepEqual(tremolux.parameters().find(({ label }) => label === 'Initial Pos Smooth'), {
-        id: 6155, kind: 1, unit: 1, label: 'Initial Pos Smooth', minimum: 0, maximum: 1, defaultValue: 0.25,
-    });
+    const { id, kind, unit, minimum, maximum, defaultValue, tab, sliderMaximum, step } =
+        tremolux.parameters().find(({ label }) => label === 'Initial Pos Smooth');
+    assert.deepEqual([id, kind, unit, minimum, maximum, defaultValue, tab, sliderMaximum, step],
+        [6155, 1, 1, 0, 1, 0.25, 'TremoluxCam', 1, 0.01]);
+    assert.deepEqual(tremolux.panel().filter(({ group }) => group === 0).map(({ title }) => title),
+        ['Basic', 'TremoluxCam', 'Target', 'Zoom', 'Focus', 'Advanced']);
 });
 
 test('a move gives back what it was made from', () => {
@@ -82,11 +85,29 @@ test('settings are set, read, typed and refused', () => {
     assert.equal(shot.get(speed), 1.5);
     shot.setText('Shake Speed=50%');
     assert.equal(shot.get(speed), 0.5);
+    assert.equal(shot.undo(), true);
+    assert.equal(shot.get(speed), 1.5);
+    assert.equal(shot.redo(), true);
+    assert.equal(shot.redo(), false);
+    assert.equal(shot.get(speed), 0.5);
     assert.throws(() => shot.set(speed, NaN), refusal(Status.INPUT, /expected/));
     assert.throws(() => shot.set(1, 1), refusal(Status.INPUT, /expected/));
     // Texts go as UTF-8, of which a refusal quotes each byte beyond ASCII as a question mark: two of this letter.
     assert.throws(() => shot.applyPreset('Ω no such'), refusal(Status.INPUT, /'\?\? no such'/));
     assert.equal(typeof shot.isEnabled(speed), 'boolean');
+});
+
+test('a preset goes from shot to shot as bytes', () => {
+    const [mine, other] = [shakenShot(3), shakenShot(3)];
+    mine.setText('Shake Speed=150%');
+    other.applyPresetBytes(mine.presetToBytes('In a hurry'));
+    assert.equal(other.get(idOf('Shake Speed')), 1.5);
+    assert.throws(() => other.applyPresetBytes(new Uint8Array([1, 2, 3])), refusal(Status.INPUT, /expected/));
+});
+
+test('a list has the entries that the panel shows', () => {
+    const entries = shakenShot(3).choices(idOf('Category')).map(({ label }) => label);
+    for (const { category } of tremolux.presets()) assert.ok(entries.includes(category), category);
 });
 
 test('a target turns the camera', () => {
