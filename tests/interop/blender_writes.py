@@ -4,7 +4,7 @@
     blender --background --factory-startup --python blender_writes.py -- FOLDER
 
 Every file is imported with `tremolux import`; `blender_writes.py --compare TABLE.json MOVE.json` (in any Python) holds the
-result against the table to 1e-5: metres, matrix entries, millimetres and metres of focus.
+result against the table to 1e-5: metres, matrix entries, parts of the focal length (which COLLADA has through seven digits of an angle) and metres of focus.
 """
 import json
 import math
@@ -49,7 +49,7 @@ def compare(table_file, move_file, *skipped):
     for row, sample in zip(table["rows"], move["frames"]):
         for a, b in zip(z_up_to_y_up(row["matrix"]), matrix_of(sample)):
             off["matrix"] = max(off["matrix"], abs(a - b))
-        off["focal length"] = max(off["focal length"], abs(row["lens"] * widths - sample["focal_length"]))
+        off["focal length"] = max(off["focal length"], abs(row["lens"] * widths / sample["focal_length"] - 1))
         off["focus"] = max(off["focus"], abs(row["focus"] - sample["focus_distance"] / 100))
     words = ", ".join(f"{name} within {value:.1e}" for name, value in off.items() if name not in skipped)
     return words, int(any(value > TOLERANCE for name, value in off.items() if name not in skipped))

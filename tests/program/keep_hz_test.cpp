@@ -82,7 +82,7 @@ TEST_F(KeepHertz, TakesTheTrueRate) {
     const std::string move = workplace_.Write("move.csv", "frame,x,y,z,h,p,b\n0,0,0,0,0,0,0\n1,0,0,0,0,0,0\n");
     const auto shaken = [&](const char *rate) {
         const Outcome outcome = workplace_.Run({"shake", move, "-o", workplace_.Path("o.csv"), "--fps", "24000/1001",
-                                                "--keep-hz", rate, "--set", "Position Slow=9"});
+                                                "--keep-hz", rate, "--set", "Position Slow=40%"});
         EXPECT_EQ(outcome.status, 0) << outcome.err;
         return workplace_.Read("o.csv");
     };
