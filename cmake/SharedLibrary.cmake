@@ -12,34 +12,46 @@ target_include_directories(
 tremolux_set_defaults(tremolux_shared)
 set_target_properties(
     tremolux_shared PROPERTIES LINKER_LANGUAGE CXX OUTPUT_NAME tremolux EXPORT_NAME tremolux VERSION ${PROJECT_VERSION} SOVERSION 1
-                               LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
-set(library_exports "${PROJECT_SOURCE_DIR}/library/interface/exports.map")
-set_property(TARGET tremolux_shared APPEND PROPERTY LINK_DEPENDS "${library_exports}")
-target_link_options(tremolux_shared PRIVATE "-Wl,--version-script=${library_exports}")
+                               LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib" ARCHIVE_OUTPUT_DIRECTORY
+                                                                                    "${PROJECT_BINARY_DIR}/lib")
+if(WIN32)
+    # The header marks what is exported. Programs look for the library in their own folder.
+    set_target_properties(tremolux_shared PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}")
+    target_sources(tremolux_shared PRIVATE "${PROJECT_SOURCE_DIR}/library/interface/tremolux.rc")
+    tremolux_set_windows_file(tremolux_shared)
+else()
+    tremolux_set_exports(tremolux_shared "${PROJECT_SOURCE_DIR}/library/interface/exports")
+endif()
 
 # The interface alone, for script/abi: optimised functions no longer tell all of their types. What is behind it is missing.
-find_program(abidw_program abidw)
-if(abidw_program)
-    add_library(tremolux_described SHARED ${interface_sources})
-else()
-    message(STATUS "abidw is missing: the library's binary interface is not checked")
-    add_library(tremolux_described SHARED EXCLUDE_FROM_ALL ${interface_sources})
+if(NOT WIN32)
+    find_program(abidw_program abidw)
+    if(abidw_program)
+        add_library(tremolux_described SHARED ${interface_sources})
+    else()
+        message(STATUS "abidw is missing: the library's binary interface is not checked")
+        add_library(tremolux_described SHARED EXCLUDE_FROM_ALL ${interface_sources})
+    endif()
+    target_link_libraries(tremolux_described PRIVATE tremolux_library)
+    target_include_directories(tremolux_described PRIVATE "${PROJECT_SOURCE_DIR}/library/include")
+    target_compile_definitions(tremolux_described PRIVATE TREMOLUX_BUILDS_LIBRARY)
+    tremolux_set_defaults(tremolux_described)
+    target_compile_options(tremolux_described PRIVATE -O0 -g "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=")
+    set_target_properties(
+        tremolux_described PROPERTIES INTERPROCEDURAL_OPTIMIZATION OFF LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
+    tremolux_set_exports(tremolux_described "${PROJECT_SOURCE_DIR}/library/interface/exports")
+    target_link_options(tremolux_described PRIVATE -Wl,--unresolved-symbols=ignore-all -Wl,-soname,libtremolux.so.1)
 endif()
-target_link_libraries(tremolux_described PRIVATE tremolux_library)
-target_include_directories(tremolux_described PRIVATE "${PROJECT_SOURCE_DIR}/library/include")
-target_compile_definitions(tremolux_described PRIVATE TREMOLUX_BUILDS_LIBRARY)
-tremolux_set_defaults(tremolux_described)
-target_compile_options(tremolux_described PRIVATE -O0 -g "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=")
-set_target_properties(
-    tremolux_described PROPERTIES INTERPROCEDURAL_OPTIMIZATION OFF LINK_DEPENDS "${library_exports}"
-                                  LIBRARY_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/lib")
-target_link_options(tremolux_described PRIVATE "-Wl,--version-script=${library_exports}"
-                    -Wl,--unresolved-symbols=ignore-all -Wl,-soname,libtremolux.so.1)
 
 # For those who build on it: cmake --install BUILD --prefix FOLDER.
 include(CMakePackageConfigHelpers)
 set(package_folder "${CMAKE_INSTALL_LIBDIR}/cmake/tremolux")
-install(TARGETS tremolux_shared EXPORT tremolux LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT library)
+install(
+    TARGETS tremolux_shared
+    EXPORT tremolux
+    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT library
+    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT library
+    ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT library)
 install(FILES "${PROJECT_SOURCE_DIR}/library/include/tremolux/tremolux.h" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/tremolux"
         COMPONENT library)
 install(EXPORT tremolux NAMESPACE tremolux:: FILE tremolux-config.cmake DESTINATION "${package_folder}" COMPONENT library)

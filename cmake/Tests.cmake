@@ -31,10 +31,8 @@ if(TARGET module_code)
     target_link_libraries(host_memory PRIVATE module_code)
     tremolux_set_defaults(host_memory)
     set_target_properties(host_memory PROPERTIES PREFIX "" SUFFIX "${module_suffix}" LINKER_LANGUAGE CXX)
-    if(NOT WIN32)
-        # Its operators are its own: those of a program that loads it would come first.
-        target_link_options(host_memory PRIVATE "-Wl,--version-script=${export_list}")
-    endif()
+    # Its operators are its own: those of a program that loads it would come first.
+    tremolux_set_exports(host_memory "${module_exports}")
 endif()
 
 # Modules that are wrong on purpose, one mistake each.
@@ -49,6 +47,7 @@ foreach(
     target_include_directories(wrong_${mistake} PRIVATE ${interface_folders})
     target_compile_definitions(wrong_${mistake} PRIVATE TREMOLUX_WRONG=${mistake})
     tremolux_set_test_defaults(wrong_${mistake})
+    tremolux_set_exports(wrong_${mistake} "${module_exports}")
     set_target_properties(wrong_${mistake} PROPERTIES PREFIX "" SUFFIX "${module_suffix}" LIBRARY_OUTPUT_DIRECTORY
                                                                                           "${wrong_folder}")
     list(APPEND wrong_modules wrong_${mistake})
@@ -139,12 +138,16 @@ if(TARGET threads_tests)
 endif()
 tremolux_add_tests(program tremolux_program)
 tremolux_add_tests(library tremolux_shared tremolux_library)
-if(TARGET tremolux_shared)
-    include(EveryPreset)
+if(TARGET library_tests)
+    target_compile_definitions(library_tests PRIVATE TREMOLUX_LIBRARY_FILE="${drive}$<TARGET_FILE:tremolux_shared>")
 endif()
 
 # A program that sanitizers do not watch cannot open a library that they do.
 if(TARGET tremolux_shared AND NOT TREMOLUX_SANITIZE)
+    include(EveryPreset)
+endif()
+
+if(TARGET tremolux_shared AND NOT TREMOLUX_SANITIZE AND NOT CMAKE_CROSSCOMPILING)
     add_test(NAME docs.library COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/library/examples_test.py"
                                            "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}")
 endif()
@@ -187,6 +190,7 @@ endif()
 
 if(NOT CMAKE_CROSSCOMPILING)
     add_test(NAME page.links COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/page/links_test.py")
+    add_test(NAME library.same_everywhere COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/library/same_everywhere_test.py")
     foreach(tool compare_blender count_instructions)
         add_test(NAME bench.${tool} COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/bench/${tool}_test.py")
     endforeach()

@@ -27,8 +27,10 @@ Bool PluginMessage(LONG id, void *data);
 #define C4DPL_ERROR_OS (-4)
 #define C4DPL_ERROR_MEM (-5)
 
+// On Windows a list of the module's own makes it one: a mark in the code would make it one of every file that the
+// module is linked into.
 #ifdef _WIN32
-#define C4D_EXPORT __declspec(dllexport)
+#define C4D_EXPORT
 #else
 #define C4D_EXPORT __attribute__((visibility("default")))
 #endif
