@@ -1,6 +1,6 @@
 #include "library/formats/blender.h"
 
-#include <functional>
+#include <nlohmann/json.hpp>
 
 #include "library/formats/numbers.h"
 #include "library/formats/right_handed.h"
@@ -27,10 +27,10 @@ scene.render.fps, scene.render.fps_base = FRAMES_PER_SECOND, FPS_BASE
 scene.render.resolution_x, scene.render.resolution_y = RESOLUTION
 scene.frame_start, scene.frame_end = max(FIRST_FRAME, 0), max(FIRST_FRAME + len(FRAMES) - 1, 0)
 
-data = bpy.data.cameras.new("Camera")
+data = bpy.data.cameras.new(NAME)
 data.sensor_fit = "HORIZONTAL"
-data.sensor_width = FILM_BACK_WIDTH
-camera = bpy.data.objects.new("Camera", data)
+data.sensor_width, data.sensor_height = FILM_BACK
+camera = bpy.data.objects.new(NAME, data)
 camera.rotation_mode = "QUATERNION"
 scene.collection.objects.link(camera)
 scene.camera = camera
@@ -58,18 +58,60 @@ for part in range(4):
     animate(camera, "rotation_quaternion", part, columns[3 + part])
 animate(data, "lens", 0, columns[7])
 animate(data, "dof.focus_distance", 0, columns[8])
+if IS_ORTHOGRAPHIC:
+    data.type, data.ortho_scale = "ORTHO", FILM_BACK[0] / 1000
+for path, values in LENS.items():
+    if path == "dof.aperture_fstop":
+        data.dof.use_dof = values[0] > 0
+    animate(data, path, 0, values)
 scene.frame_set(scene.frame_start)
 )";
+
+// What Blender's cameras have of the traits. A lens shift is a share of the film back's width there.
+struct BlenderTrait {
+    TraitChannel channel;
+    const char *path;
+    enum { kAsItIs, kMetres, kShareOfWidth } unit;
+};
+constexpr BlenderTrait kTraits[] = {{kHorizontalOffset, "shift_x", BlenderTrait::kShareOfWidth},
+                                    {kVerticalOffset, "shift_y", BlenderTrait::kShareOfWidth},
+                                    {kFStop, "dof.aperture_fstop", BlenderTrait::kAsItIs},
+                                    {kNearClip, "clip_start", BlenderTrait::kMetres},
+                                    {kFarClip, "clip_end", BlenderTrait::kMetres}};
+
+std::string LensText(const CameraMove &move) {
+    std::string text = "# By frame, or one number for all\nLENS = {\n";
+    for (const BlenderTrait &trait : kTraits) {
+        const std::vector<double> &values = move.traits.channels[trait.channel];
+        if (values.empty()) continue;
+        const double unit = trait.unit == BlenderTrait::kMetres         ? kMetresPerSceneUnit
+                            : trait.unit == BlenderTrait::kShareOfWidth ? 1 / move.aperture_width
+                                                                        : 1;
+        text += std::string("    \"") + trait.path + "\": [";
+        for (std::size_t i = 0; i < values.size(); ++i) text += (i > 0 ? ", " : "") + FormatNumber(values[i] * unit);
+        text += "],\n";
+    }
+    return text + "}\n";
+}
+
+// JSON's texts are Python's, too, so long as nothing but control characters is escaped.
+std::string PythonText(const std::string &text) {
+    return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
 
 }  // namespace
 
 std::string WriteBlender(const CameraMove &move, const FormatOptions &options) {
     std::string text = kHead;
+    const double height = move.aperture_height.value_or(move.aperture_width * options.height / options.width);
     text += "FIRST_FRAME = " + std::to_string(move.first_frame) +
-            "\nFRAMES_PER_SECOND = " + std::to_string(move.rate.Whole()) + "\nFPS_BASE = " + FormatNumber(move.rate.Whole() / move.rate.PerSecond()) + "\nRESOLUTION = (" +
+            "\nFRAMES_PER_SECOND = " + std::to_string(move.rate.Whole()) +
+            "\nFPS_BASE = " + FormatNumber(move.rate.Whole() / move.rate.PerSecond()) + "\nRESOLUTION = (" +
             std::to_string(options.width) + ", " + std::to_string(options.height) +
-            ")\nFILM_BACK_WIDTH = " + FormatNumber(move.aperture_width) +
-            "\n# x, y, z, rotation w, x, y, z, focal length in millimetres, focus distance\nFRAMES = [\n";
+            ")\nNAME = " + PythonText(move.traits.Name()) + "\n# Millimetres: width and height\nFILM_BACK = (" +
+            FormatNumber(move.aperture_width) + ", " + FormatNumber(height) +
+            ")\nIS_ORTHOGRAPHIC = " + (move.traits.is_orthographic ? "True" : "False") + "\n" + LensText(move) +
+            "# x, y, z, rotation w, x, y, z, focal length in millimetres, focus distance\nFRAMES = [\n";
     Quaternion turn{1, 0, 0, 0};
     for (const CameraSample &sample : move.samples) {
         const host::Vector metres = ZUpOf(RightHanded(sample)).off * kMetresPerSceneUnit;

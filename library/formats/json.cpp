@@ -24,11 +24,19 @@ constexpr FixedText kFixedTexts[] = {
     {"units", "focal_length", "millimetres"},
     {"units", "focus_distance", "centimetres"},
     {"units", "film_back_width", "millimetres"},
+    {"units", "film_back_height", "millimetres"},
+    {"units", "film_back_offset_x", "millimetres to the right"},
+    {"units", "film_back_offset_y", "millimetres up"},
+    {"units", "near_clip", "centimetres"},
+    {"units", "far_clip", "centimetres"},
+    {"units", "shutter_open", "frames from the frame's own time"},
+    {"units", "shutter_close", "frames from the frame's own time"},
     {"conventions", "axes", "left-handed, x right, y up; with hpb 0 0 0 the camera looks along +z"},
     {"conventions", "hpb",
      "heading about y, pitch about x, bank about z; with z mirrored, column vectors: Ry(heading) Rx(pitch) Rz(-bank)"},
 };
 constexpr const char *kFormatName = "tremolux camera move";
+constexpr const char *kPerspective = "perspective", *kOrthographic = "orthographic";
 constexpr double kVersion = 1;
 
 enum Entry : unsigned { kFrame = 1, kPosition = 2, kHpb = 4, kFocalLength = 8, kFocusDistance = 16 };
@@ -66,6 +74,13 @@ class Handler : public nlohmann::json_sax<json> {
     const char **Reached() { return &reached_; }
     void Finish() {
         if (move_.samples.empty()) Refuse("no frames", "at least one frame in \"frames\"");
+        for (int i = 0; i < kTraitChannelCount; ++i) {
+            const auto channel = static_cast<TraitChannel>(i);
+            const std::size_t count = move_.traits.channels[channel].size();
+            if (in_frames_[channel] && count != move_.samples.size())
+                Refuse(std::to_string(count) + " frames with " + InfoOf(channel).key,
+                       "it in every one of the " + std::to_string(move_.samples.size()) + ", or outside of them");
+        }
         order_.Finish(&move_);
     }
 
@@ -78,6 +93,14 @@ class Handler : public nlohmann::json_sax<json> {
 
     bool string(string_t &value) override {
         if (path_ == ".format") return Same(value, kFormatName);
+        if (path_ == ".camera") {
+            move_.traits.path = value;
+            return true;
+        }
+        if (path_ == ".projection") {
+            move_.traits.is_orthographic = value == kOrthographic;
+            return move_.traits.is_orthographic || Same(value, kPerspective);
+        }
         for (const FixedText &fixed : kFixedTexts) {
             if (path_ == std::string(".") + fixed.group + "." + fixed.name) return Same(value, fixed.text);
         }
@@ -215,11 +238,33 @@ class Handler : public nlohmann::json_sax<json> {
             rate_terms_[count_ - 1] = Whole(value).value_or(0);
         } else if (path_ == ".film_back_width") {
             move_.aperture_width = Between(value, kMinAperture, kMaxAperture);
+        } else if (path_ == ".film_back_height") {
+            move_.aperture_height = Between(value, kMinAperture, kMaxAperture);
         } else if (path_ == ".version") {
             if (value != kVersion) Refuse("version " + FormatNumber(value), "version " + FormatNumber(kVersion));
-        } else {
+        } else if (!TakeTrait(value)) {
             RefuseKind(FormatNumber(value));
         }
+    }
+
+    // One number for all frames, or one in each of them.
+    bool TakeTrait(double value) {
+        constexpr std::string_view kInFrame = ".frames[].";
+        if (path_.empty()) return false;
+        const bool in_frame = path_.compare(0, kInFrame.size(), kInFrame) == 0;
+        const std::string_view key = std::string_view(path_).substr(in_frame ? kInFrame.size() : 1);
+        for (int i = 0; i < kTraitChannelCount; ++i) {
+            const auto channel = static_cast<TraitChannel>(i);
+            if (key != InfoOf(channel).key) continue;
+            std::vector<double> &values = move_.traits.channels[channel];
+            const std::size_t due = in_frame ? move_.samples.size() - 1 : 0;
+            if (values.size() != due || in_frames_[channel] != (in_frame && due > 0))
+                Refuse(Quoted(path_) + " here", "it once in every frame, or once outside of them");
+            values.push_back(Between(value, -kMaxNumber, kMaxNumber));
+            in_frames_[channel] = in_frame;
+            return true;
+        }
+        return false;
     }
 
     void TakeRate(const std::optional<FrameRate> &rate, const std::string &found) {
@@ -240,6 +285,7 @@ class Handler : public nlohmann::json_sax<json> {
     std::size_t count_ = 0;           // of numbers in the open array
     unsigned seen_ = 0;               // entries of the open frame
     std::int64_t rate_terms_[2] = {};
+    bool in_frames_[kTraitChannelCount] = {};  // which traits the frames say
 };
 
 std::string Group(const char *name) {
@@ -258,6 +304,35 @@ std::string RateText(const FrameRate &rate) {
 
 std::string Triple(const host::Vector &vector) {
     return "[" + FormatNumber(vector.x) + ", " + FormatNumber(vector.y) + ", " + FormatNumber(vector.z) + "]";
+}
+
+std::string Entry(const char *key, double value) {
+    return "\"" + std::string(key) + "\": " + FormatNumber(value);
+}
+
+std::string EntriesOfAllFrames(const CameraMove &move) {
+    constexpr const char *kSeparator = ",\n  ";
+    std::string text = kSeparator + Entry("film_back_width", move.aperture_width);
+    if (move.aperture_height) text += kSeparator + Entry("film_back_height", *move.aperture_height);
+    const CameraTraits &traits = move.traits;
+    if (!traits.path.empty())
+        text += kSeparator + ("\"camera\": " + json(traits.path).dump(-1, ' ', false, json::error_handler_t::replace));
+    if (traits.is_orthographic) text += std::string(kSeparator) + "\"projection\": \"" + kOrthographic + "\"";
+    for (int i = 0; i < kTraitChannelCount; ++i) {
+        const auto channel = static_cast<TraitChannel>(i);
+        if (traits.Has(channel) && !traits.IsAnimated(channel))
+            text += kSeparator + Entry(InfoOf(channel).key, traits.channels[channel].front());
+    }
+    return text;
+}
+
+std::string AnimatedTraits(const CameraTraits &traits, std::size_t index) {
+    std::string text;
+    for (int i = 0; i < kTraitChannelCount; ++i) {
+        const auto channel = static_cast<TraitChannel>(i);
+        if (traits.IsAnimated(channel)) text += ", " + Entry(InfoOf(channel).key, traits.channels[channel][index]);
+    }
+    return text;
 }
 
 }  // namespace
@@ -280,15 +355,15 @@ std::string WriteJson(const CameraMove &move, const FormatOptions &) {
     std::string text = "{\n  \"format\": \"" + std::string(kFormatName) +
                        "\",\n  \"version\": " + FormatNumber(kVersion) + ",\n" + Group("units") + Group("conventions") +
                        "  \"frames_per_second\": " + RateText(move.rate) +
-                       ",\n  \"film_back_width\": " + FormatNumber(move.aperture_width) + ",\n  \"frames\": [\n";
-    std::int64_t frame = move.first_frame;
-    for (const CameraSample &sample : move.samples) {
-        text += (frame == move.first_frame ? "" : ",\n") + std::string("    {\"frame\": ") + std::to_string(frame) +
+                       EntriesOfAllFrames(move) + ",\n  \"frames\": [\n";
+    for (std::size_t i = 0; i < move.samples.size(); ++i) {
+        const CameraSample &sample = move.samples[i];
+        text += (i == 0 ? "" : ",\n") + std::string("    {\"frame\": ") +
+                std::to_string(move.first_frame + static_cast<std::int64_t>(i)) +
                 ", \"position\": " + Triple(sample.position) +
                 ", \"hpb\": " + Triple(sample.angles * (1 / kRadiansPerDegree)) +
                 ", \"focal_length\": " + FormatNumber(sample.focal_length) +
-                ", \"focus_distance\": " + FormatNumber(sample.focus_distance) + "}";
-        ++frame;
+                ", \"focus_distance\": " + FormatNumber(sample.focus_distance) + AnimatedTraits(move.traits, i) + "}";
     }
     return text + "\n  ]\n}\n";
 }

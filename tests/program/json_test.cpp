@@ -35,6 +35,28 @@ TEST(Json, NeedsNoMoreThanFramesWithPositionAndAngles) {
     EXPECT_EQ(move.samples[0].focal_length, 36);
 }
 
+TEST(Json, CarriesATraitOnceOrInEveryFrame) {
+    const std::string frame = "\"position\":[0,0,0],\"hpb\":[0,0,0]";
+    const CameraMove move = ReadJson("move",
+                                     "{\"near_clip\": 2, \"camera\": \"/A/B\", \"projection\": \"orthographic\",\n"
+                                     "\"frames\": [{\"frame\":0,\"f_stop\":4," +
+                                         frame + "},{\"frame\":1,\"f_stop\":8," + frame + "}]}",
+                                     {});
+    EXPECT_EQ(move.traits.channels[kNearClip], std::vector<double>{2});
+    EXPECT_EQ(move.traits.channels[kFStop], (std::vector<double>{4, 8}));
+    EXPECT_EQ(move.traits.path, "/A/B");
+    EXPECT_TRUE(move.traits.is_orthographic);
+    const std::string with = "{\"frame\":0,\"f_stop\":4," + frame + "}", without = ",{\"frame\":1," + frame + "}";
+    EXPECT_NE(Refusal(WithFrames(with + without)).find("found 1 frames with f_stop, expected it in every one of the 2"),
+              std::string::npos);
+    EXPECT_NE(
+        Refusal("{\"f_stop\": 3, \"frames\": [" + with + "]}").find("found '.frames[].f_stop' here, expected it once"),
+        std::string::npos);
+    EXPECT_NE(Refusal("{\"f_stop\": 3, \"f_stop\": 4}").find("found '.f_stop' here"), std::string::npos);
+    EXPECT_NE(Refusal("{\"projection\": \"round\"}").find("found 'round', expected 'perspective'"), std::string::npos);
+    EXPECT_NE(Refusal("{\"exposure\": 3}").find("found 3 for '.exposure'"), std::string::npos);
+}
+
 TEST(Json, IsRefusedWithThePlaceAndWhatWasExpected) {
     const std::string good = "{\"frame\":0,\"position\":[0,0,0],\"hpb\":[0,0,0]}";
     EXPECT_EQ(Refusal(WithFrames(good + ",\n{\"frame\":2,\"position\":[0,0,0],\"hpb\":[0,0,0]}")),
