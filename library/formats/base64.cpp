@@ -23,4 +23,23 @@ std::string Base64(std::string_view bytes) {
     return text;
 }
 
+std::optional<std::string> BytesOfBase64(std::string_view text) {
+    for (int padding = 0; padding < 2 && !text.empty() && text.back() == '='; ++padding) text.remove_suffix(1);
+    if (text.size() % 4 == 1) return std::nullopt;
+    std::string bytes;
+    bytes.reserve(text.size() / 4 * 3 + 2);
+    std::uint32_t bits = 0;
+    unsigned count = 0;
+    for (const char c : text) {
+        const std::size_t digit = std::string_view(kDigits).find(c);
+        if (digit == std::string_view::npos) return std::nullopt;
+        bits = bits << 6 | static_cast<std::uint32_t>(digit);
+        count += 6;
+        if (count < 8) continue;
+        count -= 8;
+        bytes += static_cast<char>(bits >> count & 255);
+    }
+    return bytes;
+}
+
 }  // namespace tremolux

@@ -33,6 +33,9 @@ std::string LowerCase(std::string text) {
     return text;
 }
 
+constexpr const char *kLostInGltf =
+    "focal length, film back and focus distance but as extras, and zoom but by KHR_animation_pointer";
+
 // As a shell takes it.
 std::string Argument(const fs::path &file) {
     const std::string text = host::PathText(file);
@@ -66,14 +69,15 @@ bool Does(const MoveFormat &format, FormatUse use) { return use == FormatUse::kW
 const std::vector<MoveFormat> &MoveFormats() {
     static const std::vector<MoveFormat> formats = {
         {".csv", ReadCsv, WriteCsv, nullptr, 0, false},
-        {".json", ReadJson, WriteJson, nullptr, 0},
+        {".json", ReadJson, WriteJson, nullptr, kAllTraits},
         {".chan", ReadChan, WriteChan, "focus distance, film back and frame rate", 0},
         {".usda", ReadUsda, WriteUsda, nullptr, kAllTraits},
         {".usd", ReadUsda, WriteUsda, nullptr, kAllTraits},
         {".usdz", ReadUsda, nullptr, nullptr, 0},
-        {".gltf", nullptr, WriteGltf,
-         "focal length, film back and focus distance but as extras, and zoom but by KHR_animation_pointer", 0},
-        {".py", nullptr, WriteBlender, nullptr, 0}};
+        {".gltf", ReadGltf, WriteGltf, kLostInGltf, kAllTraits},
+        {".glb", ReadGltf, WriteGlb, kLostInGltf, kAllTraits},
+        {".py", nullptr, WriteBlender, nullptr,
+         kAllTraits & ~(TraitBit(kShutterOpen) | TraitBit(kShutterClose))}};
     return formats;
 }
 
@@ -147,7 +151,9 @@ CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
     if (!host::ReadFile(file, &bytes, &reason)) {
         throw Failure(kExitInput, name + ": found a file that cannot be read" + expected);
     }
-    return MoveFromBytes(name, bytes, options);
+    FormatOptions here = options;
+    here.folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
+    return MoveFromBytes(name, bytes, here);
 }
 
 CameraMove MoveFromBytes(const std::string &name, std::string_view bytes, const FormatOptions &options) {

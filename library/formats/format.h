@@ -25,6 +25,7 @@ struct FormatOptions {
     std::optional<std::pair<std::int64_t, std::int64_t>> frames;
     bool usd_layer = false;       // written to lie over the stage that the camera is from
     std::optional<FrameRate> retime;           // the move's times are brought onto the frames of this rate
+    std::filesystem::path folder;              // where files lie that a file names; empty: none is opened
     bool only_positions = false;               // a moving point is wanted: a table may lack the angles
 };
 

@@ -7,6 +7,8 @@
 #include <nlohmann/json.hpp>
 
 #include "library/formats/base64.h"
+#include "library/formats/gltf_container.h"
+#include "library/formats/gltf_extras.h"
 #include "library/formats/lens.h"
 #include "library/formats/right_handed.h"
 
@@ -15,13 +17,10 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr double kMetresPerSceneUnit = 0.01;
+constexpr double kMetresPerSceneUnit = 0.01, kMetresPerMillimetre = 0.001;
 constexpr double kNear = 0.01, kFar = 10000;  // metres
 constexpr int kFloat = 5126;
 constexpr const char *kPointer = "KHR_animation_pointer";
-// Frames below this one are further apart than 32-bit floats at their times.
-constexpr std::int64_t kMaxDistinctFrame = std::int64_t{1} << 22;
-
 static_assert(std::numeric_limits<float>::is_iec559);
 
 // One column of numbers a frame, each a 32-bit float with the lowest byte first.
@@ -47,12 +46,13 @@ class Buffer {
         return accessors_.size() - 1;
     }
 
+    // All but where the bytes are.
     void WriteInto(Json *document) const {
         (*document)["accessors"] = accessors_;
         (*document)["bufferViews"] = views_;
-        (*document)["buffers"] = {
-            {{"byteLength", bytes_.size()}, {"uri", "data:application/octet-stream;base64," + Base64(bytes_)}}};
+        (*document)["buffers"] = {{{"byteLength", bytes_.size()}}};
     }
+    const std::string &Bytes() const { return bytes_; }
 
   private:
     std::string bytes_;
@@ -64,25 +64,24 @@ float AsFloat(double value) {
     return static_cast<float>(std::clamp(value, -kMax, kMax));
 }
 
+double FilmBackHeight(const CameraMove &move, const FormatOptions &options) {
+    return move.aperture_height.value_or(move.aperture_width * options.height / options.width);
+}
+
 double VerticalAngle(const CameraMove &move, const CameraSample &sample, const FormatOptions &options) {
-    return AngleOfView(move.aperture_width * options.height / options.width, sample.focal_length);
+    return AngleOfView(FilmBackHeight(move, options), sample.focal_length);
 }
 
 struct Columns {
     std::vector<float> times, translations, rotations, angles;  // seconds, metres, x y z w, radians
 };
 
-// Times are those of the frames; where they would be below 0 or not distinct, they count from the first frame.
-std::int64_t FrameAtTimeZero(const CameraMove &move) {
-    return move.first_frame < 0 || move.LastFrame() > kMaxDistinctFrame ? move.first_frame : 0;
-}
-
 Columns ColumnsOf(const CameraMove &move, const FormatOptions &options) {
     Columns columns;
     Quaternion turn{1, 0, 0, 0};
-    double frame = static_cast<double>(move.first_frame - FrameAtTimeZero(move));
+    double frame = static_cast<double>(move.first_frame - GltfFrameAtTimeZero(move));
     for (const CameraSample &sample : move.samples) {
-        columns.times.push_back(AsFloat(frame++ / move.rate.PerSecond()));
+        columns.times.push_back(AsFloat(frame++ * move.rate.denominator / move.rate.numerator));
         const host::Vector metres = RightHanded(sample).off * kMetresPerSceneUnit;
         for (const double value : {metres.x, metres.y, metres.z}) columns.translations.push_back(AsFloat(value));
         turn = InHemisphereOf(turn, RightHandedQuaternion(sample.angles));
@@ -92,31 +91,38 @@ Columns ColumnsOf(const CameraMove &move, const FormatOptions &options) {
     return columns;
 }
 
-// A whole number, or numerator and denominator.
-Json RateJson(const FrameRate &rate) {
-    if (rate.IsWhole()) return rate.numerator;
-    return {rate.numerator, rate.denominator};
-}
-
-// What glTF has no words for.
-Json Extras(const CameraMove &move) {
-    Json focal_lengths = Json::array(), focus_distances = Json::array();
-    for (const CameraSample &sample : move.samples) {
-        focal_lengths.push_back(sample.focal_length);
-        focus_distances.push_back(sample.focus_distance * kMetresPerSceneUnit);
+// The lens of the first frame. An orthographic camera sees as much as its film back is large.
+Json CameraJson(const CameraMove &move, const FormatOptions &options) {
+    const double near = move.traits.At(kNearClip, 0, 0) * kMetresPerSceneUnit,
+                 far = move.traits.At(kFarClip, 0, 0) * kMetresPerSceneUnit;
+    const double znear = near > 0 ? near : kNear;
+    const double zfar = far > znear ? far : std::max(kFar, 2 * znear);
+    const double height = FilmBackHeight(move, options);
+    Json camera = {{"name", move.traits.Name()}};
+    if (move.traits.is_orthographic) {
+        camera["type"] = "orthographic";
+        camera["orthographic"] = {{"xmag", move.aperture_width * kMetresPerMillimetre / 2},
+                                  {"ymag", height * kMetresPerMillimetre / 2}};
+    } else {
+        camera["type"] = "perspective";
+        camera["perspective"] = {{"aspectRatio", move.aperture_width / height},
+                                 {"yfov", VerticalAngle(move, move.samples.front(), options)}};
     }
-    return {{"first_frame", move.first_frame},
-            {"frames_per_second", RateJson(move.rate)},
-            {"film_back_width_mm", move.aperture_width},
-            {"focal_length_mm", focal_lengths},
-            {"focus_distance_m", focus_distances}};
+    Json &projection = camera[move.traits.is_orthographic ? "orthographic" : "perspective"];
+    projection["znear"] = znear;
+    projection["zfar"] = zfar;
+    camera["extras"] = GltfExtrasOf(move);
+    return camera;
 }
 
-}  // namespace
+struct GltfFile {
+    Json document;
+    std::string bytes;  // of its only buffer
+};
 
-std::string WriteGltf(const CameraMove &move, const FormatOptions &options) {
+GltfFile FileOf(const CameraMove &move, const FormatOptions &options) {
     const Columns columns = ColumnsOf(move, options);
-    const bool zooms = std::any_of(columns.angles.begin(), columns.angles.end(),
+    const bool zooms = !move.traits.is_orthographic && std::any_of(columns.angles.begin(), columns.angles.end(),
                                    [&](float angle) { return angle != columns.angles.front(); });
     Buffer buffer;
     const std::size_t times = buffer.Add(columns.times, 1, "SCALAR");
@@ -136,21 +142,32 @@ std::string WriteGltf(const CameraMove &move, const FormatOptions &options) {
     document["scene"] = 0;
     document["scenes"] = {{{"nodes", {0}}}};
     const std::vector<float> &t = columns.translations, &r = columns.rotations;
-    document["nodes"] = {{{"name", "Camera"},
+    document["nodes"] = {{{"name", move.traits.Name()},
                           {"camera", 0},
                           {"translation", {t[0], t[1], t[2]}},
                           {"rotation", {r[0], r[1], r[2], r[3]}}}};
-    document["cameras"] = {{{"name", "Camera"},
-                            {"type", "perspective"},
-                            {"perspective",
-                             {{"aspectRatio", static_cast<double>(options.width) / options.height},
-                              {"yfov", VerticalAngle(move, move.samples.front(), options)},
-                              {"znear", kNear},
-                              {"zfar", kFar}}},
-                            {"extras", Extras(move)}}};
+    document["cameras"] = Json::array({CameraJson(move, options)});
     document["animations"] = {{{"name", "Camera"}, {"channels", channels}, {"samplers", samplers}}};
     buffer.WriteInto(&document);
-    return document.dump(1) + "\n";
+    return {std::move(document), buffer.Bytes()};
+}
+
+// Names may hold any bytes; those that are no text are replaced.
+std::string Text(const Json &document, int indent) {
+    return document.dump(indent, ' ', false, Json::error_handler_t::replace);
+}
+
+}  // namespace
+
+std::string WriteGltf(const CameraMove &move, const FormatOptions &options) {
+    GltfFile file = FileOf(move, options);
+    file.document["buffers"][0]["uri"] = "data:application/octet-stream;base64," + Base64(file.bytes);
+    return Text(file.document, 1) + "\n";
+}
+
+std::string WriteGlb(const CameraMove &move, const FormatOptions &options) {
+    const GltfFile file = FileOf(move, options);
+    return GltfContainer(Text(file.document, -1), file.bytes);
 }
 
 }  // namespace tremolux

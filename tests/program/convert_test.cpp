@@ -63,13 +63,13 @@ TEST_F(Convert, RefusesWhatItCannotReadOrWrite) {
         EXPECT_EQ(outcome.status, 2) << said;
         EXPECT_NE(outcome.err.find(said), std::string::npos) << outcome.err;
     };
-    refused({workplace_.Write("a.gltf", "{}"), workplace_.Path("b.csv")},
-            "expected .csv, .json, .chan, .usda, .usd or .usdz");
-    refused({csv_, workplace_.Path("b.fbx")}, "expected .csv, .json, .chan, .usda, .usd, .gltf or .py");
+    refused({workplace_.Write("a.py", "1"), workplace_.Path("b.csv")},
+            "expected .csv, .json, .chan, .usda, .usd, .usdz, .gltf or .glb");
+    refused({csv_, workplace_.Path("b.fbx")}, "expected .csv, .json, .chan, .usda, .usd, .gltf, .glb or .py");
     refused({csv_, csv_}, "found the input itself");
     refused({csv_, workplace_.Path("b.chan"), "--rotation-order", "xxy"}, "--rotation-order: found 'xxy'");
     refused({csv_, workplace_.Path("b.chan"), "--aperture", "0"}, "--aperture: found '0'");
-    EXPECT_EQ(workplace_.Names(), (std::vector<std::string>{"a.gltf", "move.csv"}));
+    EXPECT_EQ(workplace_.Names(), (std::vector<std::string>{"a.py", "move.csv"}));
 }
 
 }  // namespace

@@ -89,6 +89,55 @@ TEST(Gltf, KeepsTurnsInOneHemisphereAndTimesRising) {
     }
 }
 
+TEST(Gltf, PutsTheLensOfTheFilmBackIntoTheFile) {
+    CameraMove move = TwoFrames(36);
+    move.aperture_height = 24;
+    move.traits.path = "/Rig/Long";
+    move.traits.channels[kNearClip] = {50};
+    move.traits.channels[kFarClip] = {20000};
+    const json file = json::parse(WriteGltf(move, {}));
+    const json &perspective = file["cameras"][0]["perspective"];
+    EXPECT_NEAR(perspective["aspectRatio"].get<double>(), 1.5, 1e-12);
+    EXPECT_NEAR(perspective["yfov"].get<double>(), 2 * std::atan(12.0 / 36), 1e-12);
+    EXPECT_NEAR(perspective["znear"].get<double>(), 0.5, 1e-12);
+    EXPECT_NEAR(perspective["zfar"].get<double>(), 200, 1e-12);
+    EXPECT_EQ(file["nodes"][0]["name"], "Long");
+}
+
+TEST(Gltf, WritesTheViewOfAnOrthographicCamera) {
+    CameraMove move = TwoFrames(50);
+    move.traits.is_orthographic = true;
+    const json file = json::parse(WriteGltf(move, {}));
+    EXPECT_EQ(file["cameras"][0]["type"], "orthographic");
+    EXPECT_NEAR(file["cameras"][0]["orthographic"]["xmag"].get<double>(), 0.018, 1e-12);
+    EXPECT_NEAR(file["cameras"][0]["orthographic"]["ymag"].get<double>(), 0.010125, 1e-12);
+    EXPECT_EQ(file.count("extensionsUsed"), 0u);
+}
+
+TEST(Glb, HoldsTheSameDocumentAndBytesInTwoChunks) {
+    const CameraMove move = TwoFrames(50);
+    const std::string glb = WriteGlb(move, {});
+    const auto word = [&](std::size_t at) {
+        std::uint32_t bits = 0;
+        for (std::size_t i = 0; i < 4; ++i) bits |= std::uint32_t{static_cast<unsigned char>(glb[at + i])} << (8 * i);
+        return bits;
+    };
+    EXPECT_EQ(word(0), 0x46546C67u);
+    EXPECT_EQ(word(4), 2u);
+    EXPECT_EQ(word(8), glb.size());
+    EXPECT_EQ(word(16), 0x4E4F534Au);
+    const std::size_t text = word(12), binary = 20 + text;
+    ASSERT_EQ(binary % 4, 0u);
+    EXPECT_EQ(word(binary + 4), 0x004E4942u);
+    EXPECT_EQ(binary + 8 + word(binary), glb.size());
+    json document = json::parse(glb.substr(20, text)), other = json::parse(WriteGltf(move, {}));
+    const std::string uri = other["buffers"][0]["uri"];
+    EXPECT_EQ(glb.substr(binary + 8, document["buffers"][0]["byteLength"].get<std::size_t>()),
+              Decoded(uri.substr(uri.find(',') + 1)));
+    other["buffers"][0].erase("uri");
+    EXPECT_EQ(document, other);
+}
+
 TEST(Base64, IsThatOfTheStandard) {
     // The examples of RFC 4648.
     EXPECT_EQ(Base64(""), "");
@@ -96,6 +145,16 @@ TEST(Base64, IsThatOfTheStandard) {
     EXPECT_EQ(Base64("fo"), "Zm8=");
     EXPECT_EQ(Base64("foo"), "Zm9v");
     EXPECT_EQ(Base64("foobar"), "Zm9vYmFy");
+}
+
+TEST(Base64, ComesBack) {
+    std::string bytes;
+    for (int i = 0; i < 256; ++i) {
+        EXPECT_EQ(BytesOfBase64(Base64(bytes)), bytes);
+        bytes += static_cast<char>(i * 7);
+    }
+    EXPECT_EQ(BytesOfBase64("Zm8"), "fo");
+    for (const char *text : {"A", "A===", "Zm9*", "Zm=v"}) EXPECT_FALSE(BytesOfBase64(text)) << text;
 }
 
 }  // namespace

@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <nlohmann/json.hpp>
 
 #include "host/scene/angles.h"
 #include "library/formats/right_handed.h"
@@ -39,6 +41,33 @@ CameraMove AnyMove() {
     return move;
 }
 
+// Each trait may be missing, the same on all frames, or of its own on each.
+CameraMove AnyMoveWithTraits() {
+    CameraMove move = AnyMove();
+    move.first_frame = *rc::gen::element(-20, 0, 101);
+    if (*rc::gen::inRange(0, 2) == 1) move.aperture_height = Between(5, 70);
+    move.traits.path = *rc::gen::element("", "/Camera", "/World/Shot 1/\"Long\" lens");
+    move.traits.is_orthographic = *rc::gen::inRange(0, 4) == 0;
+    for (std::vector<double> &values : move.traits.channels) {
+        const int kind = *rc::gen::inRange(0, 3);
+        const std::size_t count = kind == 2 ? move.samples.size() : static_cast<std::size_t>(kind);
+        for (std::size_t i = 0; i < count; ++i) values.push_back(Between(-10, 1000));
+    }
+    return move;
+}
+
+void ExpectSameTraits(const CameraMove &wrote, const CameraMove &read) {
+    RC_ASSERT(read.aperture_height.has_value() == wrote.aperture_height.has_value());
+    if (wrote.aperture_height) RC_ASSERT(std::abs(*read.aperture_height - *wrote.aperture_height) < 1e-9);
+    RC_ASSERT(read.traits.path == wrote.traits.path);
+    RC_ASSERT(read.traits.is_orthographic == wrote.traits.is_orthographic);
+    for (std::size_t i = 0; i < wrote.traits.channels.size(); ++i) {
+        const std::vector<double> &a = wrote.traits.channels[i], &b = read.traits.channels[i];
+        RC_ASSERT(a.size() == b.size());
+        for (std::size_t k = 0; k < a.size(); ++k) RC_ASSERT(std::abs(a[k] - b[k]) < 1e-9);
+    }
+}
+
 struct Kept {
     bool focus, rate_and_film_back;
 };
@@ -67,6 +96,71 @@ RC_GTEST_PROP(RoundTrip, CsvKeepsEveryCamera, ()) {
 RC_GTEST_PROP(RoundTrip, JsonKeepsEveryCameraWithItsRateAndFilmBack, ()) {
     const CameraMove move = AnyMove();
     ExpectSame(move, ReadJson("move", WriteJson(move, {}), {}), {true, true});
+}
+
+RC_GTEST_PROP(RoundTrip, JsonKeepsWhatIsCarriedBesideTheMotion, ()) {
+    const CameraMove move = AnyMoveWithTraits();
+    const CameraMove read = ReadJson("move", WriteJson(move, {}), {});
+    ExpectSame(move, read, {true, true});
+    ExpectSameTraits(move, read);
+}
+
+RC_GTEST_PROP(RoundTrip, GltfAndGlbKeepEveryCameraAndWhatIsCarriedBesideItsMotion, ()) {
+    const CameraMove move = AnyMoveWithTraits();
+    for (const std::string &bytes : {WriteGltf(move, {}), WriteGlb(move, {})}) {
+        const CameraMove read = ReadGltf("move", bytes, {});
+        ExpectSame(move, read, {true, true});
+        ExpectSameTraits(move, read);
+        RC_ASSERT(read.notes.empty());
+    }
+}
+
+RC_GTEST_PROP(RoundTrip, GltfKeepsTheMotionToItsFloatsWhereItsExtrasAreGone, ()) {
+    CameraMove move = AnyMove();
+    FormatOptions options;
+    options.rate = move.rate;
+    options.aperture_width = move.aperture_width;
+    nlohmann::json file = nlohmann::json::parse(WriteGltf(move, options));
+    file["cameras"][0].erase("extras");
+    const CameraMove read = ReadGltf("move", file.dump(), options);
+    RC_ASSERT(read.samples.size() == move.samples.size());
+    RC_ASSERT(read.first_frame == std::max<std::int64_t>(move.first_frame, 0));
+    for (std::size_t i = 0; i < read.samples.size(); ++i) {
+        const CameraSample &a = move.samples[i], &b = read.samples[i];
+        // Half a step of 32-bit floats is 6e-8 of the number.
+        RC_ASSERT(host::Length(a.position - b.position) < 1.1e-7 * host::Length(a.position) + 1e-9);
+        RC_ASSERT(TurnBetween(a.angles, b.angles) * kRadiansPerDegree < 1e-6);
+        RC_ASSERT(std::abs(a.focal_length - b.focal_length) < 1e-6 * a.focal_length);
+    }
+}
+
+TEST(RoundTrip, KeepsTenThousandGltfFramesAtEveryRate) {
+    for (const FrameRate &rate :
+         {FrameRate{24000, 1001}, {24, 1}, {25, 1}, {30000, 1001}, {30, 1}, {60000, 1001}, {120000, 1001}}) {
+        CameraMove move{101, rate, std::vector<CameraSample>(10000)};
+        for (std::size_t i = 0; i < move.samples.size(); ++i)
+            move.samples[i].position.x = std::sin(static_cast<double>(i)) * 100;
+        const CameraMove read = ReadGltf("move", WriteGlb(move, {}), {});
+        EXPECT_EQ(read.rate, rate);
+        EXPECT_EQ(read.first_frame, 101);
+        ASSERT_EQ(read.samples.size(), 10000u);
+        EXPECT_NEAR(read.samples[9999].position.x, move.samples[9999].position.x, 1e-9);
+    }
+}
+
+TEST(RoundTrip, TakesTheKeysOfAGltfFileThatAnotherProgramChanged) {
+    CameraMove move{10, {25, 1}, {ReferencePose(), ReferencePose(), ReferencePose()}, 25};
+    nlohmann::json file = nlohmann::json::parse(WriteGltf(move, {}));
+    file["nodes"].push_back({{"children", {0}}, {"translation", {1, 0, 0}}});
+    const CameraMove read = ReadGltf("move", file.dump(), {});
+    EXPECT_EQ(read.rate, (FrameRate{25, 1}));
+    EXPECT_EQ(read.first_frame, 10);
+    EXPECT_EQ(read.aperture_width, 25);
+    ASSERT_EQ(read.samples.size(), 3u);
+    EXPECT_NEAR(read.samples[0].position.x, 110, 1e-5);
+    EXPECT_NEAR(read.samples[0].focal_length, 36, 1e-5);
+    ASSERT_EQ(read.notes.size(), 1u);
+    EXPECT_NE(read.notes[0].find("the keys are taken"), std::string::npos);
 }
 
 RC_GTEST_PROP(RoundTrip, UsdaKeepsEveryCameraWithItsRateAndFilmBack, ()) {
