@@ -11,7 +11,7 @@ function(tremolux_add_fuzz_target name source)
     tremolux_set_defaults(fuzz_${name})
 endfunction()
 
-foreach(kind csv json chan usda)
+foreach(kind csv json chan usda gltf glb)
     tremolux_add_fuzz_target(${kind} move_file.cpp "TREMOLUX_FUZZED_EXTENSION=\".${kind}\"")
 endforeach()
 foreach(kind container document hyperfile parameter_text)
