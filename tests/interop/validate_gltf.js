@@ -1,4 +1,4 @@
-// Holds a glTF file against the format's own validator: no error, no warning.
+// Holds a .gltf or .glb file against the format's own validator: no error, no warning.
 //     node validate_gltf.js FILE
 const fs = require('fs');
 const validator = require('gltf-validator');
