@@ -26,6 +26,8 @@ void CheckRoundTrip(const CameraMove &move) {
         const double turns = 1 + std::abs(a.angles.x) + std::abs(a.angles.y) + std::abs(a.angles.z);
         Require(TurnBetween(a.angles, b.angles) <= 1e-6 * turns);
     }
+    if ((Format().carries & kProjectionTrait) != 0)
+        Require(again.traits.is_orthographic == move.traits.is_orthographic);
 }
 
 }  // namespace

@@ -85,7 +85,7 @@ std::string RunBlender(const ImportOptions &options, const FormatOptions &format
 void Import(const ImportOptions &options) {
     FormatOptions formats = options.formats.Options();
     const fs::path scene = Checked(options.input);
-    FrameRangeOf(options.frames);
+    FramesOption(options.frames);
     OutputFiles files(options.outputs, {options.input});
     for (const fs::path &file : files.Files()) FormatOf(file, FormatUse::kWrite);
     const ImportedMove imported = ReadImported(options.input, RunBlender(options, formats, scene));

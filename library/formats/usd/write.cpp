@@ -103,8 +103,7 @@ class Writer {
                    FormatNumber(Units(traits.At(kFarClip, i, kFallbackFarClip))) + ")";
         };
         if (traits.IsAnimated(kNearClip) || traits.IsAnimated(kFarClip)) return Samples("float2 clippingRange", text);
-        // A layer leaves alone what the move does not know.
-        if (options_.usd_layer && !traits.Has(kNearClip) && !traits.Has(kFarClip)) return "";
+        if (!traits.Has(kNearClip) && !traits.Has(kFarClip)) return "";
         return Plain("float2 clippingRange", text(0));
     }
 
