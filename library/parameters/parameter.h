@@ -20,10 +20,10 @@ struct Parameter {
     ParameterKind kind = ParameterKind::kOther;
     ParameterUnit unit = ParameterUnit::kNone;
     std::optional<double> minimum, maximum;                     // in the stored unit, of a time in seconds
-    std::optional<double> slider_minimum, slider_maximum;       // the same; of a slider
-    std::optional<double> step;                                 // the same; what one press of an arrow adds
     std::vector<std::pair<std::int32_t, std::string>> choices;  // of a choice: value and label
     std::optional<host::Data> usual{};                          // the declared default of a number, time or switch
+    std::optional<double> slider_minimum{}, slider_maximum{};   // as the limits; of a slider
+    std::optional<double> step{};                               // the same; what one press of an arrow adds
 };
 
 // In the order of the panel; throws a Failure when the tag does not describe itself.

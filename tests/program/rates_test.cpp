@@ -72,8 +72,11 @@ TEST_P(EveryRate, StandsInBlendersScriptAsWholeFramesAndTheirBase) {
     const double seconds = kFrames * base / fps;
     const double exact = kFrames * static_cast<double>(rate_.denominator) / static_cast<double>(rate_.numerator);
     EXPECT_NEAR(seconds, exact, exact * 1e-12);
-    if (rate_.denominator == 1001) EXPECT_EQ(base, 1.001);
-    if (rate_.denominator == 1) EXPECT_EQ(base, 1);
+    if (rate_.denominator == 1001) {
+        EXPECT_EQ(base, 1.001);
+    } else if (rate_.denominator == 1) {
+        EXPECT_EQ(base, 1);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Rates, EveryRate, testing::Combine(testing::ValuesIn(kRates), testing::ValuesIn(kStarts)));
