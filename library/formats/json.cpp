@@ -288,10 +288,20 @@ class Handler : public nlohmann::json_sax<json> {
     bool in_frames_[kTraitChannelCount] = {};  // which traits the frames say
 };
 
-std::string Group(const char *name) {
+// What is beside the motion, and in this move not there: it has no unit either.
+bool IsAbsent(const CameraMove &move, std::string_view name) {
+    if (name == "film_back_height") return !move.aperture_height.has_value();
+    for (int i = 0; i < kTraitChannelCount; ++i) {
+        const auto channel = static_cast<TraitChannel>(i);
+        if (name == InfoOf(channel).key) return !move.traits.Has(channel);
+    }
+    return false;
+}
+
+std::string Group(const char *name, const CameraMove &move) {
     std::string text;
     for (const FixedText &fixed : kFixedTexts) {
-        if (std::string_view(fixed.group) != name) continue;
+        if (std::string_view(fixed.group) != name || IsAbsent(move, fixed.name)) continue;
         text += std::string(text.empty() ? "" : ",\n") + "    \"" + fixed.name + "\": \"" + fixed.text + "\"";
     }
     return "  \"" + std::string(name) + "\": {\n" + text + "\n  },\n";
@@ -353,7 +363,7 @@ CameraMove ReadJson(const std::string &file, std::string_view bytes, const Forma
 
 std::string WriteJson(const CameraMove &move, const FormatOptions &) {
     std::string text = "{\n  \"format\": \"" + std::string(kFormatName) +
-                       "\",\n  \"version\": " + FormatNumber(kVersion) + ",\n" + Group("units") + Group("conventions") +
+                       "\",\n  \"version\": " + FormatNumber(kVersion) + ",\n" + Group("units", move) + Group("conventions", move) +
                        "  \"frames_per_second\": " + RateText(move.rate) +
                        EntriesOfAllFrames(move) + ",\n  \"frames\": [\n";
     for (std::size_t i = 0; i < move.samples.size(); ++i) {

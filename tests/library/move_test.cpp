@@ -72,7 +72,7 @@ TEST(Move, GoesThroughTheBytesOfAFile) {
 TEST(Move, OfBytesThatAreNoneIsRefusedByTheReadersLine) {
     tremolux_move move = nullptr;
     EXPECT_EQ("a.json:1:1: found '{', expected JSON", Refused(tremolux_move_from_bytes("a.json", "{", 1, &move)));
-    EXPECT_EQ("a.mov: found the extension '.mov', expected .csv, .json, .chan, .usda, .gltf or .glb",
+    EXPECT_EQ("a.mov: found the extension '.mov', expected .csv, .json, .chan, .usda, .usd, .usdz, .gltf or .glb",
               Refused(tremolux_move_from_bytes("a.mov", "", 0, &move)));
     EXPECT_EQ("bytes: found NULL, expected a pointer", Refused(tremolux_move_from_bytes("a.csv", nullptr, 9, &move)));
     EXPECT_EQ(nullptr, move);
@@ -81,7 +81,7 @@ TEST(Move, OfBytesThatAreNoneIsRefusedByTheReadersLine) {
 TEST(Move, IsWrittenInKnownFormatsAlone) {
     const Move move = MakeMove(1);
     tremolux_buffer buffer{};
-    EXPECT_EQ("a.mov: found the extension '.mov', expected .csv, .json, .chan, .usda, .gltf, .glb or .py",
+    EXPECT_EQ("a.mov: found the extension '.mov', expected .csv, .json, .chan, .usda, .usd, .gltf, .glb or .py",
               Refused(tremolux_move_to_bytes(move.get(), "a.mov", &buffer), move.get()));
     EXPECT_EQ(nullptr, buffer.bytes);
 }
