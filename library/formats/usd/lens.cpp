@@ -32,7 +32,7 @@ bool IsWithin(double value, const double (&range)[2]) { return value >= range[0]
 
 class LensReader {
   public:
-    LensReader(const SourceText &source, const UsdPrim &camera, const Stage &stage, CameraMove *move)
+    LensReader(const SourceText &source, const UsdPrim &camera, const UsdStage &stage, CameraMove *move)
         : source_(source), camera_(camera), stage_(stage), move_(*move) {}
 
     void Read() {
@@ -217,7 +217,7 @@ class LensReader {
 
     const SourceText &source_;
     const UsdPrim &camera_;
-    const Stage &stage_;
+    const UsdStage &stage_;
     CameraMove &move_;
     std::vector<double> widths_, focal_lengths_;  // as they are written
     double lens_unit_ = 1;                        // millimetres
@@ -225,7 +225,7 @@ class LensReader {
 
 }  // namespace
 
-void ReadLens(const SourceText &source, const UsdPrim &camera, const Stage &stage, CameraMove *move) {
+void ReadLens(const SourceText &source, const UsdPrim &camera, const UsdStage &stage, CameraMove *move) {
     LensReader(source, camera, stage, move).Read();
 }
 

@@ -8,6 +8,6 @@ namespace tremolux {
 
 // Of the move whose frames and rate are known: focal lengths, focus distances, film back and traits, with notes on what
 // had to be decided. Throws a Failure.
-void ReadLens(const SourceText &source, const UsdPrim &camera, const Stage &stage, CameraMove *move);
+void ReadLens(const SourceText &source, const UsdPrim &camera, const UsdStage &stage, CameraMove *move);
 
 }  // namespace tremolux

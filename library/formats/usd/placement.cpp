@@ -34,7 +34,7 @@ bool IsStretched(const host::Matrix &camera) {
 
 }  // namespace
 
-Placement::Placement(const SourceText &source, const UsdCamera &camera, const Stage &stage)
+UsdPlacement::UsdPlacement(const SourceText &source, const UsdCamera &camera, const UsdStage &stage)
     : source_(source), camera_(camera), stage_(stage) {
     for (auto prim = camera.chain.rbegin(); prim != camera.chain.rend(); ++prim) {
         transforms_.push_back(TransformOf(source, **prim));
@@ -45,7 +45,7 @@ Placement::Placement(const SourceText &source, const UsdCamera &camera, const St
 }
 
 // Of all that moves the camera or changes its lens.
-std::optional<Placement::Range> Placement::SampledRange() const {
+std::optional<UsdPlacement::Range> UsdPlacement::SampledRange() const {
     std::optional<Range> range;
     const auto add = [&range, this](const UsdAttribute &attribute) {
         if (attribute.samples.empty()) return;
@@ -66,7 +66,7 @@ std::optional<Placement::Range> Placement::SampledRange() const {
 }
 
 // The stage's range, else that of the samples; of a camera that stands still what is asked for.
-Placement::Range Placement::FrameRange(const FormatOptions &options, std::vector<std::string> *notes) const {
+UsdPlacement::Range UsdPlacement::FrameRange(const FormatOptions &options, std::vector<std::string> *notes) const {
     const std::optional<Range> sampled = SampledRange();
     if (!sampled && options.frames)
         return {static_cast<double>(options.frames->first), static_cast<double>(options.frames->second)};
@@ -89,7 +89,7 @@ Placement::Range Placement::FrameRange(const FormatOptions &options, std::vector
     return range;
 }
 
-void Placement::CheckLength(const Range &range) const {
+void UsdPlacement::CheckLength(const Range &range) const {
     const double frames = range.last - range.first + 1;
     if (!(range.first >= -kMaxFrameNumber && range.last <= kMaxFrameNumber && frames >= 1 &&
           frames <= static_cast<double>(kMaxFrames))) {
@@ -106,14 +106,14 @@ void Placement::CheckLength(const Range &range) const {
     }
 }
 
-host::Matrix Placement::WorldAt(double time_code) const {
+host::Matrix UsdPlacement::WorldAt(double time_code) const {
     host::Matrix world = host::kIdentity;
     for (std::size_t i = 0; i < transforms_.size(); ++i)
         world = (transforms_[i].IsAnimated() ? MatrixAt(source_, transforms_[i], time_code) : still_[i]) * world;
     return world;
 }
 
-host::Matrix Placement::CameraAt(double frame) {
+host::Matrix UsdPlacement::CameraAt(double frame) {
     host::Matrix camera = WorldAt(stage_.CodeOf(frame));
     camera.off = {stage_.UnitsToScene(camera.off.x), stage_.UnitsToScene(camera.off.y),
                   stage_.UnitsToScene(camera.off.z)};
@@ -129,7 +129,7 @@ host::Matrix Placement::CameraAt(double frame) {
     return stage_.is_z_up ? YUpOf(upright) : upright;
 }
 
-void Placement::SetFrames(const FormatOptions &options, CameraMove *move) {
+void UsdPlacement::SetFrames(const FormatOptions &options, CameraMove *move) {
     const Range range = FrameRange(options, &move->notes);
     CheckLength(range);
     move->first_frame = static_cast<std::int64_t>(range.first);

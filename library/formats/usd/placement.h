@@ -7,10 +7,10 @@
 
 namespace tremolux {
 
-class Placement {
+class UsdPlacement {
   public:
     // Throws a Failure for ops that there are not.
-    Placement(const SourceText &source, const UsdCamera &camera, const Stage &stage);
+    UsdPlacement(const SourceText &source, const UsdCamera &camera, const UsdStage &stage);
     // Gives the move its frames, each where the camera stands, with notes on what is lost. Throws a Failure.
     void SetFrames(const FormatOptions &options, CameraMove *move);
 
@@ -26,7 +26,7 @@ class Placement {
 
     const SourceText &source_;
     const UsdCamera &camera_;
-    const Stage &stage_;
+    const UsdStage &stage_;
     std::vector<UsdTransform> transforms_;  // the camera's own first, up to what resets
     std::vector<host::Matrix> still_;       // of those that do not change
     bool is_stretched_ = false, is_mirrored_ = false;

@@ -30,11 +30,11 @@ CameraMove ReadLayer(const std::string &file, std::string_view bytes, const Form
     CameraMove move;
     if (!layer.unfollowed.empty())
         move.notes.push_back("not followed: " + UnfollowedText(layer.unfollowed) + "; the camera is what the file itself says");
-    const Stage stage = StageOf(source, layer, options, &move.notes);
+    const UsdStage stage = UsdStageOf(source, layer, options, &move.notes);
     move.rate = stage.rate;
     move.traits.path = camera.path;
     move.traits.stage = StageTraits{stage.metres_per_unit, stage.is_z_up, stage.codes_per_frame, 1};
-    Placement(source, camera, stage).SetFrames(options, &move);
+    UsdPlacement(source, camera, stage).SetFrames(options, &move);
     ReadLens(source, camera.Prim(), stage, &move);
     return move;
 }

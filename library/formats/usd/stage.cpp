@@ -14,13 +14,13 @@ constexpr double kMinUnit = 1e-6, kMaxUnit = 1e6;                     // metres
 constexpr double kMinCodesPerSecond = 1e-3, kMaxCodesPerSecond = 1e6;  // where the frames have a rate of their own
 constexpr double kSameRate = 1e-3;
 
-class StageReader {
+class UsdStageReader {
   public:
-    StageReader(const SourceText &source, const UsdLayer &layer, const FormatOptions &options)
+    UsdStageReader(const SourceText &source, const UsdLayer &layer, const FormatOptions &options)
         : source_(source), layer_(layer), options_(options) {}
 
-    Stage Read(std::vector<std::string> *notes) const {
-        Stage stage;
+    UsdStage Read(std::vector<std::string> *notes) const {
+        UsdStage stage;
         stage.metres_per_unit = Number("metersPerUnit", kMinUnit, kMaxUnit).value_or(kFallbackMetresPerUnit);
         stage.is_z_up = IsZUp();
         stage.start = Number("startTimeCode", -kMaxNumber, kMaxNumber);
@@ -49,7 +49,7 @@ class StageReader {
     }
 
     // Frames are whole time codes, unless the file counts both and counts them apart.
-    void SetRate(Stage *stage, std::vector<std::string> *notes) const {
+    void SetRate(UsdStage *stage, std::vector<std::string> *notes) const {
         const auto codes = Number("timeCodesPerSecond", 0, kMaxNumber), frames = Number("framesPerSecond", 0, kMaxNumber);
         const char *name = frames ? "framesPerSecond" : "timeCodesPerSecond";
         const double per_second = frames.value_or(codes.value_or(kFallbackRate));
@@ -76,11 +76,11 @@ class StageReader {
 
 }  // namespace
 
-double Stage::UnitsToScene(double units) const { return units * metres_per_unit / kMetresPerSceneUnit; }
+double UsdStage::UnitsToScene(double units) const { return units * metres_per_unit / kMetresPerSceneUnit; }
 
-Stage StageOf(const SourceText &source, const UsdLayer &layer, const FormatOptions &options,
+UsdStage UsdStageOf(const SourceText &source, const UsdLayer &layer, const FormatOptions &options,
               std::vector<std::string> *notes) {
-    return StageReader(source, layer, options).Read(notes);
+    return UsdStageReader(source, layer, options).Read(notes);
 }
 
 }  // namespace tremolux

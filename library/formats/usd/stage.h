@@ -10,7 +10,7 @@
 
 namespace tremolux {
 
-struct Stage {
+struct UsdStage {
     double metres_per_unit = 0.01;
     bool is_z_up = false;
     FrameRate rate;
@@ -22,7 +22,7 @@ struct Stage {
 };
 
 // Throws a Failure.
-Stage StageOf(const SourceText &source, const UsdLayer &layer, const FormatOptions &options,
+UsdStage UsdStageOf(const SourceText &source, const UsdLayer &layer, const FormatOptions &options,
               std::vector<std::string> *notes);
 
 }  // namespace tremolux

@@ -53,7 +53,8 @@ class Writer {
         for (std::size_t i = 0; i < names_.size(); ++i) {
             const std::string margin(4 * i, ' ');
             const char *type = i + 1 == names_.size() ? " Camera" : options_.usd_layer ? "" : " Xform";
-            text += margin + keyword + type + " \"" + names_[i] + "\"\n" + margin + "{\n";
+            text.append(margin).append(keyword).append(type).append(" \"").append(names_[i]).append("\"\n");
+            text.append(margin).append("{\n");
         }
         text += Attributes();
         for (std::size_t i = names_.size(); i-- > 0;) text += std::string(4 * i, ' ') + "}\n";
@@ -115,17 +116,20 @@ class Writer {
                Row(camera.off, "1") + " )";
     }
 
+    // What stands below a layer may turn its camera in any way, and may stand in anything: neither counts.
+    std::string Order() const {
+        return options_.usd_layer ? "[\"!resetXformStack!\", \"xformOp:transform\"]" : "[\"xformOp:transform\"]";
+    }
+
     std::string Attributes() const {
-        const std::string width = Lens(move_.aperture_width);
-        const std::string height =
-            Lens(move_.aperture_height.value_or(move_.aperture_width * options_.height / options_.width));
+        std::string width = Lens(move_.aperture_width);
+        std::string height = Lens(move_.aperture_height.value_or(move_.aperture_width * options_.height / options_.width));
         const auto sample = [this](std::size_t i) -> const CameraSample & { return move_.samples[i]; };
         std::string text =
             Plain("token projection", move_.traits.is_orthographic ? "\"orthographic\"" : "\"perspective\"") +
-            Clipping() + Samples("float horizontalAperture", [&](std::size_t) { return width; });
+            Clipping() + Samples("float horizontalAperture", [&width](std::size_t) { return width; });
         if (!options_.usd_layer || move_.aperture_height)
-            text += Samples("float verticalAperture", [&](std::size_t) { return height; });
-        // What stands below a layer may turn its camera in any way, and may stand in anything: neither counts.
+            text += Samples("float verticalAperture", [&height](std::size_t) { return height; });
         return text + Channel(kHorizontalOffset, "float horizontalApertureOffset", 1 / stage_.lens_unit_mm) +
                Channel(kVerticalOffset, "float verticalApertureOffset", 1 / stage_.lens_unit_mm) +
                Channel(kFStop, "float fStop", 1) +
@@ -135,9 +139,7 @@ class Writer {
                Samples("float focusDistance",
                        [&](std::size_t i) { return FormatNumber(Units(sample(i).focus_distance)); }) +
                Samples("matrix4d xformOp:transform", [this](std::size_t i) { return Matrix(i); }) +
-               Plain("uniform token[] xformOpOrder", options_.usd_layer
-                                                          ? "[\"!resetXformStack!\", \"xformOp:transform\"]"
-                                                          : "[\"xformOp:transform\"]");
+               Plain("uniform token[] xformOpOrder", Order());
     }
 
     const CameraMove &move_;
