@@ -27,12 +27,13 @@ constexpr const char *kCompression = "EXT_meshopt_compression";
 struct ComponentType {
     std::uint64_t code;
     std::size_t bytes;
-    bool is_signed;
+    std::uint32_t sign;  // the bit that says it; 0 without one
     double one;  // what stands for 1 where it is normalized; 0: never
 };
 constexpr std::uint64_t kFloat = 5126;
-constexpr ComponentType kComponentTypes[] = {{5120, 1, true, 127},    {5121, 1, false, 255}, {5122, 2, true, 32767},
-                                             {5123, 2, false, 65535}, {5125, 4, false, 0},   {kFloat, 4, true, 0}};
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr ComponentType kComponentTypes[] = {{5120, 1, 0x80, 127},    {5121, 1, 0, 255}, {5122, 2, 0x8000, 32767},
+                                             {5123, 2, 0, 65535}, {5125, 4, 0, 0},   {kFloat, 4, 0, 0}};
 
 const ComponentType &ComponentTypeOf(const JsonPlace &place) {
     const std::uint64_t code = place.Whole(kMaxOffset);
@@ -51,8 +52,7 @@ double Component(const char *bytes, const ComponentType &type) {
         std::memcpy(&number, &bits, sizeof number);
         return number;
     }
-    const std::uint32_t sign = std::uint32_t{1} << (8 * type.bytes - 1);
-    return type.is_signed ? static_cast<double>(bits ^ sign) - static_cast<double>(sign) : static_cast<double>(bits);
+    return static_cast<double>(bits ^ type.sign) - static_cast<double>(type.sign);
 }
 
 std::size_t WidthOf(const JsonPlace &type) {
@@ -191,7 +191,7 @@ std::vector<double> GltfDocument::Numbers(const JsonPlace &index, std::size_t wi
     std::vector<double> numbers;
     const auto take = [&](const char *bytes, double *to) {
         for (std::size_t i = 0; i < width; ++i) {
-            to[i] = std::max(Component(bytes + i * type.bytes, type) / one, one > 1 ? -1.0 : -HUGE_VAL);
+            to[i] = std::max(Component(bytes + i * type.bytes, type) / one, one > 1 ? -1.0 : -kInfinity);
             if (!(std::abs(to[i]) <= kMaxNumber)) accessor.Refuse("a number beyond every limit", "finite numbers");
         }
     };
