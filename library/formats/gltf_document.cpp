@@ -211,7 +211,7 @@ std::vector<double> GltfDocument::Numbers(const JsonPlace &index, std::size_t wi
         const auto changed = static_cast<std::size_t>(sparse.Member("count").Whole(count));
         const JsonPlace indices = sparse.Member("indices"), values = sparse.Member("values");
         const ComponentType &index_type = ComponentTypeOf(indices.Member("componentType"));
-        if (index_type.is_signed) indices.Member("componentType").Refuse("5121, 5123 or 5125");
+        if (index_type.sign != 0 || index_type.code == kFloat) indices.Member("componentType").Refuse("5121, 5123 or 5125");
         const std::string_view at = Elements(indices, BytesOfView(indices), changed, index_type.bytes, index_type.bytes);
         const std::string_view bytes = Elements(values, BytesOfView(values), changed, element, element);
         for (std::size_t i = 0; i < changed; ++i) {

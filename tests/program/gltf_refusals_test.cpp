@@ -140,7 +140,7 @@ TEST(GltfRefusals, SayThatTimesFall) {
 TEST(GltfRefusals, SayWhereABufferIsBroken) {
     const auto refusal = [](const json &buffer) {
         json file = Good().json;
-        file["buffers"] = {buffer};
+        file["buffers"] = json::array({buffer});
         return RefusalOf(ReadGltf, file.dump());
     };
     EXPECT_EQ(refusal({{"byteLength", 32}}),

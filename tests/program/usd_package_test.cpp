@@ -11,7 +11,10 @@ namespace {
 std::string Package(const std::string &name, const std::string &text, std::uint16_t method = 0) {
     const auto number = [](std::size_t value, int size) {
         std::string bytes;
-        for (int i = 0; i < size; ++i) bytes += static_cast<char>(value >> (8 * i) & 255);
+        for (int i = 0; i < size; ++i) {
+            bytes += static_cast<char>(value & 255);
+            value >>= 8;
+        }
         return bytes;
     };
     const std::string shared = number(0, 2) + number(method, 2) + number(0, 8) + number(text.size(), 4) +
