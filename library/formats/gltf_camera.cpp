@@ -104,9 +104,10 @@ GltfCamera FindGltfCamera(const GltfDocument &document, const std::string &wante
     }
     if (all.empty()) nodes.Refuse("no node with a camera", "one");
     const std::vector<GltfCamera> &fitting = wanted.empty() ? all : named;
-    if (fitting.size() == 1) return fitting.front();
     if (fitting.empty()) nodes.Refuse("no camera " + Quoted(wanted), "one of " + Listed(all));
-    nodes.Refuse(std::to_string(fitting.size()) + " cameras", "--camera with one of " + Listed(fitting));
+    if (fitting.size() > 1)
+        nodes.Refuse(std::to_string(fitting.size()) + " cameras", "--camera with one of " + Listed(fitting));
+    return fitting.front();
 }
 
 GltfMotion::Node GltfMotion::ReadNode(const JsonPlace &place) {

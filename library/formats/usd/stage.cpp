@@ -34,18 +34,20 @@ class UsdStageReader {
         const auto entry = layer_.metadata.find(name);
         if (entry == layer_.metadata.end() || entry->second.is_none) return std::nullopt;
         const UsdValue &value = entry->second;
-        if (value.numbers.size() == 1 && value.numbers[0] >= minimum && value.numbers[0] <= maximum)
-            return value.numbers[0];
-        source_.RefuseAt(value.place, value.numbers.empty() ? "no number" : FormatNumber(value.numbers[0]),
-                         "a number from " + FormatNumber(minimum) + " to " + FormatNumber(maximum) + " for " + name);
+        if (value.numbers.size() != 1 || !(value.numbers[0] >= minimum && value.numbers[0] <= maximum)) {
+            source_.RefuseAt(value.place, value.numbers.empty() ? "no number" : FormatNumber(value.numbers[0]),
+                             "a number from " + FormatNumber(minimum) + " to " + FormatNumber(maximum) + " for " + name);
+        }
+        return value.numbers[0];
     }
 
     bool IsZUp() const {
         const auto entry = layer_.metadata.find("upAxis");
         if (entry == layer_.metadata.end() || entry->second.is_none) return false;
-        if (entry->second.texts == std::vector<std::string>{"Y"}) return false;
-        if (entry->second.texts == std::vector<std::string>{"Z"}) return true;
-        source_.RefuseAt(entry->second.place, "another upAxis", "\"Y\" or \"Z\"");
+        const bool is_z = entry->second.texts == std::vector<std::string>{"Z"};
+        if (!is_z && entry->second.texts != std::vector<std::string>{"Y"})
+            source_.RefuseAt(entry->second.place, "another upAxis", "\"Y\" or \"Z\"");
+        return is_z;
     }
 
     // Frames are whole time codes, unless the file counts both and counts them apart.
