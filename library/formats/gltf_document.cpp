@@ -31,7 +31,6 @@ struct ComponentType {
     double one;  // what stands for 1 where it is normalized; 0: never
 };
 constexpr std::uint64_t kFloat = 5126;
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr ComponentType kComponentTypes[] = {{5120, 1, 0x80, 127},    {5121, 1, 0, 255}, {5122, 2, 0x8000, 32767},
                                              {5123, 2, 0, 65535}, {5125, 4, 0, 0},   {kFloat, 4, 0, 0}};
 
@@ -191,7 +190,8 @@ std::vector<double> GltfDocument::Numbers(const JsonPlace &index, std::size_t wi
     std::vector<double> numbers;
     const auto take = [&](const char *bytes, double *to) {
         for (std::size_t i = 0; i < width; ++i) {
-            to[i] = std::max(Component(bytes + i * type.bytes, type) / one, one > 1 ? -1.0 : -kInfinity);
+            const double number = Component(bytes + i * type.bytes, type) / one;
+            to[i] = one > 1 ? std::max(number, -1.0) : number;
             if (!(std::abs(to[i]) <= kMaxNumber)) accessor.Refuse("a number beyond every limit", "finite numbers");
         }
     };
