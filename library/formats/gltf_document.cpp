@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <cstring>
-#include <limits>
 
 #include "host/files/safe_write.h"
 #include "host/value/text.h"
