@@ -21,16 +21,6 @@ double CameraTraits::At(TraitChannel channel, std::size_t index, double fallback
     return values.size() == 1 ? values.front() : values[index];
 }
 
-CameraTraits CameraTraits::Part(std::size_t index, std::size_t count) const {
-    CameraTraits part = *this;
-    for (std::vector<double> &values : part.channels) {
-        if (values.size() <= 1) continue;
-        const auto begin = values.begin() + static_cast<std::ptrdiff_t>(index);
-        values = std::vector<double>(begin, begin + static_cast<std::ptrdiff_t>(count));
-    }
-    return part;
-}
-
 std::string CameraTraits::Name() const {
     return path.empty() ? "Camera" : path.substr(path.find_last_of('/') + 1);
 }

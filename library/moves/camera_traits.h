@@ -45,8 +45,6 @@ struct CameraTraits {
     bool IsAnimated(TraitChannel channel) const { return channels[channel].size() > 1; }
     // On the move's frame number `index`, counted from 0.
     double At(TraitChannel channel, std::size_t index, double fallback) const;
-    // Of a move that begins `index` frames later and has `count` frames.
-    CameraTraits Part(std::size_t index, std::size_t count) const;
     // The last name of the path; "Camera" without one.
     std::string Name() const;
 };

@@ -79,6 +79,9 @@ TEST_P(EveryRate, StandsInBlendersScriptAsWholeFramesAndTheirBase) {
     }
 }
 
+// In the names of the tests, which are else bytes of memory.
+void PrintTo(const Rate &rate, std::ostream *out) { *out << rate.typed; }
+
 INSTANTIATE_TEST_SUITE_P(Rates, EveryRate, testing::Combine(testing::ValuesIn(kRates), testing::ValuesIn(kStarts)));
 
 TEST(Rates, AreInTheTraceAsTheTrueTime) {

@@ -66,8 +66,6 @@ PlayedMotion Playback::Record() {
     PlayedMotion motion;
     motion.input = CutMove(move_, first_frame_, last_frame_);
     motion.input.samples.clear();
-    motion.input.traits = move_.traits.Part(static_cast<std::size_t>(first_frame_ - move_.first_frame),
-                                            static_cast<std::size_t>(last_frame_ - first_frame_ + 1));
     motion.output = motion.input;
     JoltWatch jolts(stage_->CameraTag());
     Play([&](std::int64_t frame) {
