@@ -13,6 +13,8 @@ namespace host {
 
 namespace {
 
+constexpr int kMaxLinks = 40;  // one behind the other, as systems have it
+
 // Beside the target, so that taking its place is one step; two programs at once do not meet. Hidden: should the program
 // be killed, nobody takes it for a file of the user's.
 std::filesystem::path FreeNameBeside(const std::filesystem::path &file) {
@@ -35,16 +37,35 @@ bool WriteAll(const std::filesystem::path &file, std::string_view bytes) {
     return out.good() && fault == FileFault::kNone;
 }
 
-bool TakePlace(const std::filesystem::path &fresh, const std::filesystem::path &file) {
-    return NextFileUse() == FileFault::kNone && RenameOver(fresh, file);
-}
-
 void CleanUp(const std::filesystem::path &fresh) {
     std::error_code ignored;
     if (NextFileUse() == FileFault::kNone) std::filesystem::remove(fresh, ignored);
 }
 
+bool IsLink(const std::filesystem::path &file) {
+    std::error_code error;
+    return std::filesystem::is_symlink(std::filesystem::symlink_status(file, error));
+}
+
 }  // namespace
+
+std::optional<std::filesystem::path> FileBehindLinks(const std::filesystem::path &name) {
+    std::filesystem::path file = name;
+    std::error_code error;
+    for (int i = 0; i < kMaxLinks; ++i) {
+        if (!IsLink(file)) return file;
+        const std::filesystem::path goal = std::filesystem::read_symlink(file, error);
+        if (error) return std::nullopt;
+        file = goal.is_absolute() ? goal : file.parent_path() / goal;
+    }
+    return std::nullopt;
+}
+
+bool TakePlaceOf(const std::filesystem::path &fresh, const std::filesystem::path &file) {
+    if (NextFileUse() != FileFault::kNone) return false;
+    if (!IsLink(file)) CopyMode(file, fresh);
+    return RenameOver(fresh, file);
+}
 
 bool WriteFileSafely(const std::filesystem::path &file, std::string_view bytes, std::string *error) {
     const auto fail = [&](const char *words) {
@@ -56,12 +77,15 @@ bool WriteFileSafely(const std::filesystem::path &file, std::string_view bytes, 
         if (NextFileUse() == FileFault::kNone && memory_files::Write(file, bytes)) return true;
         return fail("cannot be written, expected a folder that is there");
     }
+    std::error_code ignored;
+    if (!IsLink(file) && std::filesystem::exists(file, ignored) && !MayBeChanged(file))
+        return fail("is write-protected, expected a file that may be changed");
     const std::filesystem::path fresh = FreeNameBeside(file);
     if (!WriteAll(fresh, bytes)) {
         CleanUp(fresh);
         return fail("cannot be written, expected a folder that is there and can be written");
     }
-    if (!TakePlace(fresh, file)) {
+    if (!TakePlaceOf(fresh, file)) {
         CleanUp(fresh);
         return fail("cannot be replaced, expected a file that may be changed");
     }

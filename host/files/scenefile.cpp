@@ -285,7 +285,8 @@ bool SaveDocument(Document *document, const std::filesystem::path &file, std::st
         *error = PathText(file) + ": the scene is nested too deep, or holds data that cannot be kept in a file";
         return false;
     }
-    if (!WriteFileSafely(file, scene.Bytes(), error)) return false;
+    // A file of the user's own naming: a link is written where it leads.
+    if (!WriteFileSafely(FileBehindLinks(file).value_or(file), scene.Bytes(), error)) return false;
     BroadcastDocumentInfo(document, kInfoSaveAfter);
     return true;
 }

@@ -63,6 +63,19 @@ bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &
     return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
 }
 
+bool MayBeChanged(const std::filesystem::path &file) {
+    const DWORD attributes = GetFileAttributesW(file.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) == 0;
+}
+
+// A folder's attribute says nothing about the files in it.
+bool TakesNewFiles(const std::filesystem::path &) { return true; }
+
+void CopyMode(const std::filesystem::path &from, const std::filesystem::path &to) {
+    const DWORD attributes = GetFileAttributesW(from.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES) SetFileAttributesW(to.c_str(), attributes);
+}
+
 namespace {
 
 TableFileTime LocalTime(const FILETIME &time) {
@@ -156,6 +169,24 @@ std::string EnvironmentText(const char *variable) {
 
 bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to) {
     return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+bool MayBeChanged(const std::filesystem::path &file) {
+    struct stat data;
+    const mode_t anybody = S_IWUSR | S_IWGRP | S_IWOTH;
+    return stat(file.c_str(), &data) == 0 && (data.st_mode & anybody) != 0 && access(file.c_str(), W_OK) == 0;
+}
+
+bool TakesNewFiles(const std::filesystem::path &folder) { return access(folder.c_str(), W_OK | X_OK) == 0; }
+
+void CopyMode(const std::filesystem::path &from, const std::filesystem::path &to) {
+    struct stat data;
+    if (stat(from.c_str(), &data) != 0) return;
+    constexpr mode_t kModeBits = 07777, kRunAsOwner = S_ISUID | S_ISGID;
+    // The owner first: a change of it takes rights away. Whoever gets the file as somebody else's gives no right to run
+    // as them.
+    const bool same_owner = chown(to.c_str(), data.st_uid, data.st_gid) == 0;
+    chmod(to.c_str(), data.st_mode & (same_owner ? kModeBits : kModeBits & ~kRunAsOwner));
 }
 
 namespace {

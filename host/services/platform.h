@@ -24,6 +24,13 @@ std::vector<std::string> ProgramArguments(int argc, char **argv);
 std::string EnvironmentText(const char *variable);
 // `from` takes the place of `to` in one step, or nothing changes.
 bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to);
+// Whether this program may change the file: neither its mode nor its owner, nor on Windows its attribute, forbids it.
+// Even where the system lets an administrator do so, a file that nobody may write stays as it is.
+bool MayBeChanged(const std::filesystem::path &file);
+// Whether this program may make files in the folder.
+bool TakesNewFiles(const std::filesystem::path &folder);
+// Gives `to` the mode and, where that is allowed, the owner of `from`; on Windows its attributes.
+void CopyMode(const std::filesystem::path &from, const std::filesystem::path &to);
 // Times are local, to the second. Not following a symbolic link.
 struct FileInfo {
     bool exists = false;

@@ -48,6 +48,60 @@ TEST(SafeWrite, LeavesNothingBehindWhenItCannotWrite) {
     EXPECT_EQ(folder.Names(), (Names{"file", "folder"}));
 }
 
+namespace fs = std::filesystem;
+
+TEST(SafeWrite, RefusesAFileThatNobodyMayWrite) {
+    const TemporaryFolder folder;
+    folder.Write("a.txt", "precious");
+    fs::permissions(folder / "a.txt", fs::perms::owner_read);
+    std::string error;
+    EXPECT_FALSE(WriteFileSafely(folder / "a.txt", "new", &error));
+    EXPECT_EQ(error, (folder / "a.txt").string() + ": is write-protected, expected a file that may be changed");
+    EXPECT_EQ(folder.Read("a.txt"), "precious");
+    EXPECT_EQ(folder.Names(), Names{"a.txt"});
+}
+
+#ifndef _WIN32  // which has no modes
+TEST(SafeWrite, KeepsTheMode) {
+    const TemporaryFolder folder;
+    folder.Write("a.txt", "old");
+    const fs::perms mode =
+        fs::perms::owner_read | fs::perms::owner_write | fs::perms::owner_exec | fs::perms::group_read;
+    fs::permissions(folder / "a.txt", mode);
+    std::string error;
+    ASSERT_TRUE(WriteFileSafely(folder / "a.txt", "new", &error)) << error;
+    EXPECT_EQ(fs::status(folder / "a.txt").permissions(), mode);
+}
+#endif
+
+class FileBehind : public testing::Test {
+  protected:
+    void SetUp() override {
+        if (!test_support::CanLink(folder_.Path())) GTEST_SKIP() << "no symbolic links on this system";
+        fs::create_directory(folder_ / "there");
+    }
+    const TemporaryFolder folder_;
+};
+
+TEST_F(FileBehind, IsWhereTheLastLinkLeads) {
+    folder_.Write("there/a.txt", "old");
+    fs::create_symlink("a.txt", folder_ / "there/second");
+    fs::create_symlink(fs::path("there") / "second", folder_ / "first");
+    EXPECT_TRUE(fs::equivalent(FileBehindLinks(folder_ / "first").value(), folder_ / "there/a.txt"));
+}
+
+TEST_F(FileBehind, MayBeMissingStill) {
+    fs::create_symlink(folder_ / "there/a.txt", folder_ / "link");
+    EXPECT_EQ(FileBehindLinks(folder_ / "link"), folder_ / "there/a.txt");
+    EXPECT_EQ(FileBehindLinks(folder_ / "no link"), folder_ / "no link");
+}
+
+TEST_F(FileBehind, IsNoneWhereLinksLeadInACircle) {
+    fs::create_symlink("b", folder_ / "a");
+    fs::create_symlink("a", folder_ / "b");
+    EXPECT_FALSE(FileBehindLinks(folder_ / "a"));
+}
+
 TEST(ReadFile, SaysWhyItCannot) {
     const TemporaryFolder folder;
     std::string bytes, error;

@@ -6,6 +6,7 @@
 
 #include "library/failure.h"
 #include "tests/program/run.h"
+#include "tests/support/links.h"
 
 namespace {
 
@@ -72,5 +73,49 @@ TEST_F(OutputFilesTest, RefusesPlacesThatTakeNoFile) {
     EXPECT_EQ(StatusOf({workplace_.Path("folder.csv")}), tremolux::kExitOutput);
     EXPECT_EQ(StatusOf({workplace_.Path("nowhere") + "/a.csv"}), tremolux::kExitOutput);
 }
+
+TEST_F(OutputFilesTest, RefusesAWriteProtectedFileBeforeTheWork) {
+    workplace_.Write("a.csv", "precious");
+    fs::permissions(workplace_.Path("a.csv"), fs::perms::owner_read);
+    try {
+        tremolux::OutputFiles({workplace_.Path("a.csv")}, {});
+        FAIL() << "accepted";
+    } catch (const tremolux::Failure &failure) {
+        EXPECT_EQ(failure.Status(), tremolux::kExitOutput);
+        EXPECT_EQ(failure.what(),
+                  workplace_.Path("a.csv") + ": cannot be written: the file that is there is write-protected");
+    }
+    EXPECT_EQ(workplace_.Read("a.csv"), "precious");
+}
+
+TEST_F(OutputFilesTest, WritesThroughALinkAndLeavesNothingBesideIt) {
+    if (!test_support::CanLink(workplace_.Path("."))) GTEST_SKIP() << "no symbolic links on this system";
+    fs::create_directory(workplace_.Path("there"));
+    workplace_.Write("there/a.csv", "old");
+    fs::create_symlink(fs::path("there") / "a.csv", workplace_.Path("link.csv"));
+    tremolux::OutputFiles files({workplace_.Path("link.csv")}, {});
+    files.Write({"new"});
+    EXPECT_TRUE(fs::is_symlink(workplace_.Path("link.csv")));
+    EXPECT_EQ(workplace_.Read("there/a.csv"), "new");
+    EXPECT_EQ(std::distance(fs::directory_iterator(workplace_.Path("there")), fs::directory_iterator()), 1);
+}
+
+TEST_F(OutputFilesTest, RefusesAFileAndALinkToItAsTheSame) {
+    if (!test_support::CanLink(workplace_.Path("."))) GTEST_SKIP() << "no symbolic links on this system";
+    workplace_.Write("in.csv", "precious");
+    fs::create_symlink("in.csv", workplace_.Path("link.csv"));
+    EXPECT_EQ(StatusOf({workplace_.Path("link.csv")}), tremolux::kExitInput);
+}
+
+#ifndef _WIN32  // which has no modes
+TEST_F(OutputFilesTest, KeepsTheModeOfTheFileThatIsThere) {
+    workplace_.Write("a.csv", "old");
+    const fs::perms mode = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_write;
+    fs::permissions(workplace_.Path("a.csv"), mode);
+    tremolux::OutputFiles files({workplace_.Path("a.csv")}, {});
+    files.Write({"new"});
+    EXPECT_EQ(fs::status(workplace_.Path("a.csv")).permissions(), mode);
+}
+#endif
 
 }  // namespace

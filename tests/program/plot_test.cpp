@@ -59,6 +59,17 @@ TEST_F(Plot, OfACameraThatNothingMovesIsDrawnToo) {
     EXPECT_NE(workplace_.Read("p-spectrum.svg").find("nothing was added"), std::string::npos);
 }
 
+TEST_F(Plot, OfAMoveOfOneOrTwoFramesIsDrawnToo) {
+    for (const char *second : {"", "8,1,0,0,0,0,0\n"}) {
+        workplace_.Write("move.csv", std::string("frame,x,y,z,h,p,b\n7,0,0,0,0,0,0\n") + second);
+        for (const char *sheet : {"p.svg", "p.png"}) {
+            const Outcome outcome = Shake({"--plot", workplace_.Path(sheet)});
+            ASSERT_EQ(outcome.status, 0) << outcome.err;
+        }
+        EXPECT_NE(workplace_.Read("p-spectrum.svg").find("the path seen from above"), std::string::npos);
+    }
+}
+
 TEST_F(Plot, HasRoomForItsAxisTitlesBesideLongNumbers) {
     // Next to nothing moves, far from the origin: numbers like -123.45 on the axes.
     workplace_.Write("move.csv",

@@ -147,6 +147,16 @@ TEST_F(PreviewFile, IsAFilmOrAPicture) {
     EXPECT_EQ(workplace_.Read("a.png"), workplace_.Read("b.png"));
 }
 
+TEST_F(PreviewFile, OfOneOrTwoFramesIsAFilmTooAndAPicture) {
+    for (const char *second : {"", "1,0,160,0,0,0,0\n"}) {
+        workplace_.Write("move.csv", std::string("frame,x,y,z,h,p,b\n0,0,160,0,0,0,0\n") + second);
+        for (const char *file : {"a.mp4", "a.gif", "a.png"}) {
+            const Outcome outcome = Preview(file);
+            EXPECT_EQ(outcome.status, 0) << file << ": " << outcome.err;
+        }
+    }
+}
+
 TEST_F(PreviewFile, IsRefusedInOtherFormatsAndWithoutAMove) {
     EXPECT_EQ(Preview("a.avi").status, 2);
     const Outcome outcome = workplace_.Run({"preview", "-o", workplace_.Path("a.gif")});

@@ -76,5 +76,23 @@ TEST_F(ReportCommand, WritesOnePageThatNeedsNothingElse) {
     EXPECT_EQ(workplace_.Names(), (std::vector<std::string>{"move.csv", "r.html"}));
 }
 
+TEST_F(ReportCommand, TakesAMoveOfOneFrameOrTwo) {
+    for (const char *second : {"", "1,0,161,0,0,0,0\n"}) {
+        const std::string move = std::string("frame,x,y,z,h,p,b\n0,0,160,0,0,0,0\n") + second;
+        const Outcome outcome = workplace_.Run(
+            {"report", workplace_.Write("move.csv", move), "-o", workplace_.Path("r.html"), "--resolution", "64x36"});
+        ASSERT_EQ(outcome.status, 0) << outcome.err;
+        EXPECT_NE(workplace_.Read("r.html").find("src=\"data:video/mp4;base64,"), std::string::npos);
+    }
+}
+
+TEST(ReportPageName, IsRefusedUnlessItIsAPagesBeforeAnythingIsDone) {
+    const Workplace workplace;
+    const std::string page = workplace.Path("m.pdf");
+    const Outcome outcome = workplace.Run({"report", workplace.Path("missing.csv"), "-o", page});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, page + ": found the extension '.pdf', expected .html\n");
+}
+
 }  // namespace
 }  // namespace tremolux

@@ -1,4 +1,7 @@
 #include "host/value/descid.h"
+#include "host/value/text.h"
+#include "library/failure.h"
+#include "library/formats/source_text.h"
 #include "library/parameters/parameter.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
@@ -36,7 +39,14 @@ std::vector<ReportContents::Setting> Differences(host::Tag *tag) {
     return settings;
 }
 
+void CheckPageName(const std::filesystem::path &file) {
+    const std::string extension = host::PathText(file.extension());
+    if (extension == ".html") return;
+    throw Failure(kExitInput, host::PathText(file) + ": found the extension " + Quoted(extension) + ", expected .html");
+}
+
 void Report(const ReportOptions &options) {
+    CheckPageName(std::filesystem::u8path(options.output));
     Playback playback(options.move);
     OutputFiles files({options.output}, options.move.InputFiles());
     playback.Start();
@@ -66,6 +76,7 @@ void AddReportCommand(Command program, Action *action) {
     Command command = program.Subcommand(
         "report", "Writes one page about a shaken move: figures, plots, a preview, and a warning of slow sway");
     AddMoveOptions(command, &options->move);
+    AddTableName(command, &options->move.formats.table);
     command.Add("-o,--output", &options->output, "page to write, .html").Required();
     command.OnCall([=] { *action = [options] { Report(*options); }; });
 }

@@ -1,7 +1,9 @@
 #include "tremolux/pictures/plot.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <tuple>
 
 #include "host/value/text.h"
 #include "library/failure.h"
@@ -104,32 +106,52 @@ std::string Seconds(const CameraMove &move, std::int64_t frame) {
     return FormatNumber(static_cast<double>(frame) / move.rate.PerSecond());
 }
 
-// Columns: hertz, then the RMS of each channel within a sixth of an octave to each side.
-std::string SpectrumTable(const AddedMotion &added, double rate, double seconds) {
-    std::string text = "$spectrum << EOD\n";
+constexpr double kNothing = 1e-9;  // RMS of rounding
+
+struct SpectrumRow {
+    double hertz;
+    std::array<double, std::tuple_size<decltype(AddedMotion::camera)>::value> rms;  // of the camera's channels
+};
+
+// Within a sixth of an octave to each side. None where the move is too short for any.
+std::vector<SpectrumRow> SpectrumRows(const AddedMotion &added, double rate, double seconds) {
+    std::vector<SpectrumRow> rows;
     // Short moves say nothing of slow motion: two whole turns must fit.
     for (int third = -12; std::pow(2, third / 3.0) < rate / 2; ++third) {
         const double middle = std::pow(2, third / 3.0), side = std::pow(2, 1 / 6.0);
         if (middle * seconds < 2) continue;
-        text += FormatNumber(middle);
-        for (const Channel &channel : added.camera) {
-            const double rms = BandRms(channel.spectrum, middle / side, middle * side);
-            text += rms > 1e-9 ? " " + FormatNumber(rms) : " NaN";
-        }
+        SpectrumRow row{middle, {}};
+        for (std::size_t c = 0; c < row.rms.size(); ++c)
+            row.rms[c] = BandRms(added.camera[c].spectrum, middle / side, middle * side);
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+// Columns: hertz, then the RMS of each channel.
+std::string SpectrumTable(const std::vector<SpectrumRow> &rows) {
+    std::string text = "$spectrum << EOD\n";
+    for (const SpectrumRow &row : rows) {
+        text += FormatNumber(row.hertz);
+        for (const double rms : row.rms) text += rms > kNothing ? " " + FormatNumber(rms) : " NaN";
         text += "\n";
     }
     return text + "EOD\n";
 }
 
-std::string SpectrumPanel(const char *label, const AddedMotion &added, std::size_t first) {
-    bool any = false;
-    for (std::size_t c = first; c < first + 3; ++c) any = any || added.camera[c].rms > 1e-9;
+std::string SpectrumPanel(const char *label, const AddedMotion &added, const std::vector<SpectrumRow> &rows,
+                          std::size_t first) {
+    bool moves = false, shows = false;
+    for (std::size_t c = first; c < first + 3; ++c) {
+        moves = moves || added.camera[c].rms > kNothing;
+        for (const SpectrumRow &row : rows) shows = shows || row.rms[c] > kNothing;
+    }
     std::string text = "set ylabel \"" + std::string(label) + "\"\n";
-    if (!any) {
+    if (!shows) {
         // A logarithmic axis has no place for nothing.
-        return text +
-               "set label 2 \"nothing was added\" at graph 0.5, graph 0.5 center\nplot [0.05:20] [0.001:1] NaN "
-               "notitle\nunset label 2\n";
+        const char *words = moves ? "the move is too short for a spectrum" : "nothing was added";
+        return text + "set label 2 \"" + words +
+               "\" at graph 0.5, graph 0.5 center\nplot [0.05:20] [0.001:1] NaN notitle\nunset label 2\n";
     }
     text += "plot ";
     for (std::size_t c = first; c < first + 3; ++c) {
@@ -208,8 +230,9 @@ std::string DrawMotion(const PlayedMotion &motion, PlotFormat format) {
 
 std::string DrawSpectrum(const PlayedMotion &motion, const AddedMotion &added, PlotFormat format) {
     const double rate = motion.output.rate.PerSecond();
-    std::string script = Head(format) + Table(motion) +
-                         SpectrumTable(added, rate, static_cast<double>(motion.output.samples.size()) / rate);
+    const std::vector<SpectrumRow> rows =
+        SpectrumRows(added, rate, static_cast<double>(motion.output.samples.size()) / rate);
+    std::string script = Head(format) + Table(motion) + SpectrumTable(rows);
     script += "set multiplot\nset key at screen 0.98, screen 0.99 right top horizontal samplen 3\n" +
               Margins(0.1, 0.98, 0.57, 0.945) +
               "set label 1 \"the path seen from above\" at screen 0.1, screen 0.975\n" + MapRanges(motion) +
@@ -220,9 +243,9 @@ std::string DrawSpectrum(const PlayedMotion &motion, const AddedMotion &added, P
               Margins(0.1, 0.49, 0.06, 0.475) +
               "set key at graph 1, graph 1 right top vertical\n"
               "set label 1 \"added to the position\" at screen 0.1, screen 0.49\n";
-    script += SpectrumPanel("RMS in a third of an octave, cm", added, 0);
+    script += SpectrumPanel("RMS in a third of an octave, cm", added, rows, 0);
     script += Margins(0.6, 0.98, 0.06, 0.475) + "set label 1 \"added to the angles\" at screen 0.6, screen 0.49\n";
-    script += SpectrumPanel("RMS in a third of an octave, degrees", added, 3);
+    script += SpectrumPanel("RMS in a third of an octave, degrees", added, rows, 3);
     return Draw(script + "unset multiplot\n");
 }
 

@@ -1,6 +1,7 @@
 #include "tremolux/process/output_files.h"
 
 #include <cstdio>
+#include <optional>
 
 #include "host/files/safe_write.h"
 #include "host/services/platform.h"
@@ -27,13 +28,18 @@ bool SameFile(const fs::path &a, const fs::path &b) {
     throw Failure(kExitOutput, host::PathText(file) + ": cannot be written: " + reason);
 }
 
-void CheckPlace(const fs::path &file) {
+// Where the bytes of the file that the user named will lie.
+fs::path CheckedPlace(const fs::path &named) {
+    const std::optional<fs::path> place = host::FileBehindLinks(named);
+    if (!place) RefuseOutput(named, "it is a link that leads in a circle");
     std::error_code error;
-    const fs::path folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
-    if (!fs::is_directory(folder, error)) RefuseOutput(file, "there is no folder " + host::PathText(folder));
-    if (fs::exists(file, error) && !fs::is_regular_file(file, error)) {
-        RefuseOutput(file, "something that is no file has its name");
-    }
+    const fs::path folder = place->has_parent_path() ? place->parent_path() : fs::path(".");
+    if (!fs::is_directory(folder, error)) RefuseOutput(named, "there is no folder " + host::PathText(folder));
+    const bool exists = fs::exists(*place, error);
+    if (exists && !fs::is_regular_file(*place, error)) RefuseOutput(named, "something that is no file has its name");
+    if (exists && !host::MayBeChanged(*place)) RefuseOutput(named, "the file that is there is write-protected");
+    if (!host::TakesNewFiles(folder)) RefuseOutput(named, "expected a folder that takes new files");
+    return *place;
 }
 
 // A name beside the file that nobody uses.
@@ -58,7 +64,7 @@ OutputFiles::OutputFiles(const std::vector<std::string> &files, const std::vecto
         for (const fs::path &other : files_) {
             if (SameFile(file, other)) throw Failure(kExitInput, name + ": found twice, expected each output once");
         }
-        CheckPlace(file);
+        places_.push_back(CheckedPlace(file));
         files_.push_back(file);
     }
 }
@@ -70,14 +76,14 @@ OutputFiles::~OutputFiles() {
 
 void OutputFiles::Write(const std::vector<std::string> &texts) {
     for (std::size_t i = 0; i < files_.size(); ++i) {
-        unfinished_.push_back(UnfinishedName(files_[i]));
+        unfinished_.push_back(UnfinishedName(places_[i]));
         std::string reason;
         if (!host::WriteFileSafely(unfinished_.back(), texts[i], &reason)) {
             RefuseOutput(files_[i], "expected a folder that takes new files");
         }
     }
     for (std::size_t i = 0; i < files_.size(); ++i) {
-        if (!host::RenameOver(unfinished_[i], files_[i]))
+        if (!host::TakePlaceOf(unfinished_[i], places_[i]))
             RefuseOutput(files_[i], "expected a file that may be changed");
     }
     unfinished_.clear();

@@ -1,4 +1,5 @@
-// Results: either all of them replace what was there, or none does.
+// Results: either all of them replace what was there, or none does. A file keeps its mode, and is written where a
+// symbolic link leads.
 #pragma once
 
 #include <filesystem>
@@ -10,7 +11,7 @@ namespace tremolux {
 class OutputFiles {
   public:
     // Checks what can be known before the work: throws a Failure for a file that is named twice or is an input itself,
-    // and for one that cannot be written where it is to lie. Touches nothing.
+    // and for one that cannot be written where it is to lie or is write-protected. Touches nothing.
     OutputFiles(const std::vector<std::string> &files, const std::vector<std::string> &inputs);
     ~OutputFiles();  // leaves no unfinished file behind
     OutputFiles(const OutputFiles &) = delete;
@@ -21,7 +22,9 @@ class OutputFiles {
     const std::vector<std::filesystem::path> &Files() const { return files_; }
 
   private:
-    std::vector<std::filesystem::path> files_, unfinished_;
+    std::vector<std::filesystem::path> files_;   // as they were named
+    std::vector<std::filesystem::path> places_;  // where symbolic links lead
+    std::vector<std::filesystem::path> unfinished_;
 };
 
 // To the standard output, at once; throws a Failure.
