@@ -7,6 +7,7 @@
 #include "library/formats/numbers.h"
 #include "library/formats/right_handed.h"
 #include "library/formats/source_text.h"
+#include "library/formats/unit_question.h"
 
 namespace tremolux {
 namespace {
@@ -15,6 +16,9 @@ constexpr std::size_t kFrame = 0, kPosition = 1, kRotation = 4, kFieldOfView = 7
 constexpr const char *kNames[] = {"frame", "tx", "ty", "tz", "rx", "ry", "rz", "vfov"};
 constexpr double kHalfTurn = 180;              // degrees: beyond any lens
 constexpr double kFieldOfViewRounding = 1e-9;  // of a focal length, through a field of view with 15 digits
+
+// Whether the file's turns are the angles themselves.
+bool KeepsAngles(const FormatOptions &options) { return options.rotation_order == kOrderZxy && !options.z_up; }
 
 // Height of the film back, millimetres; pixels are square.
 double ApertureHeight(double width, const FormatOptions &options) { return width * options.height / options.width; }
@@ -66,12 +70,15 @@ CameraSample ReadRow(const SourceText &source, const Line &line, const std::vect
     CameraSample sample;
     const host::Vector turns =
         host::Vector{number(kRotation), number(kRotation + 1), number(kRotation + 2)} * kRadiansPerDegree;
-    if (options.rotation_order == kOrderZxy) {
+    if (KeepsAngles(options)) {
         sample.angles = {turns.y, turns.x, -turns.z};  // as they are, whole turns too
     } else {
-        SetFromRightHanded(RotationOf(turns, options.rotation_order), &sample);
+        const host::Matrix camera = RotationOf(turns, options.rotation_order);
+        SetFromRightHanded(options.z_up ? YUpOf(camera) : camera, &sample);
     }
-    sample.position = {place(kPosition), place(kPosition + 1), -place(kPosition + 2)};
+    const host::Vector position = {place(kPosition), place(kPosition + 1), place(kPosition + 2)};
+    const host::Vector upright = options.z_up ? YUpOf(position) : position;
+    sample.position = {upright.x, upright.y, -upright.z};
     if (fields.size() > kFieldOfView) {
         sample.focal_length = ReadFocalLength(source, line, fields[kFieldOfView], options);
     }
@@ -91,17 +98,18 @@ CameraMove ReadChan(const std::string &file, std::string_view bytes, const Forma
     CameraMove move;
     move.aperture_width = options.aperture_width;
     if (options.rate) move.rate = *options.rate;
-    FrameOrder order(source);
+    FrameOrder order(source, options.fills_gaps);
     std::size_t count = 0;
     for (const Line &line : source.Lines()) {
-        if (IsComment(line)) continue;
+        if (Trimmed(line.text).empty() || IsComment(line)) continue;
         const std::vector<Field> fields = BlankFields(line.text);
         CheckCount(source, line, fields, &count);
         order.Add(line, fields[kFrame]);
         move.samples.push_back(ReadRow(source, line, fields, options));
     }
     order.Finish(&move);
-    source.CheckEnd();
+    if (options.rate) move.rate = *options.rate;
+    if (!options.only_positions) AskAboutUnits({"--unit", "a table's --columns and --angles", "--aperture"}, &move);
     return move;
 }
 
@@ -111,15 +119,15 @@ std::string WriteChan(const CameraMove &move, const FormatOptions &options) {
     std::int64_t frame = move.first_frame;
     host::Vector turns{0, 0, 0};
     for (const CameraSample &sample : move.samples) {
-        turns = options.rotation_order == kOrderZxy
+        const host::Matrix upright = RightHanded(sample), camera = options.z_up ? ZUpOf(upright) : upright;
+        turns = KeepsAngles(options)
                     ? host::Vector{sample.angles.y, sample.angles.x, -sample.angles.z}
-                    : NearestAngles(turns, RotationAngles(RightHanded(sample), options.rotation_order),
-                                    options.rotation_order);
+                    : NearestAngles(turns, RotationAngles(camera, options.rotation_order), options.rotation_order);
         const host::Vector degrees = turns * (1 / kRadiansPerDegree);
-        const host::Vector &position = sample.position;
+        const host::Vector &position = camera.off;
         const double unit = options.length_unit;
         text += std::to_string(frame++);
-        for (const double value : {position.x / unit, position.y / unit, -position.z / unit, degrees.x, degrees.y,
+        for (const double value : {position.x / unit, position.y / unit, position.z / unit, degrees.x, degrees.y,
                                    degrees.z, FieldOfView(sample.focal_length, height)}) {
             text += ' ' + FormatNumber(value);
         }

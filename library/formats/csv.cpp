@@ -5,6 +5,8 @@
 #include "library/formats/numbers.h"
 #include "library/formats/recording.h"
 #include "library/formats/source_text.h"
+#include "library/formats/table.h"
+#include "library/formats/unit_question.h"
 
 namespace tremolux {
 namespace {
@@ -28,6 +30,7 @@ const CsvColumns kPointColumns = {{"frame", true},
                                   {"b", false},
                                   {"focal_length", false},
                                   {"focus_distance", false}};
+constexpr const char *kOtherTables = "; --columns describes other tables";
 constexpr std::size_t kFrame = 0, kX = 1, kY = 2, kZ = 3, kH = 4, kP = 5, kB = 6, kFocalLength = 7, kFocusDistance = 8;
 
 CameraSample ReadRow(const CsvRow &row) {
@@ -44,15 +47,16 @@ CameraSample ReadRow(const CsvRow &row) {
 }  // namespace
 
 CameraMove ReadCsv(const std::string &file, std::string_view bytes, const FormatOptions &options) {
+    if (options.table) return ReadTable(file, bytes, *options.table, options);
     const SourceText source(file, bytes);
     const bool recorded = IsRecordingHeader(source);
     const CsvColumns &columns = options.only_positions ? kPointColumns : kCameraColumns;
-    const CsvHeader header(source, recorded ? kRecordingColumns : columns);
+    const CsvHeader header(source, recorded ? kRecordingColumns : columns, recorded ? "" : kOtherTables);
     CameraMove move;
     move.aperture_width = options.aperture_width;
     if (recorded) move.rate = {kRecordingFramesPerSecond, 1};
     if (options.rate) move.rate = *options.rate;
-    FrameOrder order(source);
+    FrameOrder order(source, options.fills_gaps);
     for (std::size_t i = 1; i < source.Lines().size(); ++i) {
         const CsvRow row(header, source.Lines()[i]);
         order.Add(row.SourceLine(), row.At(kFrame));
@@ -60,6 +64,8 @@ CameraMove ReadCsv(const std::string &file, std::string_view bytes, const Format
     }
     order.Finish(&move);
     source.CheckEnd();
+    if (!recorded && !options.only_positions)
+        AskAboutUnits({"--table tremolux --unit m", "--table tremolux --angles", "--aperture"}, &move);
     return move;
 }
 

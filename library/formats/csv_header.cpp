@@ -27,27 +27,29 @@ std::size_t IndexOf(const CsvColumns &columns, std::string_view name) {
 
 }  // namespace
 
-CsvHeader::CsvHeader(const SourceText &source, const CsvColumns &columns)
+CsvHeader::CsvHeader(const SourceText &source, const CsvColumns &columns, const std::string &otherwise)
     : source_(source), columns_(columns), field_of_column_(columns.size(), kAbsent) {
-    if (source.Lines().empty()) source.Refuse(1, 1, "an empty file", Expected(columns));
+    const std::string expected = Expected(columns) + otherwise;
+    if (source.Lines().empty()) source.Refuse(1, 1, "an empty file", expected);
     const Line &line = source.Lines().front();
-    const std::vector<Field> names = CommaFields(line.text);
+    separator_ = SeparatorOf(line.text);
+    const std::vector<Field> names = SeparatedFields(line.text, separator_);
     for (std::size_t i = 0; i < names.size(); ++i) {
         const std::size_t column = IndexOf(columns, names[i].text);
-        if (column == kAbsent) source.RefuseField(line, names[i], Expected(columns));
+        if (column == kAbsent) source.RefuseField(line, names[i], expected);
         if (field_of_column_[column] != kAbsent) source.RefuseField(line, names[i], "each column once");
         field_of_column_[column] = i;
     }
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (columns[i].required && field_of_column_[i] == kAbsent) {
-            source.Refuse(line.number, line.text.size() + 1, "no column " + columns[i].name, Expected(columns));
+            source.Refuse(line.number, line.text.size() + 1, "no column " + columns[i].name, expected);
         }
     }
     fields_ = names.size();
 }
 
 CsvRow::CsvRow(const CsvHeader &header, const Line &line)
-    : header_(header), line_(line), fields_(CommaFields(line.text)) {
+    : header_(header), line_(line), fields_(SeparatedFields(line.text, header.separator_)) {
     if (fields_.size() == header.fields_) return;
     const std::size_t column = fields_.size() > header.fields_ ? fields_[header.fields_].column : line.text.size() + 1;
     header.source_.Refuse(line.number, column, CountText(line, fields_.size()),

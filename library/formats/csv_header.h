@@ -14,10 +14,11 @@ struct CsvColumn {
 };
 using CsvColumns = std::vector<CsvColumn>;
 
-// The header line; refuses unknown, doubled and missing columns. Both arguments must outlive it.
+// The header line; refuses unknown, doubled and missing columns, and says `otherwise` with them. Source and columns must
+// outlive it.
 class CsvHeader {
   public:
-    CsvHeader(const SourceText &source, const CsvColumns &columns);
+    CsvHeader(const SourceText &source, const CsvColumns &columns, const std::string &otherwise = {});
 
   private:
     friend class CsvRow;
@@ -25,6 +26,7 @@ class CsvHeader {
     const CsvColumns &columns_;
     std::vector<std::size_t> field_of_column_;  // kAbsent where the file has no such column
     std::size_t fields_ = 0;
+    char separator_ = ',';
 };
 
 // One row; refuses a wrong number of fields.

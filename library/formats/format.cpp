@@ -62,6 +62,28 @@ CameraMove RetimedWithin(const std::string &name, const CameraMove &move, const 
                                   " and " + std::to_string(kMaxFrameNumber));
 }
 
+// Of an extension with two dots the first stands for the start of the name, too: "transforms.json".
+bool IsNamedFor(const MoveFormat &format, const fs::path &file) {
+    const std::string_view extension = format.extension;
+    if (extension.find('.', 1) == std::string_view::npos) return LowerCase(host::PathText(file.extension())) == extension;
+    const std::string name = "." + LowerCase(host::PathText(file.filename()));
+    return name.size() >= extension.size() && name.substr(name.size() - extension.size()) == extension;
+}
+
+const MoveFormat *KnownFormat(const fs::path &file) {
+    for (const MoveFormat &format : MoveFormats()) {
+        if (IsNamedFor(format, file)) return &format;
+    }
+    return nullptr;
+}
+
+// Where the options describe a table, whatever is no other camera file is one: tables have many extensions.
+const MoveFormat &FormatToRead(const fs::path &file, const FormatOptions &options) {
+    const MoveFormat *known = KnownFormat(file);
+    if (options.table && (known == nullptr || known->read == nullptr)) return MoveFormats().front();
+    return FormatOf(file, FormatUse::kRead);
+}
+
 bool Does(const MoveFormat &format, FormatUse use) { return use == FormatUse::kWrite ? format.write != nullptr : format.read != nullptr; }
 
 }  // namespace
@@ -115,10 +137,10 @@ std::string KnownExtensions(FormatUse use) {
 }
 
 const MoveFormat &FormatOf(const fs::path &file, FormatUse use) {
-    const std::string extension = LowerCase(host::PathText(file.extension()));
     for (const MoveFormat &format : MoveFormats()) {
-        if (extension == format.extension && Does(format, use)) return format;
+        if (IsNamedFor(format, file) && Does(format, use)) return format;
     }
+    const std::string extension = LowerCase(host::PathText(file.extension()));
     if (use == FormatUse::kRead && BlenderOpens(file)) {
         throw Failure(kExitInput, host::PathText(file) + ": found a " + extension + " file, expected " + KnownExtensions(use) +
                                       "; through Blender, `tremolux import " + Argument(file) +
@@ -141,7 +163,7 @@ CameraMove AtRatesOf(const FormatOptions &options, const std::string &name, Came
 CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
     const std::string name = host::PathText(file);
     const std::string expected = ", expected a camera file (" + KnownExtensions(FormatUse::kRead) + ")";
-    FormatOf(file, FormatUse::kRead);
+    FormatToRead(file, options);
     std::error_code error;
     if (!fs::exists(file, error)) throw Failure(kExitInput, name + ": found no such file" + expected);
     if (!fs::is_regular_file(file, error)) throw Failure(kExitInput, name + ": found something else" + expected);
@@ -157,7 +179,7 @@ CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
 }
 
 CameraMove MoveFromBytes(const std::string &name, std::string_view bytes, const FormatOptions &options) {
-    const MoveFormat &format = FormatOf(host::PathFromText(name), FormatUse::kRead);
+    const MoveFormat &format = FormatToRead(host::PathFromText(name), options);
     if (bytes.size() > kMaxFileBytes) throw Failure(kExitInput, name + ": found more bytes than any move has");
     return AtRatesOf(options, name, format.read(name, bytes, options));
 }

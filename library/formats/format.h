@@ -9,14 +9,18 @@
 #include <vector>
 
 #include "library/formats/rotation_order.h"
+#include "library/formats/table_layout.h"
 #include "library/moves/camera_move.h"
 
 namespace tremolux {
 
 // What a format does not store and somebody must know.
 struct FormatOptions {
-    double length_unit = 1;                    // scene units (centimetres) in one length of a .chan file
+    double length_unit = 1;                    // scene units (centimetres) in one length of a file that states none
     RotationOrder rotation_order = kOrderZxy;  // of a .chan file
+    bool z_up = false;                         // of a file that states no axes
+    std::optional<TableLayout> table;          // of a table that is not the project's own
+    bool fills_gaps = false;                   // a file may hold every second frame, or every third
     double aperture_width = kApertureWidth;    // of the film back in millimetres, where the file does not say
     int width = 1920, height = 1080;           // of the picture in pixels: makes the vertical field of view
     std::string camera;                        // by its name or path, where a file has several; empty: the only one

@@ -70,7 +70,7 @@ class Handler : public nlohmann::json_sax<json> {
   public:
     // `begin` is the first byte that is parsed.
     Handler(const SourceText &source, const char *begin, const FormatOptions &options, CameraMove *move)
-        : source_(source), begin_(begin), options_(options), move_(*move), order_(source) {}
+        : source_(source), begin_(begin), options_(options), move_(*move), order_(source, options.fills_gaps) {}
     const char **Reached() { return &reached_; }
     void Finish() {
         if (move_.samples.empty()) Refuse("no frames", "at least one frame in \"frames\"");

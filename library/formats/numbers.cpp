@@ -10,6 +10,8 @@ namespace tremolux {
 namespace {
 
 constexpr double kNothing = 1e-12;
+constexpr double kLargestWhole = 9007199254740992;  // 2^53: above it a double has no fraction to be looked at
+constexpr std::size_t kLongestNumber = 1000;        // with a decimal comma: those are copied
 
 // Those who read numbers know no plus sign.
 std::string_view WithoutPlus(std::string_view text) {
@@ -35,6 +37,23 @@ std::optional<double> ParseNumber(std::string_view text) {
         return fast_float::from_chars(begin, end, number);
     });
     return value && std::isfinite(*value) ? value : std::nullopt;
+}
+
+std::optional<double> ParseTableNumber(std::string_view text) {
+    const std::size_t comma = text.find(',');
+    if (comma == std::string_view::npos || text.size() > kLongestNumber || text.find('.') != std::string_view::npos)
+        return ParseNumber(text);
+    std::string number(text);
+    number[comma] = '.';
+    return ParseNumber(number);
+}
+
+std::optional<std::int64_t> ParseTableWhole(std::string_view text) {
+    if (const std::optional<std::int64_t> whole = ParseWhole(text)) return whole;
+    const std::optional<double> number = ParseTableNumber(text);
+    if (text.find_first_of("eE") != std::string_view::npos) return std::nullopt;
+    if (!number || std::abs(*number) > kLargestWhole || *number != std::floor(*number)) return std::nullopt;
+    return static_cast<std::int64_t>(*number);
 }
 
 std::optional<std::int64_t> ParseWhole(std::string_view text) {

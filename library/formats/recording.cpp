@@ -8,7 +8,6 @@ namespace {
 
 constexpr std::size_t kPosX = 1, kPosY = 2, kPosZ = 3, kRotX = 4, kRotY = 5, kRotZ = 6;
 constexpr double kSceneUnitsPerMetre = 100, kMaxMetres = kMaxNumber / kSceneUnitsPerMetre;
-constexpr RotationOrder kOrderXyz = {0, 1, 2};
 
 }  // namespace
 
@@ -17,7 +16,8 @@ const CsvColumns kRecordingColumns = {{"frame", true}, {"pos_x", true}, {"pos_y"
 
 bool IsRecordingHeader(const SourceText &source) {
     if (source.Lines().empty()) return false;
-    for (const Field &field : CommaFields(source.Lines().front().text)) {
+    const std::string_view line = source.Lines().front().text;
+    for (const Field &field : SeparatedFields(line, SeparatorOf(line))) {
         if (field.text == kRecordingColumns[kPosX].name) return true;
     }
     return false;

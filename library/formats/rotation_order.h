@@ -11,7 +11,7 @@ namespace tremolux {
 
 // Which axis the first, the second and the third turn is about: 0 for x to 2 for z, each once.
 using RotationOrder = std::array<int, 3>;
-constexpr RotationOrder kOrderZxy = {2, 0, 1};
+constexpr RotationOrder kOrderZxy = {2, 0, 1}, kOrderXyz = {0, 1, 2};
 // By three letters such as "zxy", the first turn first, in whatever case.
 std::optional<RotationOrder> RotationOrderNamed(std::string_view name);
 // Column vectors: the first turn stands rightmost in the product. `angles` are about x, y and z, radians.

@@ -64,36 +64,54 @@ void SourceText::RefuseField(const Line &line, const Field &field, const std::st
 
 double SourceText::Number(const Line &line, const Field &field, std::string_view name, double minimum,
                           double maximum) const {
-    const std::optional<double> value = ParseNumber(field.text);
+    const std::optional<double> value = ParseTableNumber(field.text);
     if (value && *value >= minimum && *value <= maximum) return *value;
     RefuseField(
         line, field,
         "a number from " + FormatNumber(minimum) + " to " + FormatNumber(maximum) + " for " + std::string(name));
 }
 
-std::vector<Field> CommaFields(std::string_view line) {
+std::vector<Field> SeparatedFields(std::string_view line, char separator) {
+    if (separator == ' ') return BlankFields(line);
+    const char *blanks = separator == '\t' ? " " : " \t";
     std::vector<Field> fields;
     std::size_t start = 0;
     while (true) {
-        const std::size_t first = line.find_first_not_of(" \t", start);
+        const std::size_t first = line.find_first_not_of(blanks, start);
         const bool quoted = first != std::string_view::npos && line[first] == '"';
         const std::size_t closing = quoted ? line.find('"', first + 1) : std::string_view::npos;
-        const std::size_t comma = line.find(',', closing != std::string_view::npos ? closing : start);
-        const std::string_view whole = line.substr(start, comma == std::string_view::npos ? comma : comma - start);
+        const std::size_t end = fields.size() + 1 < kMaxFields
+                                    ? line.find(separator, closing != std::string_view::npos ? closing : start)
+                                    : std::string_view::npos;
+        const std::string_view whole = line.substr(start, end == std::string_view::npos ? end : end - start);
         std::string_view text = Trimmed(whole);
         const bool closed = text.size() > 1 && text.front() == '"' && text.find('"', 1) == text.size() - 1;
         if (closed) text = text.substr(1, text.size() - 2);
         fields.push_back({text, start + static_cast<std::size_t>(text.data() - whole.data()) + 1});
-        if (comma == std::string_view::npos) return fields;
-        start = comma + 1;
+        if (end == std::string_view::npos) return fields;
+        start = end + 1;
     }
+}
+
+std::vector<Field> CommaFields(std::string_view line) { return SeparatedFields(line, ','); }
+
+char SeparatorOf(std::string_view line) {
+    if (SeparatedFields(line, ';').size() > 1) return ';';
+    const std::vector<Field> pieces = BlankFields(line);
+    const auto is_number = [](const Field &field) { return ParseTableNumber(field.text).has_value(); };
+    // Decimal commas between blanks.
+    if (pieces.size() > 1 && std::all_of(pieces.begin(), pieces.end(), is_number))
+        return line.find('\t') != std::string_view::npos ? '\t' : ' ';
+    if (SeparatedFields(line, ',').size() > 1) return ',';
+    if (line.find('\t') != std::string_view::npos) return '\t';
+    return pieces.size() > 1 ? ' ' : ',';
 }
 
 std::vector<Field> BlankFields(std::string_view line) {
     std::vector<Field> fields;
     std::size_t start = line.find_first_not_of(" \t");
     while (start != std::string_view::npos) {
-        const std::size_t end = line.find_first_of(" \t", start);
+        const std::size_t end = fields.size() + 1 < kMaxFields ? line.find_first_of(" \t", start) : std::string_view::npos;
         fields.push_back({line.substr(start, end == std::string_view::npos ? end : end - start), start + 1});
         start = line.find_first_not_of(" \t", end);
     }

@@ -33,7 +33,7 @@ class SourceText {
     // At a byte of the text that was given.
     [[noreturn]] void RefuseAt(const char *place, const std::string &found, const std::string &expected) const;
     [[noreturn]] void RefuseField(const Line &line, const Field &field, const std::string &expected) const;
-    // A field as a number of [minimum, maximum]; `name` is that of its column.
+    // A field as a number of [minimum, maximum], with a point or a comma as its decimal mark; `name` is that of its column.
     double Number(const Line &line, const Field &field, std::string_view name, double minimum, double maximum) const;
 
   private:
@@ -42,9 +42,14 @@ class SourceText {
     bool ended_ = true;
 };
 
-// Fields between commas, without the blanks around them and without quotes, between which commas may stand; there is
-// always at least one.
+// Fields between commas, semicolons or tabs, without the blanks around them and without quotes, between which separators may
+// stand; there is always at least one. Blanks as the separator: as BlankFields, and nothing in quotes. What is beyond the
+// most fields that a line has is in the last one.
+constexpr std::size_t kMaxFields = 4096;
+std::vector<Field> SeparatedFields(std::string_view line, char separator);
 std::vector<Field> CommaFields(std::string_view line);
+// What stands between the fields of a table, by one of its lines: ';', '\t', ',' or ' '.
+char SeparatorOf(std::string_view line);
 // Fields between blanks and tabs.
 std::vector<Field> BlankFields(std::string_view line);
 // "3 columns"; "an empty line" for a line without any text.

@@ -47,6 +47,9 @@ constexpr double kMaxNumber = 1e12;
 constexpr double kMinFocalLength = 1, kMaxFocalLength = 10000;  // millimetres
 constexpr double kMinAperture = 1, kMaxAperture = 2000;         // millimetres
 
+// A sample that was made between others may lie beyond what they and a file can hold.
+CameraSample WithinLimits(CameraSample sample);
+
 constexpr double kRadiansPerDegree = 0.017453292519943295;
 
 // Replaces angles by those of the same rotation that lie closest to the frame before, so that no channel leaps by a

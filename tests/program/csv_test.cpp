@@ -12,7 +12,8 @@ CameraMove Read(const std::string &text) { return ReadCsv("move", text, {}); }
 std::string Refusal(const std::string &text) { return RefusalOf(ReadCsv, text); }
 
 const std::string kExpectedHeader =
-    "expected a header line with frame,x,y,z,h,p,b and perhaps focal_length,focus_distance";
+    "expected a header line with frame,x,y,z,h,p,b and perhaps focal_length,focus_distance; --columns describes other "
+    "tables";
 
 TEST(Csv, HoldsTheReferencePoseAsItIs) {
     const CameraMove move = Read(std::string(kHeader) + "1,10,150,-300,30,-10,5,36,500\n");
@@ -45,6 +46,45 @@ TEST(Csv, AcceptsByteOrderMarksCarriageReturnsBlanksAndBlankLinesAtTheEnd) {
     const CameraMove move = Read("\xEF\xBB\xBF frame , x,y,z,h,p,b\r\n-1, 1,2,3,4,5,6 \r\n0,1,2,3,4,5,6\r\n\r\n  \n");
     EXPECT_EQ(move.first_frame, -1);
     EXPECT_EQ(move.LastFrame(), 0);
+}
+
+TEST(Csv, UnderstandsSemicolonsTabsAndDecimalCommas) {
+    for (const char *text :
+         {"frame;x;y;z;h;p;b\n1;10,5;-150;3e2;0,25;0;0\n", "frame\tx\ty\tz\th\tp\tb\n1\t10,5\t-150\t300\t0,25\t0\t0\n",
+          "frame,x,y,z,h,p,b\n1,\"10,5\",-150,300,\"0,25\",0,0\n",
+          "frame;x;y;z;h;p;b\n1.0;10.5;-150;\"300,0\";0.25;0;0\n"}) {
+        const CameraMove move = Read(text);
+        EXPECT_EQ(move.first_frame, 1) << text;
+        EXPECT_TRUE(host::operator==(move.samples.at(0).position, {10.5, -150, 300})) << text;
+        EXPECT_NEAR(move.samples.at(0).angles.x / kRadiansPerDegree, 0.25, 1e-12) << text;
+    }
+}
+
+TEST(Csv, RefusesNumbersWithTwoMarks) {
+    EXPECT_EQ(Refusal("frame;x;y;z;h;p;b\n1;1.234,5;0;0;0;0;0\n"),
+              "move:2:3: found '1.234,5', expected a number from -1000000000000 to 1000000000000 for x");
+}
+
+TEST(Csv, FillsEqualGapsWhereThatIsWanted) {
+    const std::string text = std::string(kShortHeader) + "4,0,0,0,0,0,0\n6,2,0,0,0,0,0\n8,4,0,0,0,0,0\n";
+    EXPECT_EQ(
+        Refusal(text),
+        "move:3:1: found '6', expected frame 5 (frames follow each other without gaps; --retime fills equal ones)");
+    FormatOptions options;
+    options.fills_gaps = true;
+    const CameraMove move = ReadCsv("move", text, options);
+    EXPECT_EQ(move.first_frame, 4);
+    ASSERT_EQ(move.samples.size(), 5u);
+    // Straight and at one speed: so is what lies between.
+    for (int i = 0; i < 5; ++i) EXPECT_NEAR(move.samples[static_cast<std::size_t>(i)].position.x, i, 1e-12) << i;
+    EXPECT_EQ(move.notes, std::vector<std::string>{"holds every 2. frame; those between them are interpolated"});
+    try {
+        ReadCsv("move", text + "9,5,0,0,0,0,0\n", options);
+        FAIL() << "accepted";
+    } catch (const Failure &failure) {
+        EXPECT_STREQ(failure.what(),
+                     "move:5:1: found '9', expected frame 10 (as far from the one before as the first two are)");
+    }
 }
 
 TEST(Csv, MakesAnglesContinuous) {

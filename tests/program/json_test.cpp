@@ -60,7 +60,8 @@ TEST(Json, CarriesATraitOnceOrInEveryFrame) {
 TEST(Json, IsRefusedWithThePlaceAndWhatWasExpected) {
     const std::string good = "{\"frame\":0,\"position\":[0,0,0],\"hpb\":[0,0,0]}";
     EXPECT_EQ(Refusal(WithFrames(good + ",\n{\"frame\":2,\"position\":[0,0,0],\"hpb\":[0,0,0]}")),
-              "move:4:10: found 2, expected frame 1 (frames follow each other without gaps)");
+              "move:4:10: found 2, expected frame 1 (frames follow each other without gaps; --retime fills equal "
+              "ones)");
     EXPECT_EQ(Refusal(WithFrames("{\"frame\":0,\n\"position\":[0,0]}")),
               "move:4:16: found 2 numbers, expected 3 numbers");
     EXPECT_EQ(Refusal(WithFrames("{\"frame\":0}")),

@@ -13,7 +13,7 @@ struct ConvertOptions {
     std::vector<std::string> outputs;
     FormatChoices formats;
     std::string frames;
-    std::string to_unit, to_order;  // empty: as they are read
+    std::string to_unit, to_order, to_axes;  // empty: as they are read
 };
 
 CameraMove AskedFrames(const CameraMove &move, const std::string &frames) {
@@ -32,6 +32,8 @@ void Convert(const ConvertOptions &options) {
     FormatChoices choices = options.formats;
     if (!options.to_unit.empty()) choices.unit = options.to_unit;
     if (!options.to_order.empty()) choices.rotation_order = options.to_order;
+    choices.table = {};
+    choices.table.axes = options.to_axes.empty() ? options.formats.table.axes : options.to_axes;
     const FormatOptions to = choices.Options();
     OutputFiles files(options.outputs, {options.input});
     for (const std::filesystem::path &file : files.Files()) FormatOf(file, FormatUse::kWrite);
@@ -51,7 +53,9 @@ void AddConvertCommand(Command program, Action *action) {
     AddFormatOptions(command, &options->formats);
     command.Add("--frames", &options->frames,
                 "FIRST:LAST: the frames to write; of a camera that stands still in its file, those that there are");
-    command.Add("--to-unit", &options->to_unit, "length unit of a .chan file that is written; else --unit");
+    AddTableName(command, &options->formats.table);
+    command.Add("--to-unit", &options->to_unit, "length unit of a file that is written and states none; else --unit");
+    command.Add("--to-axes", &options->to_axes, "axes of a .chan file that is written; else --axes");
     command.Add("--to-rotation-order", &options->to_order,
                 "rotation order of a .chan file that is written; else --rotation-order");
     command.OnCall([=] { *action = [options] { Convert(*options); }; });

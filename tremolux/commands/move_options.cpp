@@ -87,11 +87,20 @@ FormatOptions FormatChoices::Options() const {
     options.camera = camera;
     options.usd_layer = usd_layer;
     if (!frames_per_second.empty()) options.rate = RateOption("--fps", frames_per_second);
-    if (!retime.empty()) options.retime = RateOption("--retime", retime);
-    options.length_unit = LengthUnitOf(unit);
-    const std::optional<RotationOrder> order = RotationOrderNamed(rotation_order);
-    if (!order) Refuse("--rotation-order", rotation_order, "the letters x, y and z in some order");
-    options.rotation_order = *order;
+    if (!retime.empty()) {
+        options.retime = RateOption("--retime", retime);
+        options.fills_gaps = true;
+    }
+    std::optional<double> length_unit;
+    if (!unit.empty()) options.length_unit = *(length_unit = LengthUnitOf(unit));
+    std::optional<RotationOrder> order;
+    if (!rotation_order.empty()) {
+        order = RotationOrderNamed(rotation_order);
+        if (!order) Refuse("--rotation-order", rotation_order, "the letters x, y and z in some order");
+        options.rotation_order = *order;
+    }
+    options.z_up = table.IsZUp();
+    options.table = table.Layout(length_unit, order);
     const std::optional<double> width = ParseNumber(aperture);
     if (!width || *width < kMinAperture || *width > kMaxAperture) {
         Refuse("--aperture", aperture,
@@ -130,9 +139,9 @@ void AddRateOptions(Command command, FormatChoices *choices) {
 }
 
 void AddWritingOptions(Command command, FormatChoices *choices) {
-    command.Add("--unit", &choices->unit, "length unit of .chan files: cm, m, mm, in, ft").ShowDefault();
-    command.Add("--rotation-order", &choices->rotation_order, "of .chan files, the first turn first: zxy, xyz, ...")
-        .ShowDefault();
+    command.Add("--unit", &choices->unit, "length unit of files that state none: cm (else), m, mm, in, ft");
+    command.Add("--rotation-order,--order", &choices->rotation_order,
+                "of .chan files (else zxy) and tables (else xyz), the first turn first");
     command.Add("--resolution", &choices->resolution, "size of the picture, for vertical fields of view").ShowDefault();
     command.Add("--usd-layer", &choices->usd_layer,
                 "write .usda files as layers that lie over the stage that the camera is from");
@@ -141,6 +150,7 @@ void AddWritingOptions(Command command, FormatChoices *choices) {
 void AddFormatOptions(Command command, FormatChoices *choices) {
     AddRateOptions(command, choices);
     AddWritingOptions(command, choices);
+    AddTableOptions(command, &choices->table);
     command.Add("--aperture", &choices->aperture, "width of the film back in millimetres, where no file says it")
         .ShowDefault();
     command.Add("--camera", &choices->camera, "PATH or NAME of the camera to read, where a file has several");

@@ -10,6 +10,7 @@
 
 #include "library/formats/format.h"
 #include "tremolux/command_line.h"
+#include "tremolux/commands/table_options.h"
 
 namespace tremolux {
 
@@ -25,9 +26,9 @@ using FrameNumbers = std::optional<std::pair<std::int64_t, std::int64_t>>;
 
 // What files do not say, as it was typed.
 struct FormatChoices {
-    std::string frames_per_second, retime, unit = "cm", rotation_order = "zxy", aperture = "36",
-                                           resolution = "1920x1080", camera;
+    std::string frames_per_second, retime, unit, rotation_order, aperture = "36", resolution = "1920x1080", camera;
     bool usd_layer = false;
+    TableChoices table;
     FormatOptions Options() const;  // throws a Failure
 };
 

@@ -82,6 +82,7 @@ void AddShakeCommand(Command program, Action *action) {
     const auto options = std::make_shared<ShakeOptions>();
     Command command = program.Subcommand("shake", "Makes a camera move hand-held and writes the shaken camera");
     AddMoveOptions(command, &options->move);
+    AddTableName(command, &options->move.formats.table);
     command
         .Add("-o,--output", &options->outputs,
              "camera file to write, " + KnownExtensions(FormatUse::kWrite) + "; may be given again")
