@@ -11,6 +11,7 @@
 #include "library/formats/csv.h"
 #include "library/formats/gltf.h"
 #include "library/formats/json.h"
+#include "library/formats/radiance.h"
 #include "library/formats/source_text.h"
 #include "library/formats/usda.h"
 #include "library/moves/retime.h"
@@ -89,8 +90,14 @@ bool Does(const MoveFormat &format, FormatUse use) { return use == FormatUse::kW
 }  // namespace
 
 const std::vector<MoveFormat> &MoveFormats() {
+    constexpr TraitSet kLensShift = TraitBit(kHorizontalOffset) | TraitBit(kVerticalOffset) | kApertureHeightTrait;
     static const std::vector<MoveFormat> formats = {
         {".csv", ReadCsv, WriteCsv, nullptr, 0, false},
+        // Before .json: these are known by their whole names.
+        {".transforms.json", nullptr, WriteTransforms,
+         "focus distance, frame rate, and focal length and film back but in pixels", kLensShift},
+        {".camera_path.json", nullptr, WriteCameraPath,
+         "frame numbers, focus distance, and focal length and film back but as a field of view", kApertureHeightTrait},
         {".json", ReadJson, WriteJson, nullptr, kAllTraits},
         {".chan", ReadChan, WriteChan, "focus distance, film back and frame rate", 0},
         {".usda", ReadUsda, WriteUsda, nullptr, kAllTraits},
@@ -99,7 +106,9 @@ const std::vector<MoveFormat> &MoveFormats() {
         {".gltf", ReadGltf, WriteGltf, kLostInGltf, kAllTraits},
         {".glb", ReadGltf, WriteGlb, kLostInGltf, kAllTraits},
         {".py", nullptr, WriteBlender, nullptr,
-         kAllTraits & ~(TraitBit(kShutterOpen) | TraitBit(kShutterClose))}};
+         kAllTraits & ~(TraitBit(kShutterOpen) | TraitBit(kShutterClose))},
+        {".txt", nullptr, WritePoseLines, "focus distance, and focal length and film back but as their ratio",
+         kLensShift | kPathTrait}};
     return formats;
 }
 

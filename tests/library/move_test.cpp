@@ -81,8 +81,11 @@ TEST(Move, OfBytesThatAreNoneIsRefusedByTheReadersLine) {
 TEST(Move, IsWrittenInKnownFormatsAlone) {
     const Move move = MakeMove(1);
     tremolux_buffer buffer{};
-    EXPECT_EQ("a.mov: found the extension '.mov', expected .csv, .json, .chan, .usda, .usd, .gltf, .glb or .py",
-              Refused(tremolux_move_to_bytes(move.get(), "a.mov", &buffer), move.get()));
+    EXPECT_EQ(
+        "a.mov: found the extension '.mov', expected .csv, .transforms.json, .camera_path.json, .json, .chan, .usda, "
+        ".usd, "
+        ".gltf, .glb, .py or .txt",
+        Refused(tremolux_move_to_bytes(move.get(), "a.mov", &buffer), move.get()));
     EXPECT_EQ(nullptr, buffer.bytes);
 }
 

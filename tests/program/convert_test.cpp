@@ -27,7 +27,8 @@ TEST_F(Convert, GoesFromEachKindThatIsReadToEachThatIsWritten) {
         if (source != csv_) {
             ASSERT_EQ(Run({csv_, source}).status, 0);
         }
-        for (const char *to : {"csv", "json", "chan", "usda", "gltf", "py"}) {
+        for (const char *to :
+             {"csv", "json", "chan", "usda", "gltf", "py", "txt", "transforms.json", "camera_path.json"}) {
             const std::string goal = workplace_.Path(std::string(from) + "." + to);
             EXPECT_EQ(Run({source, goal}).status, 0) << goal;
         }
@@ -65,7 +66,8 @@ TEST_F(Convert, RefusesWhatItCannotReadOrWrite) {
     };
     refused({workplace_.Write("a.py", "1"), workplace_.Path("b.csv")},
             "expected .csv, .json, .chan, .usda, .usd, .usdz, .gltf or .glb");
-    refused({csv_, workplace_.Path("b.fbx")}, "expected .csv, .json, .chan, .usda, .usd, .gltf, .glb or .py");
+    refused({csv_, workplace_.Path("b.fbx")},
+            "expected .csv, .transforms.json, .camera_path.json, .json, .chan, .usda, .usd, .gltf, .glb, .py or .txt");
     refused({csv_, csv_}, "found the input itself");
     refused({csv_, workplace_.Path("b.chan"), "--rotation-order", "xxy"}, "--rotation-order: found 'xxy'");
     refused({csv_, workplace_.Path("b.chan"), "--aperture", "0"}, "--aperture: found '0'");
