@@ -42,15 +42,6 @@ Place PlaceOf(std::int64_t frame, const FrameRate &from, const FrameRate &to) {
 
 double Share(const Place &place) { return static_cast<double>(place.rest) / static_cast<double>(place.of); }
 
-// A curve through the samples may swing past what a file may hold.
-CameraSample WithinLimits(CameraSample sample) {
-    for (double *number : {&sample.position.x, &sample.position.y, &sample.position.z})
-        *number = std::clamp(*number, -kMaxNumber, kMaxNumber);
-    sample.focal_length = std::clamp(sample.focal_length, kMinFocalLength, kMaxFocalLength);
-    sample.focus_distance = std::clamp(sample.focus_distance, 0.0, kMaxNumber);
-    return sample;
-}
-
 }  // namespace
 
 RetimedFrames FramesAt(const CameraMove &move, const FrameRate &rate) {
