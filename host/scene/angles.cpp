@@ -12,6 +12,9 @@ constexpr double kTurn = 2 * kPi;
 constexpr double kStraightUp = 0.00001;
 // Radians by which the other solution must be nearer: rounding alone never turns a camera upside down.
 constexpr double kTie = 1e-12;
+// Two solutions are half a turn apart about both outer axes: to one of them it is more than this, to both together two
+// halves of a turn and more. Whatever is nearer than this is the nearest.
+constexpr double kSurelyNearest = 3;
 
 // An order by the axes (0 x, 1 y, 2 z) in which the parent's axes are turned about; index = order 0 to 5.
 struct AxisOrder {
@@ -60,6 +63,7 @@ Vector AnglesOfOrder(const Matrix &m, const AxisOrder &order) {
 
 // `difference` moved by whole turns into [-pi, pi).
 double NearestTurn(double difference) {
+    if (std::fabs(difference) < kSurelyNearest) return difference;
     if (!std::isfinite(difference)) return difference;
     difference -= kTurn * std::floor((difference + kPi) / kTurn);
     if (difference >= kPi) difference -= kTurn;
@@ -98,15 +102,17 @@ Matrix HpbToMatrix(const Vector &hpb, std::int32_t order) {
 }
 
 Vector OptimalAngle(const Vector &old_hpb, const Vector &new_hpb, std::int32_t order) {
-    // The same rotation is reached with half a turn more about the outer axes and the middle angle mirrored.
-    const int middle = IsNamedOrder(order) ? kOrders[order].second : 1;
-    Vector other{kPi + new_hpb.x, kPi + new_hpb.y, kPi + new_hpb.z};
-    Component(other, middle) = kPi - Component(new_hpb, middle);
     const auto step = [&old_hpb](const Vector &goal) {
         const Vector d = goal - old_hpb;
         return Vector{NearestTurn(d.x), NearestTurn(d.y), NearestTurn(d.z)};
     };
-    const Vector first = step(new_hpb), second = step(other);
+    const Vector first = step(new_hpb);
+    if (SumOfParts(first) < kSurelyNearest) return old_hpb + first;
+    // The same rotation is reached with half a turn more about the outer axes and the middle angle mirrored.
+    const int middle = IsNamedOrder(order) ? kOrders[order].second : 1;
+    Vector other{kPi + new_hpb.x, kPi + new_hpb.y, kPi + new_hpb.z};
+    Component(other, middle) = kPi - Component(new_hpb, middle);
+    const Vector second = step(other);
     return old_hpb + (SumOfParts(second) < SumOfParts(first) - kTie ? second : first);
 }
 

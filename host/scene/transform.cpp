@@ -17,9 +17,9 @@ Matrix Placed(const Vector &position, const Vector &rotation, std::int32_t order
 // system puts its sign on the last one. false when a direction cannot be found.
 bool SplitScale(Matrix *m, Vector *scale) {
     *scale = {Length(m->v1), Length(m->v2), Length(m->v3)};
-    m->v1 = Normalized(m->v1);
-    m->v2 = Normalized(m->v2);
-    m->v3 = Normalized(m->v3);
+    m->v1 = OverLength(m->v1, scale->x);
+    m->v2 = OverLength(m->v2, scale->y);
+    m->v3 = OverLength(m->v3, scale->z);
     if (IsZero(m->v3)) m->v3 = Normalized(Cross(m->v1, m->v2));
     if (IsZero(m->v2)) m->v2 = Normalized(Cross(m->v3, m->v1));
     if (IsZero(m->v1)) m->v1 = Normalized(Cross(m->v2, m->v3));

@@ -310,6 +310,10 @@ bool Container::GetParameter(const TableDescID &place, Data *out) const {
 bool Container::SetParameter(const TableDescID &place, const Data &data) {
     constexpr std::int32_t kSubContainer = 5, kColor = 3;
     const std::int32_t depth = std::min(place.depth, TABLE_DESC_LEVELS);
+    if (depth == 1 && data.type == kDataReal) {
+        SetReal(place.level[0].id, data.Real());
+        return true;
+    }
     const Data copy(data);
     Container *container = this;
     for (std::int32_t level = 0; level < depth; ++level) {

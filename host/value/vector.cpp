@@ -15,11 +15,12 @@ double Length(const Vector &a) {
     return std::hypot(a.x, a.y, a.z);
 }
 
-Vector Normalized(const Vector &a) {
-    const double length = Length(a);
+Vector OverLength(const Vector &a, double length) {
     if (length == 0) return {0, 0, 0};
     return {a.x / length, a.y / length, a.z / length};
 }
+
+Vector Normalized(const Vector &a) { return OverLength(a, Length(a)); }
 
 Vector ComponentProduct(const Vector &a, const Vector &b) { return {a.x * b.x, a.y * b.y, a.z * b.z}; }
 

@@ -16,7 +16,8 @@ inline bool operator!=(const Vector &a, const Vector &b) { return !(a == b); }
 inline double Dot(const Vector &a, const Vector &b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
 Vector Cross(const Vector &a, const Vector &b);
 double Length(const Vector &a);
-Vector Normalized(const Vector &a);  // (0, 0, 0) for a vector without length
+Vector OverLength(const Vector &a, double length);  // divided by it; (0, 0, 0) over 0
+Vector Normalized(const Vector &a);                 // (0, 0, 0) for a vector without length
 Vector ComponentProduct(const Vector &a, const Vector &b);
 bool IsFinite(const Vector &a);
 
