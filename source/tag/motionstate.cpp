@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <iterator>
+#include <utility>
 
 #include "tag/hostmaths.h"
 #include "tag/parameters.h"
@@ -76,17 +76,6 @@ constexpr Entry kSpringEntries[] = {{kOvershootInput, EntryType::kVector, offset
                                     {kOvershootDampingFade, EntryType::kReal, offsetof(Spring, damping_fade)},
                                     {kOvershootMoving, EntryType::kLong, offsetof(Spring, moving)}};
 
-struct Part {
-    const Entry *begin, *end;
-};
-
-// In the order of MotionPart.
-constexpr Part kParts[] = {
-    {std::begin(kTimeline), std::end(kTimeline)}, {std::begin(kClocks), std::end(kClocks)},
-    {std::begin(kPosition), std::end(kPosition)}, {std::begin(kRotation), std::end(kRotation)},
-    {std::begin(kZoom), std::end(kZoom)},         {std::begin(kFocus), std::end(kFocus)},
-    {std::begin(kJolts), std::end(kJolts)},       {std::begin(kPreviousAngles), std::end(kPreviousAngles)}};
-
 struct SpringPlace {
     LONG base;
     std::size_t place;
@@ -117,78 +106,100 @@ bool IsSame(double a, double b) { return BitsOf(a) == BitsOf(b); }
 bool IsSame(const engine::Vector3 &a, const engine::Vector3 &b) {
     return IsSame(a.x, b.x) && IsSame(a.y, b.y) && IsSame(a.z, b.z);
 }
+bool IsSame(bool a, bool b) { return a == b; }
+bool IsSame(int a, int b) { return a == b; }
 
-void ReadEntry(const Entry &entry, LONG base, const BaseContainer &data, void *memory) {
-    const LONG key = base + entry.key;
-    switch (entry.type) {
-        case EntryType::kReal:
-            At<double>(memory, entry.place) = data.GetReal(key);
-            break;
-        case EntryType::kVector:
-            At<engine::Vector3>(memory, entry.place) = FromHost(data.GetVector(key));
-            break;
-        case EntryType::kBool:
-            At<bool>(memory, entry.place) = data.GetBool(key) != FALSE;
-            break;
-        case EntryType::kLong:
-            At<int>(memory, entry.place) = data.GetLong(key);
-            break;
-    }
-}
+template <EntryType type>
+struct FieldOf;
+template <>
+struct FieldOf<EntryType::kReal> {
+    using Type = double;
+};
+template <>
+struct FieldOf<EntryType::kVector> {
+    using Type = engine::Vector3;
+};
+template <>
+struct FieldOf<EntryType::kBool> {
+    using Type = bool;
+};
+template <>
+struct FieldOf<EntryType::kLong> {
+    using Type = int;
+};
+
+void Get(const BaseContainer &data, LONG key, double *value) { *value = data.GetReal(key); }
+void Get(const BaseContainer &data, LONG key, engine::Vector3 *value) { *value = FromHost(data.GetVector(key)); }
+void Get(const BaseContainer &data, LONG key, bool *value) { *value = data.GetBool(key) != FALSE; }
+void Get(const BaseContainer &data, LONG key, int *value) { *value = data.GetLong(key); }
+
+void Set(BaseContainer *data, LONG key, double value) { data->SetReal(key, value); }
+void Set(BaseContainer *data, LONG key, const engine::Vector3 &value) { data->SetVector(key, ToHost(value)); }
+void Set(BaseContainer *data, LONG key, bool value) { data->SetBool(key, value); }
+void Set(BaseContainer *data, LONG key, int value) { data->SetLong(key, value); }
 
 enum class What { kChanged, kAll };
 
-// From `memory` into the container and into `stored`, which is what stands there. TRUE when it was written.
-Bool WriteEntry(const Entry &entry, LONG base, What what, void *memory, void *stored, BaseContainer *data) {
-    const LONG key = base + entry.key;
-    const auto write = [&](const auto &is, auto *was, bool is_same, auto set) {
-        if (what == What::kChanged && is_same) return FALSE;
-        set(is);
-        *was = is;
-        return TRUE;
-    };
-    switch (entry.type) {
-        case EntryType::kReal: {
-            const double is = At<double>(memory, entry.place);
-            double &was = At<double>(stored, entry.place);
-            return write(is, &was, IsSame(is, was), [&](double value) { data->SetReal(key, value); });
-        }
-        case EntryType::kVector: {
-            const engine::Vector3 &is = At<engine::Vector3>(memory, entry.place);
-            engine::Vector3 &was = At<engine::Vector3>(stored, entry.place);
-            return write(is, &was, IsSame(is, was),
-                         [&](const engine::Vector3 &value) { data->SetVector(key, ToHost(value)); });
-        }
-        case EntryType::kBool: {
-            const bool is = At<bool>(memory, entry.place);
-            bool &was = At<bool>(stored, entry.place);
-            return write(is, &was, is == was, [&](bool value) { data->SetBool(key, value); });
-        }
-        case EntryType::kLong: {
-            const int is = At<int>(memory, entry.place);
-            int &was = At<int>(stored, entry.place);
-            return write(is, &was, is == was, [&](int value) { data->SetLong(key, value); });
-        }
-    }
-    return FALSE;
+template <const auto &entries, std::size_t index>
+void ReadEntry(LONG base, const BaseContainer &data, void *memory) {
+    constexpr Entry entry = entries[index];
+    Get(data, base + entry.key, &At<typename FieldOf<entry.type>::Type>(memory, entry.place));
 }
 
-Bool WriteEntries(const Part &part, LONG base, What what, void *memory, void *stored, BaseContainer *data) {
-    Bool has_written = FALSE;
-    for (const Entry *entry = part.begin; entry != part.end; ++entry)
-        if (WriteEntry(*entry, base, what, memory, stored, data)) has_written = TRUE;
-    return has_written;
+// From `memory` into the container and into `stored`, which is what stands there. TRUE when it was written.
+template <const auto &entries, std::size_t index>
+Bool WriteEntry(LONG base, What what, void *memory, void *stored, BaseContainer *data) {
+    constexpr Entry entry = entries[index];
+    using Field = typename FieldOf<entry.type>::Type;
+    const Field &is = At<Field>(memory, entry.place);
+    Field &was = At<Field>(stored, entry.place);
+    if (what == What::kChanged && IsSame(is, was)) return FALSE;
+    Set(data, base + entry.key, is);
+    was = is;
+    return TRUE;
 }
+
+// All entries of a table, each of them compiled for itself: every frame writes them.
+template <const auto &entries, std::size_t... index>
+void ReadEach(LONG base, const BaseContainer &data, void *memory, std::index_sequence<index...>) {
+    (ReadEntry<entries, index>(base, data, memory), ...);
+}
+template <const auto &entries, std::size_t... index>
+Bool WriteEach(LONG base, What what, void *memory, void *stored, BaseContainer *data, std::index_sequence<index...>) {
+    return (WriteEntry<entries, index>(base, what, memory, stored, data) | ...);
+}
+
+template <const auto &entries>
+using IndicesOf = std::make_index_sequence<sizeof(entries) / sizeof(entries[0])>;
+
+template <const auto &entries>
+void ReadEntries(LONG base, const BaseContainer &data, void *memory) {
+    ReadEach<entries>(base, data, memory, IndicesOf<entries>());
+}
+template <const auto &entries>
+Bool WriteEntries(LONG base, What what, void *memory, void *stored, BaseContainer *data) {
+    return WriteEach<entries>(base, what, memory, stored, data, IndicesOf<entries>());
+}
+
+struct Part {
+    void (*read)(LONG base, const BaseContainer &data, void *memory);
+    Bool (*write)(LONG base, What what, void *memory, void *stored, BaseContainer *data);
+};
+template <const auto &entries>
+constexpr Part kPartOf = {ReadEntries<entries>, WriteEntries<entries>};
+
+// In the order of MotionPart.
+constexpr Part kParts[] = {kPartOf<kTimeline>, kPartOf<kClocks>, kPartOf<kPosition>, kPartOf<kRotation>,
+                           kPartOf<kZoom>,     kPartOf<kFocus>,  kPartOf<kJolts>,    kPartOf<kPreviousAngles>};
 
 void ReadSpring(LONG base, const BaseContainer &data, Spring *spring) {
     spring->has_output = data.GetDataPointer(base + kOvershootOutput) != NULL;
     spring->output = FromHost(data.GetVector(base + kOvershootOutput));
-    for (const Entry &entry : kSpringEntries) ReadEntry(entry, base, data, spring);
+    ReadEntries<kSpringEntries>(base, data, spring);
 }
 
 Bool WriteSpringEntries(LONG base, What what, Spring *spring, Spring *stored, BaseContainer *data) {
-    Bool has_written =
-        WriteEntries({std::begin(kSpringEntries), std::end(kSpringEntries)}, base, what, spring, stored, data);
+    Bool has_written = WriteEntries<kSpringEntries>(base, what, spring, stored, data);
     const LONG key = base + kOvershootOutput;
     const bool is_same = spring->has_output == stored->has_output && IsSame(spring->output, stored->output);
     if (what == What::kChanged && is_same) return has_written;
@@ -202,6 +213,11 @@ Bool WriteSpringEntries(LONG base, What what, Spring *spring, Spring *stored, Ba
     stored->has_output = spring->has_output;
     stored->output = spring->output;
     return has_written;
+}
+
+ZoomHidden ReadZoomHidden(const BaseContainer &data) {
+    return {TimeOf(data.GetTime(kZoomHiddenTime)), ReadReal(data, kZoomHidden1), ReadReal(data, kZoomHidden2),
+            ReadReal(data, kZoomHidden3), ReadReal(data, kZoomHidden4)};
 }
 
 // A clock that is not finite begins anew.
@@ -226,11 +242,14 @@ Bool FindChannel(LONG base, Channel *channel) {
     return FALSE;
 }
 
-void MotionState::Read(const BaseContainer &data, Bool may_be_known) {
-    if (may_be_known && IsKnown(data)) return;
+void MotionState::ReadParameters(const BaseContainer &data) {
     settings = ReadSettings(data);
-    for (const Part &part : kParts)
-        for (const Entry *entry = part.begin; entry != part.end; ++entry) ReadEntry(*entry, 0, data, &memory);
+    zoom_hidden = ReadZoomHidden(data);
+}
+
+void MotionState::ReadAnew(const BaseContainer &data) {
+    ReadParameters(data);
+    for (const Part &part : kParts) part.read(0, data, &memory);
     for (const SpringPlace &spring : kSprings) ReadSpring(spring.base, data, &At<Spring>(&memory, spring.place));
     stored_ = memory;
     MakeSound(&memory.clocks);
@@ -250,8 +269,7 @@ void MotionState::Change(BaseContainer *data, Writing writing) {
 }
 
 void MotionState::Write(MotionPart part, BaseContainer *data) {
-    Change(data,
-           [&](What what) { return WriteEntries(kParts[static_cast<int>(part)], 0, what, &memory, &stored_, data); });
+    Change(data, [&](What what) { return kParts[static_cast<int>(part)].write(0, what, &memory, &stored_, data); });
 }
 
 void MotionState::WriteSpring(Channel channel, BaseContainer *data) {
@@ -263,7 +281,7 @@ void MotionState::WriteSpring(Channel channel, BaseContainer *data) {
 
 void MotionState::WriteAllParts(BaseContainer *data) {
     Change(data, [&](What) {
-        for (const Part &part : kParts) WriteEntries(part, 0, What::kAll, &memory, &stored_, data);
+        for (const Part &part : kParts) part.write(0, What::kAll, &memory, &stored_, data);
         return TRUE;
     });
 }

@@ -9,14 +9,23 @@
 // Parts of the memory that are written together.
 enum class MotionPart { kTimeline, kClocks, kPosition, kRotation, kZoom, kFocus, kJolts, kPreviousAngles };
 
+// What the zoom's operation is handed though no formula asks for it.
+struct ZoomHidden {
+    engine::Time time;
+    Real value_1 = 0.0, value_2 = 0.0, value_3 = 0.0, value_4 = 0.0;
+};
+
 class MotionState {
   public:
     engine::Settings settings;
     engine::FrameMemory memory;
+    ZoomHidden zoom_hidden;
 
     // Makes both what the container says. One that is known and has not changed is not read again; `may_be_known`
     // FALSE: another one may stand in its place.
-    void Read(const BaseContainer &data, Bool may_be_known);
+    void Read(const BaseContainer &data, Bool may_be_known) {
+        if (!may_be_known || !IsKnown(data)) ReadAnew(data);
+    }
     // Each time that a container was read, another number.
     LONG Readings() const { return readings_; }
     // What has changed of a part since it was read or written.
@@ -37,13 +46,15 @@ class MotionState {
     void WriteSettings(BaseContainer *data, Write write) {
         const Bool was_known = IsKnown(*data);
         if (!write(data) || !was_known) return;
-        settings = ReadSettings(*data);
+        ReadParameters(*data);
         stamp_ = data->GetDirty();
     }
     // The next reading reads whatever the container's count of changes says.
     void Forget() { data_ = NULL; }
 
   private:
+    void ReadAnew(const BaseContainer &data);
+    void ReadParameters(const BaseContainer &data);
     Bool IsKnown(const BaseContainer &data) const { return data_ == &data && stamp_ == data.GetDirty(); }
     template <typename Writing>
     void Change(BaseContainer *data, Writing writing);

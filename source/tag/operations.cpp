@@ -110,13 +110,13 @@ void TagOperations::ClocksAreSet() { tag_->StoreClocks(data_); }
 
 double TagOperations::StepZoom(const engine::ZoomSettings &s, const engine::ZoomInput &in, engine::ZoomMemory *) {
     // The zoom clock and what follows it belong to no formula.
-    const engine::FrameMemory &memory = tag_->ReadMotion(data_).memory;
+    const MotionState &state = tag_->ReadMotion(data_);
+    const ZoomHidden &hidden = state.zoom_hidden;
     return tag_->EvaluateZoom(data_, s.time_offset, s.seed, s.drifts, s.rate, s.weights.slow, s.weights.medium,
                               s.weights.fast, s.speed, s.drift_smooth, s.smooth, s.swing.amount, s.swing.fade,
-                              in.focal_length, in.frame, in.drift_clock, memory.clocks.zoom,
-                              FrameOfTime(data_->GetTime(kZoomHiddenTime), frames_per_second_),
-                              ReadReal(*data_, kZoomHidden1), ReadReal(*data_, kZoomHidden2),
-                              ReadReal(*data_, kZoomHidden3), ReadReal(*data_, kZoomHidden4));
+                              in.focal_length, in.frame, in.drift_clock, state.memory.clocks.zoom,
+                              engine::FrameOfTime(hidden.time, frames_per_second_), hidden.value_1, hidden.value_2,
+                              hidden.value_3, hidden.value_4);
 }
 
 Vector3 TagOperations::StepPosition(const engine::PositionSettings &s, const engine::PositionInput &in,

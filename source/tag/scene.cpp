@@ -40,7 +40,8 @@ SceneInput ReadScene(const BaseContainer &data, BaseObject *input, BaseObject *c
     if (target) scene.frame.target = FromHost(target->GetMg().off);
     scene.focus = ResolveAim(data, kFocusObject, camera);
     scene.frame.has_focus_object = scene.focus != NULL;
-    if (scene.focus) scene.frame.focus_object = FromHost(scene.focus->GetMg().off);
+    if (scene.focus)
+        scene.frame.focus_object = scene.focus == target ? scene.frame.target : FromHost(scene.focus->GetMg().off);
     return scene;
 }
 
