@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 
 namespace engine {
 
@@ -34,8 +35,15 @@ inline constexpr CurveShape kZoomDriftCurve = {{0, 0}, {0.25, 0}, {-0.25, 0}, {0
 class BentAmounts {
   public:
     // False for an amount that is not known.
-    bool Find(const CurveShape &shape, double amount, double *bent) const;
-    void Remember(const CurveShape &shape, double amount, double bent);
+    bool Find(const CurveShape &shape, double amount, double *bent) const {
+        const Known &known = known_[PlaceOf(shape, amount)];
+        if (known.shape != &shape || known.amount != amount) return false;
+        *bent = known.bent;
+        return true;
+    }
+    void Remember(const CurveShape &shape, double amount, double bent) {
+        known_[PlaceOf(shape, amount)] = {&shape, amount, bent};
+    }
 
   private:
     // More than one frame asks for; of two amounts that fall on the same place the later one stays.
@@ -44,7 +52,18 @@ class BentAmounts {
         const CurveShape *shape = nullptr;
         double amount = 0.0, bent = 0.0;
     };
-    static std::uint64_t PlaceOf(const CurveShape &shape, double amount);
+    static std::uint64_t BitsOf(double value) {
+        std::uint64_t bits;
+        std::memcpy(&bits, &value, sizeof bits);
+        return bits;
+    }
+    static std::uint64_t PlaceOf(const CurveShape &shape, double amount) {
+        // Odd numbers with scattered bits.
+        constexpr std::uint64_t kOfShape = 0xD6E8FEB86659FD93u, kOfAmount = 0x9E3779B97F4A7C15u;
+        std::uint64_t key = BitsOf(amount) ^ BitsOf(shape.end_left.x) * kOfShape;  // the shapes differ there
+        key ^= key >> 32;  // round amounts differ in their first bits alone
+        return key * kOfAmount >> (64 - kPlaceBits);
+    }
     Known known_[kPlaces];
 };
 

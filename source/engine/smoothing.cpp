@@ -13,24 +13,6 @@ constexpr double kMostShakeDamping = 0.25;
 
 }  // namespace
 
-double SmoothCarry(const Coefficients &c, double carry, double value, double goal) {
-    return c.a * ((1.0 - c.b) * carry + goal - value);
-}
-
-double SmoothValue(const Coefficients &c, double carry, double value, double goal) {
-    return (1.0 - c.a) * ((1.0 - c.b) * carry + goal - value) + value;
-}
-
-Vector3 SmoothCarry(const Coefficients &c, const Vector3 &carry, const Vector3 &value, const Vector3 &goal) {
-    return {SmoothCarry(c, carry.x, value.x, goal.x), SmoothCarry(c, carry.y, value.y, goal.y),
-            SmoothCarry(c, carry.z, value.z, goal.z)};
-}
-
-Vector3 SmoothValue(const Coefficients &c, const Vector3 &carry, const Vector3 &value, const Vector3 &goal) {
-    return {SmoothValue(c, carry.x, value.x, goal.x), SmoothValue(c, carry.y, value.y, goal.y),
-            SmoothValue(c, carry.z, value.z, goal.z)};
-}
-
 Coefficients InputSmoothing(double amount, Operations *operations) {
     double bent;
     const bool is_known = operations->Bend(Held01(amount), kSmoothingAmountCurve, &bent) &&

@@ -22,11 +22,21 @@ struct VectorFilter {
 
 // One step towards `goal`. Pure.
 // Source: exponential smoothing (Brown, 1956) with the left-over error carried into the next step.
-double SmoothCarry(const Coefficients &c, double carry, double value, double goal);
-double SmoothValue(const Coefficients &c, double carry, double value, double goal);
+inline double SmoothCarry(const Coefficients &c, double carry, double value, double goal) {
+    return c.a * ((1.0 - c.b) * carry + goal - value);
+}
+inline double SmoothValue(const Coefficients &c, double carry, double value, double goal) {
+    return (1.0 - c.a) * ((1.0 - c.b) * carry + goal - value) + value;
+}
 // The same, number by number.
-Vector3 SmoothCarry(const Coefficients &c, const Vector3 &carry, const Vector3 &value, const Vector3 &goal);
-Vector3 SmoothValue(const Coefficients &c, const Vector3 &carry, const Vector3 &value, const Vector3 &goal);
+inline Vector3 SmoothCarry(const Coefficients &c, const Vector3 &carry, const Vector3 &value, const Vector3 &goal) {
+    return {SmoothCarry(c, carry.x, value.x, goal.x), SmoothCarry(c, carry.y, value.y, goal.y),
+            SmoothCarry(c, carry.z, value.z, goal.z)};
+}
+inline Vector3 SmoothValue(const Coefficients &c, const Vector3 &carry, const Vector3 &value, const Vector3 &goal) {
+    return {SmoothValue(c, carry.x, value.x, goal.x), SmoothValue(c, carry.y, value.y, goal.y),
+            SmoothValue(c, carry.z, value.z, goal.z)};
+}
 
 // The coefficients of a smoothing amount, held to [0, 1]: a in [0, 0.95], b in [0.15, 1] (input), or [0, 0.25] (shake
 // and drift). Without memory for a curve the filter lets its goal through: a = 0, b = 1.
