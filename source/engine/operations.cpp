@@ -2,8 +2,7 @@
 
 namespace engine {
 
-bool Operations::Bend(double amount, const CurveShape &shape, double *bent) {
-    if (bent_amounts_.Find(shape, amount, bent)) return true;
+bool Operations::BendAnew(double amount, const CurveShape &shape, double *bent) {
     const OwnedCurve curve(host, shape);
     if (curve.Get() == nullptr) return false;
     constexpr Range kShares = {0.0, 1.0};

@@ -23,7 +23,9 @@ class Operations {
     const Host &host;
 
     // Along a curve from (0, 0) to (1, 1); false without memory for it.
-    bool Bend(double amount, const CurveShape &shape, double *bent);
+    bool Bend(double amount, const CurveShape &shape, double *bent) {
+        return bent_amounts_.Find(shape, amount, bent) || BendAnew(amount, shape, bent);
+    }
 
     virtual double Remap(double x, const Range &input, const Range &output, void *curve, PastEnd past_end);
 
@@ -51,6 +53,8 @@ class Operations {
     virtual void StepJolts(const JoltSettings &settings, const JoltInput &input, JoltMemory *memory);
 
   private:
+    bool BendAnew(double amount, const CurveShape &shape, double *bent);
+
     BentAmounts bent_amounts_;
 };
 
