@@ -1,7 +1,6 @@
 # One test program per room.
 find_package(GTest REQUIRED)
 find_package(rapidcheck REQUIRED)
-include(GoogleTest)
 
 set(module_suffix ".so")
 if(WIN32)
@@ -96,24 +95,13 @@ function(tremolux_add_tests room)
     endforeach()
     # A fixed seed: the ordinary run is the same everywhere and every time. TREMOLUX_RECORDINGS comes from the caller.
     set(environment "RC_PARAMS=seed=20120914;UBSAN_OPTIONS=print_stacktrace=1")
-    if(CMAKE_CROSSCOMPILING)
-        # A few processes for all: the emulator takes its time to start, and every load of a module takes one of a
-        # process's 1088 thread-local slots for good.
-        foreach(shard RANGE 3)
-            add_test(NAME ${room}.${shard} COMMAND ${target} --gtest_brief=1 WORKING_DIRECTORY "${PROJECT_BINARY_DIR}")
-            set_tests_properties(
-                ${room}.${shard} PROPERTIES TIMEOUT 1200
-                                            ENVIRONMENT "${environment};GTEST_TOTAL_SHARDS=4;GTEST_SHARD_INDEX=${shard}")
-        endforeach()
-        return()
-    endif()
-    gtest_discover_tests(
-        ${target}
-        TEST_PREFIX "${room}."
-        WORKING_DIRECTORY "${PROJECT_BINARY_DIR}"
-        DISCOVERY_MODE PRE_TEST
-        DISCOVERY_TIMEOUT 120
-        PROPERTIES TIMEOUT 1500 ENVIRONMENT "${environment}")
+    # A few processes for all tests of a room: to start one, with the module and the presets, takes longer than most tests.
+    foreach(shard RANGE 3)
+        add_test(NAME ${room}.${shard} COMMAND ${target} --gtest_brief=1 WORKING_DIRECTORY "${PROJECT_BINARY_DIR}")
+        set_tests_properties(
+            ${room}.${shard} PROPERTIES TIMEOUT 1500
+                                        ENVIRONMENT "${environment};GTEST_TOTAL_SHARDS=4;GTEST_SHARD_INDEX=${shard}")
+    endforeach()
 endfunction()
 
 tremolux_add_tests(platform module_glue embedded_host)
