@@ -15,6 +15,10 @@ add_library(tremolux_library STATIC ${sources})
 target_link_libraries(tremolux_library PUBLIC embedded_host module_ids nlohmann_json::nlohmann_json Eigen3::Eigen)
 target_link_libraries(tremolux_library PRIVATE number_text)
 tremolux_set_defaults(tremolux_library)
+if(EMSCRIPTEN)
+    # The frames are made by the module and the host; what is around them had better be small where a page fetches it.
+    target_compile_options(tremolux_library PRIVATE -Oz)
+endif()
 target_precompile_headers(
     tremolux_library PRIVATE <algorithm> <cmath> <filesystem> <functional> <memory> <nlohmann/json.hpp> <optional> <string>
     <vector>)

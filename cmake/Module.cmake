@@ -16,6 +16,8 @@ list(REMOVE_ITEM sources ${engine_sources})
 add_library(module_source OBJECT ${sources})
 target_include_directories(module_source PUBLIC ${interface_folders} "${PROJECT_SOURCE_DIR}/source")
 tremolux_set_defaults(module_source)
+tremolux_room_sources(preset_sources source/presets)
+tremolux_set_small(${preset_sources})
 
 add_library(module_glue OBJECT ${interface_glue})
 target_include_directories(module_glue PUBLIC ${interface_folders} "${PROJECT_SOURCE_DIR}")

@@ -1,6 +1,6 @@
 #include "host/files/safe_write.h"
 
-#include <fstream>
+#include <array>
 #include <system_error>
 
 #include "host/files/faults.h"
@@ -31,10 +31,12 @@ bool WriteAll(const std::filesystem::path &file, std::string_view bytes) {
     const FileFault fault = NextFileUse();
     if (fault == FileFault::kFails || fault == FileFault::kGone) return false;
     if (fault == FileFault::kKilled) bytes = bytes.substr(0, bytes.size() / 2);
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    out.close();
-    return out.good() && fault == FileFault::kNone;
+    OpenFile out = OpenToWrite(file);
+    if (!out) return false;
+    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), out.get()) == bytes.size();
+    // What a full disk takes no more is often told only here.
+    const bool closed = std::fclose(out.release()) == 0;
+    return written && closed && fault == FileFault::kNone;
 }
 
 void CleanUp(const std::filesystem::path &fresh) {
@@ -102,10 +104,12 @@ bool ReadFile(const std::filesystem::path &file, std::string *bytes, std::string
     if (memory_files::Holds(file)) return memory_files::Read(file, bytes) || fail("there is no such file");
     if (!std::filesystem::exists(file, ignored)) return fail("there is no such file");
     if (std::filesystem::is_directory(file, ignored)) return fail("is a folder, expected a file");
-    std::ifstream in(file, std::ios::binary);
+    const OpenFile in = OpenToRead(file);
     if (!in) return fail("cannot be opened");
-    bytes->assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    if (in.bad()) return fail("cannot be read");
+    bytes->clear();
+    std::array<char, 65536> part;
+    while (const std::size_t size = std::fread(part.data(), 1, part.size(), in.get())) bytes->append(part.data(), size);
+    if (std::ferror(in.get()) != 0) return fail("cannot be read");
     return true;
 }
 

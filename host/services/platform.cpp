@@ -7,14 +7,12 @@
 // After windows.h, which it needs.
 #include <shellapi.h>
 
-#include <cstdio>
 #include <cwchar>
 #else
 #include <dlfcn.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #endif
@@ -58,6 +56,10 @@ std::string EnvironmentText(const char *variable) {
     const wchar_t *value = _wgetenv(std::filesystem::u8path(variable).c_str());
     return value != nullptr ? std::filesystem::path(value).u8string() : std::string();
 }
+
+OpenFile OpenToRead(const std::filesystem::path &file) { return OpenFile(_wfopen(file.c_str(), L"rb")); }
+
+OpenFile OpenToWrite(const std::filesystem::path &file) { return OpenFile(_wfopen(file.c_str(), L"wb")); }
 
 bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to) {
     return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
@@ -166,6 +168,10 @@ std::string EnvironmentText(const char *variable) {
     const char *value = std::getenv(variable);
     return value != nullptr ? value : "";
 }
+
+OpenFile OpenToRead(const std::filesystem::path &file) { return OpenFile(std::fopen(file.c_str(), "rb")); }
+
+OpenFile OpenToWrite(const std::filesystem::path &file) { return OpenFile(std::fopen(file.c_str(), "wb")); }
 
 bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to) {
     return std::rename(from.c_str(), to.c_str()) == 0;

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,6 +24,14 @@ std::filesystem::path ProgramFile();
 // The command line and the environment, UTF-8. A variable that is not set is empty.
 std::vector<std::string> ProgramArguments(int argc, char **argv);
 std::string EnvironmentText(const char *variable);
+// Bytes as they are. Null where the file cannot be opened. Streams would bring along the standard library's locales,
+// which are as big as the camera tag.
+struct CloseFile {
+    void operator()(std::FILE *file) const { std::fclose(file); }
+};
+using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
+OpenFile OpenToRead(const std::filesystem::path &file);
+OpenFile OpenToWrite(const std::filesystem::path &file);
 // `from` takes the place of `to` in one step, or nothing changes.
 bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to);
 // Whether this program may change the file: neither its mode nor its owner, nor on Windows its attribute, forbids it.
