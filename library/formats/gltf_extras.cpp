@@ -118,10 +118,11 @@ std::optional<CameraMove> MoveOfGltfExtras(const json &extras) {
     const double first = reading.Number(kFirstFrame, -kMaxFrame, kMaxFrame);
     move.first_frame = std::llround(first);
     move.rate = reading.Rate();
-    move.aperture_width = reading.Number(kWidth, kMinAperture, kMaxAperture);
-    if (reading.Has(kHeight)) move.aperture_height = reading.Number(kHeight, kMinAperture, kMaxAperture);
     if (reading.Has(kPath)) move.traits.path = reading.Text(kPath);
     if (reading.Has(kOrthographic)) move.traits.is_orthographic = reading.Truth(kOrthographic);
+    const ApertureLimits limits = LimitsOfAperture(move.traits.is_orthographic);
+    move.aperture_width = reading.Number(kWidth, limits.least, limits.most);
+    if (reading.Has(kHeight)) move.aperture_height = reading.Number(kHeight, limits.least, limits.most);
     const std::vector<double> focal_lengths = reading.Numbers(kFocalLength, kMinFocalLength, kMaxFocalLength),
                               focus = reading.Numbers(kFocus, 0, kMaxNumber * kMetresPerSceneUnit),
                               positions = reading.Numbers(kPosition, -kMaxNumber, kMaxNumber),

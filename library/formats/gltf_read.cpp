@@ -21,8 +21,6 @@ constexpr double kHalfTurn = 3.14159265358979323846;
 constexpr double kKeyReach = 1e-3;
 // How far numbers of 32 bits lie from those that they were made from, as a share.
 constexpr double kFloatStep = 1e-6;
-// A view as wide as an orthographic camera of this many metres has no film back here.
-constexpr double kMinView = kMinAperture / kMillimetresPerMetre, kMaxView = kMaxAperture / kMillimetresPerMetre;
 
 // Columns as the camera's axes, each of length 1 and square to the others: it looks where its back points from, and its
 // up lies in the plane of the file's.
@@ -131,7 +129,10 @@ class Reader {
         const double width = 2 * std::abs(orthographic.Member("xmag").Number(-kMaxNumber, kMaxNumber)),
                      height = 2 * std::abs(orthographic.Member("ymag").Number(-kMaxNumber, kMaxNumber));
         const std::string size = FormatNumber(width) + " x " + FormatNumber(height) + " m";
-        const auto fits = [](double view) { return view >= kMinView && view <= kMaxView; };
+        const auto fits = [](double view) {
+            const ApertureLimits limits = LimitsOfAperture(true);
+            return view * kMillimetresPerMetre >= limits.least && view * kMillimetresPerMetre <= limits.most;
+        };
         if (fits(width) && fits(height)) {
             move_.aperture_width = width * kMillimetresPerMetre;
             move_.aperture_height = height * kMillimetresPerMetre;

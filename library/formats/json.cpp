@@ -65,6 +65,11 @@ class CountingIterator {
     const char **reached_;  // the last byte that was read
 };
 
+struct ReadNumber {
+    const char *start = nullptr;  // its first byte
+    double value = 0;
+};
+
 // Takes the file as it is parsed; a path such as ".frames[].hpb[]" says what a value is.
 class Handler : public nlohmann::json_sax<json> {
   public:
@@ -81,6 +86,7 @@ class Handler : public nlohmann::json_sax<json> {
                 Refuse(std::to_string(count) + " frames with " + InfoOf(channel).key,
                        "it in every one of the " + std::to_string(move_.samples.size()) + ", or outside of them");
         }
+        TakeFilmBack();
         order_.Finish(&move_);
     }
 
@@ -237,14 +243,26 @@ class Handler : public nlohmann::json_sax<json> {
             if (++count_ > 2) Refuse("another number", "2 numbers");
             rate_terms_[count_ - 1] = Whole(value).value_or(0);
         } else if (path_ == ".film_back_width") {
-            move_.aperture_width = Between(value, kMinAperture, kMaxAperture);
+            film_back_width_ = {number_, value};
         } else if (path_ == ".film_back_height") {
-            move_.aperture_height = Between(value, kMinAperture, kMaxAperture);
+            film_back_height_ = {number_, value};
         } else if (path_ == ".version") {
             if (value != kVersion) Refuse("version " + FormatNumber(value), "version " + FormatNumber(kVersion));
         } else if (!TakeTrait(value)) {
             RefuseKind(FormatNumber(value));
         }
+    }
+
+    // What it may be depends on the projection, which may stand behind it.
+    void TakeFilmBack() {
+        const ApertureLimits limits = LimitsOfAperture(move_.traits.is_orthographic);
+        const auto take = [&](const ReadNumber &side, const char *path) {
+            path_ = path;
+            number_ = side.start;
+            return Between(side.value, limits.least, limits.most);
+        };
+        if (film_back_width_.start != nullptr) move_.aperture_width = take(film_back_width_, ".film_back_width");
+        if (film_back_height_.start != nullptr) move_.aperture_height = take(film_back_height_, ".film_back_height");
     }
 
     // One number for all frames, or one in each of them.
@@ -285,6 +303,7 @@ class Handler : public nlohmann::json_sax<json> {
     std::size_t count_ = 0;           // of numbers in the open array
     unsigned seen_ = 0;               // entries of the open frame
     std::int64_t rate_terms_[2] = {};
+    ReadNumber film_back_width_, film_back_height_;
     bool in_frames_[kTraitChannelCount] = {};  // which traits the frames say
 };
 

@@ -45,7 +45,15 @@ constexpr std::size_t kMaxFrames = 1000000;
 constexpr std::int64_t kMaxFrameNumber = 10000000;  // either side of 0: as far as a run-up to a frame goes
 constexpr double kMaxNumber = 1e12;
 constexpr double kMinFocalLength = 1, kMaxFocalLength = 10000;  // millimetres
-constexpr double kMinAperture = 1, kMaxAperture = 2000;         // millimetres
+
+// A film back's sides, in millimetres. What an orthographic camera sees is as large as its film back: a coin, or a country.
+struct ApertureLimits {
+    double least, most;
+};
+constexpr double kMinAperture = 1, kMaxAperture = 2000;
+constexpr ApertureLimits LimitsOfAperture(bool is_orthographic) {
+    return is_orthographic ? ApertureLimits{1e-6, kMaxNumber} : ApertureLimits{kMinAperture, kMaxAperture};
+}
 
 // A sample that was made between others may lie beyond what they and a file can hold.
 CameraSample WithinLimits(CameraSample sample);

@@ -249,6 +249,15 @@ TEST(GltfReader, CarriesAnOrthographicCamera) {
     EXPECT_EQ(move.traits.channels[kFarClip], std::vector<double>{200});
 }
 
+TEST(GltfReader, CarriesAnOrthographicViewOfAnySize) {
+    GltfFixture file;
+    file.json["cameras"] = {
+        {{"type", "orthographic"}, {"orthographic", {{"xmag", 25}, {"ymag", 12.5}, {"znear", 0}, {"zfar", 2}}}}};
+    const CameraMove move = Read(file);
+    EXPECT_NEAR(move.aperture_width, 50000, 1e-6);
+    EXPECT_NEAR(*move.aperture_height, 25000, 1e-6);
+}
+
 TEST(GltfReader, FindsTheRateInTheTimesOfTheKeys) {
     for (const FrameRate &rate : {FrameRate{24, 1},
                                   {25, 1},

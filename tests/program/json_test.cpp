@@ -57,6 +57,16 @@ TEST(Json, CarriesATraitOnceOrInEveryFrame) {
     EXPECT_NE(Refusal("{\"exposure\": 3}").find("found 3 for '.exposure'"), std::string::npos);
 }
 
+TEST(Json, HasAFilmBackAsLargeAsWhatAnOrthographicCameraSees) {
+    const std::string film_back = "{\n \"film_back_width\": 50000, \"film_back_height\": 0.5",
+                      frames = ", \"frames\": [{\"frame\": 0, \"position\": [0, 0, 0], \"hpb\": [0, 0, 0]}]";
+    const CameraMove move = ReadJson("move", film_back + ", \"projection\": \"orthographic\"" + frames + "}", {});
+    EXPECT_EQ(move.aperture_width, 50000);
+    EXPECT_EQ(move.aperture_height, 0.5);
+    EXPECT_EQ(Refusal(film_back + frames + "}"),
+              "move:2:21: found 50000, expected a number from 1 to 2000 for '.film_back_width'");
+}
+
 TEST(Json, IsRefusedWithThePlaceAndWhatWasExpected) {
     const std::string good = "{\"frame\":0,\"position\":[0,0,0],\"hpb\":[0,0,0]}";
     EXPECT_EQ(Refusal(WithFrames(good + ",\n{\"frame\":2,\"position\":[0,0,0],\"hpb\":[0,0,0]}")),

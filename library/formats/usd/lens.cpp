@@ -113,19 +113,18 @@ class LensReader {
     }
 
     void SetFilmBack() {
-        move_.aperture_width = move_.traits.is_orthographic
-                                   ? Millimetres("horizontalAperture", widths_[0], 0, kMaxNumber)
-                                   : Millimetres("horizontalAperture", widths_[0], kMinAperture, kMaxAperture);
+        const ApertureLimits limits = LimitsOfAperture(move_.traits.is_orthographic);
+        move_.aperture_width = Millimetres("horizontalAperture", widths_[0], limits.least, limits.most);
         const std::vector<double> heights = EachFrame("verticalAperture", kFallbackHeight);
-        const double shape = heights[0] / widths_[0];
-        if (!IsWithin(shape, kPlausibleShapes)) {
+        const double shape = heights[0] / widths_[0], height = heights[0] * lens_unit_;
+        if (!IsWithin(shape, kPlausibleShapes) || height < limits.least || height > limits.most) {
             if (Says("verticalAperture")) {
                 move_.notes.push_back("a verticalAperture of " + FormatNumber(heights[0]) + " for a width of " +
                                       FormatNumber(widths_[0]) + " is passed over");
             }
             return;
         }
-        move_.aperture_height = heights[0] * lens_unit_;
+        move_.aperture_height = height;
         for (std::size_t i = 0; i < heights.size(); ++i) {
             if (std::abs(heights[i] / widths_[i] - shape) <= kSameShape * shape) continue;
             move_.notes.emplace_back("the shape of the film back changes: that of the first frame is kept");
