@@ -56,6 +56,7 @@ def compare(table_file, move_file, *skipped):
 
 
 def write(folder):
+    import addon_utils
     import bpy
     for thing in list(bpy.data.objects):
         bpy.data.objects.remove(thing)
@@ -81,7 +82,7 @@ def write(folder):
             for path in paths:
                 thing.keyframe_insert(path, frame=frame)
     for kind, fps, fps_base in (("blend", 24, 1.001), ("fbx", 24, 1.001), ("takes.fbx", 25, 1.0), ("gltf", 24, 1.0),
-                                ("dae", 24, 1.0)):
+                                ("dae", 24, 1.0), ("x3d", 24, 1.0)):
         scene.render.fps, scene.render.fps_base = fps, fps_base
         rows = []
         for frame in range(FIRST, LAST + 1):
@@ -91,9 +92,10 @@ def write(folder):
             rows.append({"matrix": [world[i][j] for j in range(4) for i in range(3)], "lens": seen.data.lens,
                          "focus": seen.data.dof.focus_distance})
         with open(f"{folder}/blender.{kind}.table", "w", encoding="utf-8") as file:
-            # Takes begin at time 0.
-            json.dump({"rate": fps / fps_base, "sensor_width": data.sensor_width, "rows": rows,
-                       "first": 0 if kind == "takes.fbx" else FIRST}, file)
+            # Takes begin at time 0. A viewpoint of X3D stands still: as it is now, on the scene's first frame.
+            json.dump({"rate": fps / fps_base, "sensor_width": data.sensor_width,
+                       "rows": rows[-1:] if kind == "x3d" else rows,
+                       "first": {"takes.fbx": 0, "x3d": 1}.get(kind, FIRST)}, file)
         name = f"{folder}/blender.{kind}"
         if kind == "blend":
             bpy.ops.wm.save_as_mainfile(filepath=name, copy=True)
@@ -103,6 +105,9 @@ def write(folder):
                                      bake_anim_use_nla_strips=takes)
         elif kind == "gltf":
             bpy.ops.export_scene.gltf(filepath=name, export_format="GLTF_EMBEDDED", export_cameras=True)
+        elif kind == "x3d":
+            addon_utils.enable("io_scene_x3d")
+            bpy.ops.export_scene.x3d(filepath=name, axis_forward="-Z", axis_up="Y")
         else:
             bpy.ops.wm.collada_export(filepath=name, include_all_actions=False)
 

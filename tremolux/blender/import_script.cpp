@@ -2,7 +2,8 @@
 
 namespace tremolux {
 
-const char *const kImportScript = R"PYTHON(import json
+const char *const kImportScript = R"PYTHON(import gzip
+import json
 import math
 import os
 import re
@@ -62,7 +63,15 @@ def open_collada(file):
 
 def open_x3d(file):
     with_add_on("io_scene_x3d")
-    bpy.ops.import_scene.x3d(filepath=file)
+    with open(file, "rb") as scene:
+        text = scene.read()
+    if not text.startswith(b"\x1f\x8b"):
+        # The add-on opens files that are not packed in a way that newer Pythons refuse. It goes by the name's end.
+        file = RESULT + os.path.splitext(file)[1].lower()
+        with gzip.open(file, "wb", compresslevel=1) as scene:
+            scene.write(text)
+    # By itself it turns the world round by half a turn.
+    bpy.ops.import_scene.x3d(filepath=file, axis_forward="-Z", axis_up="Y")
 
 
 def open_alembic(file):
@@ -193,6 +202,8 @@ def main(file, wanted, frames, fps, fps_base):
     if kind in (".gltf", ".glb"):
         notes += take_resting_actions(camera)
         notes.append("Blender takes no keys of the field of view from glTF, and no focus distance")
+    if kind in (".x3d", ".wrl"):
+        notes.append("X3D and VRML have no film back and no focus distance")
     if camera.data.type == "PANO":
         raise Refusal(f"found the panoramic camera {path_of(camera)}, expected one with a lens")
     # A 32-bit number in Blender.
@@ -234,7 +245,9 @@ try:
 except Refusal as refusal:
     result = {"refused": str(refusal)}
 except Exception as error:
-    words = " ".join(str(error).split()) or type(error).__name__
+    # An operator tells a whole traceback, and where it was called: what happened stands before that.
+    lines = [line for line in str(error).splitlines() if line.strip() and not line.startswith("Location:")]
+    words = " ".join(lines[-1].split()) if lines else type(error).__name__
     result = {"refused": f"found what Blender {bpy.app.version_string} does not open ({words}), expected a file that it does"}
 with open(RESULT, "w", encoding="utf-8", errors="replace") as output:
     json.dump(result, output)
