@@ -85,7 +85,9 @@ std::string PlaceByTimes(const std::vector<double> &seconds, CameraMove *move) {
     CameraMove rows;
     rows.samples.swap(move->samples);
     std::size_t row = 0, between = 0;
-    for (double frame = 0; frame <= places.back() + kNearFrame; ++frame) {
+    const auto count = static_cast<std::int64_t>(places.back() + kNearFrame) + 1;
+    for (std::int64_t i = 0; i < count; ++i) {
+        const auto frame = static_cast<double>(i);
         while (row + 1 < places.size() && places[row + 1] <= frame) ++row;
         const bool on_row = places[row] == frame || row + 1 == places.size();
         between += on_row ? 0 : 1;
