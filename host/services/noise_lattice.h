@@ -18,12 +18,12 @@ constexpr int kGradientBits = 6, kGradients = 1 << kGradientBits;
 constexpr double kGain = 1.0625, kLongComponent = 3, kInverseRootOf12 = 0.28867513459481288;
 
 struct Gradients {
-    alignas(32) double component[kGradients][4]{};
+    alignas(32) double component[4 * kGradients]{};  // x, y, z and time of each in turn
     constexpr Gradients() {
         for (int i = 0; i < kGradients; ++i)
             for (int axis = 0; axis < 4; ++axis) {
                 const double length = (i >> 4) == axis ? kLongComponent : 1;
-                component[i][axis] = ((i >> axis & 1) != 0 ? -length : length) * (kInverseRootOf12 * kGain);
+                component[4 * i + axis] = ((i >> axis & 1) != 0 ? -length : length) * (kInverseRootOf12 * kGain);
             }
     }
 };
@@ -64,7 +64,7 @@ inline const double *GradientOf(std::uint64_t key) {
     key *= kMixer;
     key ^= key >> 29;
     key *= kMixer;
-    return kTable.component[key >> (64 - kGradientBits)];
+    return kTable.component + 4 * (key >> (64 - kGradientBits));
 }
 
 // Spreads the middle values over [-1, 1]. Odd; its first two derivatives are 0 at -1 and 1, so that holding the ends

@@ -105,19 +105,16 @@ TREMOLUX_AVX2 inline AxesCell AxesCellAt(__m256d sample) {
     return cell;
 }
 
-// Where the gradients lie in their table, in bytes: GradientOf for four keys.
+// Where the gradients begin in their table: GradientOf for four keys.
 TREMOLUX_AVX2 inline __m256i GradientsOf(__m256i keys) {
     keys = TimesMixer(_mm256_xor_si256(keys, _mm256_srli_epi64(keys, 32)));
     keys = TimesMixer(_mm256_xor_si256(keys, _mm256_srli_epi64(keys, 29)));
-    constexpr int kSizeBits = 5;
-    static_assert(sizeof kTable.component[0] == 1 << kSizeBits);
-    return _mm256_and_si256(_mm256_srli_epi64(keys, 64 - kGradientBits - kSizeBits),
-                            _mm256_set1_epi64x(-(1 << kSizeBits)));
+    // Two bits more than a gradient's number has, and none in them: four times the number.
+    return _mm256_and_si256(_mm256_srli_epi64(keys, 64 - kGradientBits - 2), _mm256_set1_epi64x(-4));
 }
 
 TREMOLUX_AVX2 inline __m256d Products(std::int64_t place, __m128d xy, __m128d zt) {
-    const auto *gradient = reinterpret_cast<const double *>(reinterpret_cast<const char *>(kTable.component) + place);
-    return _mm256_mul_pd(_mm256_load_pd(gradient), _mm256_set_m128d(zt, xy));
+    return _mm256_mul_pd(_mm256_load_pd(kTable.component + place), _mm256_set_m128d(zt, xy));
 }
 
 // The values of the four corners at one place in x and y.
