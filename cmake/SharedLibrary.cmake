@@ -19,6 +19,8 @@ if(WIN32)
     set_target_properties(tremolux_shared PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}")
     target_sources(tremolux_shared PRIVATE "${PROJECT_SOURCE_DIR}/library/interface/tremolux.rc")
     tremolux_set_windows_file(tremolux_shared)
+    # library/interface/windows_entry.cpp
+    target_link_options(tremolux_shared PRIVATE -Wl,--entry=EnterLibrary)
 else()
     tremolux_set_exports(tremolux_shared "${PROJECT_SOURCE_DIR}/library/interface/exports")
 endif()
