@@ -30,12 +30,22 @@ void CheckRoundTrip(const CameraMove &move) {
         Require(again.traits.is_orthographic == move.traits.is_orthographic);
 }
 
+// Frames that a file leaves out are filled in, and what is beside the motion with them.
+void CheckFilled(const std::string &bytes) {
+    FormatOptions options;
+    options.fills_gaps = true;
+    const CameraMove move = Format().read("move", bytes, options);
+    for (const std::vector<double> &values : move.traits.channels)
+        Require(values.size() <= 1 || values.size() == move.samples.size());
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     const std::string bytes(reinterpret_cast<const char *>(data), size);
     CameraMove move;
     try {
+        CheckFilled(bytes);
         move = Format().read("move", bytes, {});
     } catch (const Failure &failure) {
         const std::string line = failure.what();

@@ -8,12 +8,27 @@
 namespace tremolux {
 namespace {
 
+// Straight from one value to the next.
+std::vector<double> FilledTrait(const std::vector<double> &values, std::int64_t step) {
+    std::vector<double> filled;
+    for (std::size_t i = 0; i + 1 < values.size(); ++i) {
+        for (std::int64_t part = 0; part < step; ++part) {
+            const double share = static_cast<double>(part) / static_cast<double>(step);
+            filled.push_back(values[i] + (values[i + 1] - values[i]) * share);
+        }
+    }
+    filled.push_back(values.back());
+    return filled;
+}
+
 void FillGaps(std::int64_t step, CameraMove *move) {
     CameraMove sparse;
     sparse.samples.swap(move->samples);
     const std::int64_t frames = step * sparse.LastFrame() + 1;
     for (std::int64_t i = 0; i < frames; ++i)
         move->samples.push_back(WithinLimits(SampleBetween(sparse, static_cast<double>(i) / static_cast<double>(step))));
+    for (std::vector<double> &values : move->traits.channels)
+        if (values.size() > 1) values = FilledTrait(values, step);
     move->notes.push_back("holds every " + std::to_string(step) + ". frame; those between them are interpolated");
 }
 

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "library/moves/retime.h"
 #include "tests/program/formats_support.h"
 
 namespace tremolux {
@@ -55,6 +56,20 @@ TEST(Json, CarriesATraitOnceOrInEveryFrame) {
     EXPECT_NE(Refusal("{\"f_stop\": 3, \"f_stop\": 4}").find("found '.f_stop' here"), std::string::npos);
     EXPECT_NE(Refusal("{\"projection\": \"round\"}").find("found 'round', expected 'perspective'"), std::string::npos);
     EXPECT_NE(Refusal("{\"exposure\": 3}").find("found 3 for '.exposure'"), std::string::npos);
+}
+
+TEST(Json, HasATraitOnEveryFrameBetweenThoseOfTheFile) {
+    const auto frame = [](int number, int f_stop) {
+        return "{\"frame\":" + std::to_string(number) + ",\"f_stop\":" + std::to_string(f_stop) +
+               ",\"position\":[0,0,0],\"hpb\":[0,0,0]}";
+    };
+    FormatOptions options;
+    options.fills_gaps = true;
+    const CameraMove move = ReadJson("move", WithFrames(frame(0, 2) + "," + frame(4, 4) + "," + frame(8, 8)), options);
+    EXPECT_EQ(move.samples.size(), 9u);
+    EXPECT_EQ(move.traits.channels[kFStop], (std::vector<double>{2, 2.5, 3, 3.5, 4, 5, 6, 7, 8}));
+    const CameraMove retimed = Retimed(move, {60, 1});
+    EXPECT_EQ(retimed.traits.channels[kFStop].size(), retimed.samples.size());
 }
 
 TEST(Json, HasAFilmBackAsLargeAsWhatAnOrthographicCameraSees) {
