@@ -25,7 +25,7 @@ std::filesystem::path ProgramFile();
 std::vector<std::string> ProgramArguments(int argc, char **argv);
 std::string EnvironmentText(const char *variable);
 // Bytes as they are. Null where the file cannot be opened. Streams would bring along the standard library's locales,
-// which are as big as the camera tag.
+// which every page with the library would have to fetch.
 struct CloseFile {
     void operator()(std::FILE *file) const { std::fclose(file); }
 };

@@ -310,6 +310,7 @@ bool Container::GetParameter(const TableDescID &place, Data *out) const {
 bool Container::SetParameter(const TableDescID &place, const Data &data) {
     constexpr std::int32_t kSubContainer = 5, kColor = 3;
     const std::int32_t depth = std::min(place.depth, TABLE_DESC_LEVELS);
+    // What every frame sets, without a copy. Others are copied: they may lie in what is replaced.
     if (depth == 1 && data.type == kDataReal) {
         SetReal(place.level[0].id, data.Real());
         return true;

@@ -108,7 +108,6 @@ CameraMove ReadChan(const std::string &file, std::string_view bytes, const Forma
         move.samples.push_back(ReadRow(source, line, fields, options));
     }
     order.Finish(&move);
-    if (options.rate) move.rate = *options.rate;
     if (!options.only_positions) AskAboutUnits({"--unit", "a table's --columns and --angles", "--aperture"}, &move);
     return move;
 }

@@ -167,7 +167,7 @@ class RowOrder {
         for (double &time : seconds) time *= unit_;
         const std::optional<FrameRate> rate = RateOfTimes(seconds);
         if (!rate && has_frames) return;
-        if (!rate) source_.Refuse(last_.number, 1, Quoted(last_.text), "1 to 2500 rows a second; --fps says frames");
+        if (!rate) source_.Refuse(last_.number, 1, Quoted(last_.text), "1 to " + std::to_string(kMaxFramesPerSecond) + " rows a second; --fps says frames");
         move->rate = *rate;
         const char *words = unit_ == 1 ? "seconds" : unit_ == 1e-3 ? "milliseconds" : "parts of a second";
         move->notes.push_back(std::string("times are ") + words + ": " + FrameRateText(*rate) + " frames a second");
