@@ -96,6 +96,7 @@ function(tremolux_add_tests room)
     # A fixed seed: the ordinary run is the same everywhere and every time. TREMOLUX_RECORDINGS comes from the caller.
     set(environment "RC_PARAMS=seed=20120914;UBSAN_OPTIONS=print_stacktrace=1")
     # A few processes for all tests of a room: to start one, with the module and the presets, takes longer than most tests.
+    # Not one for all: under Wine every load of a module takes one of a process's 1088 thread-local slots for good.
     foreach(shard RANGE 3)
         add_test(NAME ${room}.${shard} COMMAND ${target} --gtest_brief=1 WORKING_DIRECTORY "${PROJECT_BINARY_DIR}")
         set_tests_properties(
