@@ -19,6 +19,4 @@ if(EMSCRIPTEN)
     # The frames are made by the module and the host; what is around them had better be small where a page fetches it.
     target_compile_options(tremolux_library PRIVATE -Oz)
 endif()
-target_precompile_headers(
-    tremolux_library PRIVATE <algorithm> <cmath> <filesystem> <functional> <memory> <nlohmann/json.hpp> <optional> <string>
-    <vector>)
+tremolux_set_unity(tremolux_library)

@@ -15,9 +15,7 @@ endif()
 add_library(tremolux_program STATIC ${sources})
 target_link_libraries(tremolux_program PUBLIC tremolux_library CLI11::CLI11)
 tremolux_set_defaults(tremolux_program)
-target_precompile_headers(
-    tremolux_program PRIVATE <algorithm> <cmath> <filesystem> <functional> <memory> <nlohmann/json.hpp> <optional> <string>
-    <vector>)
+tremolux_set_unity(tremolux_program)
 
 if(EXISTS "${program_main}")
     add_executable(tremolux "${program_main}")

@@ -10,8 +10,6 @@ endfunction()
 function(tremolux_set_small)
     if(EMSCRIPTEN)
         set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_OPTIONS -Oz)
-        # Clang takes no precompiled headers of another optimisation.
-        set_property(SOURCE ${ARGN} PROPERTY SKIP_PRECOMPILE_HEADERS ON)
     endif()
 endfunction()
 
@@ -20,4 +18,11 @@ function(tremolux_set_defaults target)
     tremolux_set_numerics(${target})
     tremolux_set_warnings(${target})
     tremolux_set_sanitizers(${target})
+endfunction()
+
+# Most of what a file costs to compile is reading headers: several files of a room are compiled as one. The static checks
+# read each alone.
+option(TREMOLUX_UNITY "Compile several source files as one" ON)
+function(tremolux_set_unity target)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ${TREMOLUX_UNITY} UNITY_BUILD_BATCH_SIZE 8)
 endfunction()

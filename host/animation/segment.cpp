@@ -7,7 +7,7 @@ namespace host {
 namespace {
 
 // More than enough: halving alone reaches the last digit of a double after 53 steps.
-constexpr int kMostSteps = 64;
+constexpr int kMostNewtonSteps = 64;
 
 double Bezier(double p0, double p1, double p2, double p3, double u) {
     const double v = 1 - u;
@@ -23,7 +23,7 @@ double BezierSlope(double p1, double p2, double u) {
 // backwards, so Newton's method held inside a shrinking bracket finds it.
 double ShareAt(double p1, double p2, double goal) {
     double low = 0, high = 1, u = goal;
-    for (int step = 0; step < kMostSteps; ++step) {
+    for (int step = 0; step < kMostNewtonSteps; ++step) {
         const double miss = Bezier(0, p1, p2, 1, u) - goal;
         if (miss == 0) return u;
         (miss < 0 ? low : high) = u;

@@ -43,8 +43,8 @@ struct Parameter {
 
 constexpr const char *kVisibility[] = {"On", "Off", "Default", nullptr};
 constexpr const char *kUseColor[] = {"Off", "Automatic", "Always", "Layer", nullptr};
-constexpr const char *kOrders[] = {"YXZ (Global)", "YZX (Global)", "ZYX (Global)", "ZXY (Global)",
-                                   "XZY (Global)", "XYZ (Global)", "HPB",          nullptr};
+constexpr const char *kOrderNames[] = {"YXZ (Global)", "YZX (Global)", "ZYX (Global)", "ZXY (Global)",
+                                       "XZY (Global)", "XYZ (Global)", "HPB",          nullptr};
 constexpr const char *kProjections[] = {"Perspective", "Parallel",  "Left",      "Right",    "Front",
                                         "Back",        "Top",       "Bottom",    "Military", "Frog",
                                         "Bird",        "Gentleman", "Isometric", "Dimetric", nullptr};
@@ -62,7 +62,7 @@ const Parameter kObject[] = {
     {kParamRelPosition, kVector, "Position", kGroupCoordinates, 0, kMeter},
     {kParamRelScale, kVector, "Scale", kGroupCoordinates, 1, kRealUnit},
     {kParamRelRotation, kVector, "Rotation", kGroupCoordinates, 0, kDegree},
-    {kParamRotationOrder, kWhole, "Order", kGroupCoordinates, 6, 0, 0, 6, kOrders},
+    {kParamRotationOrder, kWhole, "Order", kGroupCoordinates, 6, 0, 0, 6, kOrderNames},
     {kParamFrozenPosition, kVector, "Freeze Position", kGroupCoordinates, 0, kMeter},
     {kParamFrozenScale, kVector, "Freeze Scale", kGroupCoordinates, 1, kRealUnit},
     {kParamFrozenRotation, kVector, "Freeze Rotation", kGroupCoordinates, 0, kDegree},

@@ -21,12 +21,12 @@ constexpr std::size_t kMagicSize = sizeof(kMagic);
 constexpr int kDeepestNesting = 64;
 
 enum ValueType : std::int32_t {
-    kWhole = 15,
-    kReal = 19,
-    kTime = 22,
-    kVector = 23,
-    kText = 130,
-    kContainer = 132,
+    kWholeValue = 15,
+    kRealValue = 19,
+    kTimeValue = 22,
+    kVectorValue = 23,
+    kTextValue = 130,
+    kContainerValue = 132,
     kAnyData = 200
 };
 
@@ -404,44 +404,46 @@ bool HyperFile::ReadAny(std::int32_t type, Value *value) {
     return true;
 }
 
-bool HyperFile::WriteWhole(std::int32_t value) { return WriteNumber(kWhole, value); }
-bool HyperFile::ReadWhole(std::int32_t *value) { return ReadNumber(kWhole, value); }
-bool HyperFile::WriteReal(double value) { return WriteNumber(kReal, value); }
-bool HyperFile::ReadReal(double *value) { return ReadNumber(kReal, value); }
-bool HyperFile::WriteContainer(const Container &container) { return WriteAny(kContainer, container); }
-bool HyperFile::ReadContainer(Container *container) { return ReadAny(kContainer, container); }
+bool HyperFile::WriteWhole(std::int32_t value) { return WriteNumber(kWholeValue, value); }
+bool HyperFile::ReadWhole(std::int32_t *value) { return ReadNumber(kWholeValue, value); }
+bool HyperFile::WriteReal(double value) { return WriteNumber(kRealValue, value); }
+bool HyperFile::ReadReal(double *value) { return ReadNumber(kRealValue, value); }
+bool HyperFile::WriteContainer(const Container &container) { return WriteAny(kContainerValue, container); }
+bool HyperFile::ReadContainer(Container *container) { return ReadAny(kContainerValue, container); }
 bool HyperFile::WriteData(const TableData &data) { return WriteAny(kAnyData, data); }
 bool HyperFile::ReadData(Data *data) { return ReadAny(kAnyData, data); }
 
 bool HyperFile::WriteText(const std::string &utf8) {
-    if (!BeginValue(kText)) return false;
+    if (!BeginValue(kTextValue)) return false;
     Put(&bytes_, utf8);
     return true;
 }
 
-bool HyperFile::ReadText(std::string *utf8) { return FindValue(kText) && Ended(Source(bytes_, &position_).Get(utf8)); }
+bool HyperFile::ReadText(std::string *utf8) {
+    return FindValue(kTextValue) && Ended(Source(bytes_, &position_).Get(utf8));
+}
 
 bool HyperFile::WriteTime(const Time &time) {
-    if (!BeginValue(kTime)) return false;
+    if (!BeginValue(kTimeValue)) return false;
     Put(&bytes_, time.numerator);
     Put(&bytes_, time.denominator);
     return true;
 }
 
 bool HyperFile::ReadTime(Time *time) {
-    if (!FindValue(kTime)) return false;
+    if (!FindValue(kTimeValue)) return false;
     Source source(bytes_, &position_);
     return Ended(source.Get(&time->numerator) && source.Get(&time->denominator));
 }
 
 bool HyperFile::WriteVector(const Vector &vector) {
-    if (!BeginValue(kVector)) return false;
+    if (!BeginValue(kVectorValue)) return false;
     Put(&bytes_, vector);
     return true;
 }
 
 bool HyperFile::ReadVector(Vector *vector) {
-    if (!FindValue(kVector)) return false;
+    if (!FindValue(kVectorValue)) return false;
     Source source(bytes_, &position_);
     return Ended(Get(&source, vector));
 }

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/value/radians.h"
+
 namespace host {
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 constexpr double kTurn = 2 * kPi;
 // Below this share of a viewing direction lies in the horizontal plane, heading cannot be told from bank.
 constexpr double kStraightUp = 0.00001;

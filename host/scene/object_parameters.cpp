@@ -4,13 +4,10 @@
 
 #include "host/scene/object.h"
 #include "host/value/descid.h"
+#include "host/value/radians.h"
 
 namespace host {
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
-
-bool IsNumber(const Data &data) { return data.type == kDataReal || data.type == kDataWhole; }
 
 // The number that a component's id names; null for an id that names none.
 double *ComponentOf(Vector *v, std::int32_t component) {

@@ -9,8 +9,6 @@
 namespace host {
 namespace {
 
-bool IsNumber(const Data &data) { return data.type == kDataWhole || data.type == kDataReal; }
-
 bool TakesValue(const DescribedParameter &described, const Data &value) {
     if (described.value_type == kDataNil) return false;
     if (described.value_type == kDataWhole || described.value_type == kDataReal) return IsNumber(value);

@@ -5,10 +5,10 @@
 
 #include <cmath>
 
+#include "host/value/radians.h"
+
 namespace host {
 namespace {
-
-constexpr double kRadiansPerDegree = 0.017453292519943295;
 
 std::string_view Trimmed(std::string_view text) {
     const std::size_t first = text.find_first_not_of(" \t");

@@ -71,7 +71,7 @@ void Leave(HostContainer *body) {
     if (body != nullptr && --body->owners == 0) delete body;
 }
 
-bool IsNumber(const Data *data) {
+bool IsAnyNumber(const Data *data) {
     return data != nullptr && (data->type == kDataWhole || data->type == kDataReal || data->type == kDataWhole64);
 }
 
@@ -218,12 +218,12 @@ void Container::Sort() {
 
 std::int32_t Container::Whole(std::int32_t entry, std::int32_t fallback) const {
     const Data *data = Find(entry);
-    return IsNumber(data) ? data->Whole() : fallback;
+    return IsAnyNumber(data) ? data->Whole() : fallback;
 }
 
 double Container::Real(std::int32_t entry, double fallback) const {
     const Data *data = Find(entry);
-    return IsNumber(data) ? data->Real() : fallback;
+    return IsAnyNumber(data) ? data->Real() : fallback;
 }
 
 std::string Container::Text(std::int32_t entry) const {
@@ -330,7 +330,7 @@ bool Container::SetParameter(const TableDescID &place, const Data &data) {
         if (vector) {
             Vector changed = inner == nullptr ? Vector{0, 0, 0} : inner->GetVector();
             double *component = Component(&changed, place.level[level + 1].id);
-            if (component == nullptr || level + 2 != depth || !IsNumber(&copy)) return false;
+            if (component == nullptr || level + 2 != depth || !IsAnyNumber(&copy)) return false;
             *component = copy.Real();
             container->SetVector(here.id, changed);
             return true;

@@ -75,6 +75,7 @@ bool EqualData(const TableData &a, const TableData &b);
 bool SetDefaultData(TableData *data, std::int32_t type);
 std::int32_t WholeOf(const TableData &data);
 double RealOf(const TableData &data);
+inline bool IsNumber(const Data &data) { return data.type == kDataWhole || data.type == kDataReal; }
 std::int32_t TruncatedWhole(double value);  // saturated, NaN is 0
 
 }  // namespace host

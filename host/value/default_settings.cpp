@@ -33,7 +33,7 @@ constexpr TypeSettings kTypes[] = {
     {kDataSpline, 1009059, Animation::kUnsaid, Default::kNone, kNoUnit},    // spline
     {kDataPriority, 1009364, Animation::kUnsaid, Default::kNone, kNoUnit},  // priority
 };
-constexpr std::int32_t kGroup = 1;
+constexpr std::int32_t kGroupType = 1;
 
 void Fill(const TypeSettings &type, Container *settings) {
     settings->Set(kDescCustomGui, Data(type.gadget));
@@ -51,7 +51,7 @@ void Fill(const TypeSettings &type, Container *settings) {
 
 Container DefaultSettings(std::int32_t data_type) {
     Container settings(data_type);
-    if (data_type == kGroup) {
+    if (data_type == kGroupType) {
         settings.Set(kDescColumns, Data(1));
         settings.Set(kDescDefault, Data(0));
     }

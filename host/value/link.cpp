@@ -8,8 +8,6 @@ namespace host {
 
 namespace {
 
-Node *AsNode(HostAtom *atom) { return static_cast<Node *>(atom); }
-
 // The copy's anchor, or null when the translation knows none.
 std::shared_ptr<NodeAnchor> CopyOf(const HostLink &link, const HostAliasTrans &translation) {
     if (link.goal == nullptr || link.goal->node == nullptr) return nullptr;
@@ -62,7 +60,7 @@ HostLink *CloneLink(const HostLink *link, const HostAliasTrans *translation) {
 
 void SetLink(HostLink *link, HostAtom *target) {
     if (link == nullptr) return;
-    link->goal = target == nullptr ? nullptr : AsNode(target)->Anchor();
+    link->goal = target == nullptr ? nullptr : static_cast<Node *>(target)->Anchor();
 }
 
 HostAtom *ResolveLink(const HostLink *link, const HostAtom *document, std::int32_t instance_of) {

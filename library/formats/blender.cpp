@@ -4,11 +4,11 @@
 
 #include "library/formats/numbers.h"
 #include "library/formats/right_handed.h"
+#include "library/moves/scene_units.h"
 
 namespace tremolux {
 namespace {
 
-constexpr double kMetresPerSceneUnit = 0.01;
 // +90 degrees about X: from a Y-up world into Blender's.
 constexpr double kHalfRoot = 0.70710678118654752440;
 constexpr Quaternion kYUpToZUp = {kHalfRoot, kHalfRoot, 0, 0};

@@ -12,9 +12,8 @@
 namespace tremolux {
 namespace {
 
-constexpr std::size_t kFrame = 0, kPosition = 1, kRotation = 4, kFieldOfView = 7;
-constexpr const char *kNames[] = {"frame", "tx", "ty", "tz", "rx", "ry", "rz", "vfov"};
-constexpr double kHalfTurn = 180;              // degrees: beyond any lens
+constexpr std::size_t kFrameColumn = 0, kPositionColumn = 1, kRotationColumn = 4, kFieldOfViewColumn = 7;
+constexpr const char *kColumnNames[] = {"frame", "tx", "ty", "tz", "rx", "ry", "rz", "vfov"};
 constexpr double kFieldOfViewRounding = 1e-9;  // of a focal length, through a field of view with 15 digits
 
 // Whether the file's turns are the angles themselves.
@@ -30,21 +29,21 @@ double FieldOfView(double focal_length, double aperture_height) {
 
 std::string ColumnCount(std::size_t count) {
     std::string list;
-    for (std::size_t i = 0; i < count; ++i) list += (i > 0 ? " " : "") + std::string(kNames[i]);
+    for (std::size_t i = 0; i < count; ++i) list += (i > 0 ? " " : "") + std::string(kColumnNames[i]);
     return std::to_string(count) + " columns (" + list + ")";
 }
 
 // The first row says whether there is a field of view.
 void CheckCount(const SourceText &source, const Line &line, const std::vector<Field> &fields, std::size_t *count) {
-    if (*count == 0 && (fields.size() == kFieldOfView || fields.size() == kFieldOfView + 1)) *count = fields.size();
+    if (*count == 0 && (fields.size() == kFieldOfViewColumn || fields.size() == kFieldOfViewColumn + 1)) *count = fields.size();
     if (*count != 0 && fields.size() == *count) return;
-    const std::size_t expected = *count == 0 ? kFieldOfView + 1 : *count;
+    const std::size_t expected = *count == 0 ? kFieldOfViewColumn + 1 : *count;
     const std::size_t column = fields.size() > expected ? fields[expected].column : line.text.size() + 1;
     source.Refuse(line.number, column, CountText(line, fields.size()), ColumnCount(expected));
 }
 
 double ReadFocalLength(const SourceText &source, const Line &line, const Field &field, const FormatOptions &options) {
-    const double degrees = source.Number(line, field, kNames[kFieldOfView], 0, kHalfTurn);
+    const double degrees = source.Number(line, field, kColumnNames[kFieldOfViewColumn], 0, kWidestView);
     const double height = ApertureHeight(options.aperture_width, options);
     const double focal_length = FocalLengthOf(height, degrees * kRadiansPerDegree);
     // The limits themselves are rounded when they are written as a field of view.
@@ -59,7 +58,7 @@ double ReadFocalLength(const SourceText &source, const Line &line, const Field &
 CameraSample ReadRow(const SourceText &source, const Line &line, const std::vector<Field> &fields,
                      const FormatOptions &options) {
     const auto within = [&](std::size_t column, double limit) {
-        return source.Number(line, fields[column], kNames[column], -limit, limit);
+        return source.Number(line, fields[column], kColumnNames[column], -limit, limit);
     };
     const auto number = [&](std::size_t column) { return within(column, kMaxNumber); };
     const auto place = [&](std::size_t column) {
@@ -69,18 +68,18 @@ CameraSample ReadRow(const SourceText &source, const Line &line, const std::vect
     };
     CameraSample sample;
     const host::Vector turns =
-        host::Vector{number(kRotation), number(kRotation + 1), number(kRotation + 2)} * kRadiansPerDegree;
+        host::Vector{number(kRotationColumn), number(kRotationColumn + 1), number(kRotationColumn + 2)} * kRadiansPerDegree;
     if (KeepsAngles(options)) {
         sample.angles = {turns.y, turns.x, -turns.z};  // as they are, whole turns too
     } else {
         const host::Matrix camera = RotationOf(turns, options.rotation_order);
         SetFromRightHanded(options.z_up ? YUpOf(camera) : camera, &sample);
     }
-    const host::Vector position = {place(kPosition), place(kPosition + 1), place(kPosition + 2)};
+    const host::Vector position = {place(kPositionColumn), place(kPositionColumn + 1), place(kPositionColumn + 2)};
     const host::Vector upright = options.z_up ? YUpOf(position) : position;
     sample.position = {upright.x, upright.y, -upright.z};
-    if (fields.size() > kFieldOfView) {
-        sample.focal_length = ReadFocalLength(source, line, fields[kFieldOfView], options);
+    if (fields.size() > kFieldOfViewColumn) {
+        sample.focal_length = ReadFocalLength(source, line, fields[kFieldOfViewColumn], options);
     }
     return sample;
 }
@@ -94,7 +93,7 @@ bool IsComment(const Line &line) {
 
 CameraMove ReadChan(const std::string &file, std::string_view bytes, const FormatOptions &options) {
     const SourceText source(file, bytes);
-    if (source.Lines().empty()) source.Refuse(1, 1, "an empty file", ColumnCount(kFieldOfView + 1));
+    if (source.Lines().empty()) source.Refuse(1, 1, "an empty file", ColumnCount(kFieldOfViewColumn + 1));
     CameraMove move;
     move.aperture_width = options.aperture_width;
     if (options.rate) move.rate = *options.rate;
@@ -104,7 +103,7 @@ CameraMove ReadChan(const std::string &file, std::string_view bytes, const Forma
         if (Trimmed(line.text).empty() || IsComment(line)) continue;
         const std::vector<Field> fields = BlankFields(line.text);
         CheckCount(source, line, fields, &count);
-        order.Add(line, fields[kFrame]);
+        order.Add(line, fields[kFrameColumn]);
         move.samples.push_back(ReadRow(source, line, fields, options));
     }
     order.Finish(&move);

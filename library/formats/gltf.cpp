@@ -9,18 +9,18 @@
 #include "library/formats/base64.h"
 #include "library/formats/gltf_container.h"
 #include "library/formats/gltf_extras.h"
+#include "library/formats/gltf_names.h"
 #include "library/formats/lens.h"
 #include "library/formats/right_handed.h"
+#include "library/moves/scene_units.h"
 
 namespace tremolux {
 namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr double kMetresPerSceneUnit = 0.01, kMetresPerMillimetre = 0.001;
+constexpr double kMetresPerMillimetre = 0.001;
 constexpr double kNear = 0.01, kFar = 10000;  // metres
-constexpr int kFloat = 5126;
-constexpr const char *kPointer = "KHR_animation_pointer";
 static_assert(std::numeric_limits<float>::is_iec559);
 
 // One column of numbers a frame, each a 32-bit float with the lowest byte first.
@@ -29,7 +29,7 @@ class Buffer {
     // The accessor's index. `numbers` has `width` of them a frame.
     std::size_t Add(const std::vector<float> &numbers, std::size_t width, const char *type) {
         Json accessor = {{"bufferView", views_.size()},
-                         {"componentType", kFloat},
+                         {"componentType", kGltfFloat},
                          {"count", numbers.size() / width},
                          {"type", type}};
         if (width == 1) {
@@ -135,10 +135,10 @@ GltfFile FileOf(const CameraMove &move, const FormatOptions &options) {
     animate(buffer.Add(columns.rotations, 4, "VEC4"), {{"node", 0}, {"path", "rotation"}});
     if (zooms) {
         animate(buffer.Add(columns.angles, 1, "SCALAR"),
-                {{"path", "pointer"}, {"extensions", {{kPointer, {{"pointer", "/cameras/0/perspective/yfov"}}}}}});
+                {{"path", "pointer"}, {"extensions", {{kAnimationPointer, {{"pointer", "/cameras/0/perspective/yfov"}}}}}});
     }
     Json document = {{"asset", {{"version", "2.0"}, {"generator", "tremolux"}}}};
-    if (zooms) document["extensionsUsed"] = {kPointer};
+    if (zooms) document["extensionsUsed"] = {kAnimationPointer};
     document["scene"] = 0;
     document["scenes"] = {{{"nodes", {0}}}};
     const std::vector<float> &t = columns.translations, &r = columns.rotations;

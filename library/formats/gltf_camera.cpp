@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "library/formats/gltf_names.h"
 #include "library/formats/numbers.h"
 #include "library/formats/source_text.h"
 #include "library/moves/camera_move.h"
@@ -9,11 +10,10 @@
 namespace tremolux {
 namespace {
 
-constexpr std::size_t kMaxDepth = 256;  // of nodes within nodes
-constexpr std::size_t kMaxCameras = 1000, kMaxPathBytes = 4096;
+constexpr std::size_t kMaxNodeDepth = 256;  // of nodes within nodes
+constexpr std::size_t kMaxGltfCameras = 1000, kMaxPathBytes = 4096;
 constexpr std::size_t kMaxListed = 20;  // cameras in a refusal
 constexpr std::size_t kMaxNotes = 20;
-constexpr const char *kPointer = "KHR_animation_pointer";
 
 // By node; a node without a parent has its own number.
 std::vector<std::size_t> ParentsOf(const JsonPlace &nodes) {
@@ -44,8 +44,8 @@ std::vector<std::size_t> ChainTo(const JsonPlace &nodes, const std::vector<std::
     std::vector<std::size_t> chain = {leaf};
     while (parents[chain.back()] != chain.back()) {
         chain.push_back(parents[chain.back()]);
-        if (chain.size() > kMaxDepth)
-            nodes.Element(leaf).Refuse("a node that is its own ancestor, or more than " + std::to_string(kMaxDepth) + " deep",
+        if (chain.size() > kMaxNodeDepth)
+            nodes.Element(leaf).Refuse("a node that is its own ancestor, or more than " + std::to_string(kMaxNodeDepth) + " deep",
                                        "a tree of nodes");
     }
     std::reverse(chain.begin(), chain.end());
@@ -93,7 +93,7 @@ GltfCamera FindGltfCamera(const GltfDocument &document, const std::string &wante
     for (std::size_t i = 0; i < parents.size(); ++i) {
         const JsonPlace index = nodes.Element(i).Member("camera");
         if (!index) continue;
-        if (all.size() == kMaxCameras) index.Refuse("more than " + std::to_string(kMaxCameras) + " cameras", "fewer");
+        if (all.size() == kMaxGltfCameras) index.Refuse("more than " + std::to_string(kMaxGltfCameras) + " cameras", "fewer");
         const JsonPlace camera = cameras.ElementNamedBy(index);
         GltfCamera found{ChainTo(nodes, parents, i), index.Value().get<std::size_t>(), ""};
         found.path = PathOf(nodes, found.nodes, camera);
@@ -149,7 +149,7 @@ void GltfMotion::ReadChannel(const GltfDocument &document, const GltfCamera &cam
     std::optional<std::int64_t> node;
     std::string path = target.Member("path").Text();
     if (path == "pointer") {
-        const std::string pointer = target.Member("extensions").Member(kPointer).Member("pointer").Text();
+        const std::string pointer = target.Member("extensions").Member(kAnimationPointer).Member("pointer").Text();
         const std::string lens = "/cameras/" + std::to_string(camera.camera) + "/";
         if (pointer == lens + "perspective/yfov") {
             if (angles_) return Note("a second animation of " + Quoted(pointer) + " is passed over");

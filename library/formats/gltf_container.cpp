@@ -4,13 +4,13 @@
 #include <limits>
 
 #include "library/failure.h"
+#include "library/formats/source_text.h"
 
 namespace tremolux {
 namespace {
 
 constexpr std::string_view kMagic = "glTF", kJsonType = "JSON", kBinaryType = std::string_view("BIN\0", 4);
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::uint32_t kVersion = 2;
+constexpr std::uint32_t kGlbVersion = 2;
 constexpr std::size_t kHeaderBytes = 12, kChunkHeaderBytes = 8, kWord = 4;
 
 [[noreturn]] void Refuse(const std::string &file, std::size_t byte, const std::string &found,
@@ -46,8 +46,8 @@ GltfChunks ChunksOf(const std::string &file, std::string_view bytes) {
         return {bytes, {}};
     }
     if (bytes.size() < kHeaderBytes) Refuse(file, bytes.size(), "the end of the file", "a header of 12 bytes");
-    if (WordAt(bytes, 4) != kVersion)
-        Refuse(file, 4, "version " + std::to_string(WordAt(bytes, 4)), "version " + std::to_string(kVersion));
+    if (WordAt(bytes, 4) != kGlbVersion)
+        Refuse(file, 4, "version " + std::to_string(WordAt(bytes, 4)), "version " + std::to_string(kGlbVersion));
     const std::size_t length = WordAt(bytes, 8);
     if (length > bytes.size() || length < kHeaderBytes)
         Refuse(file, 8, "a length of " + std::to_string(length),
@@ -78,7 +78,7 @@ std::string GltfContainer(const std::string &json, const std::string &binary) {
     const std::uint64_t length = kHeaderBytes + std::uint64_t{chunks.size()};
     if (length > std::numeric_limits<std::uint32_t>::max())
         throw Failure(kExitOutput, "found a move of more than 4 GiB, expected one that a .glb file can hold");
-    return std::string(kMagic) + WordBytes(kVersion) + WordBytes(length) + chunks;
+    return std::string(kMagic) + WordBytes(kGlbVersion) + WordBytes(length) + chunks;
 }
 
 }  // namespace tremolux

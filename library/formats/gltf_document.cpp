@@ -8,6 +8,7 @@
 #include "library/failure.h"
 #include "library/formats/base64.h"
 #include "library/formats/gltf_container.h"
+#include "library/formats/gltf_names.h"
 #include "library/formats/source_text.h"
 #include "library/moves/camera_move.h"
 
@@ -19,7 +20,7 @@ namespace fs = std::filesystem;
 constexpr std::uint64_t kMaxOffset = std::uint64_t{1} << 32;
 constexpr std::size_t kMaxBytesBeside = std::size_t{1} << 28;
 constexpr std::size_t kMaxElements = 3 * kMaxFrames;  // a cubic spline has three a key
-constexpr std::size_t kMaxNumbers = 40 * kMaxFrames;
+constexpr std::size_t kMaxAccessorNumbers = 40 * kMaxFrames;
 constexpr std::uint64_t kMaxStride = 252;
 constexpr const char *kCompression = "EXT_meshopt_compression";
 
@@ -29,9 +30,8 @@ struct ComponentType {
     std::uint32_t sign;  // the bit that says it; 0 without one
     double one;  // what stands for 1 where it is normalized; 0: never
 };
-constexpr std::uint64_t kFloat = 5126;
 constexpr ComponentType kComponentTypes[] = {{5120, 1, 0x80, 127},    {5121, 1, 0, 255}, {5122, 2, 0x8000, 32767},
-                                             {5123, 2, 0, 65535}, {5125, 4, 0, 0},   {kFloat, 4, 0, 0}};
+                                             {5123, 2, 0, 65535}, {5125, 4, 0, 0},   {kGltfFloat, 4, 0, 0}};
 
 const ComponentType &ComponentTypeOf(const JsonPlace &place) {
     const std::uint64_t code = place.Whole(kMaxOffset);
@@ -45,7 +45,7 @@ double Component(const char *bytes, const ComponentType &type) {
     std::uint32_t bits = 0;
     for (std::size_t i = 0; i < type.bytes; ++i)
         bits |= std::uint32_t{static_cast<unsigned char>(bytes[i])} << (8 * i);
-    if (type.code == kFloat) {
+    if (type.code == kGltfFloat) {
         float number;
         std::memcpy(&number, &bits, sizeof number);
         return number;
@@ -183,8 +183,8 @@ std::vector<double> GltfDocument::Numbers(const JsonPlace &index, std::size_t wi
     const double one = normalized && normalized.Value() == true && type.one > 0 ? type.one : 1;
     const std::size_t element = type.bytes * width;
     numbers_read_ += count * width;
-    if (numbers_read_ > kMaxNumbers)
-        accessor.Refuse("more than " + std::to_string(kMaxNumbers) + " numbers so far", "a camera's animation");
+    if (numbers_read_ > kMaxAccessorNumbers)
+        accessor.Refuse("more than " + std::to_string(kMaxAccessorNumbers) + " numbers so far", "a camera's animation");
 
     std::vector<double> numbers;
     const auto take = [&](const char *bytes, double *to) {
@@ -210,7 +210,7 @@ std::vector<double> GltfDocument::Numbers(const JsonPlace &index, std::size_t wi
         const auto changed = static_cast<std::size_t>(sparse.Member("count").Whole(count));
         const JsonPlace indices = sparse.Member("indices"), values = sparse.Member("values");
         const ComponentType &index_type = ComponentTypeOf(indices.Member("componentType"));
-        if (index_type.sign != 0 || index_type.code == kFloat) indices.Member("componentType").Refuse("5121, 5123 or 5125");
+        if (index_type.sign != 0 || index_type.code == kGltfFloat) indices.Member("componentType").Refuse("5121, 5123 or 5125");
         const std::string_view at = Elements(indices, BytesOfView(indices), changed, index_type.bytes, index_type.bytes);
         const std::string_view bytes = Elements(values, BytesOfView(values), changed, element, element);
         for (std::size_t i = 0; i < changed; ++i) {

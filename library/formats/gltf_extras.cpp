@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "library/formats/right_handed.h"
+#include "library/moves/scene_units.h"
 
 namespace tremolux {
 namespace {
@@ -10,12 +11,11 @@ namespace {
 using Json = nlohmann::ordered_json;
 using nlohmann::json;
 
-constexpr double kMetresPerSceneUnit = 0.01;
 // Frames below this one are further apart than 32-bit floats at their times.
 constexpr std::int64_t kMaxDistinctFrame = std::int64_t{1} << 22;
 constexpr const char *kFirstFrame = "first_frame", *kRate = "frames_per_second", *kWidth = "film_back_width_mm",
-                     *kHeight = "film_back_height_mm", *kFocalLength = "focal_length_mm",
-                     *kFocus = "focus_distance_m", *kPosition = "position_m",
+                     *kHeight = "film_back_height_mm", *kFocalLengthName = "focal_length_mm",
+                     *kFocusName = "focus_distance_m", *kPositionName = "position_m",
                      *kAngles = "heading_pitch_bank_rad", *kPath = "camera", *kOrthographic = "orthographic";
 
 // A whole number, or numerator and denominator.
@@ -104,9 +104,9 @@ Json GltfExtrasOf(const CameraMove &move) {
         for (const double number : {metres.x, metres.y, metres.z}) positions.push_back(number);
         for (const double number : {sample.angles.x, sample.angles.y, sample.angles.z}) angles.push_back(number);
     }
-    extras[kFocalLength] = std::move(focal_lengths);
-    extras[kFocus] = std::move(focus_distances);
-    extras[kPosition] = std::move(positions);
+    extras[kFocalLengthName] = std::move(focal_lengths);
+    extras[kFocusName] = std::move(focus_distances);
+    extras[kPositionName] = std::move(positions);
     extras[kAngles] = std::move(angles);
     return extras;
 }
@@ -123,9 +123,9 @@ std::optional<CameraMove> MoveOfGltfExtras(const json &extras) {
     const ApertureLimits limits = LimitsOfAperture(move.traits.is_orthographic);
     move.aperture_width = reading.Number(kWidth, limits.least, limits.most);
     if (reading.Has(kHeight)) move.aperture_height = reading.Number(kHeight, limits.least, limits.most);
-    const std::vector<double> focal_lengths = reading.Numbers(kFocalLength, kMinFocalLength, kMaxFocalLength),
-                              focus = reading.Numbers(kFocus, 0, kMaxNumber * kMetresPerSceneUnit),
-                              positions = reading.Numbers(kPosition, -kMaxNumber, kMaxNumber),
+    const std::vector<double> focal_lengths = reading.Numbers(kFocalLengthName, kMinFocalLength, kMaxFocalLength),
+                              focus = reading.Numbers(kFocusName, 0, kMaxNumber * kMetresPerSceneUnit),
+                              positions = reading.Numbers(kPositionName, -kMaxNumber, kMaxNumber),
                               angles = reading.Numbers(kAngles, -kMaxNumber, kMaxNumber);
     const std::size_t count = focal_lengths.size();
     if (!reading.IsGood() || count == 0 || count > kMaxFrames || focus.size() != count ||

@@ -8,7 +8,7 @@
 namespace tremolux {
 namespace {
 
-constexpr FrameRate kKnownRates[] = {{30, 1},       {24, 1},       {25, 1},       {60, 1},       {50, 1},       {48, 1},
+constexpr FrameRate kGltfRates[] = {{30, 1},       {24, 1},       {25, 1},       {60, 1},       {50, 1},       {48, 1},
                                      {24000, 1001}, {30000, 1001}, {60000, 1001}, {48000, 1001}, {100, 1},      {120, 1},
                                      {120000, 1001}, {240, 1}};
 // In frames. The finer one first: two keys of 24 a second are frames of 23.976 by the coarser.
@@ -25,7 +25,7 @@ bool AreWholeFrames(const std::vector<double> &seconds, double rate, double tole
 
 std::optional<FrameRate> FrameRateOfTimes(const std::vector<double> &seconds) {
     for (const double tolerance : kTolerances) {
-        for (const FrameRate &rate : kKnownRates) {
+        for (const FrameRate &rate : kGltfRates) {
             if (AreWholeFrames(seconds, rate.PerSecond(), tolerance)) return rate;
         }
     }

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/value/radians.h"
 #include "library/formats/gltf.h"
 #include "library/formats/gltf_camera.h"
 #include "library/formats/gltf_document.h"
@@ -10,13 +11,12 @@
 #include "library/formats/numbers.h"
 #include "library/formats/right_handed.h"
 #include "library/formats/source_text.h"
+#include "library/moves/scene_units.h"
 
 namespace tremolux {
 namespace {
 
-constexpr double kSceneUnitsPerMetre = 100;
 constexpr double kMillimetresPerMetre = 1000;
-constexpr double kHalfTurn = 3.14159265358979323846;
 // A key so close to a frame, in frames, is that frame's.
 constexpr double kKeyReach = 1e-3;
 // How far numbers of 32 bits lie from those that they were made from, as a share.
@@ -104,7 +104,7 @@ class Reader {
 
     void ReadPerspective(const JsonPlace &perspective, const std::optional<CameraMove> &own) {
         angle_ = perspective.Member("yfov");
-        angle_->Number(0, kHalfTurn);
+        angle_->Number(0, host::kPi);
         const double picture = static_cast<double>(options_.width) / options_.height;
         const double aspect = perspective.Member("aspectRatio").Number(0, kMaxNumber, picture);
         const double height = aspect > 0 ? move_.aperture_width / aspect : 0;
@@ -146,7 +146,7 @@ class Reader {
     double FocalLengthAt(double seconds) const {
         if (!angle_) return CameraSample().focal_length;
         const double angle = motion_.AngleAt(seconds, Reach(seconds)).value_or(angle_->Value().get<double>());
-        const double focal_length = angle > 0 && angle < kHalfTurn ? FocalLengthOf(Height(), angle) : 0;
+        const double focal_length = angle > 0 && angle < host::kPi ? FocalLengthOf(Height(), angle) : 0;
         if (!(focal_length >= kMinFocalLength && focal_length <= kMaxFocalLength))
             angle_->Refuse(FormatNumber(angle) + " radians at " + FormatNumber(seconds) + " seconds",
                           "an angle of view that a lens of " + FormatNumber(kMinFocalLength) + " to " +

@@ -36,11 +36,11 @@ constexpr FixedText kFixedTexts[] = {
      "heading about y, pitch about x, bank about z; with z mirrored, column vectors: Ry(heading) Rx(pitch) Rz(-bank)"},
 };
 constexpr const char *kFormatName = "tremolux camera move";
-constexpr const char *kPerspective = "perspective", *kOrthographic = "orthographic";
-constexpr double kVersion = 1;
+constexpr const char *kPerspectiveName = "perspective", *kOrthographicName = "orthographic";
+constexpr double kMoveVersion = 1;
 
-enum Entry : unsigned { kFrame = 1, kPosition = 2, kHpb = 4, kFocalLength = 8, kFocusDistance = 16 };
-constexpr unsigned kNeeded = kFrame | kPosition | kHpb;
+enum Entry : unsigned { kHasFrame = 1, kHasPosition = 2, kHasHpb = 4, kHasFocalLength = 8, kHasFocusDistance = 16 };
+constexpr unsigned kNeeded = kHasFrame | kHasPosition | kHasHpb;
 constexpr const char *kNeededText = "a frame with frame, position and hpb";
 
 // Reads the text on, and says how far the parser has read.
@@ -104,8 +104,8 @@ class Handler : public nlohmann::json_sax<json> {
             return true;
         }
         if (path_ == ".projection") {
-            move_.traits.is_orthographic = value == kOrthographic;
-            return move_.traits.is_orthographic || Same(value, kPerspective);
+            move_.traits.is_orthographic = value == kOrthographicName;
+            return move_.traits.is_orthographic || Same(value, kPerspectiveName);
         }
         for (const FixedText &fixed : kFixedTexts) {
             if (path_ == std::string(".") + fixed.group + "." + fixed.name) return Same(value, fixed.text);
@@ -141,9 +141,9 @@ class Handler : public nlohmann::json_sax<json> {
         if (path_ == ".frames") {
             if (!move_.samples.empty()) Refuse("frames again", "\"frames\" once");
         } else if (path_ == ".frames[].position") {
-            See(kPosition);
+            See(kHasPosition);
         } else if (path_ == ".frames[].hpb") {
-            See(kHpb);
+            See(kHasHpb);
         } else if (path_ != ".frames_per_second") {
             RefuseKind("an array");
         }
@@ -228,14 +228,14 @@ class Handler : public nlohmann::json_sax<json> {
         } else if (path_ == ".frames[].hpb[]") {
             Component(&move_.samples.back().angles) = Between(value, -kMaxNumber, kMaxNumber) * kRadiansPerDegree;
         } else if (path_ == ".frames[].frame") {
-            See(kFrame);
+            See(kHasFrame);
             if (const std::string expected = order_.Add(Whole(value)); !expected.empty())
                 Refuse(FormatNumber(value), expected);
         } else if (path_ == ".frames[].focal_length") {
-            See(kFocalLength);
+            See(kHasFocalLength);
             move_.samples.back().focal_length = Between(value, kMinFocalLength, kMaxFocalLength);
         } else if (path_ == ".frames[].focus_distance") {
-            See(kFocusDistance);
+            See(kHasFocusDistance);
             move_.samples.back().focus_distance = Between(value, 0, kMaxNumber);
         } else if (path_ == ".frames_per_second") {
             TakeRate(FrameRateOf(value), FormatNumber(value));
@@ -247,7 +247,7 @@ class Handler : public nlohmann::json_sax<json> {
         } else if (path_ == ".film_back_height") {
             film_back_height_ = {number_, value};
         } else if (path_ == ".version") {
-            if (value != kVersion) Refuse("version " + FormatNumber(value), "version " + FormatNumber(kVersion));
+            if (value != kMoveVersion) Refuse("version " + FormatNumber(value), "version " + FormatNumber(kMoveVersion));
         } else if (!TakeTrait(value)) {
             RefuseKind(FormatNumber(value));
         }
@@ -346,7 +346,7 @@ std::string EntriesOfAllFrames(const CameraMove &move) {
     const CameraTraits &traits = move.traits;
     if (!traits.path.empty())
         text += kSeparator + ("\"camera\": " + json(traits.path).dump(-1, ' ', false, json::error_handler_t::replace));
-    if (traits.is_orthographic) text += std::string(kSeparator) + "\"projection\": \"" + kOrthographic + "\"";
+    if (traits.is_orthographic) text += std::string(kSeparator) + "\"projection\": \"" + kOrthographicName + "\"";
     for (int i = 0; i < kTraitChannelCount; ++i) {
         const auto channel = static_cast<TraitChannel>(i);
         if (traits.Has(channel) && !traits.IsAnimated(channel))
@@ -382,7 +382,7 @@ CameraMove ReadJson(const std::string &file, std::string_view bytes, const Forma
 
 std::string WriteJson(const CameraMove &move, const FormatOptions &) {
     std::string text = "{\n  \"format\": \"" + std::string(kFormatName) +
-                       "\",\n  \"version\": " + FormatNumber(kVersion) + ",\n" + Group("units", move) + Group("conventions", move) +
+                       "\",\n  \"version\": " + FormatNumber(kMoveVersion) + ",\n" + Group("units", move) + Group("conventions", move) +
                        "  \"frames_per_second\": " + RateText(move.rate) +
                        EntriesOfAllFrames(move) + ",\n  \"frames\": [\n";
     for (std::size_t i = 0; i < move.samples.size(); ++i) {

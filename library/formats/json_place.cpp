@@ -13,7 +13,7 @@ using nlohmann::json;
 
 // The longest move of our own, every number of it in the document, stays below.
 constexpr std::size_t kMaxValues = 16000000;
-constexpr int kMaxDepth = 200;
+constexpr int kMaxJsonDepth = 200;
 
 // "line:column" of the byte number `at`.
 std::string PlaceText(std::string_view text, std::size_t at) {
@@ -37,8 +37,8 @@ std::string Found(const json *value) {
 json ParseJson(const std::string &file, std::string_view text) {
     std::size_t values = 0;
     const auto count = [&](int depth, json::parse_event_t, const json &) {
-        if (depth > kMaxDepth)
-            throw Failure(kExitInput, file + ": found JSON nested more than " + std::to_string(kMaxDepth) +
+        if (depth > kMaxJsonDepth)
+            throw Failure(kExitInput, file + ": found JSON nested more than " + std::to_string(kMaxJsonDepth) +
                                           " deep, expected a camera file");
         if (++values > kMaxValues)
             throw Failure(kExitInput, file + ": found more than " + std::to_string(kMaxValues) +

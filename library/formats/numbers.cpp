@@ -9,7 +9,7 @@
 namespace tremolux {
 namespace {
 
-constexpr double kNothing = 1e-12;
+constexpr double kZero = 1e-12;
 constexpr double kLargestWhole = 9007199254740992;  // 2^53: above it a double has no fraction to be looked at
 constexpr std::size_t kLongestNumber = 1000;        // with a decimal comma: those are copied
 
@@ -63,9 +63,11 @@ std::optional<std::int64_t> ParseWhole(std::string_view text) {
 }
 
 std::string FormatNumber(double value) {
-    if (std::abs(value) < kNothing) return "0";
+    if (std::abs(value) < kZero) return "0";
     return fmt::format("{:.15g}", value);
 }
+
+std::string ShortNumber(double value) { return FormatNumber(std::round(value * 1000) / 1000); }
 
 std::string FormatAllDigits(double value) { return fmt::format("{}", value); }
 

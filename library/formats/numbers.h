@@ -19,6 +19,8 @@ std::optional<std::int64_t> ParseWhole(std::string_view text);
 // 15 significant digits, the most that any decimal number keeps through a double. What is closer to 0 than any camera
 // can show is 0, so that rounding noise does not look like motion.
 std::string FormatNumber(double value);
+// To three decimals, as much as a reader wants.
+std::string ShortNumber(double value);
 // As few digits as bring the same number back, at most 17.
 std::string FormatAllDigits(double value);
 // `text` without blanks and tabs on both sides.

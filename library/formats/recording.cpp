@@ -2,12 +2,13 @@
 
 #include "library/formats/right_handed.h"
 #include "library/formats/rotation_order.h"
+#include "library/moves/scene_units.h"
 
 namespace tremolux {
 namespace {
 
 constexpr std::size_t kPosX = 1, kPosY = 2, kPosZ = 3, kRotX = 4, kRotY = 5, kRotZ = 6;
-constexpr double kSceneUnitsPerMetre = 100, kMaxMetres = kMaxNumber / kSceneUnitsPerMetre;
+constexpr double kMaxMetres = kMaxNumber / kSceneUnitsPerMetre;
 
 }  // namespace
 

@@ -2,13 +2,15 @@
 
 #include <cmath>
 
+#include "host/value/radians.h"
+
+
 namespace tremolux {
 
 using host::operator*;  // NOLINT(misc-unused-using-decls): which overlooks operators
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 constexpr double host::Vector::*kComponents[] = {&host::Vector::x, &host::Vector::y, &host::Vector::z};
 
 double Entry(const host::Matrix &m, int row, int column) {
@@ -32,7 +34,7 @@ double TakeTurnsOff(const host::Vector &last, host::Vector *angles) {
     double distance = 0;
     for (const auto component : kComponents) {
         double &angle = angles->*component;
-        angle -= 2 * kPi * std::round((angle - last.*component) / (2 * kPi));
+        angle -= 2 * host::kPi * std::round((angle - last.*component) / (2 * host::kPi));
         distance += std::abs(angle - last.*component);
     }
     return distance;
@@ -77,9 +79,9 @@ host::Vector RotationAngles(const host::Matrix &rotation, const RotationOrder &o
 
 host::Vector NearestAngles(const host::Vector &last, const host::Vector &next, const RotationOrder &order) {
     host::Vector same = next, other = next;
-    other.*kComponents[order[0]] += kPi;
-    other.*kComponents[order[1]] = kPi - next.*kComponents[order[1]];
-    other.*kComponents[order[2]] += kPi;
+    other.*kComponents[order[0]] += host::kPi;
+    other.*kComponents[order[1]] = host::kPi - next.*kComponents[order[1]];
+    other.*kComponents[order[2]] += host::kPi;
     const double distance = TakeTurnsOff(last, &same);
     return TakeTurnsOff(last, &other) < distance ? other : same;
 }

@@ -10,7 +10,6 @@
 namespace tremolux {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kLongestQuote = 40;
 constexpr std::size_t kMaxLines = 4000000;  // a file of nothing but line ends must not fill the memory
 

@@ -8,6 +8,8 @@
 
 namespace tremolux {
 
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 struct Field {
     std::string_view text;
     std::size_t column;  // of its first byte, from 1

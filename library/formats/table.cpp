@@ -16,7 +16,6 @@ namespace tremolux {
 namespace {
 
 constexpr double kShortestQuaternion = 1e-3;  // every other one is a rotation, however it was rounded
-constexpr double kHalfTurn = 180;             // degrees: beyond any lens
 
 struct RowReader {
     const TableRow &row;
@@ -71,7 +70,7 @@ struct RowReader {
 
     double LensOfView(TableField field, double aperture) const {
         const double degree = layout.radians ? kRadiansPerDegree : 1;
-        const double angle = row.Number(field, kHalfTurn * degree) / degree * kRadiansPerDegree;
+        const double angle = row.Number(field, kWidestView * degree) / degree * kRadiansPerDegree;
         const double focal_length = angle > 0 ? FocalLengthOf(aperture, angle) : 0;
         if (focal_length >= kMinFocalLength && focal_length <= kMaxFocalLength) return focal_length;
         const auto shown = [&](double lens) {

@@ -10,7 +10,7 @@
 namespace tremolux {
 namespace {
 
-constexpr const char *kNames[kTableFieldCount] = {"frame", "time", "x",            "y",             "z",  "h",  "p",
+constexpr const char *kFieldNames[kTableFieldCount] = {"frame", "time", "x",            "y",             "z",  "h",  "p",
                                                   "b",     "rx",   "ry",           "rz",            "qw", "qx", "qy",
                                                   "qz",    "fov",  "vfov",         "focal_length",  "focus_distance"};
 constexpr std::size_t kMostNames = 1000;  // a list that is longer is something else
@@ -37,9 +37,9 @@ std::string List(const std::vector<std::string> &names) {
 }
 
 TableField FieldNamed(const char *option, std::string_view name) {
-    const auto found = std::find(std::begin(kNames), std::end(kNames), name);
-    if (found == std::end(kNames)) Refuse(option, name, List({std::begin(kNames), std::end(kNames)}));
-    return static_cast<TableField>(found - std::begin(kNames));
+    const auto found = std::find(std::begin(kFieldNames), std::end(kFieldNames), name);
+    if (found == std::end(kFieldNames)) Refuse(option, name, List({std::begin(kFieldNames), std::end(kFieldNames)}));
+    return static_cast<TableField>(found - std::begin(kFieldNames));
 }
 
 TableColumn ColumnOf(const char *option, std::string_view whole, std::string_view text) {
@@ -61,7 +61,7 @@ TableColumn ColumnOf(const char *option, std::string_view whole, std::string_vie
 
 }  // namespace
 
-const char *NameOf(TableField field) { return kNames[field]; }
+const char *NameOf(TableField field) { return kFieldNames[field]; }
 
 void AddColumns(const char *option, std::string_view text, TableLayout *layout) {
     bool seen[kTableFieldCount] = {};

@@ -12,7 +12,7 @@ namespace {
 constexpr double kNearFrame = 0.1;  // frames: times in whole milliseconds at any rate in use
 constexpr double kNearRate = 0.01;  // of a rate: what is further off is another one
 constexpr double kTimeUnits[] = {1, 1e-3, 1e-6, 1e-9};
-constexpr FrameRate kKnownRates[] = {{24000, 1001}, {24, 1},  {25, 1},       {30000, 1001}, {30, 1},
+constexpr FrameRate kTableRates[] = {{24000, 1001}, {24, 1},  {25, 1},       {30000, 1001}, {30, 1},
                                      {48000, 1001}, {48, 1},  {50, 1},       {60000, 1001}, {60, 1},
                                      {90, 1},       {100, 1}, {120000, 1001}, {120, 1},     {240, 1}};
 
@@ -54,7 +54,7 @@ std::optional<FrameRate> RateOfTimes(const std::vector<double> &seconds) {
     if (!(mean * (1 + kNearRate) >= 1) || !(mean <= kMaxFramesPerSecond * (1 + kNearRate))) return std::nullopt;
 
     const auto distance = [mean](const FrameRate &rate) { return std::abs(rate.PerSecond() / mean - 1); };
-    std::vector<FrameRate> rates(std::begin(kKnownRates), std::end(kKnownRates));
+    std::vector<FrameRate> rates(std::begin(kTableRates), std::end(kTableRates));
     const double whole = std::clamp(std::round(mean), 1.0, static_cast<double>(kMaxFramesPerSecond));
     rates.push_back({static_cast<std::int32_t>(whole), 1});
     std::stable_sort(rates.begin(), rates.end(),

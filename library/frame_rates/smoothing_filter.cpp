@@ -5,10 +5,12 @@
 #include <complex>
 #include <limits>
 
+#include "host/value/radians.h"
+
+
 namespace tremolux {
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 constexpr std::size_t kMeasured = 50, kTried = 1000;
 constexpr double kLowest = 0.1, kHighest = 12;  // hertz
 constexpr double kUsable = 0.8;                 // of half a frame rate
@@ -34,7 +36,7 @@ SmoothingFilter FitFilter(const std::vector<double> &goal, const std::vector<dou
 }
 
 double GainOf(const SmoothingFilter &filter, double cycles) {
-    const std::complex<double> z = std::polar(1.0, -2 * kPi * cycles);
+    const std::complex<double> z = std::polar(1.0, -2 * host::kPi * cycles);
     return filter.q / std::abs((1.0 - z) * (1.0 - filter.p * z) + filter.q * z);
 }
 

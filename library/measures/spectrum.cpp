@@ -5,14 +5,15 @@
 #include <complex>
 #include <unsupported/Eigen/FFT>
 
+#include "host/value/radians.h"
+
+
 namespace tremolux {
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
 constexpr double kFaintest = 0.25;  // of the strongest line's RMS
 // The window spreads a line over this many steps of an unpadded transform to each side.
 constexpr double kLobe = 2;
-constexpr double kNothing = 1e-9;  // RMS of rounding
 
 // The samples are followed by nothing up to a length whose only factor is 2, at least twice theirs: lines are then
 // resolved finely enough to find their middle.
@@ -31,7 +32,7 @@ Spectrum MeasureSpectrum(const std::vector<double> &samples, double rate) {
     std::vector<double> windowed(PaddedLength(count));
     double weighted = 0, weights = 0, window_power = 0;
     const auto weight = [count](std::size_t i) {
-        return 0.5 - 0.5 * std::cos(2 * kPi * (static_cast<double>(i) + 0.5) / static_cast<double>(count));
+        return 0.5 - 0.5 * std::cos(2 * host::kPi * (static_cast<double>(i) + 0.5) / static_cast<double>(count));
     };
     for (std::size_t i = 0; i < count; ++i) {
         weighted += samples[i] * weight(i);
@@ -85,7 +86,7 @@ std::vector<SpectrumPeak> StrongestPeaks(const Spectrum &spectrum, std::size_t c
         });
         if (beside_another) continue;
         const double rms = BandRms(spectrum, frequency - reach, frequency + reach);
-        if (rms < kNothing || (!peaks.empty() && rms < kFaintest * peaks.front().rms)) break;
+        if (rms < kRoundingRms || (!peaks.empty() && rms < kFaintest * peaks.front().rms)) break;
         peaks.push_back({frequency, rms});
     }
     return peaks;

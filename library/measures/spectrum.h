@@ -6,6 +6,9 @@
 
 namespace tremolux {
 
+// RMS of rounding: what is less is nothing.
+constexpr double kRoundingRms = 1e-9;
+
 struct Spectrum {
     double step = 1;            // hertz from one entry to the next; the first is 0 Hz
     double line_width = 0;      // hertz to each side of its middle that a single line is spread over

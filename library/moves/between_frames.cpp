@@ -10,7 +10,7 @@ namespace tremolux {
 namespace {
 
 using Quaternion = Eigen::Quaterniond;
-using Turn = Eigen::Vector3d;  // axis times half the angle: a quaternion's logarithm
+using TurnVector = Eigen::Vector3d;  // axis times half the angle: a quaternion's logarithm
 
 // Four frames in a row; the move goes on from its ends as it came there.
 struct Knots {
@@ -45,15 +45,15 @@ host::Vector AnglesOf(const Quaternion &rotation) {
 }
 
 // Of the shorter way from one rotation to the other.
-Turn TurnTo(const Quaternion &from, const Quaternion &to) {
+TurnVector TurnTo(const Quaternion &from, const Quaternion &to) {
     Quaternion way = from.conjugate() * to;
     if (way.w() < 0) way.coeffs() = -way.coeffs();
     const double sine = way.vec().norm();
     // The limit for small angles, where sine and angle are the same.
-    return sine < 1e-12 ? Turn(way.vec()) : Turn(way.vec() * (std::atan2(sine, way.w()) / sine));
+    return sine < 1e-12 ? TurnVector(way.vec()) : TurnVector(way.vec() * (std::atan2(sine, way.w()) / sine));
 }
 
-Quaternion Turned(const Quaternion &rotation, const Turn &turn) {
+Quaternion Turned(const Quaternion &rotation, const TurnVector &turn) {
     const double angle = turn.norm(), share = angle < 1e-12 ? 1 : std::sin(angle) / angle;
     Quaternion way;
     way.w() = std::cos(angle);

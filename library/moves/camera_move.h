@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/value/radians.h"
 #include "host/value/vector.h"
 #include "library/moves/camera_traits.h"
 #include "library/moves/frame_rate.h"
@@ -58,7 +59,7 @@ constexpr ApertureLimits LimitsOfAperture(bool is_orthographic) {
 // A sample that was made between others may lie beyond what they and a file can hold.
 CameraSample WithinLimits(CameraSample sample);
 
-constexpr double kRadiansPerDegree = 0.017453292519943295;
+using host::kRadiansPerDegree;
 
 // Replaces angles by those of the same rotation that lie closest to the frame before, so that no channel leaps by a
 // turn. The first frame keeps its own.

@@ -11,15 +11,7 @@ namespace tremolux {
 namespace {
 
 constexpr std::size_t kNearestNames = 3;
-constexpr std::size_t kLongestName = 200;  // a distance costs the product of both lengths
-
-std::string Folded(std::string_view text) {
-    std::string folded(Trimmed(text).substr(0, kLongestName));
-    for (char &c : folded) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
-    return folded;
-}
+constexpr std::size_t kLongestComparedName = 200;  // a distance costs the product of both lengths
 
 struct Name {
     std::optional<std::int64_t> id;
@@ -38,7 +30,7 @@ std::string NearestNames(const std::vector<Parameter> &parameters, std::string_v
     std::vector<std::pair<std::size_t, const Parameter *>> ranked;
     for (const Parameter &parameter : parameters) {
         if (parameter.label.empty()) continue;
-        ranked.emplace_back(EditDistance(Folded(name), Folded(parameter.label)), &parameter);
+        ranked.emplace_back(EditDistance(Folded(name).substr(0, kLongestComparedName), Folded(parameter.label)), &parameter);
     }
     std::stable_sort(ranked.begin(), ranked.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
     std::vector<std::string> names;
@@ -59,6 +51,13 @@ std::string Ids(const std::vector<const Parameter *> &found) {
 }
 
 }  // namespace
+
+std::string Folded(std::string_view text) {
+    std::string folded(Trimmed(text));
+    for (char &c : folded)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return folded;
+}
 
 std::size_t EditDistance(std::string_view a, std::string_view b) {
     std::vector<std::size_t> row(b.size() + 1);

@@ -12,7 +12,7 @@
 namespace tremolux {
 namespace {
 
-PanelEntryKind KindOf(std::int32_t described_type) {
+PanelEntryKind EntryKindOf(std::int32_t described_type) {
     if (described_type == host::kDescribedGroup) return PanelEntryKind::kGroup;
     return described_type == host::kDescribedSeparator ? PanelEntryKind::kSeparator : PanelEntryKind::kParameter;
 }
@@ -34,7 +34,7 @@ std::vector<PanelEntry> DescribedPanel(const host::Tag &tag, const std::vector<P
     for (const host::Description::Entry &described : description.entries) {
         if (described.id.depth != 1 || described.settings.Whole(host::kDescHide) != 0) continue;
         PanelEntry entry;
-        entry.kind = KindOf(described.id.level[0].dtype);
+        entry.kind = EntryKindOf(described.id.level[0].dtype);
         entry.id = described.id.level[0].id;
         entry.group = host::LevelId(described.group, 0);
         entry.title = Trimmed(described.settings.Text(host::kDescName));

@@ -16,13 +16,6 @@ namespace {
 
 constexpr std::size_t kShownCandidates = 5;
 
-std::string Folded(std::string_view text) {
-    std::string folded(Trimmed(text));
-    for (char &c : folded)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return folded;
-}
-
 std::string PathOf(const CatalogEntry &entry) { return entry.category + "/" + entry.name; }
 
 template <typename Matches>

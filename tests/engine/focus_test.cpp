@@ -23,7 +23,7 @@ double Drift(const FocusSettings &s, double clock, double distance) {
                        0.1 * s.weights.fast * fast.At(s.seed, 0.25 * time));
 }
 
-FocusSettings AnySettings() {
+FocusSettings AnyFocus() {
     FocusSettings s;
     s.smooth = *Between(0, 1);
     s.drifts = true;
@@ -37,7 +37,7 @@ FocusSettings AnySettings() {
 }
 
 RC_GTEST_PROP(FocusDrift, FollowsItsFormula, ()) {
-    const FocusSettings s = AnySettings();
+    const FocusSettings s = AnyFocus();
     const double clock = *Between(0, 500), distance = *Between(0, 100);
     RC_ASSERT(std::abs(DriftFocus(s, clock, distance, PlainHost()) - Drift(s, clock, distance)) < 1e-6);
 }
@@ -45,7 +45,7 @@ RC_GTEST_PROP(FocusDrift, FollowsItsFormula, ()) {
 // The raw drift is what is remembered, and at the start or where it is nothing none is.
 RC_GTEST_PROP(Focus, IsTheFollowedOneAndItsDrift, ()) {
     Operations operations(PlainHost());
-    FocusSettings s = AnySettings();
+    FocusSettings s = AnyFocus();
     s.drifts = *rc::gen::weightedElement<bool>({{3, true}, {1, false}});
     FocusMemory memory;
     PlainFilter input, drift;

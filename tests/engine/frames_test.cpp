@@ -8,7 +8,7 @@ namespace {
 
 using namespace engine;
 
-constexpr std::int32_t kMost = 2147483647, kLeast = -2147483647 - 1;
+constexpr std::int32_t kLastFrame = 2147483647, kFirstFrame = -2147483647 - 1;
 
 TEST(Time, IsZeroUntilItIsSet) {
     EXPECT_EQ(Time().numerator, 0);
@@ -31,8 +31,8 @@ TEST(FrameOfTime, RoundsNumeratorAndDenominatorDownAndCutsTheQuotient) {
 }
 
 TEST(FrameOfTime, StopsAtTheEndsOfTheRange) {
-    EXPECT_EQ(FrameOfTime({1e300, 1}, 30), kMost);
-    EXPECT_EQ(FrameOfTime({-1e300, 1}, 30), kLeast);
+    EXPECT_EQ(FrameOfTime({1e300, 1}, 30), kLastFrame);
+    EXPECT_EQ(FrameOfTime({-1e300, 1}, 30), kFirstFrame);
     EXPECT_EQ(FrameOfTime({std::nan(""), 1}, 30), 0);
 }
 

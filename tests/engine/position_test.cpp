@@ -13,7 +13,7 @@ namespace {
 using namespace engine;
 using namespace engine_test;
 
-constexpr PlainPoint kPoints[3][3] = {
+constexpr PlainPoint kPositionPoints[3][3] = {
     {{1235, 5846, 87755, 98745}, {275, 0, 54236, 9875}, {368, 0, 32158, 97845}},
     {{1350, 65478, 87755, 98745}, {201, 0, 125478, 332145}, {985, 0, 325647, 698745}},
     {{7865, 65478, 87755, 325412}, {2456, 0, 21458, 325698}, {9876, 0, 325687, 254145}}};
@@ -22,12 +22,12 @@ constexpr PlainPoint kPoints[3][3] = {
 double Shake(int axis, const PositionSettings &s, double ratio, double clock) {
     const double time = (s.time_offset + clock) * s.speed;
     return 1000 * s.scale * s.intensity * ratio *
-           (0.66 * s.weights.slow * kPoints[axis][0].At(s.seed, 0.005 * time) +
-            0.15 * s.weights.medium * kPoints[axis][1].At(s.seed, 0.035 * time) +
-            0.0125 * s.weights.fast * kPoints[axis][2].At(s.seed, 0.5 * time));
+           (0.66 * s.weights.slow * kPositionPoints[axis][0].At(s.seed, 0.005 * time) +
+            0.15 * s.weights.medium * kPositionPoints[axis][1].At(s.seed, 0.035 * time) +
+            0.0125 * s.weights.fast * kPositionPoints[axis][2].At(s.seed, 0.5 * time));
 }
 
-PositionSettings AnySettings() {
+PositionSettings AnyPosition() {
     PositionSettings s;
     s.smooth = *Between(0, 1);
     s.weights = {*Between(-2, 2), *Between(-2, 2), *Between(-9, 9)};
@@ -45,7 +45,7 @@ PositionSettings AnySettings() {
 }
 
 RC_GTEST_PROP(PositionShake, FollowsItsFormulaOnEveryAxis, ()) {
-    const PositionSettings s = AnySettings();
+    const PositionSettings s = AnyPosition();
     const double clock = *Between(0, 500);
     const double ratios[] = {s.ratio.x, s.ratio.y, s.ratio.z};
     for (const PositionAxis axis : {PositionAxis::kX, PositionAxis::kY, PositionAxis::kZ}) {
@@ -58,7 +58,7 @@ RC_GTEST_PROP(PositionShake, FollowsItsFormulaOnEveryAxis, ()) {
 // The input's filter first, and on top of it that of the shake.
 RC_GTEST_PROP(Position, IsTheSmoothedInputAndTheSmoothedShake, ()) {
     Operations operations(PlainHost());
-    const PositionSettings s = AnySettings();
+    const PositionSettings s = AnyPosition();
     PositionMemory memory;
     PlainFilter input[3], shake[3];
     for (int frame = 0; frame < 6; ++frame) {

@@ -13,7 +13,7 @@ namespace {
 using namespace engine;
 using namespace engine_test;
 
-constexpr double kTolerance = 1e-9;
+constexpr double kRemapTolerance = 1e-9;
 
 // The rule, case by case: what is within the range is bent; what is past its end loses whole ranges first.
 double Expected(double x, const Range &in, const Range &out, std::optional<double> tangent, PastEnd past_end,
@@ -55,7 +55,7 @@ RC_GTEST_PROP(Remap, FollowsItsRule, ()) {
                                          past_end, clamp_low, clamp_high);
         const double remapped =
             Remap(x, input, output, is_bent ? curve.Get() : nullptr, past_end, clamp_low, clamp_high, PlainHost());
-        RC_ASSERT(std::abs(remapped - expected) < kTolerance);
+        RC_ASSERT(std::abs(remapped - expected) < kRemapTolerance);
     }
 }
 

@@ -13,7 +13,7 @@ namespace {
 using namespace engine;
 using namespace engine_test;
 
-constexpr PlainPoint kPoints[3][3] = {
+constexpr PlainPoint kRotationPoints[3][3] = {
     {{2973, 0, 876, 54789}, {2013, 0, 1987, 6524}, {2106, 0, 9876, 32547}},
     {{2973, 0, 35896, 254123}, {2013, 0, 325789, 654123}, {2106, 0, 1458963, 254789}},
     {{65874, 0, 325412, 147896}, {12547, 0, 542258, 54223}, {6542, 0, 123568, 15789}}};
@@ -22,12 +22,12 @@ constexpr PlainPoint kPoints[3][3] = {
 double Shake(int angle, const RotationSettings &s, double ratio, double clock) {
     const double time = (std::trunc(s.time_offset) + clock) * s.speed;
     return s.intensity * ratio *
-           (0.25 * s.weights.slow * kPoints[angle][0].At(s.seed, 0.01 * time) +
-            0.05 * s.weights.medium * kPoints[angle][1].At(s.seed, 0.1 * time) +
-            0.003125 * s.weights.fast * kPoints[angle][2].At(s.seed, 0.7 * time));
+           (0.25 * s.weights.slow * kRotationPoints[angle][0].At(s.seed, 0.01 * time) +
+            0.05 * s.weights.medium * kRotationPoints[angle][1].At(s.seed, 0.1 * time) +
+            0.003125 * s.weights.fast * kRotationPoints[angle][2].At(s.seed, 0.7 * time));
 }
 
-RotationSettings AnySettings() {
+RotationSettings AnyRotation() {
     RotationSettings s;
     s.smooth = *Between(0, 1);
     s.target_smooth = *Between(0, 1);
@@ -45,7 +45,7 @@ RotationSettings AnySettings() {
 }
 
 RC_GTEST_PROP(RotationShake, FollowsItsFormulaForEveryAngle, ()) {
-    const RotationSettings s = AnySettings();
+    const RotationSettings s = AnyRotation();
     const double clock = *Between(0, 500);
     const double ratios[] = {s.ratio.x, s.ratio.y, s.ratio.z};
     for (const RotationAngle angle : {RotationAngle::kHeading, RotationAngle::kPitch, RotationAngle::kBank}) {
@@ -58,7 +58,7 @@ RC_GTEST_PROP(RotationShake, FollowsItsFormulaForEveryAngle, ()) {
 // Small angles, so that none comes near half a turn.
 RC_GTEST_PROP(Rotation, IsTheSmoothedInputAndTheSmoothedShake, ()) {
     Operations operations(PlainHost());
-    const RotationSettings s = AnySettings();
+    const RotationSettings s = AnyRotation();
     RotationMemory memory;
     PlainFilter input[3], shake[3];
     for (int frame = 0; frame < 6; ++frame) {

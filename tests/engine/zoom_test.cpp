@@ -21,7 +21,7 @@ double Drift(const ZoomSettings &s, double clock) {
            0.15 * s.weights.fast * Eased(0.25, Noise({place + 87456, place + 48962, place}, 0.25 * time));
 }
 
-ZoomSettings AnySettings() {
+ZoomSettings AnyZoom() {
     ZoomSettings s;
     s.smooth = *Between(0, 1);
     s.drifts = true;
@@ -36,7 +36,7 @@ ZoomSettings AnySettings() {
 
 RC_GTEST_PROP(ZoomDrift, FollowsItsFormula, ()) {
     Operations operations(PlainHost());
-    const ZoomSettings s = AnySettings();
+    const ZoomSettings s = AnyZoom();
     const double clock = *Between(0, 500);
     RC_ASSERT(std::abs(DriftZoom(s, clock, &operations) - Drift(s, clock)) < 1e-6);
     RC_ASSERT(LivingCurves() == 0);
@@ -45,7 +45,7 @@ RC_GTEST_PROP(ZoomDrift, FollowsItsFormula, ()) {
 // The carry is reckoned against the value just reached.
 RC_GTEST_PROP(Zoom, IsTheFollowedOneAndItsDrift, ()) {
     Operations operations(PlainHost());
-    ZoomSettings s = AnySettings();
+    ZoomSettings s = AnyZoom();
     s.drifts = *rc::gen::weightedElement<bool>({{3, true}, {1, false}});
     ZoomMemory memory;
     PlainFilter input;

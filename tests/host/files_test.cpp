@@ -74,7 +74,7 @@ TEST(SafeWrite, KeepsTheMode) {
 }
 #endif
 
-class FileBehind : public testing::Test {
+class FileBehind : public ::testing::Test {
   protected:
     void SetUp() override {
         if (!test_support::CanLink(folder_.Path())) GTEST_SKIP() << "no symbolic links on this system";

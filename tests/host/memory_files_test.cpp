@@ -13,7 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // A folder of its own below the root, empty again after each test.
-class MemoryFiles : public testing::Test {
+class MemoryFiles : public ::testing::Test {
   protected:
     MemoryFiles() { memory_files::MakeFolders(folder); }
     ~MemoryFiles() override { memory_files::Remove(folder); }

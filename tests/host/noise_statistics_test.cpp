@@ -12,12 +12,12 @@
 #include <vector>
 
 #include "host/services/noise.h"
+#include "host/value/radians.h"
 
 namespace host {
 namespace {
 
 constexpr int kPoints = 1000, kCells = 60, kSamplesPerCell = 20;
-constexpr double kPi = 3.14159265358979323846;
 
 struct Point {
     double x, y, z;

@@ -4,12 +4,11 @@
 #include <cmath>
 
 #include "host/scene/angles.h"
+#include "host/value/radians.h"
 #include "scene_compare.h"
 
 namespace host {
 namespace {
-
-constexpr double kPi = 3.14159265358979323846;
 
 double Angle(int least, int most) { return *rc::gen::inRange(least, most + 1) / 1000.0; }
 
@@ -26,7 +25,7 @@ Matrix Turn(int axis, double angle) {
     }
 }
 
-double Distance(const Matrix &a, const Matrix &b) {
+double TurnDistance(const Matrix &a, const Matrix &b) {
     return Length(a.v1 - b.v1) + Length(a.v2 - b.v2) + Length(a.v3 - b.v3);
 }
 
@@ -44,7 +43,7 @@ TEST(Angles, PositivePitchRaisesTheView) { EXPECT_NEAR(HpbToMatrix({0, kPi / 6, 
 
 RC_GTEST_PROP(Angles, MatrixIsBankThenPitchThenHeading, ()) {
     const Vector hpb{Angle(-7000, 7000), Angle(-7000, 7000), Angle(-7000, 7000)};
-    RC_ASSERT(Distance(HpbToMatrix(hpb), Turn(1, hpb.x) * (Turn(0, hpb.y) * Turn(2, hpb.z))) < 1e-14);
+    RC_ASSERT(TurnDistance(HpbToMatrix(hpb), Turn(1, hpb.x) * (Turn(0, hpb.y) * Turn(2, hpb.z))) < 1e-14);
 }
 
 RC_GTEST_PROP(Angles, AxesFollowEachOtherByTheCrossProduct, ()) {
@@ -69,7 +68,7 @@ RC_GTEST_PROP(Angles, AnyScaleIsRemovedFirst, ()) {
     m.v1 = m.v1 * Angle(100, 9000);
     m.v2 = m.v2 * Angle(100, 9000);
     m.v3 = m.v3 * Angle(100, 9000);
-    RC_ASSERT(Distance(HpbToMatrix(MatrixToHpb(m)), HpbToMatrix(hpb)) < 1e-11);
+    RC_ASSERT(TurnDistance(HpbToMatrix(MatrixToHpb(m)), HpbToMatrix(hpb)) < 1e-11);
 }
 
 RC_GTEST_PROP(Angles, StraightUpAndDownAllTurningIsBank, ()) {
@@ -78,20 +77,20 @@ RC_GTEST_PROP(Angles, StraightUpAndDownAllTurningIsBank, ()) {
     const Vector back = MatrixToHpb(m);
     RC_ASSERT(back.x == 0.0);
     RC_ASSERT(std::fabs(back.y - pitch) < 1e-15);
-    RC_ASSERT(Distance(HpbToMatrix(back), m) < 1e-12);
+    RC_ASSERT(TurnDistance(HpbToMatrix(back), m) < 1e-12);
 }
 
 RC_GTEST_PROP(Angles, EveryNamedOrderComesBackAsTheSameRotation, ()) {
     const std::int32_t order = *rc::gen::inRange(0, 6);
     const Vector angles{Angle(-4000, 4000), Angle(-4000, 4000), Angle(-4000, 4000)};
     const Matrix m = HpbToMatrix(angles, order);
-    RC_ASSERT(Distance(HpbToMatrix(MatrixToHpb(m, order), order), m) < 1e-10);
+    RC_ASSERT(TurnDistance(HpbToMatrix(MatrixToHpb(m, order), order), m) < 1e-10);
 }
 
 TEST(Angles, OrderThreeIsHeadingPitchBankByAxes) {
     // About the parent's z, then x, then y: bank, pitch, heading, stored by axis.
     const Matrix m = HpbToMatrix({0.2, 0.1, 0.3}, 3);
-    EXPECT_LT(Distance(m, HpbToMatrix({0.1, 0.2, 0.3})), 1e-15);
+    EXPECT_LT(TurnDistance(m, HpbToMatrix({0.1, 0.2, 0.3})), 1e-15);
 }
 
 RC_GTEST_PROP(Angles, AnUnknownOrderCountsAsHeadingPitchBank, ()) {
@@ -122,7 +121,7 @@ RC_GTEST_PROP(OptimalAngle, IsTheSameRotationAndTheClosestOfAll, ()) {
     const Vector before{Angle(-9000, 9000), Angle(-9000, 9000), Angle(-9000, 9000)};
     const Vector goal{Angle(-9000, 9000), Angle(-9000, 9000), Angle(-9000, 9000)};
     const Vector best = OptimalAngle(before, goal);
-    RC_ASSERT(Distance(HpbToMatrix(best), HpbToMatrix(goal)) < 1e-13);
+    RC_ASSERT(TurnDistance(HpbToMatrix(best), HpbToMatrix(goal)) < 1e-13);
     RC_ASSERT(std::fabs(Sum(best - before) - ClosestByTrying(before, goal)) < 1e-12);
 }
 

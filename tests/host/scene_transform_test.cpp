@@ -8,7 +8,7 @@ namespace host {
 namespace {
 
 double Number(int least, int most) { return *rc::gen::inRange(least, most + 1) / 100.0; }
-Vector Point() { return {Number(-5000, 5000), Number(-5000, 5000), Number(-5000, 5000)}; }
+Vector Place() { return {Number(-5000, 5000), Number(-5000, 5000), Number(-5000, 5000)}; }
 Vector Turns() { return {Number(-600, 600), Number(-600, 600), Number(-600, 600)}; }
 Vector Sizes() { return {Number(10, 400), Number(10, 400), Number(10, 400)}; }
 
@@ -21,10 +21,10 @@ Matrix Scaled(const Vector &by) { return {{0, 0, 0}, {by.x, 0, 0}, {0, by.y, 0},
 
 Transform AnyTransform() {
     Transform t;
-    t.position = Point();
+    t.position = Place();
     t.rotation = Turns();
     t.scale = Sizes();
-    t.frozen_position = Point();
+    t.frozen_position = Place();
     t.frozen_rotation = Turns();
     t.frozen_scale = Sizes();
     return t;
@@ -41,7 +41,7 @@ RC_GTEST_PROP(Transforms, SettingTheLocalMatrixKeepsWhatIsFrozen, ()) {
     Transform t = AnyTransform();
     const Transform frozen = t;
     Matrix wanted = HpbToMatrix(Turns()) * Scaled(Sizes());
-    wanted.off = Point();
+    wanted.off = Place();
     t.SetLocal(wanted);
     RC_ASSERT(Distance(t.Local(), wanted) < 1e-9);
     RC_ASSERT(t.frozen_position == frozen.frozen_position && t.frozen_rotation == frozen.frozen_rotation);
@@ -50,7 +50,7 @@ RC_GTEST_PROP(Transforms, SettingTheLocalMatrixKeepsWhatIsFrozen, ()) {
 
 RC_GTEST_PROP(Transforms, AbsoluteValuesComeBackAndLeaveEachOtherAlone, ()) {
     Transform t = AnyTransform();
-    const Vector place = Point(), size = Sizes(), turns = Turns();
+    const Vector place = Place(), size = Sizes(), turns = Turns();
     t.SetAbsPosition(place);
     t.SetAbsScale(size);
     t.SetAbsRotation(turns);

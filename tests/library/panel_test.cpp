@@ -180,9 +180,9 @@ TEST(Times, AreSecondsEverywhere) {
 
 // From the key on the interval is none, and no jolt hits.
 TEST(Times, AreKeyedInSeconds) {
-    constexpr std::size_t kFrames = 90;
+    constexpr std::size_t kPanelFrames = 90;
     const auto with_jolts_alone = [](double interval) {
-        Shot shot = MakeShot(kFrames);
+        Shot shot = MakeShot(kPanelFrames);
         EXPECT_EQ(TREMOLUX_OK, tremolux_shot_press(shot.get(), IdOf("Zero Pos")));
         EXPECT_EQ(TREMOLUX_OK, tremolux_shot_press(shot.get(), IdOf("Zero Rot")));
         EXPECT_EQ(TREMOLUX_OK, tremolux_shot_set_text(shot.get(), "Jolt Pos Intensity=50%"));
@@ -192,13 +192,13 @@ TEST(Times, AreKeyedInSeconds) {
     const Shot keyed = with_jolts_alone(0), always = with_jolts_alone(0.5), never = with_jolts_alone(0);
     const std::int32_t interval = IdOf("Interval");
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_key(keyed.get(), interval, 0, 0.5, TREMOLUX_HOLD));
-    EXPECT_EQ(Played(always, kFrames), Played(keyed, kFrames));
-    EXPECT_NE(Played(never, kFrames), Played(keyed, kFrames));
+    EXPECT_EQ(Played(always, kPanelFrames), Played(keyed, kPanelFrames));
+    EXPECT_NE(Played(never, kPanelFrames), Played(keyed, kPanelFrames));
     double seconds = 0;
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_get(keyed.get(), interval, &seconds));
     EXPECT_DOUBLE_EQ(0.5, seconds);
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_key(keyed.get(), interval, 0, 0, TREMOLUX_HOLD));
-    EXPECT_EQ(Played(never, kFrames), Played(keyed, kFrames));
+    EXPECT_EQ(Played(never, kPanelFrames), Played(keyed, kPanelFrames));
 }
 
 TEST(Choices, AreNotKeyed) {

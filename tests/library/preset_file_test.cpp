@@ -6,10 +6,10 @@ using namespace library_tests;
 
 namespace {
 
-constexpr std::size_t kFrames = 40;
+constexpr std::size_t kPresetFrames = 40;
 
 Shot With(const std::string &preset) {
-    Shot shot = MakeShot(kFrames);
+    Shot shot = MakeShot(kPresetFrames);
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_apply_preset(shot.get(), preset.c_str()));
     return shot;
 }
@@ -46,20 +46,20 @@ double Choice(const Shot &shot, const char *label) {
 
 TEST(PresetFile, CarriesTheSettingsToAnotherShot) {
     for (const char *preset : {"Documentary", "Earthquake"}) {
-        const Shot shot = With(preset), other = MakeShot(kFrames);
+        const Shot shot = With(preset), other = MakeShot(kPresetFrames);
         EXPECT_EQ(TREMOLUX_OK, tremolux_shot_set_text(shot.get(), "Custom Trigger=3,9"));
         EXPECT_EQ(TREMOLUX_OK, tremolux_shot_set_text(shot.get(), "Interval=12f"));
         EXPECT_EQ(TREMOLUX_OK, tremolux_shot_set(shot.get(), IdOf("Shake Speed"), 1.37));
         EXPECT_NE(Settings(shot), Settings(other));
         EXPECT_EQ(TREMOLUX_OK, Apply(other, BytesOf(shot))) << tremolux_last_error(other.get());
         EXPECT_EQ(Settings(shot), Settings(other));
-        EXPECT_EQ(Played(shot, kFrames), Played(other, kFrames));
+        EXPECT_EQ(Played(shot, kPresetFrames), Played(other, kPresetFrames));
     }
 }
 
 TEST(PresetFile, LeavesTheShotThatItIsMadeOfAsItIs) {
     const Shot shot = With("Documentary");
-    const std::vector<double> settings = Settings(shot), played = Played(shot, kFrames);
+    const std::vector<double> settings = Settings(shot), played = Played(shot, kPresetFrames);
     const double category = Choice(shot, "Category"), preset = Choice(shot, "Preset");
     std::size_t before = 0, after = 0;
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_choice_count(shot.get(), IdOf("Preset"), &before));
@@ -71,7 +71,7 @@ TEST(PresetFile, LeavesTheShotThatItIsMadeOfAsItIs) {
     EXPECT_EQ(settings, Settings(shot));
     EXPECT_EQ(category, Choice(shot, "Category"));
     EXPECT_EQ(preset, Choice(shot, "Preset"));
-    EXPECT_EQ(played, Played(shot, kFrames));
+    EXPECT_EQ(played, Played(shot, kPresetFrames));
     std::int32_t done = 0;
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_undo(shot.get(), &done));
     EXPECT_EQ(1, done);

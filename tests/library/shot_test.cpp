@@ -47,7 +47,7 @@ std::vector<double> FramesOfTheModuleFile(const std::string &preset, std::size_t
     return numbers;
 }
 
-void Apply(const Shot &shot, const std::string &preset) {
+void ApplyPreset(const Shot &shot, const std::string &preset) {
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_apply_preset(shot.get(), preset.c_str())) << tremolux_last_error(shot.get());
 }
 
@@ -93,14 +93,14 @@ TEST(Shot, ShowsTheFramesOfTheModuleFileUnderEveryPreset) {
     for (std::size_t i = 0; i < tremolux_preset_count(); ++i) {
         const std::string preset = std::string(PresetAt(i).category) + "/" + PresetAt(i).name;
         const Shot shot = MakeShot(kFrames);
-        Apply(shot, preset);
+        ApplyPreset(shot, preset);
         EXPECT_EQ(FramesOfTheModuleFile(preset, kFrames), Played(shot, kFrames)) << preset;
     }
 }
 
 TEST(Shot, ShowsTheSameWhenItIsPlayedAgain) {
     const Shot shot = MakeShot(kFrames);
-    Apply(shot, "Documentary");
+    ApplyPreset(shot, "Documentary");
     const std::vector<double> first = Played(shot, kFrames);
     EXPECT_EQ(first, Played(shot, kFrames));
     const std::int32_t speed = IdOf("Shake Speed");
@@ -114,7 +114,7 @@ TEST(Shot, ShowsTheSameWhenItIsPlayedAgain) {
 TEST(Shot, StandsApartFromOthers) {
     const Shot a = MakeShot(20), b = MakeShot(20);
     const std::vector<double> before = Played(b, 20);
-    Apply(a, "Earthquake");
+    ApplyPreset(a, "Earthquake");
     EXPECT_NE(before, Played(a, 20));
     EXPECT_EQ(before, Played(b, 20));
 }
@@ -183,7 +183,7 @@ TEST(Shot, ShowsItsFramesAndASmoothWayBetweenThem) {
 
 TEST(Shot, GivesTheLayersOfAFrame) {
     const Shot shot = MakeShot(kFrames);
-    Apply(shot, "Documentary");
+    ApplyPreset(shot, "Documentary");
     const std::vector<double> played = Played(shot, kFrames);
     tremolux_buffer buffer{};
     ASSERT_EQ(TREMOLUX_OK, tremolux_shot_layers(shot.get(), 40, &buffer)) << tremolux_last_error(shot.get());
@@ -202,7 +202,7 @@ TEST(Shot, GivesTheLayersOfAFrame) {
 // The RMS is that of the numbers themselves.
 TEST(Shot, MeasuresWhatWasAdded) {
     const Shot shot = MakeShot(kFrames);
-    Apply(shot, "Documentary");
+    ApplyPreset(shot, "Documentary");
     const std::vector<double> played = Played(shot, kFrames), input = Numbers(kFrames);
     double squares = 0;
     for (std::size_t i = 0; i < kFrames * kNumbers; ++i)
@@ -218,7 +218,7 @@ TEST(Shot, MeasuresWhatWasAdded) {
 
 TEST(Shot, FollowsTheKeysOfASetting) {
     const Shot shot = MakeShot(kFrames);
-    Apply(shot, "Documentary");
+    ApplyPreset(shot, "Documentary");
     const std::int32_t intensity = IdOf("Rotation Intensity"), position = IdOf("Position Intensity");
     for (const std::int32_t setting : {intensity, position}) {
         EXPECT_EQ(TREMOLUX_OK, tremolux_shot_key(shot.get(), setting, 30, 1, TREMOLUX_HOLD))
@@ -228,7 +228,7 @@ TEST(Shot, FollowsTheKeysOfASetting) {
     const std::vector<double> keyed = Played(shot, kFrames);
     EXPECT_EQ(0, Get(shot, intensity));
     const Shot whole = MakeShot(kFrames);
-    Apply(whole, "Documentary");
+    ApplyPreset(whole, "Documentary");
     Set(whole, intensity, 1);
     Set(whole, position, 1);
     const std::vector<double> unkeyed = Played(whole, kFrames);
@@ -244,7 +244,7 @@ TEST(Shot, FollowsTheKeysOfASetting) {
 
 TEST(Shot, PlaysItsBake) {
     const Shot shot = MakeShot(kFrames);
-    Apply(shot, "Documentary");
+    ApplyPreset(shot, "Documentary");
     const std::vector<double> live = Played(shot, kFrames);
     ASSERT_EQ(TREMOLUX_OK, tremolux_shot_bake(shot.get(), TREMOLUX_BAKE_BY_BRUTE_FORCE))
         << tremolux_last_error(shot.get());
@@ -257,7 +257,7 @@ TEST(Play, FromAFrameOnLeavesTheFramesBefore) {
     EXPECT_EQ("found a shot that was not played, expected a played one",
               Refused(shot, tremolux_shot_play_from(shot.get(), 0, nullptr, nullptr)));
     const std::vector<double> before = Played(shot, kFrames);
-    Apply(shot, "Earthquake");
+    ApplyPreset(shot, "Earthquake");
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_play_from(shot.get(), 50, nullptr, nullptr));
     std::vector<double> numbers(kFrames * kNumbers);
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_numbers(shot.get(), numbers.data(), numbers.size()));
@@ -283,7 +283,7 @@ TEST(Play, TellsOfEachFrame) {
 TEST(Play, ThatIsCancelledLeavesTheNumbersOfTheLastWholeOne) {
     const Shot shot = MakeShot(5);
     const std::vector<double> before = Played(shot, 5);
-    Apply(shot, "Earthquake");
+    ApplyPreset(shot, "Earthquake");
     const auto at_three = [](std::uint64_t done, std::uint64_t, void *) -> std::int32_t { return done == 3 ? 1 : 0; };
     EXPECT_EQ(TREMOLUX_CANCELLED, tremolux_shot_play(shot.get(), at_three, nullptr));
     EXPECT_STREQ("cancelled after 3 of 5 frames", tremolux_last_error(shot.get()));

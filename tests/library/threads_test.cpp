@@ -7,15 +7,15 @@ using namespace library_tests;
 
 namespace {
 
-constexpr std::size_t kShots = 32, kThreads = 4, kFrames = 40;
+constexpr std::size_t kShots = 32, kThreads = 4, kShotFrames = 40;
 
 // From nothing to numbers: a preset of its own for each.
 std::vector<double> FramesOf(std::size_t number) {
-    const Shot shot = MakeShot(kFrames);
+    const Shot shot = MakeShot(kShotFrames);
     const tremolux_preset preset = PresetAt(number * 2 % tremolux_preset_count());
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_apply_preset(shot.get(), preset.name)) << tremolux_last_error(shot.get());
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_set_text(shot.get(), ("Seed=" + std::to_string(number)).c_str()));
-    return Played(shot, kFrames);
+    return Played(shot, kShotFrames);
 }
 
 TEST(Threads, PlayShotsAsOneThreadDoes) {

@@ -6,7 +6,7 @@ using namespace library_tests;
 
 namespace {
 
-constexpr std::size_t kFrames = 40, kRemembered = 100;
+constexpr std::size_t kUndoneFrames = 40, kRemembered = 100;
 
 bool Undo(const Shot &shot) {
     std::int32_t done = -1;
@@ -51,7 +51,7 @@ std::vector<Change> Changes() {
 }
 
 Shot Shaking() {
-    Shot shot = MakeShot(kFrames);
+    Shot shot = MakeShot(kUndoneFrames);
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_apply_preset(shot.get(), "Documentary"));
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_set_text(shot.get(), "Jolt Pos Intensity=20%"));
     return shot;
@@ -61,15 +61,15 @@ TEST(Undo, TakesBackEachKindOfChangeAsOneStep) {
     for (const Change &change : Changes()) {
         const Shot shot = Shaking();
         SetSeed(shot, 5);
-        const std::vector<double> before = Played(shot, kFrames);
+        const std::vector<double> before = Played(shot, kUndoneFrames);
         ASSERT_EQ(TREMOLUX_OK, change.make(shot.get())) << change.name << tremolux_last_error(shot.get());
-        const std::vector<double> after = Played(shot, kFrames);
+        const std::vector<double> after = Played(shot, kUndoneFrames);
         EXPECT_NE(before, after) << change.name;
         EXPECT_TRUE(Undo(shot)) << change.name;
         EXPECT_EQ(5, Seed(shot)) << change.name;
-        EXPECT_EQ(before, Played(shot, kFrames)) << change.name;
+        EXPECT_EQ(before, Played(shot, kUndoneFrames)) << change.name;
         EXPECT_TRUE(Redo(shot)) << change.name;
-        EXPECT_EQ(after, Played(shot, kFrames)) << change.name;
+        EXPECT_EQ(after, Played(shot, kUndoneFrames)) << change.name;
         EXPECT_FALSE(Redo(shot)) << change.name;
     }
 }
@@ -77,16 +77,16 @@ TEST(Undo, TakesBackEachKindOfChangeAsOneStep) {
 TEST(Undo, TakesBackABake) {
     for (const std::int32_t kind : {TREMOLUX_BAKE_QUICKLY, TREMOLUX_BAKE_BY_BRUTE_FORCE}) {
         const Shot shot = Shaking();
-        const std::vector<double> live = Played(shot, kFrames);
+        const std::vector<double> live = Played(shot, kUndoneFrames);
         ASSERT_EQ(TREMOLUX_OK, tremolux_shot_bake(shot.get(), kind)) << tremolux_last_error(shot.get());
-        const std::vector<double> baked = Played(shot, kFrames);
+        const std::vector<double> baked = Played(shot, kUndoneFrames);
         EXPECT_TRUE(Undo(shot));
-        EXPECT_EQ(live, Played(shot, kFrames));
+        EXPECT_EQ(live, Played(shot, kUndoneFrames));
         EXPECT_TRUE(Redo(shot));
-        EXPECT_EQ(baked, Played(shot, kFrames));
+        EXPECT_EQ(baked, Played(shot, kUndoneFrames));
         EXPECT_TRUE(Undo(shot));
         SetSeed(shot, Seed(shot) + 1);
-        EXPECT_NE(live, Played(shot, kFrames)) << "the keys are gone";
+        EXPECT_NE(live, Played(shot, kUndoneFrames)) << "the keys are gone";
     }
 }
 
@@ -135,17 +135,17 @@ TEST(Undo, ForgetsWhatWasTakenBackAtANewChange) {
 }
 
 TEST(Undo, LeavesTheLinkOfATargetThatWasThereBefore) {
-    const Shot shot = MakeShot(kFrames);
+    const Shot shot = MakeShot(kUndoneFrames);
     const Move point = MakeMove(1);
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_set_target(shot.get(), point.get()));
-    const std::vector<double> aimed = Played(shot, kFrames);
+    const std::vector<double> aimed = Played(shot, kUndoneFrames);
     SetSeed(shot, Seed(shot) + 1);
     EXPECT_TRUE(Undo(shot));
-    EXPECT_EQ(aimed, Played(shot, kFrames));
+    EXPECT_EQ(aimed, Played(shot, kUndoneFrames));
     EXPECT_EQ(TREMOLUX_INPUT, tremolux_shot_set_target(shot.get(), point.get())) << "it is still there";
     EXPECT_TRUE(Undo(shot));
     EXPECT_EQ(TREMOLUX_OK, tremolux_shot_set_target(shot.get(), point.get())) << "it was taken back";
-    EXPECT_EQ(aimed, Played(shot, kFrames));
+    EXPECT_EQ(aimed, Played(shot, kUndoneFrames));
 }
 
 TEST(Undo, PutsThePresetsListBack) {

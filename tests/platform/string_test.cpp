@@ -7,7 +7,7 @@
 
 namespace {
 
-std::string Bytes(const String &text, STRINGENCODING encoding = STRINGENCODING_UTF8) {
+std::string EncodedBytes(const String &text, STRINGENCODING encoding = STRINGENCODING_UTF8) {
     char buffer[1000];
     text.GetCString(buffer, sizeof(buffer), encoding);
     return buffer;
@@ -27,38 +27,38 @@ TEST_F(StringTest, IsEmptyAtFirst) {
 TEST_F(StringTest, CopiesAreIndependent) {
     String a("shake"), b(a);
     b[0] = 'S';
-    EXPECT_EQ(Bytes(a), "shake");
-    EXPECT_EQ(Bytes(b), "Shake");
+    EXPECT_EQ(EncodedBytes(a), "shake");
+    EXPECT_EQ(EncodedBytes(b), "Shake");
     const String &same = a;
     a = same;
-    EXPECT_EQ(Bytes(a), "shake");
+    EXPECT_EQ(EncodedBytes(a), "shake");
     a = String();
     EXPECT_FALSE(a.Content());
 }
 
 TEST_F(StringTest, JoinsWithLiteralsOnEitherSide) {
-    EXPECT_EQ(Bytes("a" + String("b") + "c"), "abc");
+    EXPECT_EQ(EncodedBytes("a" + String("b") + "c"), "abc");
     String text("ab");
     text += text;
-    EXPECT_EQ(Bytes(text), "abab");
+    EXPECT_EQ(EncodedBytes(text), "abab");
 }
 
 TEST_F(StringTest, WritesOutsideOfTheTextAreIgnored) {
     String text("ab");
     text[2] = 'x';
     text[-1] = 'x';
-    EXPECT_EQ(Bytes(text), "ab");
+    EXPECT_EQ(EncodedBytes(text), "ab");
 }
 
 TEST_F(StringTest, CutsPartsAtItsEnds) {
     const String text("camera");
-    EXPECT_EQ(Bytes(text.SubStr(2, 3)), "mer");
-    EXPECT_EQ(Bytes(text.SubStr(4, 100)), "ra");
-    EXPECT_EQ(Bytes(text.SubStr(-2, 4)), "ca");
-    EXPECT_EQ(Bytes(text.SubStr(9, 1)), "");
-    EXPECT_EQ(Bytes(text.Left(3)), "cam");
-    EXPECT_EQ(Bytes(text.Right(3)), "era");
-    EXPECT_EQ(Bytes(text.Right(99)), "camera");
+    EXPECT_EQ(EncodedBytes(text.SubStr(2, 3)), "mer");
+    EXPECT_EQ(EncodedBytes(text.SubStr(4, 100)), "ra");
+    EXPECT_EQ(EncodedBytes(text.SubStr(-2, 4)), "ca");
+    EXPECT_EQ(EncodedBytes(text.SubStr(9, 1)), "");
+    EXPECT_EQ(EncodedBytes(text.Left(3)), "cam");
+    EXPECT_EQ(EncodedBytes(text.Right(3)), "era");
+    EXPECT_EQ(EncodedBytes(text.Right(99)), "camera");
 }
 
 TEST_F(StringTest, FindsAUnitFromAPlaceOn) {
@@ -83,9 +83,9 @@ TEST_F(StringTest, ComparesByCodeUnit) {
 }
 
 TEST_F(StringTest, ChangesTheCaseOfAccentedGreekAndCyrillicLetters) {
-    EXPECT_EQ(Bytes(String("àéöÿžš λάμδα камера ё").ToUpper()), "ÀÉÖŸŽŠ ΛΆΜΔΑ КАМЕРА Ё");
-    EXPECT_EQ(Bytes(String("ÀÉÖŸŽŠ ΛΆΜΔΑ КАМЕРА Ё").ToLower()), "àéöÿžš λάμδα камера ё");
-    EXPECT_EQ(Bytes(String("×÷ß1_").ToUpper()), "×÷ß1_");
+    EXPECT_EQ(EncodedBytes(String("àéöÿžš λάμδα камера ё").ToUpper()), "ÀÉÖŸŽŠ ΛΆΜΔΑ КАМЕРА Ё");
+    EXPECT_EQ(EncodedBytes(String("ÀÉÖŸŽŠ ΛΆΜΔΑ КАМЕРА Ё").ToLower()), "àéöÿžš λάμδα камера ё");
+    EXPECT_EQ(EncodedBytes(String("×÷ß1_").ToUpper()), "×÷ß1_");
 }
 
 TEST_F(StringTest, KeepsUtf8OfEveryLength) {
@@ -94,25 +94,25 @@ TEST_F(StringTest, KeepsUtf8OfEveryLength) {
     EXPECT_EQ(kept.GetLength(), 5);  // the last one takes two units
     EXPECT_EQ(kept[3], 0xD83C);      // U+1F3A5 - 0x10000 = 0xF3A5: 0xD800 + 0x3C, 0xDC00 + 0x3A5
     EXPECT_EQ(kept[4], 0xDFA5);
-    EXPECT_EQ(Bytes(kept), text);
+    EXPECT_EQ(EncodedBytes(kept), text);
     EXPECT_EQ(kept.GetCStringLen(), 10);
 }
 
 TEST_F(StringTest, ReplacesWhatIsNoUtf8) {
     const std::string mark = "\xEF\xBF\xBD";
-    EXPECT_EQ(Bytes(String("a\xFFz")), "a" + mark + "z");
-    EXPECT_EQ(Bytes(String("\xC0\xAF")), mark + mark);                        // overlong
-    EXPECT_EQ(Bytes(String("\xED\xA0\x80")), mark + mark + mark);             // a surrogate
-    EXPECT_EQ(Bytes(String("\xE2\x82z")), mark + "z");                        // cut off
-    EXPECT_EQ(Bytes(String("\xF4\x90\x80\x80")), mark + mark + mark + mark);  // beyond U+10FFFF
-    EXPECT_EQ(Bytes(String(1, 0xD83C)), mark);                                // half a pair
+    EXPECT_EQ(EncodedBytes(String("a\xFFz")), "a" + mark + "z");
+    EXPECT_EQ(EncodedBytes(String("\xC0\xAF")), mark + mark);                        // overlong
+    EXPECT_EQ(EncodedBytes(String("\xED\xA0\x80")), mark + mark + mark);             // a surrogate
+    EXPECT_EQ(EncodedBytes(String("\xE2\x82z")), mark + "z");                        // cut off
+    EXPECT_EQ(EncodedBytes(String("\xF4\x90\x80\x80")), mark + mark + mark + mark);  // beyond U+10FFFF
+    EXPECT_EQ(EncodedBytes(String(1, 0xD83C)), mark);                                // half a pair
 }
 
 TEST_F(StringTest, ReadsAndWritesOneByteALetter) {
     const String latin("\xE9", STRINGENCODING_8BIT);
     EXPECT_EQ(latin[0], 0xE9);
-    EXPECT_EQ(Bytes(latin, STRINGENCODING_8BIT), "\xE9");
-    EXPECT_EQ(Bytes(latin, STRINGENCODING_7BIT), "?");
+    EXPECT_EQ(EncodedBytes(latin, STRINGENCODING_8BIT), "\xE9");
+    EXPECT_EQ(EncodedBytes(latin, STRINGENCODING_7BIT), "?");
 }
 
 TEST_F(StringTest, NeverCutsALetterInHalf) {
@@ -124,7 +124,7 @@ TEST_F(StringTest, NeverCutsALetterInHalf) {
 TEST_F(StringTest, ReadsOnlyTheCountedBytes) {
     String text;
     text.SetCString("camera", 3);
-    EXPECT_EQ(Bytes(text), "cam");
+    EXPECT_EQ(EncodedBytes(text), "cam");
 }
 
 TEST_F(StringTest, IsEmptyWhenThereIsNoMemory) {
@@ -145,28 +145,28 @@ TEST_F(StringTest, WithoutAHostIsEmptyAndHarmless) {
 }
 
 TEST_F(StringTest, NumbersAreWrittenPlainly) {
-    EXPECT_EQ(Bytes(LongToString(-2147483647 - 1)), "-2147483648");
-    EXPECT_EQ(Bytes(RealToString(1.015)), "1.015");
-    EXPECT_EQ(Bytes(RealToString(1.5)), "1.5");
-    EXPECT_EQ(Bytes(RealToString(3.0)), "3");
-    EXPECT_EQ(Bytes(RealToString(100.0)), "100");
-    EXPECT_EQ(Bytes(RealToString(0.12345)), "0.123");
-    EXPECT_EQ(Bytes(RealToString(-0.0001)), "0");
+    EXPECT_EQ(EncodedBytes(LongToString(-2147483647 - 1)), "-2147483648");
+    EXPECT_EQ(EncodedBytes(RealToString(1.015)), "1.015");
+    EXPECT_EQ(EncodedBytes(RealToString(1.5)), "1.5");
+    EXPECT_EQ(EncodedBytes(RealToString(3.0)), "3");
+    EXPECT_EQ(EncodedBytes(RealToString(100.0)), "100");
+    EXPECT_EQ(EncodedBytes(RealToString(0.12345)), "0.123");
+    EXPECT_EQ(EncodedBytes(RealToString(-0.0001)), "0");
 }
 
 TEST_F(StringTest, NumbersCanBePadded) {
-    EXPECT_EQ(Bytes(RealToString(7.0, 3, 0)), "007");
-    EXPECT_EQ(Bytes(RealToString(-7.25, 3, 2)), "-007.25");
-    EXPECT_EQ(Bytes(RealToString(1234.0, 2, 1)), "1234.0");
-    EXPECT_EQ(Bytes(RealToString(7.0, 3, 0, FALSE, ' ')), "  7");
+    EXPECT_EQ(EncodedBytes(RealToString(7.0, 3, 0)), "007");
+    EXPECT_EQ(EncodedBytes(RealToString(-7.25, 3, 2)), "-007.25");
+    EXPECT_EQ(EncodedBytes(RealToString(1234.0, 2, 1)), "1234.0");
+    EXPECT_EQ(EncodedBytes(RealToString(7.0, 3, 0, FALSE, ' ')), "  7");
 }
 
 TEST_F(StringTest, ExtremeNumbersAreWrittenSafely) {
     EXPECT_EQ(RealToString(1e308).GetLength(), 309);
-    EXPECT_EQ(Bytes(RealToString(1e20, -1, -1, TRUE)), "1e+20");
-    EXPECT_EQ(Bytes(RealToString(2.5e-7, -1, -1, TRUE)), "2.5e-07");
-    EXPECT_EQ(Bytes(RealToString(std::nan(""))), "nan");
-    EXPECT_EQ(Bytes(RealToString(-HUGE_VAL)), "-inf");
+    EXPECT_EQ(EncodedBytes(RealToString(1e20, -1, -1, TRUE)), "1e+20");
+    EXPECT_EQ(EncodedBytes(RealToString(2.5e-7, -1, -1, TRUE)), "2.5e-07");
+    EXPECT_EQ(EncodedBytes(RealToString(std::nan(""))), "nan");
+    EXPECT_EQ(EncodedBytes(RealToString(-HUGE_VAL)), "-inf");
     EXPECT_GT(RealToString(1e308, 100000, 100000).GetLength(), 309);
 }
 

@@ -10,12 +10,12 @@ namespace {
 
 using namespace tag_test;
 
-using Channel = std::pair<std::int32_t, std::int32_t>;
+using BakedChannel = std::pair<std::int32_t, std::int32_t>;
 
 struct Bake {
     const char *name;
     std::int32_t button;
-    std::vector<Channel> order;
+    std::vector<BakedChannel> order;
 };
 
 void PrintTo(const Bake &bake, std::ostream *out) { *out << bake.name; }
@@ -27,12 +27,12 @@ class BakeOrder : public WithScene, public testing::WithParamInterface<Bake> {
         WithScene::TearDown();
     }
     // Of a bake in which this call fails; back as it was.
-    std::set<Channel> TracksWithout(std::int64_t call, std::string *failed) {
+    std::set<BakedChannel> TracksWithout(std::int64_t call, std::string *failed) {
         host::ArmCallFault(call);
         host::PressButton(scene().tag, host::MakeId(GetParam().button));
         *failed = host::FailedCall();
         host::ArmCallFault(0);
-        std::set<Channel> channels;
+        std::set<BakedChannel> channels;
         for (const host::Track *track : scene().camera->Tracks())
             channels.insert({host::LevelId(track->Id(), 0), host::LevelId(track->Id(), 1)});
         while (scene().document->Undo().Undo()) continue;
@@ -45,14 +45,14 @@ class BakeOrder : public WithScene, public testing::WithParamInterface<Bake> {
 TEST_P(BakeOrder, IsThatOfTheTracksMadeBeforeOneFails) {
     scene().document->SetRange(0, 0);
     const std::size_t tracks = GetParam().order.size();
-    std::vector<std::set<Channel>> made;
+    std::vector<std::set<BakedChannel>> made;
     std::string failed = "none yet";
     for (std::int64_t call = 1; !failed.empty() && made.size() < tracks; ++call) {
-        const std::set<Channel> channels = TracksWithout(call, &failed);
+        const std::set<BakedChannel> channels = TracksWithout(call, &failed);
         if (failed == "animation.create_track") made.push_back(channels);
     }
     ASSERT_EQ(made.size(), tracks);
-    std::set<Channel> expected;
+    std::set<BakedChannel> expected;
     for (std::size_t i = 0; i < tracks; ++i) {
         EXPECT_EQ(made[i], expected) << "track " << i;
         expected.insert(GetParam().order[i]);

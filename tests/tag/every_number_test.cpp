@@ -15,7 +15,7 @@ namespace {
 using namespace tag_test;
 
 constexpr std::int64_t kFrames = 45;
-constexpr std::int32_t kInterval = 6038;
+constexpr std::int32_t kJoltInterval = 6038;
 
 // Those that move no frame of a shot with a target.
 const std::map<std::int32_t, std::string> kWithoutEffect = {{6156, "a target takes the place of the input's angles"},
@@ -36,7 +36,7 @@ class EveryNumber : public WithScene {
         for (const std::int32_t jolt : {6037, 6144, 6140}) scene().Set(jolt, 0.2);
         scene().Set(kVariation, 0.4);
         scene().Set(kTimeOffset, 8);
-        scene().State().Set(kInterval, host::Data(host::MakeTime(10, 30)));
+        scene().State().Set(kJoltInterval, host::Data(host::MakeTime(10, 30)));
         Animate(scene().input, host::MakeId(903, 1000), 30, {{0, 0}, {20, 400}, {100, 400}});
         Animate(scene().input, host::MakeId(904, 1000), 30, {{0, 0}, {20, 2}, {100, 2}});
         Animate(scene().input, host::MakeId(500), 30, {{0, 36}, {20, 136}, {100, 136}});
@@ -70,7 +70,7 @@ class EveryNumber : public WithScene {
     }
     // Half of a number, a switch turned off, a time half as long.
     host::Data Changed(std::int32_t id, std::int32_t described_type) {
-        if (id == kInterval) return host::Data(host::MakeTime(5, 30));
+        if (id == kJoltInterval) return host::Data(host::MakeTime(5, 30));
         if (described_type == host::kDescribedBool) return host::Data(std::int32_t{0});
         return host::Data(0.5 * scene().Real(id));
     }

@@ -165,7 +165,7 @@ TEST_F(Faults, OfMemoryInAFrameLeaveTheClocksAsTheyAreInPlayback) {
 }
 
 TEST_F(Faults, InTheListsLeaveThemToBeReadAgain) {
-    constexpr std::int32_t kLucky = 6041;
+    constexpr std::int32_t kLuckyPress = 6041;
     BuiltIn("2_B", "1_Other");
     Users("01_Mine");
     Start();
@@ -178,7 +178,7 @@ TEST_F(Faults, InTheListsLeaveThemToBeReadAgain) {
         const TableDescID list = host::MakeId(kPreset);
         host::BuildDescription(scene().tag, &list, 0, &panel);
         host::EditParameter(scene().tag, host::MakeId(kCategory), host::Data(kAll));
-        for (const std::int32_t button : {kLucky, kExportAll, kResetFolder})
+        for (const std::int32_t button : {kLuckyPress, kExportAll, kResetFolder})
             host::PressButton(scene().tag, host::MakeId(button));
     };
     const std::int64_t calls = FailEveryCall(

@@ -17,7 +17,7 @@ namespace {
 
 using namespace tag_test;
 
-constexpr std::int32_t kCommand = 1039960, kQuick = 6046, kBrute = 6175, kUnBake = 6047;
+constexpr std::int32_t kApplyCommand = 1039960, kQuickBake = 6046, kBruteForceBake = 6175, kUnBakeButton = 6047;
 constexpr std::int32_t kLastFrameShown = 120;
 
 // The page's text: no tags, one blank between words.
@@ -84,7 +84,7 @@ TEST_F(GuideSays, TheCommandPutsASecondCameraOnTop) {
     selected->SetName("Camera");
     document->SetActiveObject(selected);
     running_->App().SetActiveDocument(document);
-    running_->App().CallCommand(kCommand);
+    running_->App().CallCommand(kApplyCommand);
     host::Object *camera = document->FirstObject();
     EXPECT_EQ(camera->Name(), "TremoluxCam");
     EXPECT_NE(camera->FindTag(kTag), nullptr);
@@ -492,7 +492,7 @@ TEST_F(GuideSays, ABakeWritesAKeyForEachFrameAndTheTagSleeps) {
         "focal length and focus distance.");
     Says("The tag stays and sleeps");
     scene().document->SetRange(0, 20);
-    for (const std::int32_t bake : {kQuick, kBrute}) {
+    for (const std::int32_t bake : {kQuickBake, kBruteForceBake}) {
         Press(bake);
         ASSERT_EQ(scene().camera->Tracks().size(), 8u);
         for (const TableDescID &id :
@@ -509,7 +509,7 @@ TEST_F(GuideSays, ABakeWritesAKeyForEachFrameAndTheTagSleeps) {
         scene().Show(4);
         scene().Show(3);
         EXPECT_TRUE(scene().Camera() == baked);
-        Press(kUnBake);
+        Press(kUnBakeButton);
         EXPECT_TRUE(scene().camera->Tracks().empty());
     }
 }
@@ -519,11 +519,11 @@ TEST_F(GuideSays, AQuickBakeDoesNotSeeAZoomButABruteForceBakeDoes) {
     scene().document->SetRange(0, 20);
     Animate(scene().input, host::MakeId(500), 30, {{0, 28}, {20, 48}});
     scene().StopFilters();
-    for (const std::int32_t bake : {kQuick, kBrute}) {
+    for (const std::int32_t bake : {kQuickBake, kBruteForceBake}) {
         Press(bake);
         scene().Show(20);
-        EXPECT_NEAR(scene().Camera().focal_length, bake == kQuick ? 28 : 48, 1e-9);
-        Press(kUnBake);
+        EXPECT_NEAR(scene().Camera().focal_length, bake == kQuickBake ? 28 : 48, 1e-9);
+        Press(kUnBakeButton);
     }
 }
 
@@ -533,8 +533,8 @@ TEST_F(GuideSays, UnBakeGivesTheKeysBackAtWholeFrames) {
         "had before the bake, at whole frames, and wakes the tag. Keys of other parameters do not come back");
     Animate(scene().camera, host::MakeId(500), 60, {{4, 40}, {19, 50}});  // frames 2 and 9.5
     Animate(scene().camera, host::MakeId(907), 30, {{0, 2}});
-    Press(kBrute);
-    Press(kUnBake);
+    Press(kBruteForceBake);
+    Press(kUnBakeButton);
     ASSERT_EQ(scene().camera->Tracks().size(), 1u);
     const host::Curve *curve = scene().camera->Tracks()[0]->GetCurve();
     ASSERT_EQ(curve->KeyCount(), 2);

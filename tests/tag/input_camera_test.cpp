@@ -11,7 +11,7 @@ using namespace tag_test;
 
 constexpr std::int32_t kDrop = 1018756, kObjects = 201;
 constexpr std::uint32_t kAccept = 4;
-constexpr std::int32_t kVisibleInEditor = 901;
+constexpr std::int32_t kEditorVisibility = 901;
 
 class InputCamera : public WithScene {
   protected:
@@ -26,7 +26,7 @@ class InputCamera : public WithScene {
         camera->SetName(name);
         camera->SetParameter(host::MakeId(host::kCameraFocalLength), host::Data(85.0));
         camera->SetParameter(host::MakeId(host::kCameraFocusDistance), host::Data(321.0));
-        camera->SetParameter(host::MakeId(kVisibleInEditor), host::Data(1));
+        camera->SetParameter(host::MakeId(kEditorVisibility), host::Data(1));
         return camera;
     }
     bool Choose(host::Object *object) {
@@ -64,7 +64,7 @@ TEST_F(InputCamera, IsWhatTheTagsCameraBeginsAs) {
     host::Data colour_mode, visible;
     ASSERT_TRUE(scene().camera->GetParameter(host::MakeId(host::kParamUseColor), &colour_mode));
     EXPECT_EQ(colour_mode.Whole(), 2) << "the tag's own orange stays";
-    ASSERT_TRUE(scene().camera->GetParameter(host::MakeId(kVisibleInEditor), &visible));
+    ASSERT_TRUE(scene().camera->GetParameter(host::MakeId(kEditorVisibility), &visible));
     EXPECT_NE(visible.Whole(), 1);
 }
 

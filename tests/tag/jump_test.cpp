@@ -20,7 +20,7 @@ ClockValues ClocksOf(Scene &scene) {
     return values;
 }
 
-double Difference(const ClockValues &a, const ClockValues &b) {
+double ClockDifference(const ClockValues &a, const ClockValues &b) {
     double most = 0;
     for (const auto &[key, value] : a) most = std::max(most, std::fabs(value - b.at(key)));
     return most;
@@ -99,10 +99,10 @@ RC_GTEST_FIXTURE_PROP(Jump, CountsTheClocksAsTheirRulesSay, ()) {
                                   {10053, wanted.zoom_drift}, {10054, wanted.jolt},  {10055, wanted.auxiliary},
                                   {10056, wanted.zoom}};
     scene->Play(start, frame);
-    RC_ASSERT(Difference(ClocksOf(*scene), expected) < 1e-9);
+    RC_ASSERT(ClockDifference(ClocksOf(*scene), expected) < 1e-9);
     scene->Show(start + 400);
     scene->Show(frame);
-    RC_ASSERT(Difference(ClocksOf(*scene), expected) < 1e-9);
+    RC_ASSERT(ClockDifference(ClocksOf(*scene), expected) < 1e-9);
 }
 
 RC_GTEST_FIXTURE_PROP(Jump, AfterManyOthersIsTheSameAsTheFirst, ()) {
@@ -147,7 +147,7 @@ RC_GTEST_FIXTURE_PROP(Jump, ReplaysTheTracksOfWhatDrivesTheClocks, ()) {
     const Shot played = scene->Camera();
     scene->Show(start + 400);
     scene->Show(frame);
-    RC_ASSERT(Difference(ClocksOf(*scene), clocks) < 1e-9);
+    RC_ASSERT(ClockDifference(ClocksOf(*scene), clocks) < 1e-9);
     RC_ASSERT(tag_test::Difference(scene->Camera(), played) < 1e-9);
 }
 
@@ -159,7 +159,7 @@ TEST_F(Jump, ReplaysTheTrackOfEachParameterThatDrivesAClock) {
         const ClockValues clocks = ClocksOf(*scene);
         scene->Show(200);
         scene->Show(40);
-        EXPECT_LT(Difference(ClocksOf(*scene), clocks), 1e-9) << id;
+        EXPECT_LT(ClockDifference(ClocksOf(*scene), clocks), 1e-9) << id;
     }
 }
 

@@ -14,7 +14,7 @@ using namespace tag_test;
 namespace fs = std::filesystem;
 using Shown = std::multiset<double>;
 
-constexpr std::int32_t kLucky = 6041, kLuckyPosition = 3004;
+constexpr std::int32_t kLuckyButton = 6041, kLuckyPosition = 3004;
 
 class LuckyRound : public WithPresets {
   protected:
@@ -25,7 +25,7 @@ class LuckyRound : public WithPresets {
     static Values Shake(double amount) { return {{kPositionSlow, host::Data(amount)}}; }
     double Next() { return Next(scene().tag); }
     static double Next(host::Tag *tag) {
-        EXPECT_TRUE(host::PressButton(tag, host::MakeId(kLucky)));
+        EXPECT_TRUE(host::PressButton(tag, host::MakeId(kLuckyButton)));
         return tag->Data().Real(kPositionSlow);
     }
     Shown NextOnes(int count) {
@@ -164,7 +164,7 @@ TEST_F(LuckyRound, BeginsAsSoonAsThereIsAPreset) {
     MakeOld(Root() / "1_A");
     MakeOld(Root());
     Start();
-    Press(kLucky);
+    Press(kLuckyButton);
     EXPECT_EQ(State().Whole(kLuckyPosition, -1), -1) << "there is none yet";
     Rewrite(late, PresetOf("Late", Shake(6)));
     EXPECT_EQ(Next(), 6);

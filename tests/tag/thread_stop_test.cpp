@@ -98,9 +98,9 @@ TEST_F(StoppedThreads, ComeBeforeEachStepOfANewInputCamera) {
 }
 
 TEST_F(StoppedThreads, ComeBeforeTheStepOfTheCommand) {
-    constexpr std::int32_t kCommand = 1039960;
+    constexpr std::int32_t kApply = 1039960;
     document_->SetActiveObject(input_);
-    application_.CallCommand(kCommand);
+    application_.CallCommand(kApply);
     EXPECT_EQ(Ear::calls, (Calls{"stop", "step"}));
     EXPECT_NE(document_->FirstObject(), camera_);
 }

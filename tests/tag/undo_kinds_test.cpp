@@ -58,10 +58,10 @@ TEST_F(UndoKinds, OfANewInputCameraAreChangesAndASmallOneAtTheEnd) {
 }
 
 TEST_F(UndoKinds, OfTheCommandsTagAndCameraAreNew) {
-    constexpr std::int32_t kCommand = 1039960;
+    constexpr std::int32_t kApply = 1039960;
     scene().document->SetActiveObject(scene().input);
     scene().document->Undo().Flush();
-    running_->App().CallCommand(kCommand);
+    running_->App().CallCommand(kApply);
     // What follows is the host's own: who is selected and looked through.
     Kinds kinds = scene().document->Undo().LastStepTypes();
     ASSERT_GE(kinds.size(), 2u);

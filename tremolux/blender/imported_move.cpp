@@ -8,15 +8,15 @@
 #include "library/formats/numbers.h"
 #include "library/formats/right_handed.h"
 #include "library/formats/source_text.h"
+#include "library/moves/scene_units.h"
 
 namespace tremolux {
 namespace {
 
 using nlohmann::json;
 
-constexpr double kSceneUnitsPerMetre = 100;
 constexpr double kShortestAxis = 1e-9;
-constexpr int kMaxPixels = 1000000;
+constexpr int kMaxRenderSide = 1000000;
 
 // Numbers of a sample: right, up, back and position, three each; then these.
 enum Column : std::size_t { kLens = 12, kFocus, kShiftX, kShiftY, kSampleFStop, kClipStart, kClipEnd, kColumnCount };
@@ -65,7 +65,7 @@ class Result {
     // A file that knows no picture has the sensor's own height, where it says one.
     void ReadFilmBack(ImportedMove *imported) const {
         const auto pixels = [&](std::size_t i) {
-            return Number(facts_.at("picture").at(i), 1, kMaxPixels, "size of the picture");
+            return Number(facts_.at("picture").at(i), 1, kMaxRenderSide, "size of the picture");
         };
         const auto shape = [&](std::size_t i) {
             return Number(facts_.at("pixel").at(i), 1e-3, 1e3, "shape of a pixel");

@@ -11,7 +11,7 @@
 namespace tremolux {
 namespace {
 
-constexpr std::int64_t kMaxSeed = 99999, kMaxPixels = 1000000;
+constexpr std::int64_t kMaxSeed = 99999, kMaxPictureSide = 1000000;
 
 struct LengthUnit {
     const char *name;
@@ -108,8 +108,9 @@ FormatOptions FormatChoices::Options() const {
     }
     options.aperture_width = *width;
     const auto size = Pair(resolution, 'x');
-    if (!size || size->first < 1 || size->second < 1 || size->first > kMaxPixels || size->second > kMaxPixels) {
-        Refuse("--resolution", resolution, "WIDTHxHEIGHT in pixels, each from 1 to " + std::to_string(kMaxPixels));
+    if (!size || size->first < 1 || size->second < 1 || size->first > kMaxPictureSide ||
+        size->second > kMaxPictureSide) {
+        Refuse("--resolution", resolution, "WIDTHxHEIGHT in pixels, each from 1 to " + std::to_string(kMaxPictureSide));
     }
     options.width = static_cast<int>(size->first);
     options.height = static_cast<int>(size->second);

@@ -62,7 +62,7 @@ class PresetDesk {
     Stage stage_;
 };
 
-std::string Padded(std::string text, std::size_t width) {
+std::string Cell(std::string text, std::size_t width) {
     text.append(text.size() < width ? width - text.size() : 1, ' ');
     return text;
 }
@@ -76,7 +76,7 @@ void List(const PresetsOptions &options) {
         category = entry.category;
         const auto sentence = sentences.find(entry.name);
         const bool is_known = sentence != sentences.end() && category != "User";
-        text += "  " + (is_known ? Padded(entry.name, kNameWidth) + sentence->second : entry.name) + "\n";
+        text += "  " + (is_known ? Cell(entry.name, kNameWidth) + sentence->second : entry.name) + "\n";
     }
     if (text.empty()) text = "no presets\n";
     const std::vector<std::string> left_out = LeftOutPresets(desk.Host().Application().console.lines);
@@ -89,8 +89,7 @@ void Show(const PresetsOptions &options) {
     PresetDesk desk(options.host);
     desk.Choose(options.name, "show");
     std::string text;
-    for (const ShownValue &value : PresetValues(desk.Tag()))
-        text += Padded(value.label, kNameWidth) + value.value + "\n";
+    for (const ShownValue &value : PresetValues(desk.Tag())) text += Cell(value.label, kNameWidth) + value.value + "\n";
     Print(text);
 }
 
@@ -103,7 +102,7 @@ void Diff(const PresetsOptions &options) {
     std::string text;
     for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i)
         if (a[i].value != b[i].value)
-            text += Padded(a[i].label, kNameWidth) + Padded(a[i].value, kNameWidth / 2) + b[i].value + "\n";
+            text += Cell(a[i].label, kNameWidth) + Cell(a[i].value, kNameWidth / 2) + b[i].value + "\n";
     Print(text);
 }
 
@@ -207,7 +206,7 @@ void Path(const PresetsOptions &options) {
     Print(host::PathText(desk.UserFolder()) + "\n");
 }
 
-using Job = void (*)(const PresetsOptions &);
+using PresetJob = void (*)(const PresetsOptions &);
 
 }  // namespace
 
@@ -222,7 +221,7 @@ void AddPresetsCommand(Command program, Action *action) {
     presets.OnCall([=] {
         if (!presets.HasSubcommand()) *action = [options] { List(*options); };
     });
-    const auto add = [&](const char *name, const char *help, Job job) {
+    const auto add = [&](const char *name, const char *help, PresetJob job) {
         Command command = presets.Subcommand(name, help);
         command.TakeFromParent();
         command.OnCall([=] { *action = [=] { job(*options); }; });

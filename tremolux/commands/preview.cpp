@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 constexpr int kTrailSeconds = 10, kTrailRate = 24;
 constexpr double kTrailHeight = 160;  // scene units: of the eyes of somebody who stands
 constexpr FrameSize kTrailSize = {384, 216};
-constexpr int kColumns = 3;  // of the contact sheet
+constexpr int kSheetColumns = 3;  // of the contact sheet
 constexpr const char *kSheet = "README.md";
 
 struct PreviewOptions {
@@ -93,7 +93,7 @@ std::string SheetText(const std::vector<CatalogEntry> &presets, const std::map<s
         const auto sentence = sentences.find(preset.name);
         text += std::string(column == 0 ? "| " : " | ") + "![" + preset.name + "](" + FileName(preset.name) +
                 ")<br>**" + preset.name + "**" + (sentence != sentences.end() ? "<br>" + sentence->second : "");
-        if (++column < kColumns) continue;
+        if (++column < kSheetColumns) continue;
         text += " |\n";
         column = 0;
     }

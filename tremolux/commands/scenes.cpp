@@ -126,10 +126,10 @@ void Apply(const SceneOptions &options) {
     Print(WhatHappened(host.Application()));
 }
 
-using Job = void (*)(const SceneOptions &);
+using SceneJob = void (*)(const SceneOptions &);
 
 Command AddSceneCommand(Command program, Action *action, const std::shared_ptr<SceneOptions> &options, const char *name,
-                        const char *help, Job job) {
+                        const char *help, SceneJob job) {
     Command command = program.Subcommand(name, help);
     command.Add("--camera", &options->camera, "the camera, by its name");
     command.Add("-o,--output", &options->output, "scene to write; else the same one");

@@ -20,14 +20,14 @@ constexpr Colour kSky = {0.45F, 0.62F, 0.80F}, kHorizon = {0.83F, 0.87F, 0.90F},
 struct LensSample {
     double lens_x, lens_y, pixel_x, pixel_y;
 };
-constexpr std::array<LensSample, 8> kLens = {{{0.35, 0.0, 0.31, 0.19},
-                                              {-0.25, 0.25, 0.81, 0.06},
-                                              {0.0, -0.35, 0.06, 0.44},
-                                              {0.66, 0.61, 0.56, 0.31},
-                                              {-0.87, -0.05, 0.19, 0.69},
-                                              {0.38, -0.82, 0.94, 0.56},
-                                              {-0.45, 0.78, 0.44, 0.94},
-                                              {0.85, -0.25, 0.69, 0.81}}};
+constexpr std::array<LensSample, 8> kLensPicture = {{{0.35, 0.0, 0.31, 0.19},
+                                                     {-0.25, 0.25, 0.81, 0.06},
+                                                     {0.0, -0.35, 0.06, 0.44},
+                                                     {0.66, 0.61, 0.56, 0.31},
+                                                     {-0.87, -0.05, 0.19, 0.69},
+                                                     {0.38, -0.82, 0.94, 0.56},
+                                                     {-0.45, 0.78, 0.44, 0.94},
+                                                     {0.85, -0.25, 0.69, 0.81}}};
 
 Colour Mixed(const Colour &a, const Colour &b, float share) {
     return {a.r + (b.r - a.r) * share, a.g + (b.g - a.g) * share, a.b + (b.b - a.b) * share};
@@ -67,7 +67,7 @@ class View {
           colours_(light_.size()) {}
 
     Picture Take() {
-        for (const LensSample &sample : kLens) {
+        for (const LensSample &sample : kLensPicture) {
             sample_ = sample;
             DrawBackground();
             for (const Quad &quad : world_.quads) Draw(quad);
@@ -78,7 +78,7 @@ class View {
             }
         }
         Picture picture(width_, height_);
-        constexpr float kShare = 1.0F / kLens.size();
+        constexpr float kShare = 1.0F / kLensPicture.size();
         for (int y = 0; y < height_; ++y) {
             for (int x = 0; x < width_; ++x) {
                 const Colour &sum = light_[Index(x, y)];
@@ -187,7 +187,7 @@ class View {
     const int width_, height_;
     const double pixels_;        // of a tangent of 1
     const double focus_, lens_;  // distance and the lens's radius, scene units
-    LensSample sample_ = kLens[0];
+    LensSample sample_ = kLensPicture[0];
     std::vector<Colour> light_;
     std::vector<float> depth_;  // nearness of what is drawn, 0 for the background
     std::vector<Colour> colours_;

@@ -8,7 +8,7 @@
 namespace tremolux {
 namespace {
 
-constexpr const char *kStyle = R"(* { box-sizing: border-box; }
+constexpr const char *kPanelStyle = R"(* { box-sizing: border-box; }
 body { margin: 0; padding: 16px; background: var(--ground); color: var(--ink); font: 14px/1.45 system-ui, sans-serif; }
 main { max-width: 640px; margin: 0 auto; background: var(--panel); border: 1px solid var(--line); border-radius: 8px; }
 h1 { margin: 0; padding: 12px 16px 8px; font-size: 16px; }
@@ -183,7 +183,7 @@ std::string GroupHtml(const host::PanelGroup &group) {
 }  // namespace
 
 std::string PanelPage(const std::vector<host::PanelGroup> &tabs, const std::string &title) {
-    std::string html = HtmlHead(title, kStyle) + "<main>\n<h1>" + EscapedHtml(title) + "</h1>\n";
+    std::string html = HtmlHead(title, kPanelStyle) + "<main>\n<h1>" + EscapedHtml(title) + "</h1>\n";
     // The tab that stands open at first; else the first.
     const auto open = std::find_if(tabs.begin(), tabs.end(), [](const host::PanelGroup &tab) { return tab.open; });
     const std::int32_t chosen = open != tabs.end() ? open->key : tabs.empty() ? 0 : tabs.front().key;

@@ -9,6 +9,7 @@
 #include "library/failure.h"
 #include "library/formats/numbers.h"
 #include "library/formats/source_text.h"
+#include "library/measures/spectrum.h"
 #include "tremolux/pictures/tool.h"
 
 namespace tremolux {
@@ -20,7 +21,7 @@ constexpr int kWidth = 1200, kHeight = 1100;  // of a sheet in pixels
 constexpr std::size_t kMostPoints = 20000;    // of a curve; a longer move is drawn with frames left out
 
 // Colours that people tell apart whatever their eyes (Okabe and Ito), and dashes and widths besides.
-constexpr const char *kStyle = R"(
+constexpr const char *kPlotStyle = R"(
 set encoding utf8
 set grid linecolor "#dddddd"
 set border 3 linecolor "#666666"
@@ -51,7 +52,7 @@ constexpr Panel kPanels[] = {{"x, cm", [](const CameraSample &s) { return s.posi
 std::string Head(PlotFormat format) {
     const std::string size = std::to_string(kWidth) + "," + std::to_string(kHeight);
     const std::string terminal = format == PlotFormat::kSvg ? "svg dynamic" : "pngcairo";
-    return "set terminal " + terminal + " background \"#ffffff\" size " + size + " font \"sans,13\"\n" + kStyle;
+    return "set terminal " + terminal + " background \"#ffffff\" size " + size + " font \"sans,13\"\n" + kPlotStyle;
 }
 
 std::string Draw(const std::string &script) {
@@ -106,8 +107,6 @@ std::string Seconds(const CameraMove &move, std::int64_t frame) {
     return FormatNumber(static_cast<double>(frame) / move.rate.PerSecond());
 }
 
-constexpr double kNothing = 1e-9;  // RMS of rounding
-
 struct SpectrumRow {
     double hertz;
     std::array<double, std::tuple_size<decltype(AddedMotion::camera)>::value> rms;  // of the camera's channels
@@ -133,7 +132,7 @@ std::string SpectrumTable(const std::vector<SpectrumRow> &rows) {
     std::string text = "$spectrum << EOD\n";
     for (const SpectrumRow &row : rows) {
         text += FormatNumber(row.hertz);
-        for (const double rms : row.rms) text += rms > kNothing ? " " + FormatNumber(rms) : " NaN";
+        for (const double rms : row.rms) text += rms > kRoundingRms ? " " + FormatNumber(rms) : " NaN";
         text += "\n";
     }
     return text + "EOD\n";
@@ -143,8 +142,8 @@ std::string SpectrumPanel(const char *label, const AddedMotion &added, const std
                           std::size_t first) {
     bool moves = false, shows = false;
     for (std::size_t c = first; c < first + 3; ++c) {
-        moves = moves || added.camera[c].rms > kNothing;
-        for (const SpectrumRow &row : rows) shows = shows || row.rms[c] > kNothing;
+        moves = moves || added.camera[c].rms > kRoundingRms;
+        for (const SpectrumRow &row : rows) shows = shows || row.rms[c] > kRoundingRms;
     }
     std::string text = "set ylabel \"" + std::string(label) + "\"\n";
     if (!shows) {

@@ -9,7 +9,7 @@
 namespace tremolux {
 namespace {
 
-constexpr const char *kStyle = R"(* { box-sizing: border-box; }
+constexpr const char *kReportStyle = R"(* { box-sizing: border-box; }
 body { margin: 0; padding: 16px; background: var(--ground); color: var(--ink); font: 15px/1.5 system-ui, sans-serif; }
 main { max-width: 1100px; margin: 0 auto; }
 h1 { font-size: 22px; margin: 8px 0 4px; overflow-wrap: anywhere; }
@@ -33,7 +33,7 @@ figcaption { color: var(--soft); padding-top: 6px; }
 )";
 
 // Three significant digits, as much as a reader wants; what is less than a thousandth is nothing.
-std::string Short(double value) {
+std::string ThreeDigits(double value) {
     if (std::abs(value) < 0.0005) return "0";
     const double digit = std::pow(10, std::floor(std::log10(std::abs(value))) - 2);
     return FormatNumber(std::round(value / digit) * digit);
@@ -43,7 +43,7 @@ std::string Cell(const std::string &text) { return "<td>" + text + "</td>"; }
 
 std::string Lines(const Channel &channel) {
     std::string text;
-    for (const SpectrumPeak &line : channel.lines) text += (text.empty() ? "" : ", ") + Short(line.frequency);
+    for (const SpectrumPeak &line : channel.lines) text += (text.empty() ? "" : ", ") + ThreeDigits(line.frequency);
     return text.empty() ? "none" : text;
 }
 
@@ -55,10 +55,11 @@ std::string ChannelTable(const std::array<Channel, kCount> &channels) {
     for (const Band &band : kBands) text += "<th>RMS " + std::string(band.name) + "</th>";
     text += "<th>strongest, Hz</th></tr></thead><tbody>";
     for (const Channel &channel : channels) {
-        text += "<tr><th>" + std::string(channel.name) + ", " + channel.unit + "</th>" + Cell(Short(channel.rms)) +
-                Cell(Short(channel.peak)) + Cell(std::to_string(channel.peak_frame)) + Cell(Short(channel.speed_rms)) +
-                Cell(Short(channel.speed_peak));
-        for (const double rms : channel.band_rms) text += Cell(Short(rms));
+        text += "<tr><th>" + std::string(channel.name) + ", " + channel.unit + "</th>" +
+                Cell(ThreeDigits(channel.rms)) + Cell(ThreeDigits(channel.peak)) +
+                Cell(std::to_string(channel.peak_frame)) + Cell(ThreeDigits(channel.speed_rms)) +
+                Cell(ThreeDigits(channel.speed_peak));
+        for (const double rms : channel.band_rms) text += Cell(ThreeDigits(rms));
         text += Cell(Lines(channel)) + "</tr>";
     }
     return text + "</tbody></table>\n";
@@ -66,9 +67,9 @@ std::string ChannelTable(const std::array<Channel, kCount> &channels) {
 
 std::string Verdict(const AddedMotion &added) {
     const std::string band = kSickness.name;
-    const std::string figures = Short(added.sway * 100) + " % of the picture's width and rolls by " +
-                                Short(added.roll) + " degrees (RMS from " + band + ")";
-    const std::string limits = Short(kMostSway * 100) + " % and " + Short(kMostRoll) + " degrees";
+    const std::string figures = ThreeDigits(added.sway * 100) + " % of the picture's width and rolls by " +
+                                ThreeDigits(added.roll) + " degrees (RMS from " + band + ")";
+    const std::string limits = ThreeDigits(kMostSway * 100) + " % and " + ThreeDigits(kMostRoll) + " degrees";
     if (!added.MakesSick()) {
         return "<div class=\"card verdict\"><p><strong>Calm where it matters.</strong> What was added sways by " +
                figures + ". The limits are " + limits + ".</p></div>\n";
@@ -105,9 +106,10 @@ std::string SettingsTable(const ReportContents &contents) {
 std::string ReportPage(const ReportContents &contents) {
     const CameraMove &output = contents.motion.output;
     const double seconds = static_cast<double>(output.samples.size()) / output.rate.PerSecond();
-    std::string text = HtmlHead(contents.title, kStyle) + "<main>\n<h1>" + EscapedHtml(contents.title) + "</h1>\n";
+    std::string text =
+        HtmlHead(contents.title, kReportStyle) + "<main>\n<h1>" + EscapedHtml(contents.title) + "</h1>\n";
     text += "<p>Frames " + std::to_string(output.first_frame) + " to " + std::to_string(output.LastFrame()) + " at " +
-            FrameRateText(output.rate) + " frames a second, " + Short(seconds) + " seconds. " +
+            FrameRateText(output.rate) + " frames a second, " + ThreeDigits(seconds) + " seconds. " +
             (contents.preset.empty() ? "" : "Preset: " + EscapedHtml(contents.preset) + ". ") +
             std::to_string(contents.motion.jolts.size()) + (contents.motion.jolts.size() == 1 ? " jolt." : " jolts.") +
             "</p>\n" + Verdict(contents.added);
@@ -115,8 +117,8 @@ std::string ReportPage(const ReportContents &contents) {
                                               Base64(contents.film) + "\"></video>",
                                           "Grey: the input camera. Orange: the shaken camera.");
     text += "<h2>What was added to the camera</h2>\n<div class=\"card\">" + ChannelTable(contents.added.camera) +
-            "</div>\n<p>The camera turns by " + Short(contents.added.turn_rms) + " degrees a second RMS, " +
-            Short(contents.added.turn_peak) + " at most, about any axis and with the input's own turning.</p>\n";
+            "</div>\n<p>The camera turns by " + ThreeDigits(contents.added.turn_rms) + " degrees a second RMS, " +
+            ThreeDigits(contents.added.turn_peak) + " at most, about any axis and with the input's own turning.</p>\n";
     text += "<h2>What that does to the picture</h2>\n<div class=\"card\">" + ChannelTable(contents.added.picture) +
             "</div>\n<p>How far the point in focus leaves the middle of a picture " +
             std::to_string(contents.picture_width) + " pixels wide.</p>\n";

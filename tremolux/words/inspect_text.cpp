@@ -56,15 +56,12 @@ Range RangeOf(const Measure &measure, const CameraMove &move) {
 
 double Seconds(const CameraMove &move) { return static_cast<double>(move.samples.size()) / move.rate.PerSecond(); }
 
-// To three decimals, as much as a reader wants.
-std::string Short(double value) { return FormatNumber(std::round(value * 1000) / 1000); }
-
 std::string Short(const Range &range) {
-    const std::string lowest = Short(range.lowest), highest = Short(range.highest);
+    const std::string lowest = ShortNumber(range.lowest), highest = ShortNumber(range.highest);
     return lowest == highest ? lowest : lowest + " to " + highest;
 }
 
-std::string Line(const std::string &title, const std::string &text) {
+std::string FactLine(const std::string &title, const std::string &text) {
     constexpr std::size_t kTitle = 14;
     std::string line = title;
     line.resize(std::max(kTitle, line.size() + 1), ' ');
@@ -90,26 +87,26 @@ std::vector<TraitChannel> TraitsOf(const CameraMove &move) {
 
 std::string InspectText(const InspectedFile &file) {
     const CameraMove &move = file.move;
-    std::string text = Line("file", file.name) + Line("format", file.kind);
-    text += Line("camera", (move.traits.path.empty() ? "without a name" : move.traits.path) +
-                               (move.traits.is_orthographic ? ", orthographic" : ""));
-    text += Line("frames", std::to_string(move.first_frame) + " to " + std::to_string(move.LastFrame()) + ", " +
-                               std::to_string(move.samples.size()) + " in " + Short(Seconds(move)) + " s");
-    text += Line("rate", FrameRateWords(move.rate));
-    text += Line("read as", "left-handed, x right, y up, looking along +z");
+    std::string text = FactLine("file", file.name) + FactLine("format", file.kind);
+    text += FactLine("camera", (move.traits.path.empty() ? "without a name" : move.traits.path) +
+                                   (move.traits.is_orthographic ? ", orthographic" : ""));
+    text += FactLine("frames", std::to_string(move.first_frame) + " to " + std::to_string(move.LastFrame()) + ", " +
+                                   std::to_string(move.samples.size()) + " in " + ShortNumber(Seconds(move)) + " s");
+    text += FactLine("rate", FrameRateWords(move.rate));
+    text += FactLine("read as", "left-handed, x right, y up, looking along +z");
     for (const Measure &measure : kMeasures)
-        text +=
-            Line(measure.title, std::string(measure.name) + " " + Short(RangeOf(measure, move)) + " " + measure.unit);
-    text += Line("film back", FilmBack(move));
+        text += FactLine(measure.title,
+                         std::string(measure.name) + " " + Short(RangeOf(measure, move)) + " " + measure.unit);
+    text += FactLine("film back", FilmBack(move));
     std::string title = "carried";
     for (const TraitChannel channel : TraitsOf(move)) {
-        text += Line(title, InfoOf(channel).words + (" " + Short(RangeOf(move.traits.channels[channel]))));
+        text += FactLine(title, InfoOf(channel).words + (" " + Short(RangeOf(move.traits.channels[channel]))));
         title.clear();
     }
-    for (const std::string &note : move.notes) text += Line("note", note);
+    for (const std::string &note : move.notes) text += FactLine("note", note);
     for (const MoveFormat &format : MoveFormats()) {
         const std::string lost = LostIn(format, move);
-        text += Line("lost in " + std::string(format.extension), lost.empty() ? "nothing" : lost);
+        text += FactLine("lost in " + std::string(format.extension), lost.empty() ? "nothing" : lost);
     }
     return text;
 }

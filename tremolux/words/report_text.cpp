@@ -9,10 +9,7 @@
 namespace tremolux {
 namespace {
 
-// To three decimals, as much as a reader wants.
-std::string Short(double value) { return FormatNumber(std::round(value * 1000) / 1000); }
-
-std::string Line(const char *title, const std::string &text) {
+std::string ReportLine(const char *title, const std::string &text) {
     std::string line = title;
     line.resize(9, ' ');
     return line + text + "\n";
@@ -20,11 +17,12 @@ std::string Line(const char *title, const std::string &text) {
 
 std::string Frames(const CameraMove &move, const FrameRate &rate) {
     return "frames " + std::to_string(move.first_frame) + " to " + std::to_string(move.LastFrame()) + " at " +
-           FrameRateText(rate) + " fps, " + Short(static_cast<double>(move.samples.size()) / rate.PerSecond()) + " s";
+           FrameRateText(rate) + " fps, " + ShortNumber(static_cast<double>(move.samples.size()) / rate.PerSecond()) +
+           " s";
 }
 
 std::string DeviationText(const Deviation &deviation, const char *unit) {
-    return Short(deviation.rms) + " RMS, " + Short(deviation.peak) + " peak (frame " +
+    return ShortNumber(deviation.rms) + " RMS, " + ShortNumber(deviation.peak) + " peak (frame " +
            std::to_string(deviation.peak_frame) + "), " + unit;
 }
 
@@ -37,16 +35,16 @@ std::string SettingsText(const std::vector<std::string> &settings) {
 }  // namespace
 
 std::string ReportText(const ShakeReport &report, const CameraMove &input, const CameraMove &output) {
-    std::string text = Line("in", report.input_file + ", " + Frames(input, report.rate));
-    if (!report.preset.empty()) text += Line("preset", report.preset);
-    text += Line("shake", SettingsText(report.settings));
+    std::string text = ReportLine("in", report.input_file + ", " + Frames(input, report.rate));
+    if (!report.preset.empty()) text += ReportLine("preset", report.preset);
+    text += ReportLine("shake", SettingsText(report.settings));
     for (const std::filesystem::path &file : report.output_files) {
-        text += Line("out", host::PathText(file) + ", " + std::to_string(output.samples.size()) + " frames");
+        text += ReportLine("out", host::PathText(file) + ", " + std::to_string(output.samples.size()) + " frames");
     }
     const Strayed strayed = MeasureStrayed(input, output);
-    text += Line("strayed", DeviationText(strayed.position, "scene units"));
-    text += Line("", DeviationText(strayed.angle, "degrees"));
-    text += Line("time", Short(report.microseconds_per_frame) + " microseconds per frame");
+    text += ReportLine("strayed", DeviationText(strayed.position, "scene units"));
+    text += ReportLine("", DeviationText(strayed.angle, "degrees"));
+    text += ReportLine("time", ShortNumber(report.microseconds_per_frame) + " microseconds per frame");
     return text;
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 // What a camera means where it says nothing; the first four in tenths of a unit.
 constexpr double kFallbackFocalLength = 50, kFallbackWidth = 20.955, kFallbackHeight = 15.2908, kFallbackOffset = 0;
-constexpr double kFallbackFocusDistance = 0, kFallbackNearClip = 1, kFallbackFarClip = 1000000;
+constexpr double kFallbackFocusDistance = 0;
 // Millimetres that there are: from telephones to view cameras.
 constexpr double kPlausibleWidths[] = {4, 300}, kPlausibleFocalLengths[] = {2, 3000};
 constexpr double kPlausibleShapes[] = {0.1, 10};  // height by width

@@ -14,7 +14,7 @@ constexpr std::size_t kMaxOps = 256;  // of one prim
 constexpr std::string_view kPrefix = "xformOp:", kInvert = "!invert!", kReset = "!resetXformStack!";
 constexpr const char *kExpected =
     "an op of translate, scale, rotateX to rotateZ, rotateXYZ to rotateZYX, orient or transform";
-constexpr double kRounding = 1e-6;  // of a matrix's last column
+constexpr double kMatrixRounding = 1e-6;  // of a matrix's last column
 
 struct OpType {
     std::string_view name;
@@ -105,7 +105,7 @@ host::Matrix MatrixOf(const SourceText &source, const UsdOp &op, const UsdNumber
         case UsdOpKind::kMatrix: break;
     }
     const double beside = std::abs(numbers[3]) + std::abs(numbers[7]) + std::abs(numbers[11]) + std::abs(numbers[15] - 1);
-    if (!(beside <= kRounding)) source.RefuseAt(op.place, "a matrix that is no placement", "0, 0, 0 and 1 in its last column");
+    if (!(beside <= kMatrixRounding)) source.RefuseAt(op.place, "a matrix that is no placement", "0, 0, 0 and 1 in its last column");
     return FromRows(numbers);
 }
 

@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view kLocalMark = "PK\x03\x04", kCentralMark = "PK\x01\x02", kEndMark = "PK\x05\x06";
 constexpr std::size_t kLocalSize = 30, kCentralSize = 46, kEndSize = 22, kMaxComment = 65535;
 constexpr std::uint32_t kEncrypted = 1;
-constexpr std::size_t kLongestName = 1000;
+constexpr std::size_t kLongestFileName = 1000;
 
 [[noreturn]] void Refuse(const std::string &file, const std::string &found, const std::string &expected) {
     throw Failure(kExitInput, file + ": found " + found + ", expected " + expected);
@@ -60,8 +60,8 @@ PackagedFile FirstFileOf(const std::string &file, std::string_view bytes) {
     const Record central(file, bytes, end.Number(16, 4), kCentralSize, kCentralMark);
     const Record local(file, bytes, central.Number(42, 4), kLocalSize, kLocalMark);
     const std::size_t name_size = local.Number(26, 2), size = central.Number(24, 4);
-    const std::string name(local.Bytes(kLocalSize, name_size).substr(0, kLongestName));
-    if (name != central.Bytes(kCentralSize, central.Number(28, 2)).substr(0, kLongestName))
+    const std::string name(local.Bytes(kLocalSize, name_size).substr(0, kLongestFileName));
+    if (name != central.Bytes(kCentralSize, central.Number(28, 2)).substr(0, kLongestFileName))
         Refuse(file, Quoted(name), "the name that the package's directory says");
     if ((central.Number(8, 2) & kEncrypted) != 0) Refuse(file, "an encrypted file in the package", "a plain one");
     if (central.Number(10, 2) != 0 || local.Number(8, 2) != 0 || central.Number(20, 4) != size)

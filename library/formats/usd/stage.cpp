@@ -3,11 +3,11 @@
 #include <cmath>
 
 #include "library/formats/numbers.h"
+#include "library/moves/scene_units.h"
 
 namespace tremolux {
 namespace {
 
-constexpr double kMetresPerSceneUnit = 0.01;
 // What a file means where it says nothing.
 constexpr double kFallbackMetresPerUnit = 0.01, kFallbackRate = 24;
 constexpr double kMinUnit = 1e-6, kMaxUnit = 1e6;                     // metres

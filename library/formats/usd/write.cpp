@@ -2,14 +2,14 @@
 
 #include "library/formats/numbers.h"
 #include "library/formats/right_handed.h"
+#include "library/formats/usd/lens.h"
 #include "library/formats/usd/tokens.h"
 #include "library/formats/usda.h"
+#include "library/moves/scene_units.h"
 
 namespace tremolux {
 namespace {
 
-constexpr double kMetresPerSceneUnit = 0.01;
-constexpr double kFallbackNearClip = 1, kFallbackFarClip = 1000000;
 
 // Letters, digits and underscores: what every reader takes for a prim's name.
 std::string Identifier(const std::string &name) {
