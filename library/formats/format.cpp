@@ -194,7 +194,11 @@ CameraMove MoveFromBytes(const std::string &name, std::string_view bytes, const 
 }
 
 std::string MoveText(const fs::path &file, const CameraMove &move, const FormatOptions &options) {
-    return FormatOf(file, FormatUse::kWrite).write(move, options);
+    const MoveFormat &format = FormatOf(file, FormatUse::kWrite);
+    if (BeyondLimits(move).empty()) return format.write(move, options);
+    CameraMove held = move;
+    for (CameraSample &sample : held.samples) sample = WithinLimits(sample);
+    return format.write(held, options);
 }
 
 }  // namespace tremolux

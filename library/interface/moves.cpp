@@ -19,7 +19,7 @@ std::array<double *, kNumbers> Places(CameraSample *sample) {
             &sample->angles.x,   &sample->angles.y,      &sample->angles.z,
             &sample->focal_length, &sample->focus_distance};
 }
-constexpr std::size_t kFocalLengthPlace = 6;
+constexpr std::size_t kFocalLengthPlace = 6, kFocusDistancePlace = 7;
 
 // false for what is no number.
 bool IsBetween(double value, double minimum, double maximum) { return value >= minimum && value <= maximum; }
@@ -44,11 +44,17 @@ CameraSample SampleOf(const double *numbers, std::size_t frame) {
     CameraSample sample;
     const auto places = Places(&sample);
     for (std::size_t i = 0; i < kNumbers; ++i) {
-        const bool is_lens = i == kFocalLengthPlace;
         const double number = numbers[frame * kNumbers + i];
-        if (!IsBetween(number, is_lens ? kMinFocalLength : -kMaxNumber, is_lens ? kMaxFocalLength : kMaxNumber)) {
-            RefuseInput("numbers[" + std::to_string(frame * kNumbers + i) + "]", FormatNumber(number),
-                   is_lens ? "a focal length from 1 to 10000 mm" : "a number up to 1e12");
+        const auto check = [&](double least, double most, const char *expected) {
+            if (!IsBetween(number, least, most))
+                RefuseInput("numbers[" + std::to_string(frame * kNumbers + i) + "]", FormatNumber(number), expected);
+        };
+        if (i == kFocalLengthPlace) {
+            check(kMinFocalLength, kMaxFocalLength, "a focal length from 1 to 10000 mm");
+        } else if (i == kFocusDistancePlace) {
+            check(0, kMaxNumber, "a focus distance from 0 to 1e12");
+        } else {
+            check(-kMaxNumber, kMaxNumber, "a number up to 1e12");
         }
         *places[i] = number;
     }

@@ -17,6 +17,7 @@ namespace tremolux {
 using host::operator*;
 using host::operator+;
 using host::operator-;
+using host::operator==;
 
 // One frame of a camera in the scene: left-handed, Y up, looking along +Z.
 struct CameraSample {
@@ -56,8 +57,12 @@ constexpr ApertureLimits LimitsOfAperture(bool is_orthographic) {
     return is_orthographic ? ApertureLimits{1e-6, kMaxNumber} : ApertureLimits{kMinAperture, kMaxAperture};
 }
 
-// A sample that was made between others may lie beyond what they and a file can hold.
+// A sample that was made between others, or that a shake sent far, may lie beyond what a camera can have.
 CameraSample WithinLimits(CameraSample sample);
+
+// A line about the frames that lie beyond what a camera can have, and are held within it where they are written; empty:
+// there are none.
+std::string BeyondLimits(const CameraMove &move);
 
 using host::kRadiansPerDegree;
 

@@ -8,18 +8,26 @@ radians; a position far from the origin to 1e-6 of its distance, as Blender keep
 frame rate, where the file has them. Of glTF Blender passes an animated field of view over: it is held against the first frame's.
 The expected matrix is built from the table's angles here, apart from the program's own code.
 
+So must what scripts of traits.json and flat.json (traits.py) set beside the motion; the scenes go into traits.blend and
+flat.blend.
+
 Into FOLDER go own_RATE.gltf and own_RATE.glb, a camera with an animated parent as this Blender exports it, and own.csv,
 its world matrix row by row on every frame.
 """
 import csv
 import itertools
+import json
 import math
+import os
 import runpy
 import sys
 
 import addon_utils
 import bpy
 from mathutils import Matrix, Vector
+
+sys.path.append(os.path.dirname(__file__))
+import traits
 
 WIDTH, HEIGHT, FILM_BACK = 1920, 1080, 36
 TOLERANCE = 1e-5
@@ -135,6 +143,28 @@ def write_own(folder, rate, name):
         bpy.ops.export_scene.gltf(filepath=f"{folder}/own_{name}.{suffix}", export_format=kind, export_cameras=True)
 
 
+def check_traits(folder, name):
+    """What a script sets beside the motion, as Blender's camera has it; the scene is kept to be imported again."""
+    with open(f"{folder}/{name}.json", encoding="utf-8") as file:
+        move = json.load(file)
+    empty_scene((12, 1))
+    camera = open_script(f"{folder}/{name}.py")
+    width, worst = move["film_back_width"], 0.0
+    for frame in move["frames"]:
+        bpy.context.scene.frame_set(frame["frame"])
+        data = camera.evaluated_get(bpy.context.evaluated_depsgraph_get()).data
+        seen = [(data.sensor_width, width), (data.sensor_height, move["film_back_height"])]
+        seen += [(data.path_resolve(path), frame.get(trait, move.get(trait)) * (unit or 1 / width))
+                 for trait, (path, unit) in traits.TRAITS.items()]
+        if move["projection"] == "orthographic":
+            seen.append((data.ortho_scale, width / 1000))
+        worst = max([worst] + [abs(found - wanted) / max(1, abs(wanted)) for found, wanted in seen])
+    kind = {"perspective": "PERSP", "orthographic": "ORTHO"}[move["projection"]]
+    print(f"interop: {name}.py in Blender: {data.type}, film back, shift, f-stop and clipping within {worst:.1e}")
+    bpy.ops.wm.save_as_mainfile(filepath=f"{folder}/{name}.blend", copy=True)
+    return worst <= TOLERANCE and data.type == kind and data.dof.use_dof and camera.name == "Hero"
+
+
 def main(folder, *names):
     good = True
     rates = {name: tuple(int(part) for part in (name + "-1").split("-")[:2]) for name in names}
@@ -143,6 +173,8 @@ def main(folder, *names):
             rows = list(csv.DictReader(lines))
         for name, rate in rates.items():
             good = check(rows, f"{folder}/{table}_{name}{kind}", kind, rate) and good
+    for name in ("traits", "flat"):
+        good = check_traits(folder, name) and good
     for name, rate in rates.items():
         write_own(folder, rate, name)
     return 0 if good else 1

@@ -69,6 +69,71 @@ TEST(Move, GoesThroughTheBytesOfAFile) {
     EXPECT_EQ(bytes, BytesOf(again, "x.json"));
 }
 
+// What a format makes of a move, read again.
+Move Again(const Move &move, const std::string &name) {
+    const std::string bytes = BytesOf(move, name.c_str());
+    tremolux_move read = nullptr;
+    EXPECT_EQ(TREMOLUX_OK, tremolux_move_from_bytes(name.c_str(), bytes.data(), bytes.size(), &read))
+        << tremolux_last_error(nullptr);
+    return Move(read);
+}
+
+tremolux_move_info InfoOf(const Move &move) {
+    tremolux_move_info info{};
+    info.size = sizeof(info);
+    EXPECT_EQ(TREMOLUX_OK, tremolux_move_info_of(move.get(), &info));
+    return info;
+}
+
+Move MakeMoveAt(std::int32_t numerator, std::int32_t denominator, std::int64_t first_frame, std::uint64_t frames) {
+    tremolux_move_info info = Info(frames);
+    info.rate_numerator = numerator;
+    info.rate_denominator = denominator;
+    info.first_frame = first_frame;
+    const std::vector<double> numbers = Numbers(frames);
+    tremolux_move move = nullptr;
+    EXPECT_EQ(TREMOLUX_OK, tremolux_move_from_numbers(&info, numbers.data(), numbers.size(), &move))
+        << tremolux_last_error(nullptr);
+    return Move(move);
+}
+
+const char *const kFormatsWithARate[] = {"a.json", "a.usda", "a.usd", "a.gltf", "a.glb"};
+
+TEST(Move, KeepsTheFractionOfItsRateThroughEveryFormatThatHasOne) {
+    const std::pair<std::int32_t, std::int32_t> rates[] = {{24000, 1001},  {24, 1}, {25, 1},       {30000, 1001},
+                                                           {48000, 1001},  {30, 1}, {60000, 1001}, {60, 1},
+                                                           {120000, 1001}, {25, 2}, {2500, 1},     {1, 1}};
+    for (const auto &[numerator, denominator] : rates) {
+        for (const char *name : kFormatsWithARate) {
+            const Move again = Again(MakeMoveAt(numerator, denominator, 101, 3), name);
+            const tremolux_move_info info = InfoOf(again);
+            EXPECT_EQ(numerator, info.rate_numerator) << name;
+            EXPECT_EQ(denominator, info.rate_denominator) << name << " of " << numerator;
+            EXPECT_EQ(101, info.first_frame) << name;
+            EXPECT_EQ(3u, info.frame_count) << name;
+        }
+    }
+}
+
+TEST(Move, HasItsFramesWhereTheyWereAfterTenThousand) {
+    const Move move = MakeMoveAt(24000, 1001, -20, 10000);
+    for (const char *name : kFormatsWithARate) {
+        const Move again = Again(move, name);
+        const tremolux_move_info info = InfoOf(again);
+        EXPECT_EQ(24000, info.rate_numerator) << name;
+        EXPECT_EQ(1001, info.rate_denominator) << name;
+        EXPECT_EQ(-20, info.first_frame) << name;
+        ASSERT_EQ(10000u, info.frame_count) << name;
+        std::vector<double> numbers(10000 * kNumbers);
+        EXPECT_EQ(TREMOLUX_OK, tremolux_move_numbers(again.get(), numbers.data(), numbers.size()));
+        const std::vector<double> last = {numbers.end() - kNumbers, numbers.end()};
+        const std::vector<double> whole = Numbers(10000), expected = {whole.end() - kNumbers, whole.end()};
+        for (std::size_t i = 0; i < 3; ++i) EXPECT_NEAR(expected[i], last[i], 1e-6) << name;
+        EXPECT_NEAR(0, std::remainder(expected[3] - last[3], 2 * 3.14159265358979323846), 1e-7) << name;
+        EXPECT_NEAR(expected[6], last[6], 1e-6) << name;
+    }
+}
+
 TEST(Move, OfBytesThatAreNoneIsRefusedByTheReadersLine) {
     tremolux_move move = nullptr;
     EXPECT_EQ("a.json:1:1: found '{', expected JSON", Refused(tremolux_move_from_bytes("a.json", "{", 1, &move)));
@@ -94,6 +159,7 @@ TEST(Move, HasNumbersThatACameraCanHave) {
     EXPECT_EQ("numbers[8]: found inf, expected a number up to 1e12",
               RefusedNumber(8, std::numeric_limits<double>::infinity()));
     EXPECT_EQ("numbers[14]: found 0, expected a focal length from 1 to 10000 mm", RefusedNumber(14, 0));
+    EXPECT_EQ("numbers[15]: found -0.5, expected a focus distance from 0 to 1e12", RefusedNumber(15, -0.5));
 }
 
 TEST(Move, HasFramesAndARateThatThereAre) {
@@ -111,6 +177,18 @@ TEST(Move, HasFramesAndARateThatThereAre) {
               RefusedInfo([](auto *info) {
                   info->rate_numerator = 25;
                   info->rate_denominator = 0;
+              }));
+    EXPECT_EQ("info->rate_numerator and info->rate_denominator: found -24 / -1, expected " + rate,
+              RefusedInfo([](auto *info) {
+                  info->rate_numerator = -24;
+                  info->rate_denominator = -1;
+              }));
+    EXPECT_EQ("info->rate_numerator and info->rate_denominator: found 2147483647 / 1, expected " + rate,
+              RefusedInfo([](auto *info) { info->rate_numerator = 2147483647; }));
+    EXPECT_EQ("info->rate_numerator and info->rate_denominator: found 1 / 3, expected " + rate,
+              RefusedInfo([](auto *info) {
+                  info->rate_numerator = 1;
+                  info->rate_denominator = 3;
               }));
     EXPECT_EQ("info->aperture_width: found nan, expected millimetres from 1 to 2000",
               RefusedInfo([](auto *info) { info->aperture_width = kNaN; }));

@@ -30,8 +30,8 @@ inline std::vector<double> Numbers(std::size_t frames) {
     std::vector<double> numbers;
     for (std::size_t i = 0; i < frames; ++i) {
         const double t = static_cast<double>(i);
-        for (double number :
-             {3 * t, 150 + std::sin(t / 20), -2 * t, t / 15, std::sin(t / 40) / 3, 0.0, 36 + t / 10, 900 - t})
+        for (double number : {3 * t, 150 + std::sin(t / 20), -2 * t, t / 15, std::sin(t / 40) / 3, 0.0, 36 + t / 10,
+                              std::fabs(900 - t)})
             numbers.push_back(number);
     }
     return numbers;

@@ -46,6 +46,7 @@ json PoseRow(double lens) {
 json Result() {
     return {{"camera", "/Rig/Shot"},
             {"orthographic", false},
+            {"view", 6.0},
             {"kind", ".blend"},
             {"fps", 24},
             {"fps_base", 1.001},
@@ -104,6 +105,25 @@ TEST(ImportedMove, HasTheFilmBackThatThePictureLeavesOfTheSensor) {
     EXPECT_EQ(*MoveOf(result).aperture_height, 24);
     result["kind"] = ".dae";
     EXPECT_FALSE(MoveOf(result).aperture_height);
+}
+
+TEST(ImportedMove, OfAnOrthographicCameraHasTheFilmBackOfWhatItSees) {
+    json result = Result();
+    result["orthographic"] = true;
+    result["samples"][0][14] = result["samples"][1][14] = 0.25;  // of what is seen
+    CameraMove move = MoveOf(result);
+    EXPECT_TRUE(move.traits.is_orthographic);
+    EXPECT_NEAR(move.aperture_width, 6000, 1e-9);  // 6 m along the wider side
+    EXPECT_NEAR(*move.aperture_height, 6000.0 * 9 / 16, 1e-9);
+    EXPECT_EQ(move.traits.channels[kHorizontalOffset], std::vector<double>{1500});
+    result["fit"] = "VERTICAL";
+    move = MoveOf(result);
+    EXPECT_NEAR(*move.aperture_height, 6000, 1e-9);
+    EXPECT_NEAR(move.aperture_width, 6000.0 * 16 / 9, 1e-9);
+    result["metres"] = 0.01;  // a scene in centimetres
+    EXPECT_NEAR(*MoveOf(result).aperture_height, 60, 1e-9);
+    result["view"] = 0;
+    EXPECT_EQ(RefusalOf(result), "a.blend: found the size of what is seen 0, expected one from 1e-06 to 1000000000000");
 }
 
 TEST(ImportedMove, CarriesShiftAndStopWhereTheyAreThere) {

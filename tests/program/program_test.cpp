@@ -93,6 +93,26 @@ TEST_F(Program, LeavesTheMoveAsItIsWithEveryAmountAtZero) {
     }
 }
 
+TEST_F(Program, WritesWhatCanBeReadWhenAShakeSendsTheLensBeyondAnyLens) {
+    // A zoom out as fast as can be, which swings past its end.
+    std::string zoom = kHeader;
+    for (int frame = 0; frame < 60; ++frame)
+        zoom += std::to_string(frame) + ",0,0,0,0,0,0," + (frame < 10 ? "300" : "1") + ",500\n";
+    const std::string move = workplace_.Write("zoom.csv", zoom), out = workplace_.Path("out.csv");
+    const Outcome outcome =
+        workplace_.Run(Shake(move, out, {"--set", "Overshoot Zoom=100%", "--set", "Overshoot Zoom Fade=0%"}));
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_NE(outcome.err.find(out + ": "), std::string::npos) << outcome.err;
+    EXPECT_NE(outcome.err.find(
+                  "are beyond what a camera can have (a focal length from 1 to 10000 mm, a focus in front of it) "
+                  "and held within\n"),
+              std::string::npos)
+        << outcome.err;
+    double least = 1e9;
+    for (const auto &sample : ReadCsvFile("out.csv").samples) least = std::min(least, sample.focal_length);
+    EXPECT_EQ(least, 1);
+}
+
 TEST_F(Program, WritesTheSameBytesRunAfterRun) {
     const std::string move = workplace_.Write("move.csv", Move(0, 60));
     for (const char *name : {"a.csv", "b.csv"})

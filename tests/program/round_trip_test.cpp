@@ -192,6 +192,25 @@ RC_GTEST_PROP(RotationOrders, ComeBackFromTheirRotation, ()) {
     RC_ASSERT(host::Length(back - angles) < 1e-6);
 }
 
+TEST(BeyondLimits, TellsWhichFramesAreHeldWhereTheyAreWritten) {
+    CameraMove move;
+    move.first_frame = 10;
+    move.samples.resize(4);
+    EXPECT_EQ(BeyondLimits(move), "");
+    move.samples[3].focus_distance = -1e-3;
+    const std::string limits =
+        "beyond what a camera can have (a focal length from 1 to 10000 mm, a focus in front of it) and held within";
+    EXPECT_EQ(BeyondLimits(move), "frame 13 is " + limits);
+    move.samples[1].focal_length = 0.5;
+    EXPECT_EQ(BeyondLimits(move), "2 frames, from frame 11 on, are " + limits);
+    for (const char *name : {"a.json", "a.csv"}) {
+        const CameraMove read = MoveFromBytes(name, MoveText(name, move, {}), {});
+        EXPECT_EQ(read.samples[1].focal_length, 1) << name;
+        EXPECT_EQ(read.samples[3].focus_distance, 0) << name;
+        EXPECT_EQ(read.samples[2].focal_length, 36) << name;
+    }
+}
+
 TEST(RotationOrders, TurnTheFirstNamedAxisFirst) {
     // "xyz" turns about x first: a quarter about x takes up (0, 1, 0) to (0, 0, 1), then a quarter about y to (1, 0,
     // 0).

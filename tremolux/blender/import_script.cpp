@@ -217,7 +217,7 @@ def main(file, wanted, frames, fps, fps_base):
         notes.append("scripts in the file were not run, and drivers with them")
     if kind not in OWN_RATE and not fps:
         notes.append(f"the file says seconds alone: taken at {scene.render.fps} frames a second; --fps says another rate")
-    samples, percent = [], -1
+    samples, views, percent = [], [], -1
     for i in range(count):
         place = (first + i) * frame_step
         whole = math.floor(place)
@@ -226,12 +226,15 @@ def main(file, wanted, frames, fps, fps_base):
             place = whole = round(place)
         scene.frame_set(whole, subframe=place - whole)
         samples.append(sample(camera))
+        views.append(camera.evaluated_get(bpy.context.evaluated_depsgraph_get()).data.ortho_scale)
         if (i + 1) * 100 // count != percent:
             percent = (i + 1) * 100 // count
             print(f"tremolux: {i + 1} of {count}", flush=True)
     data, render = camera.data, scene.render
+    if data.type == "ORTHO" and min(views) != max(views):
+        notes.append(f"what the orthographic camera sees changes its size: taken is that of frame {first}")
     return {
-        "camera": path_of(camera), "orthographic": data.type == "ORTHO", "kind": kind,
+        "camera": path_of(camera), "orthographic": data.type == "ORTHO", "view": views[0], "kind": kind,
         "fps": render.fps, "fps_base": fps_base, "metres": scene.unit_settings.scale_length,
         "sensor": [data.sensor_width, data.sensor_height], "fit": data.sensor_fit,
         "picture": [render.resolution_x, render.resolution_y], "pixel": [render.pixel_aspect_x, render.pixel_aspect_y],

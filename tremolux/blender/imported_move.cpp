@@ -32,7 +32,7 @@ class Result {
         move.first_frame =
             static_cast<std::int64_t>(Number(facts_.at("first"), -kMaxFrameNumber, kMaxFrameNumber, "frame"));
         move.traits.path = facts_.at("camera").get<std::string>();
-        move.traits.is_orthographic = facts_.at("orthographic").get<bool>();
+        move.traits.is_orthographic = IsOrthographic();
         move.notes = facts_.at("notes").get<std::vector<std::string>>();
         ReadFilmBack(&imported);
         ReadSamples(&move);
@@ -61,6 +61,15 @@ class Result {
 
     std::string Kind() const { return facts_.at("kind").get<std::string>(); }
 
+    bool IsOrthographic() const { return facts_.at("orthographic").get<bool>(); }
+    double UnitInMetres() const { return Number(facts_.at("metres"), 1e-6, 1e6, "unit of length"); }
+
+    // Millimetres, across (0) or up (1). What an orthographic camera sees is as large in either direction.
+    double Sensor(std::size_t i) const {
+        if (!IsOrthographic()) return Number(facts_.at("sensor").at(i), 1e-3, 1e6, "sensor");
+        return Number(facts_.at("view"), 1e-6, kMaxNumber, "size of what is seen") * UnitInMetres() * 1000;
+    }
+
     // The sensor lies along the picture's wider side, or as its fit says; the other side is cut by the picture's shape.
     // A file that knows no picture has the sensor's own height, where it says one.
     void ReadFilmBack(ImportedMove *imported) const {
@@ -70,22 +79,22 @@ class Result {
         const auto shape = [&](std::size_t i) {
             return Number(facts_.at("pixel").at(i), 1e-3, 1e3, "shape of a pixel");
         };
-        const auto sensor = [&](std::size_t i) { return Number(facts_.at("sensor").at(i), 1e-3, 1e6, "sensor"); };
         const double width = pixels(0) * shape(0), height = pixels(1) * shape(1);
         const std::string fit = facts_.at("fit").get<std::string>();
         const bool upright = fit == "VERTICAL" || (fit == "AUTO" && height > width);
         double film_width, film_height;
         if (upright) {
-            film_height = fit == "VERTICAL" ? sensor(1) : sensor(0);
+            film_height = Sensor(fit == "VERTICAL" ? 1 : 0);
             film_width = film_height * width / height;
         } else {
-            film_width = sensor(0);
-            film_height = Kind() == ".fbx" ? sensor(1) : film_width * height / width;
+            film_width = Sensor(0);
+            film_height = Kind() == ".fbx" && !IsOrthographic() ? Sensor(1) : film_width * height / width;
         }
         CameraMove &move = imported->move;
-        move.aperture_width = Number(film_width, kMinAperture, kMaxAperture, "film back's width");
+        const ApertureLimits limits = LimitsOfAperture(IsOrthographic());
+        move.aperture_width = Number(film_width, limits.least, limits.most, "film back's width");
         if (Kind() == ".fbx" || Kind() == ".blend")
-            move.aperture_height = Number(film_height, kMinAperture, kMaxAperture, "film back's height");
+            move.aperture_height = Number(film_height, limits.least, limits.most, "film back's height");
         if (Kind() != ".blend") return;
         imported->width = static_cast<int>(pixels(0));
         imported->height = static_cast<int>(pixels(1));
@@ -95,7 +104,7 @@ class Result {
     double ShiftedSide(const CameraMove &move) const {
         const std::string fit = facts_.at("fit").get<std::string>();
         const double height = move.aperture_height.value_or(0);
-        if (fit == "VERTICAL") return Number(facts_.at("sensor").at(1), 1e-3, 1e6, "sensor");
+        if (fit == "VERTICAL") return Sensor(1);
         return fit == "AUTO" ? std::max(move.aperture_width, Kind() == ".blend" ? height : 0) : move.aperture_width;
     }
 
@@ -103,7 +112,7 @@ class Result {
         const json &rows = facts_.at("samples");
         if (rows.empty() || rows.size() > kMaxFrames)
             Refuse(std::to_string(rows.size()) + " frames", "1 to " + std::to_string(kMaxFrames));
-        const double unit = Number(facts_.at("metres"), 1e-6, 1e6, "unit of length") * kSceneUnitsPerMetre;
+        const double unit = UnitInMetres() * kSceneUnitsPerMetre;
         const double side = ShiftedSide(*move);
         std::array<std::vector<double>, kTraitChannelCount> channels;
         for (std::size_t i = 0; i < rows.size(); ++i) {

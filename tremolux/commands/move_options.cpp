@@ -204,6 +204,8 @@ std::string TextForFile(const std::filesystem::path &file, const CameraMove &mov
         std::fprintf(stderr, "%s: %s files have no place for %s\n", host::PathText(file).c_str(), format.extension,
                      lost.c_str());
     }
+    if (const std::string beyond = BeyondLimits(move); !beyond.empty())
+        std::fprintf(stderr, "%s: %s\n", host::PathText(file).c_str(), beyond.c_str());
     return MoveText(file, move, options);
 }
 

@@ -151,7 +151,7 @@ typedef struct tremolux_move_info {
     double aperture_width;                    /* of the film back */
 } tremolux_move_info;
 
-/* From TREMOLUX_NUMBERS_PER_FRAME numbers for each of info->frame_count frames, at most a million frames; `count` is how many
+/* A camera with a perspective, from TREMOLUX_NUMBERS_PER_FRAME numbers for each of info->frame_count frames, at most a million frames; `count` is how many
  * numbers there are. */
 TREMOLUX_API tremolux_status tremolux_move_from_numbers(const tremolux_move_info *info, const double *numbers,
                                                         size_t count, tremolux_move *move);
