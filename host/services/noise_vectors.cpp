@@ -4,6 +4,7 @@
 
 #include <immintrin.h>
 
+#include "host/services/noise_corners.h"
 #include "host/services/noise_lattice.h"
 
 // Each corner's value is the sum that the plain way adds up, in the same order, and mixed in the same order: x, y, z,
@@ -55,12 +56,6 @@ double WithSse2(double x, double y, double z, double t) {
 
 namespace {
 
-// The cell's corners along z and t: z below, z above, and both again at the later time.
-struct ZtCorners {
-    __m256i keys;
-    __m128d from[4];
-};
-
 // The low halves of products of 64 bits.
 TREMOLUX_AVX2 inline __m256i Times(__m256i value, __m256i factor) {
     const __m256i crossed = _mm256_add_epi64(_mm256_mul_epu32(_mm256_srli_epi64(value, 32), factor),
@@ -79,7 +74,7 @@ TREMOLUX_AVX2 inline bool AreInReach(__m256d sample) {
 
 // A Cell with its four axes side by side.
 struct AxesCell {
-    alignas(32) std::uint64_t key[2][4];
+    alignas(32) std::uint64_t number[4];
     alignas(32) double from[2][4];
     alignas(32) double fade[4];
 };
@@ -91,14 +86,10 @@ TREMOLUX_AVX2 inline AxesCell AxesCellAt(__m256d sample) {
     const __m256d last_bits = _mm256_set1_pd(6755399441055744.0);
     const __m256i number =
         _mm256_sub_epi64(_mm256_castpd_si256(_mm256_add_pd(below, last_bits)), _mm256_castpd_si256(last_bits));
-    const __m256i axis_keys = _mm256_setr_epi64x(static_cast<std::int64_t>(kKeyX), static_cast<std::int64_t>(kKeyY),
-                                                 static_cast<std::int64_t>(kKeyZ), static_cast<std::int64_t>(kKeyTime));
-    const __m256i key = Times(number, axis_keys);
     const __m256d bent = _mm256_add_pd(
         _mm256_mul_pd(u, _mm256_sub_pd(_mm256_mul_pd(u, _mm256_set1_pd(6)), _mm256_set1_pd(15))), _mm256_set1_pd(10));
     AxesCell cell;
-    _mm256_store_si256(reinterpret_cast<__m256i *>(cell.key[0]), key);
-    _mm256_store_si256(reinterpret_cast<__m256i *>(cell.key[1]), _mm256_add_epi64(key, axis_keys));
+    _mm256_store_si256(reinterpret_cast<__m256i *>(cell.number), number);
     _mm256_store_pd(cell.from[0], u);
     _mm256_store_pd(cell.from[1], _mm256_sub_pd(u, _mm256_set1_pd(1)));
     _mm256_store_pd(cell.fade, _mm256_mul_pd(_mm256_mul_pd(_mm256_mul_pd(u, u), u), bent));
@@ -113,19 +104,47 @@ TREMOLUX_AVX2 inline __m256i GradientsOf(__m256i keys) {
     return _mm256_and_si256(_mm256_srli_epi64(keys, 64 - kGradientBits - 2), _mm256_set1_epi64x(-4));
 }
 
-TREMOLUX_AVX2 inline __m256d Products(std::int64_t place, __m128d xy, __m128d zt) {
-    return _mm256_mul_pd(_mm256_load_pd(kTable.component + place), _mm256_set_m128d(zt, xy));
+TREMOLUX_AVX2 inline __m256i ToAll(std::uint64_t value) { return _mm256_set1_epi64x(static_cast<std::int64_t>(value)); }
+
+// The corners of a cell by z and t: z below, z above, and both again at the later time; of each of these by x and y.
+constexpr int kRight = 1, kUp = 2, kAbove = 4, kLaterBelow = 8, kLaterAbove = 12;
+
+TREMOLUX_AVX2 inline Corners FindCorners(std::uint64_t key) {
+    static_assert(4 * kGradients <= 256, "a place in the table of gradients is a byte");
+    const __m256i keys = _mm256_add_epi64(
+        ToAll(key), _mm256_setr_epi64x(0, static_cast<std::int64_t>(kKeyZ), static_cast<std::int64_t>(kKeyTime),
+                                       static_cast<std::int64_t>(kKeyZ + kKeyTime)));
+    const auto at = [keys](std::uint64_t xy, int number) TREMOLUX_AVX2 {
+        return _mm256_slli_epi64(GradientsOf(_mm256_add_epi64(keys, ToAll(xy))), 8 * number);
+    };
+    const __m256i four = _mm256_or_si256(_mm256_or_si256(at(0, 0), at(kKeyX, kRight)),
+                                         _mm256_or_si256(at(kKeyY, kUp), at(kKeyX + kKeyY, kUp + kRight)));
+    // Of each 64 bits the first 32, side by side.
+    const __m128i corners =
+        _mm256_castsi256_si128(_mm256_permutevar8x32_epi32(four, _mm256_setr_epi32(0, 2, 4, 6, 0, 0, 0, 0)));
+    return {static_cast<std::uint64_t>(_mm_cvtsi128_si64(corners)),
+            static_cast<std::uint64_t>(_mm_extract_epi64(corners, 1))};
 }
 
-// The values of the four corners at one place in x and y.
-TREMOLUX_AVX2 inline __m256d FourCorners(std::uint64_t key, __m128d xy, const ZtCorners &zt) {
-    const __m256i gradients =
-        GradientsOf(_mm256_add_epi64(zt.keys, _mm256_set1_epi64x(static_cast<std::int64_t>(key))));
-    const __m256d early = _mm256_hadd_pd(Products(_mm256_extract_epi64(gradients, 0), xy, zt.from[0]),
-                                         Products(_mm256_extract_epi64(gradients, 1), xy, zt.from[1])),
-                  late = _mm256_hadd_pd(Products(_mm256_extract_epi64(gradients, 2), xy, zt.from[2]),
-                                        Products(_mm256_extract_epi64(gradients, 3), xy, zt.from[3]));
-    return _mm256_add_pd(_mm256_permute2f128_pd(early, late, 0x20), _mm256_permute2f128_pd(early, late, 0x31));
+KnownCorners known_corners;
+
+// The halves of two gradients, x and y or z and t, side by side.
+TREMOLUX_AVX2 inline __m256d TwoHalves(const double *low, const double *high) {
+    return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_load_pd(low)), _mm_load_pd(high), 1);
+}
+
+// Distances along two axes by turns.
+TREMOLUX_AVX2 inline __m256d InTurn(__m256d first, __m256d second) { return _mm256_blend_pd(first, second, 0xA); }
+
+// The values of the four corners at one place in x and y, the first of them here.
+TREMOLUX_AVX2 inline __m256d FourCorners(const std::uint8_t *corners, __m256d xy, __m256d zt_below, __m256d zt_above) {
+    const double *below = kTable.component + corners[0], *above = kTable.component + corners[kAbove],
+                 *later_below = kTable.component + corners[kLaterBelow],
+                 *later_above = kTable.component + corners[kLaterAbove];
+    return _mm256_add_pd(_mm256_hadd_pd(_mm256_mul_pd(TwoHalves(below, later_below), xy),
+                                        _mm256_mul_pd(TwoHalves(above, later_above), xy)),
+                         _mm256_hadd_pd(_mm256_mul_pd(TwoHalves(below + 2, later_below + 2), zt_below),
+                                        _mm256_mul_pd(TwoHalves(above + 2, later_above + 2), zt_above)));
 }
 
 TREMOLUX_AVX2 inline __m256d MixFours(__m256d low, __m256d high, __m256d share) {
@@ -138,27 +157,27 @@ TREMOLUX_AVX2 double WithAvx2(double x, double y, double z, double t) {
     const __m256d sample = _mm256_setr_pd(x, y, z, t);
     if (!AreInReach(sample)) return 0;
     const AxesCell cell = AxesCellAt(sample);
-    const __m128i early = _mm_set1_epi64x(static_cast<std::int64_t>(cell.key[0][3])),
-                  late = _mm_set1_epi64x(static_cast<std::int64_t>(cell.key[1][3]));
-    const __m128i key_z =
-        _mm_set_epi64x(static_cast<std::int64_t>(cell.key[1][2]), static_cast<std::int64_t>(cell.key[0][2]));
-    const ZtCorners zt = {
-        _mm256_add_epi64(_mm256_set_m128i(late, early), _mm256_broadcastsi128_si256(key_z)),
-        {_mm_loadu_pd(&cell.from[0][2]), _mm_loadh_pd(_mm_load_sd(&cell.from[1][2]), &cell.from[0][3]),
-         _mm_loadh_pd(_mm_load_sd(&cell.from[0][2]), &cell.from[1][3]), _mm_loadu_pd(&cell.from[1][2])}};
-    const __m256d fade_x = _mm256_broadcast_sd(&cell.fade[0]);
+    const Corners known = known_corners.At(
+        cell.number[0] * kKeyX + cell.number[1] * kKeyY + cell.number[2] * kKeyZ + cell.number[3] * kKeyTime,
+        FindCorners);
+    alignas(16) std::uint8_t corners[16];
+    _mm_store_si128(reinterpret_cast<__m128i *>(corners),
+                    _mm_set_epi64x(static_cast<std::int64_t>(known.high), static_cast<std::int64_t>(known.low)));
+    const auto from = [&cell](int above, int axis)
+                          TREMOLUX_AVX2 { return _mm256_broadcast_sd(&cell.from[above][axis]); };
+    const __m256d times = _mm256_blend_pd(from(0, 3), from(1, 3), 0xC), zt_below = InTurn(from(0, 2), times),
+                  zt_above = InTurn(from(1, 2), times), fade_x = _mm256_broadcast_sd(&cell.fade[0]);
     __m256d along_y[2];
     for (int above = 0; above < 2; ++above) {
-        const __m128d xy_left = _mm_loadh_pd(_mm_load_sd(&cell.from[0][0]), &cell.from[above][1]),
-                      xy_right = _mm_loadh_pd(_mm_load_sd(&cell.from[1][0]), &cell.from[above][1]);
-        along_y[above] = MixFours(FourCorners(cell.key[0][0] + cell.key[above][1], xy_left, zt),
-                                  FourCorners(cell.key[1][0] + cell.key[above][1], xy_right, zt), fade_x);
+        const __m256d height = from(above, 1);
+        const std::uint8_t *const left = corners + (above == 0 ? 0 : kUp);
+        along_y[above] = MixFours(FourCorners(left, InTurn(from(0, 0), height), zt_below, zt_above),
+                                  FourCorners(left + kRight, InTurn(from(1, 0), height), zt_below, zt_above), fade_x);
     }
     const __m256d along_z = MixFours(along_y[0], along_y[1], _mm256_broadcast_sd(&cell.fade[1]));
-    alignas(32) double corners[4];
-    _mm256_store_pd(corners, along_z);
-    return Spread(
-        Mix(Mix(corners[0], corners[1], cell.fade[2]), Mix(corners[2], corners[3], cell.fade[2]), cell.fade[3]));
+    alignas(32) double value[4];
+    _mm256_store_pd(value, along_z);
+    return Spread(Mix(Mix(value[0], value[1], cell.fade[2]), Mix(value[2], value[3], cell.fade[2]), cell.fade[3]));
 }
 #endif
 

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <limits>
 #include <random>
+#include <thread>
 #include <vector>
 
 #include "host/services/noise.h"
@@ -47,6 +48,32 @@ TEST(NoiseMethods, AgreeToTheLastBitAnywhere) {
 TEST(NoiseMethods, AgreeAtWholeNumbersAsTimeCreepsOn) {
     double time = -100;
     for (int i = 0; i < 20000; ++i) ExpectTheSameBits(1335 - i, 5946 + i, 87855, time += 0.035);
+}
+
+TEST(NoiseMethods, AgreeForThreadsThatSampleTheSamePlacesAndOthersAtOnce) {
+    constexpr int kThreads = 4, kPlaces = 300, kTimes = 40;  // of a place most fall into a cell that was sampled before
+    const auto at = [](int place, int time, auto sample) {
+        return Bits(sample(place % 7, 5946 - place, 87855, time * 0.05));
+    };
+    std::vector<std::uint64_t> expected;
+    for (int i = 0; i < kPlaces * kTimes; ++i) expected.push_back(at(i / kTimes, i % kTimes, noise::Plain));
+    std::vector<std::vector<std::uint64_t>> found(kThreads);
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < kThreads; ++thread) {
+        threads.emplace_back([&, thread] {
+            const auto sample = [](double x, double y, double z, double t) { return SignedNoise(x, y, z, t); };
+            for (int i = 0; i < kPlaces * kTimes; ++i) {
+                const int place = (i / kTimes + thread * kPlaces / 8) % kPlaces;
+                found[thread].push_back(at(place, i % kTimes, sample));
+            }
+        });
+    }
+    for (std::thread &thread : threads) thread.join();
+    for (int thread = 0; thread < kThreads; ++thread)
+        for (int i = 0; i < kPlaces * kTimes; ++i) {
+            const int place = (i / kTimes + thread * kPlaces / 8) % kPlaces;
+            ASSERT_EQ(found[thread][i], expected[place * kTimes + i % kTimes]) << thread << ", " << i;
+        }
 }
 
 TEST(NoiseMethods, AgreeOnTheLatticeAndNextToIt) {
