@@ -4,8 +4,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "bench/scene.h"
 #include "generated/module_ids.h"
@@ -13,6 +15,7 @@
 #include "host/files/scenefile.h"
 #include "host/services/noise.h"
 #include "host/value/descid.h"
+#include "tremolux/program.h"
 
 namespace bench {
 namespace {
@@ -142,6 +145,31 @@ class LoadedKey : public Keys {
     }
 };
 
+constexpr char kShake[] = "shake", kConvert[] = "convert";
+
+// What a frame costs a user of the program, beside what its start does: read, computed and written.
+template <const auto &command>
+class FrameOfProgram : public InScene {
+  public:
+    explicit FrameOfProgram(int frames) {
+        std::ofstream move(File("move.csv"));
+        move << "frame,x,y,z,h,p,b,focal_length,focus_distance\n";
+        for (int i = 0; i < frames; ++i)
+            move << i << "," << 0.25 * i << ",150," << -2.5 * i << "," << 0.1 * i << ",-5,2," << 36 + 0.01 * i
+                 << ",500\n";
+    }
+    void Work(int) override {
+        std::vector<std::string> arguments = {command, File("move.csv")};
+        if (arguments.front() == kShake)
+            arguments.insert(arguments.end(), {"--module", TREMOLUX_MODULE_FILE, "--user-folder", File("home"), "-o"});
+        arguments.push_back(File("out.json"));
+        Require(tremolux::RunProgram(arguments) == 0, "the program failed");
+    }
+
+  private:
+    std::string File(const char *name) const { return (scene_.UserFolder() / name).string(); }
+};
+
 template <class T>
 std::unique_ptr<Job> Make(int times) {
     return std::make_unique<T>(times);
@@ -159,7 +187,9 @@ constexpr struct {
              {"first jump to frame 1000", Make<FirstJump>},
              {"copy of a tag", Make<Copy>},
              {"saved key", Make<SavedKey>},
-             {"loaded key", Make<LoadedKey>}};
+             {"loaded key", Make<LoadedKey>},
+             {"frame that tremolux shakes", Make<FrameOfProgram<kShake>>},
+             {"frame that tremolux converts", Make<FrameOfProgram<kConvert>>}};
 
 }  // namespace
 

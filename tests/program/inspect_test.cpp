@@ -53,6 +53,7 @@ TEST(Inspect, TellsFramesRateLensAndRanges) {
     EXPECT_TRUE(Has(outcome.out, "              horizontal angle of view 39.598 to 53.13 degrees"));
     EXPECT_TRUE(Has(outcome.out, "film back     36 mm wide"));
     EXPECT_TRUE(Has(outcome.out, "lost in .chan focus distance, film back and frame rate"));
+    EXPECT_EQ(outcome.out.find(".usdz"), std::string::npos);  // is read alone
 }
 
 TEST(Inspect, TellsWhatIsCarriedBesideTheMotionAndWhereItIsLost) {
@@ -82,6 +83,7 @@ TEST(Inspect, SaysTheSameAsJson) {
     EXPECT_EQ(facts["ranges"]["focal_length_mm"], nlohmann::json::array({36, 50}));
     EXPECT_EQ(facts["film_back_width_mm"], 36);
     EXPECT_EQ(facts["lost"][".json"], "");
+    EXPECT_FALSE(facts["lost"].contains(".usdz"));
     EXPECT_EQ(facts["lost"][".chan"], "focus distance, film back and frame rate");
 }
 

@@ -105,6 +105,7 @@ std::string InspectText(const InspectedFile &file) {
     }
     for (const std::string &note : move.notes) text += FactLine("note", note);
     for (const MoveFormat &format : MoveFormats()) {
+        if (format.write == nullptr) continue;
         const std::string lost = LostIn(format, move);
         text += FactLine("lost in " + std::string(format.extension), lost.empty() ? "nothing" : lost);
     }
@@ -118,7 +119,8 @@ std::string InspectJson(const InspectedFile &file) {
     for (const Measure &measure : kMeasures) ranges[measure.key] = range(RangeOf(measure, move));
     for (const TraitChannel channel : TraitsOf(move))
         carried[InfoOf(channel).key] = range(RangeOf(move.traits.channels[channel]));
-    for (const MoveFormat &format : MoveFormats()) lost[format.extension] = LostIn(format, move);
+    for (const MoveFormat &format : MoveFormats())
+        if (format.write != nullptr) lost[format.extension] = LostIn(format, move);
     const Json facts = {
         {"file", file.name},
         {"format", file.kind},
