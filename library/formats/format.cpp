@@ -63,6 +63,12 @@ CameraMove RetimedWithin(const std::string &name, const CameraMove &move, const 
                                   " and " + std::to_string(kMaxFrameNumber));
 }
 
+void CheckSize(const std::string &name, std::uintmax_t bytes) {
+    if (bytes > kMaxFileBytes)
+        throw Failure(kExitInput, name + ": found " + std::to_string(bytes) + " bytes, expected at most " +
+                                      std::to_string(kMaxFileBytes));
+}
+
 // Of an extension with two dots the first stands for the start of the name, too: "transforms.json".
 bool IsNamedFor(const MoveFormat &format, const fs::path &file) {
     const std::string_view extension = format.extension;
@@ -177,7 +183,8 @@ CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
     if (!fs::exists(file, error)) throw Failure(kExitInput, name + ": found no such file" + expected);
     if (!fs::is_regular_file(file, error)) throw Failure(kExitInput, name + ": found something else" + expected);
     const std::uintmax_t size = fs::file_size(file, error);
-    if (error || size > kMaxFileBytes) throw Failure(kExitInput, name + ": found a file of absurd size" + expected);
+    if (error) throw Failure(kExitInput, name + ": found a file that cannot be read" + expected);
+    CheckSize(name, size);
     std::string bytes, reason;
     if (!host::ReadFile(file, &bytes, &reason)) {
         throw Failure(kExitInput, name + ": found a file that cannot be read" + expected);
@@ -189,7 +196,7 @@ CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
 
 CameraMove MoveFromBytes(const std::string &name, std::string_view bytes, const FormatOptions &options) {
     const MoveFormat &format = FormatToRead(host::PathFromText(name), options);
-    if (bytes.size() > kMaxFileBytes) throw Failure(kExitInput, name + ": found more bytes than any move has");
+    CheckSize(name, bytes.size());
     return AtRatesOf(options, name, format.read(name, bytes, options));
 }
 

@@ -240,6 +240,15 @@ TEST_F(Program, RefusesAMissingFile) {
     EXPECT_TRUE(workplace_.Names().empty());
 }
 
+TEST_F(Program, RefusesAFileThatIsLargerThanAnyMove) {
+    const std::string file = workplace_.Write("move.csv", "");
+    fs::resize_file(file, (1ull << 28) + 1);  // without a byte in it on most file systems
+    const Outcome outcome = workplace_.Run(Shake(file, workplace_.Path("out.csv")));
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, file + ": found 268435457 bytes, expected at most 268435456\n");
+    EXPECT_EQ(workplace_.Names(), std::vector<std::string>{"move.csv"});
+}
+
 TEST_F(Program, RefusesRatesThatNobodyFilmsAt) {
     const std::string move = workplace_.Write("move.csv", Move(0, 5));
     for (const char *rate : {"0", "-24", "1e9", "nan", "many"}) {
