@@ -33,6 +33,11 @@ Option &Option::Once() {
     return *this;
 }
 
+Option &Option::OptionalValue() {
+    option_->expected(0, 1);
+    return *this;
+}
+
 Option &Option::Repeatable() {
     option_->expected(1)->take_all();
     return *this;

@@ -22,8 +22,9 @@ class Option {
     Option &Description(const std::string &text);
     Option &ShowDefault();
     Option &OneOf(const std::vector<std::string> &values);
-    Option &Once();        // of a list: one value
-    Option &Repeatable();  // of a list: one value each time it is given
+    Option &Once();           // of a list: one value
+    Option &OptionalValue();  // of a list: one value or none, which is an empty text
+    Option &Repeatable();     // of a list: one value each time it is given
 
   private:
     CLI::Option *option_;

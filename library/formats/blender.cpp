@@ -1,8 +1,7 @@
 #include "library/formats/blender.h"
 
-#include <nlohmann/json.hpp>
-
 #include "library/formats/numbers.h"
+#include "library/formats/python_text.h"
 #include "library/formats/right_handed.h"
 #include "library/moves/scene_units.h"
 
@@ -92,11 +91,6 @@ std::string LensText(const CameraMove &move) {
         text += "],\n";
     }
     return text + "}\n";
-}
-
-// JSON's texts are Python's, too, so long as nothing but control characters is escaped.
-std::string PythonText(const std::string &text) {
-    return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
 }  // namespace

@@ -1,16 +1,15 @@
 #include "library/moves/between_frames.h"
 
-#include <Eigen/Geometry>
 #include <algorithm>
 #include <cmath>
 
 #include "host/scene/angles.h"
+#include "library/moves/turns.h"
 
 namespace tremolux {
 namespace {
 
-using Quaternion = Eigen::Quaterniond;
-using TurnVector = Eigen::Vector3d;  // axis times half the angle: a quaternion's logarithm
+using Eigen::Quaterniond;
 
 // Four frames in a row; the move goes on from its ends as it came there.
 struct Knots {
@@ -30,49 +29,16 @@ double SplineOf(const Knots &knots, double t, Number number) {
     return Spline(before, from, to, after, t);
 }
 
-Quaternion RotationOf(const CameraSample &sample) {
-    const host::Matrix matrix = host::HpbToMatrix(sample.angles);
-    Eigen::Matrix3d rotation;
-    rotation << matrix.v1.x, matrix.v2.x, matrix.v3.x, matrix.v1.y, matrix.v2.y, matrix.v3.y, matrix.v1.z, matrix.v2.z,
-        matrix.v3.z;
-    return Quaternion(rotation);
-}
-
-host::Vector AnglesOf(const Quaternion &rotation) {
-    const Eigen::Matrix3d m = rotation.normalized().toRotationMatrix();
-    const auto column = [&m](int i) { return host::Vector{m(0, i), m(1, i), m(2, i)}; };
-    return host::MatrixToHpb({{0, 0, 0}, column(0), column(1), column(2)});
-}
-
-// Of the shorter way from one rotation to the other.
-TurnVector TurnTo(const Quaternion &from, const Quaternion &to) {
-    Quaternion way = from.conjugate() * to;
-    if (way.w() < 0) way.coeffs() = -way.coeffs();
-    const double sine = way.vec().norm();
-    // The limit for small angles, where sine and angle are the same.
-    return sine < 1e-12 ? TurnVector(way.vec()) : TurnVector(way.vec() * (std::atan2(sine, way.w()) / sine));
-}
-
-Quaternion Turned(const Quaternion &rotation, const TurnVector &turn) {
-    const double angle = turn.norm(), share = angle < 1e-12 ? 1 : std::sin(angle) / angle;
-    Quaternion way;
-    way.w() = std::cos(angle);
-    way.vec() = turn * share;
-    return rotation * way;
-}
-
-Quaternion Between(const Quaternion &from, const Quaternion &to, double t) { return Turned(from, TurnTo(from, to) * t); }
-
 // The inner corner of the quadrangle at a frame; at an end, where nothing lies on its other side, the frame itself.
-Quaternion Corner(const CameraSample *before, const Quaternion &at, const CameraSample *after) {
+Quaterniond Corner(const CameraSample *before, const Quaterniond &at, const CameraSample *after) {
     if (before == nullptr || after == nullptr) return at;
-    return Turned(at, (TurnTo(at, RotationOf(*before)) + TurnTo(at, RotationOf(*after))) * -0.25);
+    return Turned(at, (TurnTo(at, RotationOf(before->angles)) + TurnTo(at, RotationOf(after->angles))) * -0.25);
 }
 
-Quaternion RotationBetween(const Knots &knots, double t) {
-    const Quaternion from = RotationOf(*knots.from), to = RotationOf(*knots.to);
-    const Quaternion inner = Between(Corner(knots.before, from, knots.to), Corner(knots.from, to, knots.after), t);
-    return Between(Between(from, to, t), inner, 2 * t * (1 - t));
+Quaterniond RotationAlong(const Knots &knots, double t) {
+    const Quaterniond from = RotationOf(knots.from->angles), to = RotationOf(knots.to->angles);
+    const Quaterniond inner = RotationBetween(Corner(knots.before, from, knots.to), Corner(knots.from, to, knots.after), t);
+    return RotationBetween(RotationBetween(from, to, t), inner, 2 * t * (1 - t));
 }
 
 }  // namespace
@@ -94,7 +60,7 @@ CameraSample SampleAfter(const CameraMove &move, std::size_t index, double share
     sample.position = {along([](const CameraSample &s) { return s.position.x; }),
                        along([](const CameraSample &s) { return s.position.y; }),
                        along([](const CameraSample &s) { return s.position.z; })};
-    sample.angles = host::OptimalAngle(at->angles, AnglesOf(RotationBetween(knots, share)));
+    sample.angles = host::OptimalAngle(at->angles, AnglesOf(RotationAlong(knots, share)));
     sample.focal_length = along([](const CameraSample &s) { return s.focal_length; });
     sample.focus_distance = along([](const CameraSample &s) { return s.focus_distance; });
     return sample;

@@ -31,6 +31,7 @@ struct StageTraits {
     bool is_z_up = false;
     double codes_per_frame = 1;  // time codes
     double lens_unit_mm = 1;     // that its lens values are written in
+    std::vector<std::string> camera_ops = {};  // the names of what places the camera, the outermost first
 };
 
 struct CameraTraits {

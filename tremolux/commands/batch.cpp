@@ -83,7 +83,7 @@ std::vector<Shot> ReadSheet(const BatchOptions &options) {
     return sheet;
 }
 
-std::string Field(const std::string &text) {
+std::string CsvCell(const std::string &text) {
     std::string field;
     for (const char c : text) field += c == '"' || c == '\n' || c == '\r' ? '\'' : c;
     return field.find(',') == std::string::npos ? field : "\"" + field + "\"";
@@ -135,14 +135,14 @@ void Batch(const BatchOptions &options) {
                                                     std::to_string(sheet.size()) + " shots were written, and no table");
             }
             std::fprintf(stderr, "%s\n", failure.what());
-            figures = ",,,,,," + Field(failure.what());
+            figures = ",,,,,," + CsvCell(failure.what());
             ++failed;
         }
         ++done;
         const std::string preset = shot.preset.empty() ? options.move.preset : shot.preset;
-        text += Field(fs::u8path(shot.input).filename().u8string()) + "," +
-                Field(fs::u8path(shot.output).filename().u8string()) + "," + Field(preset) + "," + Field(seed) + "," +
-                Field(shot.settings) + "," + figures + "\n";
+        text += CsvCell(fs::u8path(shot.input).filename().u8string()) + "," +
+                CsvCell(fs::u8path(shot.output).filename().u8string()) + "," + CsvCell(preset) + "," + CsvCell(seed) +
+                "," + CsvCell(shot.settings) + "," + figures + "\n";
     }
     table.Write({text});
     if (failed > 0) {
@@ -157,6 +157,7 @@ void AddBatchCommand(Command program, Action *action) {
     const auto options = std::make_shared<BatchOptions>();
     Command command = program.Subcommand("batch", "Shakes every shot of a sheet and writes a table of them");
     AddMoveOptions(command, &options->move);
+    AddDirectionOptions(command, &options->move.direction);
     command.Find("INPUT").Description(
         "the sheet: a table (.csv) with the column shot and perhaps preset, seed, settings (LABEL=VALUE; ...) and "
         "output");

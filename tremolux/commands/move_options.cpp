@@ -6,6 +6,7 @@
 #include "library/failure.h"
 #include "library/formats/numbers.h"
 #include "library/formats/source_text.h"
+#include "tremolux/commands/option_values.h"
 #include "tremolux/process/system.h"
 
 namespace tremolux {
@@ -19,19 +20,9 @@ struct LengthUnit {
 };
 constexpr LengthUnit kLengthUnits[] = {{"cm", 1}, {"m", 100}, {"mm", 0.1}, {"in", 2.54}, {"ft", 30.48}};
 
-[[noreturn]] void Refuse(const char *option, const std::string &found, const std::string &expected) {
-    throw Failure(kExitInput, std::string(option) + ": found " + Quoted(found) + ", expected " + expected);
-}
-
-std::int64_t WholeOption(const char *option, const std::string &text, std::int64_t minimum, std::int64_t maximum) {
-    const std::optional<std::int64_t> value = ParseWhole(text);
-    if (value && *value >= minimum && *value <= maximum) return *value;
-    Refuse(option, text, "a whole number from " + std::to_string(minimum) + " to " + std::to_string(maximum));
-}
-
 FrameRate RateOption(const char *option, const std::string &text) {
     if (const std::optional<FrameRate> rate = ParseFrameRate(text)) return *rate;
-    Refuse(option, text, kExpectedFrameRate);
+    RefuseOption(option, text, kExpectedFrameRate);
 }
 
 // Two whole numbers with `separator` between them.
@@ -50,7 +41,7 @@ double LengthUnitOf(const std::string &name) {
         if (name == unit.name) return unit.scene_units;
         known += (known.empty() ? "" : ", ") + std::string(unit.name);
     }
-    Refuse("--unit", name, "one of " + known);
+    RefuseOption("--unit", name, "one of " + known);
 }
 
 }  // namespace
@@ -70,7 +61,8 @@ std::vector<std::string> MoveOptions::AllSettings() const {
 FrameNumbers FramesOption(const std::string &text) {
     if (text.empty()) return std::nullopt;
     const auto range = Pair(text, ':');
-    if (!range || range->first > range->second) Refuse("--frames", text, "FIRST:LAST, whole numbers in rising order");
+    if (!range || range->first > range->second)
+        RefuseOption("--frames", text, "FIRST:LAST, whole numbers in rising order");
     return range;
 }
 
@@ -96,21 +88,22 @@ FormatOptions FormatChoices::Options() const {
     std::optional<RotationOrder> order;
     if (!rotation_order.empty()) {
         order = RotationOrderNamed(rotation_order);
-        if (!order) Refuse("--rotation-order", rotation_order, "the letters x, y and z in some order");
+        if (!order) RefuseOption("--rotation-order", rotation_order, "the letters x, y and z in some order");
         options.rotation_order = *order;
     }
     options.z_up = table.IsZUp();
     options.table = table.Layout(length_unit, order);
     const std::optional<double> width = ParseNumber(aperture);
     if (!width || *width < kMinAperture || *width > kMaxAperture) {
-        Refuse("--aperture", aperture,
-               "millimetres from " + FormatNumber(kMinAperture) + " to " + FormatNumber(kMaxAperture));
+        RefuseOption("--aperture", aperture,
+                     "millimetres from " + FormatNumber(kMinAperture) + " to " + FormatNumber(kMaxAperture));
     }
     options.aperture_width = *width;
     const auto size = Pair(resolution, 'x');
     if (!size || size->first < 1 || size->second < 1 || size->first > kMaxPictureSide ||
         size->second > kMaxPictureSide) {
-        Refuse("--resolution", resolution, "WIDTHxHEIGHT in pixels, each from 1 to " + std::to_string(kMaxPictureSide));
+        RefuseOption("--resolution", resolution,
+                     "WIDTHxHEIGHT in pixels, each from 1 to " + std::to_string(kMaxPictureSide));
     }
     options.width = static_cast<int>(size->first);
     options.height = static_cast<int>(size->second);
@@ -171,6 +164,12 @@ void AddMoveOptions(Command command, MoveOptions *options) {
              "LABEL=VALUE or ID=VALUE: a parameter of the tag; may be given more than once. Percentages: 150% or "
              "the fraction 1.5; angles: 12deg or 12 (degrees); times: 12f or 12 (frames), 0.5s, 1:04 "
              "(seconds:frames); switches: on, off, true, false, 1, 0")
+        .Repeatable();
+    command
+        .Add("--key", &options->keys,
+             "LABEL@FRAME=VALUE,FRAME=VALUE ...: keys of a parameter, with the units of --set; behind a value how it "
+             "goes on "
+             "to the next key: linear (else), smooth or hold")
         .Repeatable();
     command
         .Add("--target", &options->target,

@@ -10,6 +10,7 @@
 
 #include "library/formats/format.h"
 #include "tremolux/command_line.h"
+#include "tremolux/commands/direction_options.h"
 #include "tremolux/commands/table_options.h"
 
 namespace tremolux {
@@ -37,9 +38,10 @@ struct MoveOptions {
     FormatChoices formats;
     std::string input;
     std::string preset;
-    std::vector<std::string> settings;
+    std::vector<std::string> settings, keys;
     std::vector<std::string> target, focus_object;  // a point or a file each; at most one
     std::string seed, frames, keep_hz;
+    DirectionChoices direction;
     bool quiet = false;
 
     // The texts above as values; each throws a Failure.

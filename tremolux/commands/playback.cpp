@@ -7,6 +7,7 @@
 #include "library/formats/source_text.h"
 #include "library/frame_rates/keep_hz.h"
 #include "library/moves/cut.h"
+#include "library/parameters/setting_keys.h"
 #include "library/parameters/settings.h"
 #include "library/presets/catalog.h"
 #include "library/shots/jolt_watch.h"
@@ -15,6 +16,7 @@
 #include "tremolux/process/progress.h"
 
 namespace tremolux {
+
 Playback::Playback(const MoveOptions &options)
     : Playback(options, ReadMoveFile(options.input, options.ReadOptions())) {}
 
@@ -22,6 +24,8 @@ Playback::Playback(const MoveOptions &options, const CameraMove &move)
     : formats_(options.formats.Options()),
       preset_(options.preset),
       settings_(options.AllSettings()),
+      keys_(options.keys),
+      direction_(options.direction),
       made_for_(options.MadeFor()),
       host_options_(options.host),
       quiet_(options.quiet) {
@@ -32,28 +36,48 @@ Playback::Playback(const MoveOptions &options, const CameraMove &move)
         focus_object_ = ReadAimPoint("--focus-object", options.focus_object.front(), move_, formats_);
     first_frame_ = range ? range->first : move_.first_frame;
     last_frame_ = range ? range->second : move_.LastFrame();
-    if (first_frame_ >= move_.first_frame && last_frame_ <= move_.LastFrame()) return;
-    throw Failure(kExitInput, "--frames: found " + Quoted(options.frames) + ", expected frames of the move, " +
-                                  std::to_string(move_.first_frame) + " to " + std::to_string(move_.LastFrame()));
+    if (first_frame_ < move_.first_frame || last_frame_ > move_.LastFrame()) {
+        throw Failure(kExitInput, "--frames: found " + Quoted(options.frames) + ", expected frames of the move, " +
+                                      std::to_string(move_.first_frame) + " to " + std::to_string(move_.LastFrame()));
+    }
+    direction_.Options(move_);
+    last_played_ = last_frame_;
+    if (direction_.loop) PlanTheLoop(options.input);
+}
+
+void Playback::PlanTheLoop(const std::string &input) {
+    const CameraMove round = CutMove(move_, first_frame_, last_frame_);
+    loop_ = PlanLoop(round);
+    if (!loop_) {
+        throw Failure(kExitInput, input +
+                                      ": found a last frame that does not flow into the first, expected a camera that "
+                                      "stands still or a move that loops, for --loop");
+    }
+    const CameraMove longer = RunOn(round, *loop_);
+    staged_ = move_;
+    staged_.samples.resize(static_cast<std::size_t>(first_frame_ - move_.first_frame));
+    staged_.samples.insert(staged_.samples.end(), longer.samples.begin(), longer.samples.end());
+    last_played_ = staged_.LastFrame();
 }
 
 void Playback::Start() {
     host_ = std::make_unique<EmbeddedHost>(host_options_.ModuleFile(), host_options_.Home());
-    stage_ = std::make_unique<Stage>(move_);
+    stage_ = std::make_unique<Stage>(loop_ ? staged_ : move_);
     host::Tag *tag = &stage_->CameraTag();
     if (!preset_.empty()) ChoosePreset(FindPreset(ReadCatalog(tag), preset_, "--preset"), tag);
     applied_preset_ = tag->Data().Text(ids::kAppliedPresetName);
     if (target_) stage_->AddTarget(*target_);
     if (focus_object_) stage_->AddFocusObject(*focus_object_);
     ApplySettings(settings_, Rate().Whole(), tag);
+    ApplyKeys(keys_, Rate().Whole(), tag);
     if (!made_for_) return;
     for (const std::string &note : KeepHertz(*made_for_, Rate().PerSecond(), tag))
         std::fprintf(stderr, "--keep-hz: %s\n", note.c_str());
 }
 
 void Playback::Play(const std::function<void(std::int64_t)> &at_frame) {
-    Progress progress(last_frame_ - move_.first_frame + 1, quiet_);
-    for (std::int64_t frame = move_.first_frame; frame <= last_frame_; ++frame) {
+    Progress progress(last_played_ - move_.first_frame + 1, quiet_);
+    for (std::int64_t frame = move_.first_frame; frame <= last_played_; ++frame) {
         CheckForInterrupt();
         stage_->PlayFrame(frame);
         if (frame >= first_frame_) at_frame(frame);
@@ -65,14 +89,15 @@ void Playback::Play(const std::function<void(std::int64_t)> &at_frame) {
 PlayedMotion Playback::Record() {
     PlayedMotion motion;
     motion.input = CutMove(move_, first_frame_, last_frame_);
-    motion.input.samples.clear();
     motion.output = motion.input;
+    std::vector<CameraSample> played;
     JoltWatch jolts(stage_->CameraTag());
     Play([&](std::int64_t frame) {
-        motion.input.samples.push_back(stage_->Input());
-        motion.output.samples.push_back(stage_->Output());
-        if (jolts.Hit()) motion.jolts.push_back(frame);
+        played.push_back(stage_->Output());
+        if (jolts.Hit() && frame <= last_frame_) motion.jolts.push_back(frame);
     });
+    motion.output.samples = loop_ ? Looped(motion.input, played, *loop_) : std::move(played);
+    if (!direction_.IsNone()) motion.output = Directed(motion.input, motion.output, direction_.Options(move_));
     return motion;
 }
 

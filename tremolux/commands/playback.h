@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "library/direction/loop.h"
 #include "library/moves/played_motion.h"
 #include "library/shots/embedded_host.h"
 #include "library/shots/stage.h"
@@ -26,7 +27,7 @@ class Playback {
     // Plays up to the last wanted frame and calls `at_frame` after each wanted one. Throws a Failure.
     void Play(const std::function<void(std::int64_t)> &at_frame);
 
-    // The same, and keeps the cameras of the wanted frames.
+    // The same, and keeps the cameras of the wanted frames, the shaken one as the options direct it.
     PlayedMotion Record();
 
     const CameraMove &Move() const { return move_; }
@@ -42,11 +43,14 @@ class Playback {
   private:
     FormatOptions formats_;
     std::string preset_, applied_preset_;
-    std::vector<std::string> settings_;
+    std::vector<std::string> settings_, keys_;
+    DirectionChoices direction_;
+    std::optional<LoopPlan> loop_;
     std::optional<double> made_for_;
-    CameraMove move_;
+    void PlanTheLoop(const std::string &input);
+    CameraMove move_, staged_;
     std::optional<CameraMove> target_, focus_object_;
-    std::int64_t first_frame_, last_frame_;
+    std::int64_t first_frame_, last_frame_, last_played_;
     HostOptions host_options_;
     bool quiet_;
     std::unique_ptr<EmbeddedHost> host_;

@@ -139,6 +139,7 @@ void AddPreviewCommand(Command program, Action *action) {
     const auto options = std::make_shared<PreviewOptions>();
     Command command = program.Subcommand("preview", "Films a simple scene through the input camera and the shaken one");
     AddMoveOptions(command, &options->move);
+    AddDirectionOptions(command, &options->move.direction);
     AddTableName(command, &options->move.formats.table);
     command.Find("INPUT").Required(false);
     command.Add("--all-presets", &options->all_presets,

@@ -76,6 +76,7 @@ void AddReportCommand(Command program, Action *action) {
     Command command = program.Subcommand(
         "report", "Writes one page about a shaken move: figures, plots, a preview, and a warning of slow sway");
     AddMoveOptions(command, &options->move);
+    AddDirectionOptions(command, &options->move.direction);
     AddTableName(command, &options->move.formats.table);
     command.Add("-o,--output", &options->output, "page to write, .html").Required();
     command.OnCall([=] { *action = [options] { Report(*options); }; });

@@ -2,6 +2,8 @@
 #include <chrono>
 #include <cstdio>
 
+#include "library/failure.h"
+#include "library/formats/added.h"
 #include "library/shots/scene.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
@@ -16,8 +18,13 @@ namespace {
 struct ShakeOptions {
     MoveOptions move;
     std::vector<std::string> outputs;
-    std::string bake, scene, plot;
-    bool report = false;
+    std::string bake, scene, plot, on;
+    bool report = false, added = false;
+
+    // What is written there: what was added, or else the shaken camera.
+    bool IsAdded(const std::filesystem::path &file) const {
+        return added || (!on.empty() && file.extension() == ".py");
+    }
 };
 
 std::filesystem::path Path(const std::string &text) { return std::filesystem::u8path(text); }
@@ -36,9 +43,23 @@ void Bake(const std::string &kind, Playback *playback) {
         std::fprintf(stderr, "--bake quick: the move zooms, which a quick bake does not see; --bake brute does\n");
 }
 
+void CheckFormats(const ShakeOptions &options) {
+    bool has_script = false;
+    for (const std::string &file : options.outputs) {
+        if (options.IsAdded(Path(file)))
+            CheckAddedFormat(Path(file));
+        else
+            FormatOf(Path(file), FormatUse::kWrite);
+        has_script = has_script || Path(file).extension() == ".py";
+    }
+    if (!options.on.empty() && !has_script)
+        throw Failure(kExitInput,
+                      "--on: found no .py among the outputs, expected a script that puts the shake on a camera");
+}
+
 void Shake(const ShakeOptions &options) {
     using Clock = std::chrono::steady_clock;
-    for (const std::string &file : options.outputs) FormatOf(Path(file), FormatUse::kWrite);
+    CheckFormats(options);
     Playback playback(options.move);
     std::vector<std::string> places = options.outputs;
     if (!options.plot.empty()) {
@@ -58,7 +79,9 @@ void Shake(const ShakeOptions &options) {
 
     std::vector<std::string> texts;
     for (const std::string &file : options.outputs)
-        texts.push_back(TextForFile(Path(file), motion.output, playback.Formats()));
+        texts.push_back(options.IsAdded(Path(file))
+                            ? AddedText(Path(file), motion.input, motion.output, options.on, playback.Formats())
+                            : TextForFile(Path(file), motion.output, playback.Formats()));
     if (!options.plot.empty()) {
         const PlotFormat format = PlotFormatOf(Path(options.plot));
         texts.push_back(DrawMotion(motion, format));
@@ -82,12 +105,17 @@ void AddShakeCommand(Command program, Action *action) {
     const auto options = std::make_shared<ShakeOptions>();
     Command command = program.Subcommand("shake", "Makes a camera move hand-held and writes the shaken camera");
     AddMoveOptions(command, &options->move);
+    AddDirectionOptions(command, &options->move.direction);
     AddTableName(command, &options->move.formats.table);
     command
         .Add("-o,--output", &options->outputs,
              "camera file to write, " + KnownExtensions(FormatUse::kWrite) + "; may be given again")
         .Required()
         .Repeatable();
+    command.Add("--added", &options->added,
+                "write what was added alone, not the shaken camera; " + KnownAddedExtensions());
+    command.Add("--on", &options->on,
+                "NAME: a .py puts the shake onto that camera of a scene in Blender, and takes it off again");
     command.Add("--bake", &options->bake, "quick or brute: turn the motion into keys first, and play those")
         .OneOf({"quick", "brute"});
     command.Add("--scene", &options->scene, "save the document too, for bake, press and apply");

@@ -84,7 +84,7 @@ std::string NameOf(const host::PanelControl &control) { return "p" + std::to_str
 
 std::string Disabled(const host::PanelControl &control) { return control.enabled ? "" : " disabled"; }
 
-std::string Field(const host::PanelControl &control) {
+std::string FieldHtml(const host::PanelControl &control) {
     return "<input type=\"text\"" + Attribute("id", NameOf(control)) + Attribute("value", control.text) +
            (control.label.empty() ? Attribute("aria-label", "text " + std::to_string(control.key)) : "") +
            Disabled(control) + ">";
@@ -127,11 +127,11 @@ std::string ControlHtml(const host::PanelControl &control) {
             return "<div class=\"control" + off + "\">" + label + "<div class=\"value plain\">" + Cycle(control) +
                    "</div></div>";
         case host::Gadget::kSlider:
-            return "<div class=\"control" + off + "\">" + label + "<div class=\"value\">" + Field(control) +
+            return "<div class=\"control" + off + "\">" + label + "<div class=\"value\">" + FieldHtml(control) +
                    Slider(control) + "</div></div>";
         default:
             return "<div class=\"control" + std::string(control.label.empty() ? " wide" : "") + off + "\">" +
-                   (control.label.empty() ? "" : label) + "<div class=\"value plain\">" + Field(control) +
+                   (control.label.empty() ? "" : label) + "<div class=\"value plain\">" + FieldHtml(control) +
                    "</div></div>";
     }
 }

@@ -109,6 +109,13 @@ host::Matrix MatrixOf(const SourceText &source, const UsdOp &op, const UsdNumber
     return FromRows(numbers);
 }
 
+// Of what places the prim; null where it says nothing.
+const UsdValue *OrderOf(const UsdPrim &prim) {
+    const auto order = prim.attributes.find("xformOpOrder");
+    if (order == prim.attributes.end() || !order->second.SaysSomething()) return nullptr;
+    return order->second.samples.empty() ? &order->second.value[0] : &order->second.samples[0].value;
+}
+
 host::Matrix Undone(const SourceText &source, const UsdOp &op, const host::Matrix &matrix) {
     const double volume = host::Dot(host::Cross(matrix.v1, matrix.v2), matrix.v3);
     const host::Matrix inverse = host::Inverse(matrix);
@@ -126,12 +133,17 @@ bool UsdTransform::IsAnimated() const {
     });
 }
 
+std::vector<std::string> OpNames(const UsdPrim &prim) {
+    const UsdValue *order = OrderOf(prim);
+    return order != nullptr ? order->texts : std::vector<std::string>();
+}
+
 UsdTransform TransformOf(const SourceText &source, const UsdPrim &prim) {
     UsdTransform transform;
     transform.prim = &prim;
-    const auto order = prim.attributes.find("xformOpOrder");
-    if (order == prim.attributes.end() || !order->second.SaysSomething()) return transform;
-    const UsdValue &value = order->second.samples.empty() ? order->second.value[0] : order->second.samples[0].value;
+    const UsdValue *order = OrderOf(prim);
+    if (order == nullptr) return transform;
+    const UsdValue &value = *order;
     for (const std::string &entry : value.texts) {
         if (entry == kReset) {
             transform.ops.clear();

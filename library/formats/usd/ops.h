@@ -31,6 +31,8 @@ struct UsdTransform {
 
 // Throws a Failure for ops that there are not.
 UsdTransform TransformOf(const SourceText &source, const UsdPrim &prim);
+// Its entries as they stand there; empty without one.
+std::vector<std::string> OpNames(const UsdPrim &prim);
 // At a time, in what the prim stands in: axes as v1 to v3, of any length, and the offset. Throws a Failure for a matrix
 // that cannot be undone.
 host::Matrix MatrixAt(const SourceText &source, const UsdTransform &transform, double time_code);

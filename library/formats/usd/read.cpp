@@ -33,7 +33,7 @@ CameraMove ReadLayer(const std::string &file, std::string_view bytes, const Form
     const UsdStage stage = UsdStageOf(source, layer, options, &move.notes);
     move.rate = stage.rate;
     move.traits.path = camera.path;
-    move.traits.stage = StageTraits{stage.metres_per_unit, stage.is_z_up, stage.codes_per_frame, 1};
+    move.traits.stage = StageTraits{stage.metres_per_unit, stage.is_z_up, stage.codes_per_frame, 1, OpNames(camera.Prim())};
     UsdPlacement(source, camera, stage).SetFrames(options, &move);
     ReadLens(source, camera.Prim(), stage, &move);
     return move;

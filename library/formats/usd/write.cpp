@@ -41,27 +41,47 @@ std::string Row(const host::Vector &vector, const char *last) {
 
 class Writer {
   public:
-    Writer(const CameraMove &move, const FormatOptions &options)
-        : move_(move), options_(options), names_(PrimNames(move.traits.path)) {
-        if (options.usd_layer && move.traits.stage) stage_ = *move.traits.stage;
+    Writer(const CameraMove &move, const FormatOptions &options, bool is_layer)
+        : move_(move), options_(options), is_layer_(is_layer), names_(PrimNames(move.traits.path)) {
+        if (is_layer_ && move.traits.stage) stage_ = *move.traits.stage;
         indent_ = std::string(4 * names_.size(), ' ');
     }
 
-    std::string Text() const {
+    std::string Text() const { return InPrims(Attributes()); }
+
+    std::string AddedOp(const std::vector<host::Matrix> &matrices) const {
+        const auto sample = [this](std::size_t i) -> const CameraSample & { return move_.samples[i]; };
+        const auto matrix = [&](std::size_t i) {
+            host::Matrix added = matrices[i];
+            added.off = added.off * Units(1);
+            return MatrixText(added);
+        };
+        std::vector<std::string> ops = stage_.camera_ops;
+        if (ops.empty()) ops.emplace_back("xformOp:transform");
+        std::string order;
+        for (const std::string &op : ops) order += "\"" + op + "\", ";
+        return InPrims(Samples("float focalLength", [&](std::size_t i) { return Lens(sample(i).focal_length); }) +
+                       Samples("float focusDistance",
+                               [&](std::size_t i) { return FormatNumber(Units(sample(i).focus_distance)); }) +
+                       Samples("matrix4d xformOp:transform:tremolux", matrix) +
+                       Plain("uniform token[] xformOpOrder", "[" + order + "\"xformOp:transform:tremolux\"]"));
+    }
+
+  private:
+    std::string InPrims(const std::string &attributes) const {
         std::string text = Header();
-        const std::string keyword = options_.usd_layer ? "over" : "def";
+        const std::string keyword = is_layer_ ? "over" : "def";
         for (std::size_t i = 0; i < names_.size(); ++i) {
             const std::string margin(4 * i, ' ');
-            const char *type = i + 1 == names_.size() ? " Camera" : options_.usd_layer ? "" : " Xform";
+            const char *type = i + 1 == names_.size() ? " Camera" : is_layer_ ? "" : " Xform";
             text.append(margin).append(keyword).append(type).append(" \"").append(names_[i]).append("\"\n");
             text.append(margin).append("{\n");
         }
-        text += Attributes();
+        text += attributes;
         for (std::size_t i = names_.size(); i-- > 0;) text += std::string(4 * i, ' ') + "}\n";
         return text;
     }
 
-  private:
     std::string Code(std::int64_t frame) const { return FormatNumber(static_cast<double>(frame) * stage_.codes_per_frame); }
 
     std::string Header() const {
@@ -112,13 +132,17 @@ class Writer {
         host::Matrix camera = RightHanded(move_.samples[i]);
         camera.off = camera.off * Units(1);
         if (stage_.is_z_up) camera = ZUpOf(camera);
-        return "( " + Row(camera.v1, "0") + ", " + Row(camera.v2, "0") + ", " + Row(camera.v3, "0") + ", " +
-               Row(camera.off, "1") + " )";
+        return MatrixText(camera);
+    }
+
+    static std::string MatrixText(const host::Matrix &matrix) {
+        return "( " + Row(matrix.v1, "0") + ", " + Row(matrix.v2, "0") + ", " + Row(matrix.v3, "0") + ", " +
+               Row(matrix.off, "1") + " )";
     }
 
     // What stands below a layer may turn its camera in any way, and may stand in anything: neither counts.
     std::string Order() const {
-        return options_.usd_layer ? "[\"!resetXformStack!\", \"xformOp:transform\"]" : "[\"xformOp:transform\"]";
+        return is_layer_ ? "[\"!resetXformStack!\", \"xformOp:transform\"]" : "[\"xformOp:transform\"]";
     }
 
     std::string Attributes() const {
@@ -128,7 +152,7 @@ class Writer {
         std::string text =
             Plain("token projection", move_.traits.is_orthographic ? "\"orthographic\"" : "\"perspective\"") +
             Clipping() + Samples("float horizontalAperture", [&width](std::size_t) { return width; });
-        if (!options_.usd_layer || move_.aperture_height)
+        if (!is_layer_ || move_.aperture_height)
             text += Samples("float verticalAperture", [&height](std::size_t) { return height; });
         return text + Channel(kHorizontalOffset, "float horizontalApertureOffset", 1 / stage_.lens_unit_mm) +
                Channel(kVerticalOffset, "float verticalApertureOffset", 1 / stage_.lens_unit_mm) +
@@ -144,6 +168,7 @@ class Writer {
 
     const CameraMove &move_;
     const FormatOptions &options_;
+    const bool is_layer_;
     const std::vector<std::string> names_;
     StageTraits stage_;  // centimetres, Y up, unless a layer is to lie over another
     std::string indent_;
@@ -151,6 +176,12 @@ class Writer {
 
 }  // namespace
 
-std::string WriteUsda(const CameraMove &move, const FormatOptions &options) { return Writer(move, options).Text(); }
+std::string WriteUsda(const CameraMove &move, const FormatOptions &options) {
+    return Writer(move, options, options.usd_layer).Text();
+}
+
+std::string WriteUsdaAddedOp(const CameraMove &move, const std::vector<host::Matrix> &matrices, const FormatOptions &options) {
+    return Writer(move, options, true).AddedOp(matrices);
+}
 
 }  // namespace tremolux
