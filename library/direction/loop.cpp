@@ -20,7 +20,8 @@ constexpr double kMostStep = 2;  // from the last frame to the first, of the gre
 // bands best is taken, by channel.
 constexpr std::array kSeconds = {0.5, 0.7, 0.8, 1.0, 1.2, 1.5, 2.0};
 constexpr std::array kPowers = {0.7, 1.0, 1.5, 2.0};
-constexpr double kBandError = 0.05, kSpeedWeight = 0.5;  // one band error weighs as much as twice the take's speed
+constexpr double kAllowed = 0.04;                        // that a band may be off by, as a logarithm
+constexpr double kBandError = 0.05, kSpeedWeight = 0.5;  // one such error weighs as much as twice the take's speed
 constexpr std::size_t kOverlapShare = 3;                 // of the round, at most
 
 using Signal = std::vector<double>;
@@ -55,6 +56,7 @@ double Mean(const Signal &signal, std::size_t count) {
 }
 
 // RMS about the mean, of everything and of each band.
+static_assert(kBands.size() == 3);
 std::array<double, kBands.size() + 1> Sizes(const Signal &signal, double rate) {
     const double mean = Mean(signal, signal.size());
     double squares = 0;
@@ -88,22 +90,21 @@ double SeamSpeed(const Signal &round, std::size_t overlap) {
     return elsewhere > 0 ? seam / elsewhere : 1;
 }
 
-// The factor that leaves the sizes as they were as well as one factor can, and by how much it misses, as a logarithm.
+// The factor that leaves the sizes as they were as well as one factor can, and by how much it misses, as a logarithm. Bands come
+// first: they are kept within what is allowed, and within that the whole is.
 struct Correction {
     double factor = 1, error = 0;
 };
 Correction CorrectionTo(const Signal &unlooped, const Signal &looped, double rate) {
     const auto wanted = Sizes(unlooped, rate), found = Sizes(looped, rate);
-    double least = 0, most = 0;
-    bool any = false;
-    for (std::size_t i = 0; i < wanted.size(); ++i) {
-        if (wanted[i] <= kRoundingRms || found[i] <= kRoundingRms) continue;
-        const double ratio = std::log(found[i] / wanted[i]);
-        least = any ? std::min(least, ratio) : ratio;
-        most = any ? std::max(most, ratio) : ratio;
-        any = true;
-    }
-    return {std::exp(-(least + most) / 2), (most - least) / 2};
+    const auto ratio = [&](std::size_t i) {
+        return wanted[i] > kRoundingRms && found[i] > kRoundingRms ? std::log(found[i] / wanted[i]) : 0.0;
+    };
+    const auto [least, most] = std::minmax({ratio(1), ratio(2), ratio(3)});
+    const double lowest = -kAllowed - least, highest = kAllowed - most;
+    const double correction = lowest < highest ? std::clamp(-ratio(0), lowest, highest) : -(least + most) / 2;
+    return {std::exp(correction),
+            std::max({std::abs(ratio(0) + correction), std::abs(least + correction), std::abs(most + correction)})};
 }
 
 Signal LoopedChannel(const Signal &signal, const CameraMove &move, const LoopPlan &plan) {

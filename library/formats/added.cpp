@@ -3,6 +3,7 @@
 #include <iterator>
 #include <vector>
 
+#include "host/scene/angles.h"
 #include "host/value/text.h"
 #include "library/direction/added.h"
 #include "library/failure.h"
@@ -37,6 +38,7 @@ CameraSample AtOrigin(const AddedMotionSample &added) {
 std::vector<CameraSample> AtOrigin(const AddedFrames &frames) {
     std::vector<CameraSample> samples;
     for (std::size_t i = 0; i < frames.output.samples.size(); ++i) samples.push_back(AtOrigin(frames.At(i)));
+    if (!samples.empty()) samples.front().angles = host::OptimalAngle({0, 0, 0}, samples.front().angles);
     MakeContinuous(&samples);
     return samples;
 }

@@ -1,6 +1,7 @@
 #include "library/presets/catalog.h"
 
 #include <algorithm>
+#include <sstream>
 
 #include "generated/module_ids.h"
 #include "host/ui/attribute_manager.h"
@@ -33,11 +34,22 @@ std::string List(const std::vector<const CatalogEntry *> &entries) {
     return list + (entries.size() > kShownCandidates ? ", ..." : "");
 }
 
-std::string Nearest(const std::vector<CatalogEntry> &catalog, const std::string &wanted) {
-    std::vector<const CatalogEntry *> ranked = Matching(catalog, [](const CatalogEntry &) { return true; });
-    std::stable_sort(ranked.begin(), ranked.end(), [&](const CatalogEntry *a, const CatalogEntry *b) {
+bool HasEveryWord(const std::string &path, const std::string &wanted) {
+    std::istringstream words(wanted);
+    for (std::string word; words >> word;)
+        if (path.find(word) == std::string::npos) return false;
+    return true;
+}
+
+void SortByNearness(const std::string &wanted, std::vector<const CatalogEntry *> *entries) {
+    std::stable_sort(entries->begin(), entries->end(), [&](const CatalogEntry *a, const CatalogEntry *b) {
         return EditDistance(wanted, Folded(a->name)) < EditDistance(wanted, Folded(b->name));
     });
+}
+
+std::string Nearest(const std::vector<CatalogEntry> &catalog, const std::string &wanted) {
+    std::vector<const CatalogEntry *> ranked = Matching(catalog, [](const CatalogEntry &) { return true; });
+    SortByNearness(wanted, &ranked);
     ranked.resize(std::min<std::size_t>(ranked.size(), 3));
     return ranked.empty() ? "there are none" : "nearest: " + List(ranked);
 }
@@ -72,16 +84,17 @@ const CatalogEntry &FindPreset(const std::vector<CatalogEntry> &catalog, std::st
     const std::string wanted = Folded(text);
     const auto by_path = [&](const CatalogEntry &entry) { return Folded(PathOf(entry)) == wanted; };
     const auto by_name = [&](const CatalogEntry &entry) { return Folded(entry.name) == wanted; };
-    const auto by_part = [&](const CatalogEntry &entry) {
-        return Folded(PathOf(entry)).find(wanted) != std::string::npos;
-    };
+    const auto by_part = [&](const CatalogEntry &entry) { return Folded(entry.name).find(wanted) != std::string::npos; };
+    const auto by_words = [&](const CatalogEntry &entry) { return HasEveryWord(Folded(PathOf(entry)), wanted); };
     std::vector<const CatalogEntry *> found = Matching(catalog, by_path);
     if (found.empty()) found = Matching(catalog, by_name);
     if (found.empty() && !wanted.empty()) found = Matching(catalog, by_part);
+    if (found.empty() && !wanted.empty()) found = Matching(catalog, by_words);
     if (found.size() == 1) return *found.front();
     if (found.empty())
         throw Failure(kExitInput, place + ": found no preset " + Quoted(text) + ", expected CATEGORY/NAME or a name; " +
                                       Nearest(catalog, wanted));
+    SortByNearness(wanted, &found);
     throw Failure(kExitInput, place + ": found " + std::to_string(found.size()) + " presets " + Quoted(text) +
                                   ", expected one of them: " + List(found));
 }

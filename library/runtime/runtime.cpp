@@ -2,7 +2,7 @@
 
 #include "host/files/memory_files.h"
 #include "library/failure.h"
-#include "library/presets/sentences.h"
+#include "library/presets/facts.h"
 #include "library/runtime/resources.h"
 #include "library/shots/stage.h"
 
@@ -58,8 +58,8 @@ Runtime::Runtime() {
     panel_ = DescribedPanel(stage.CameraTag(), parameters_);
     for (const Parameter &parameter : parameters_) places_.push_back(FindPlace(panel_, parameter.id));
     presets_ = ReadCatalog(&stage.CameraTag());
-    std::map<std::string, std::string> sentences = ReadPresetSentences(file);
-    for (const CatalogEntry &preset : presets_) sentences_.push_back(std::move(sentences[preset.name]));
+    std::map<std::string, PresetFacts> facts = ReadPresetFacts(file);
+    for (const CatalogEntry &preset : presets_) sentences_.push_back(std::move(facts[preset.name].about));
     application_->ForgetTheUser();
     application_->SetMainThread({});
 }

@@ -67,7 +67,8 @@ class Compiler {
         list_.push_back({{"category", host::PathText(category)},
                          {"file", host::PathText(text_file.stem())},
                          {"name", preset.name},
-                         {"about", preset.about}});
+                         {"about", preset.about},
+                         {"frames_per_second", preset.frames_per_second}});
     }
 
     void WriteList() const {

@@ -5,6 +5,7 @@
 #include "library/failure.h"
 #include "library/formats/numbers.h"
 #include "library/formats/source_text.h"
+#include "library/moves/frame_rate.h"
 
 namespace presets {
 namespace {
@@ -43,6 +44,11 @@ PresetText ReadPresetText(const std::filesystem::path &file) {
         } else if (section == Section::kHead) {
             if (key != "name" && key != "about") source.Refuse(line.number, 1, tremolux::Quoted(key), "name or about");
             (key == "name" ? preset.name : preset.about) = value;
+        } else if (key == "frame rate") {
+            const std::optional<double> rate = tremolux::ParseNumber(value);
+            if (!rate || *rate < 1 || *rate > tremolux::kMaxFramesPerSecond)
+                source.Refuse(line.number, 1, tremolux::Quoted(value), "frames a second");
+            preset.frames_per_second = *rate;
         }
     }
     if (preset.name.empty() || preset.about.empty())

@@ -9,6 +9,7 @@ namespace presets {
 
 struct PresetText {
     std::string name, about;
+    double frames_per_second = 24;      // of the section [motion]
     std::vector<std::string> settings;  // "LABEL=VALUE" each
 };
 

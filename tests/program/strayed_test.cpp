@@ -47,10 +47,11 @@ TEST(Report, SaysWhatWentInWhatCameOutAndHowFarTheCameraStrayed) {
     const CameraMove output = MoveWith({At({3, 4, 0}, {0, 0, 0}), At({0, 3, 4}, {0, 3, 0}), At({0, -5, 0}, {0, 0, 0})});
     // The turns are 0, 3 and 0: RMS sqrt(9 / 3).
     const ShakeReport report = {
-        "in.csv", {"out.csv", "out.chan"}, "Brisk walk", {"Shake Speed=150%", "Seed=7"}, {30, 1}, 12.34567};
+        "in.csv", {"out.csv", "out.chan"}, "Brisk walk", 24, {"Shake Speed=150%", "Seed=7"}, {30, 1}, 12.34567};
     EXPECT_EQ(ReportText(report, input, output),
               "in       in.csv, frames 5 to 7 at 30 fps, 0.1 s\n"
               "preset   Brisk walk\n"
+              "         made at 24 frames a second, and changed to keep its frequencies at this rate\n"
               "shake    Shake Speed=150%, Seed=7\n"
               "out      out.csv, 3 frames\n"
               "out      out.chan, 3 frames\n"

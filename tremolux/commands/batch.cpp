@@ -83,6 +83,12 @@ std::vector<Shot> ReadSheet(const BatchOptions &options) {
     return sheet;
 }
 
+std::string Joined(const std::vector<std::string> &texts) {
+    std::string joined;
+    for (const std::string &text : texts) joined += (joined.empty() ? "" : "; ") + text;
+    return joined;
+}
+
 std::string CsvCell(const std::string &text) {
     std::string field;
     for (const char c : text) field += c == '"' || c == '\n' || c == '\r' ? '\'' : c;
@@ -93,7 +99,7 @@ std::string CsvCell(const std::string &text) {
 std::string Shake(const Shot &shot, const MoveOptions &common, std::string *seed) {
     MoveOptions options = common;
     options.input = shot.input;
-    if (!shot.preset.empty()) options.preset = shot.preset;
+    if (!shot.preset.empty()) options.presets = SplitSettings(shot.preset);
     if (!shot.seed.empty()) options.seed = shot.seed;
     if (options.seed.empty()) options.seed = SeedOfName(shot.name);
     *seed = options.seed;
@@ -139,7 +145,7 @@ void Batch(const BatchOptions &options) {
             ++failed;
         }
         ++done;
-        const std::string preset = shot.preset.empty() ? options.move.preset : shot.preset;
+        const std::string preset = shot.preset.empty() ? Joined(options.move.presets) : shot.preset;
         text += CsvCell(fs::u8path(shot.input).filename().u8string()) + "," +
                 CsvCell(fs::u8path(shot.output).filename().u8string()) + "," + CsvCell(preset) + "," + CsvCell(seed) +
                 "," + CsvCell(shot.settings) + "," + figures + "\n";

@@ -157,8 +157,12 @@ void AddHostOptions(Command command, HostOptions *options) {
 
 void AddMoveOptions(Command command, MoveOptions *options) {
     command.Add("INPUT", &options->input, "camera move to read, " + KnownExtensions(FormatUse::kRead)).Required();
-    command.Add("--preset", &options->preset,
-                "CATEGORY/NAME or NAME: the preset to begin with; `tremolux presets` lists them");
+    command
+        .Add("--preset", &options->presets,
+             "CATEGORY/NAME, NAME or a part of it: the preset to begin with; `tremolux presets` lists them. Given "
+             "again it is "
+             "mixed: --preset Documentary --preset Nervous=0.4; one without a share gets the rest")
+        .Repeatable();
     command
         .Add("--set", &options->settings,
              "LABEL=VALUE or ID=VALUE: a parameter of the tag; may be given more than once. Percentages: 150% or "
@@ -180,8 +184,11 @@ void AddMoveOptions(Command command, MoveOptions *options) {
              "x,y,z or FILE: a point in scene units, or a moving one (a camera file), that the camera focuses on")
         .Once();
     command.Add("--seed", &options->seed, "the shake's seed, 0 to 99999: short for --set Seed=");
-    command.Add("--keep-hz", &options->keep_hz,
-                "FPS that the settings were made at: they are changed so that the motion keeps its frequencies");
+    command.Add(
+        "--keep-hz", &options->keep_hz,
+        "FPS that the settings were made at: they are changed so that the motion keeps its frequencies. Else that is "
+        "done for the settings of a built-in preset, whose rate is known");
+    command.Add("--no-keep-hz", &options->no_keep_hz, "a built-in preset's settings as they are, at whatever rate");
     command.Add("--frames", &options->frames,
                 "FIRST:LAST: the frames to write; playback still starts at the move's first frame. Of a camera that "
                 "stands still "

@@ -37,12 +37,12 @@ struct MoveOptions {
     HostOptions host;
     FormatChoices formats;
     std::string input;
-    std::string preset;
+    std::vector<std::string> presets;  // one, or a mix
     std::vector<std::string> settings, keys;
     std::vector<std::string> target, focus_object;  // a point or a file each; at most one
     std::string seed, frames, keep_hz;
     DirectionChoices direction;
-    bool quiet = false;
+    bool quiet = false, no_keep_hz = false;
 
     // The texts above as values; each throws a Failure.
     std::vector<std::string> AllSettings() const;  // the seed last

@@ -10,6 +10,8 @@
 #include "library/parameters/setting_keys.h"
 #include "library/parameters/settings.h"
 #include "library/presets/catalog.h"
+#include "library/presets/facts.h"
+#include "library/presets/mix.h"
 #include "library/shots/jolt_watch.h"
 #include "tremolux/commands/aim_point.h"
 #include "tremolux/process/interrupt.h"
@@ -22,7 +24,8 @@ Playback::Playback(const MoveOptions &options)
 
 Playback::Playback(const MoveOptions &options, const CameraMove &move)
     : formats_(options.formats.Options()),
-      preset_(options.preset),
+      presets_(options.presets),
+      keeps_preset_hertz_(options.keep_hz.empty() && !options.no_keep_hz),
       settings_(options.AllSettings()),
       keys_(options.keys),
       direction_(options.direction),
@@ -64,8 +67,10 @@ void Playback::Start() {
     host_ = std::make_unique<EmbeddedHost>(host_options_.ModuleFile(), host_options_.Home());
     stage_ = std::make_unique<Stage>(loop_ ? staged_ : move_);
     host::Tag *tag = &stage_->CameraTag();
-    if (!preset_.empty()) ChoosePreset(FindPreset(ReadCatalog(tag), preset_, "--preset"), tag);
-    applied_preset_ = tag->Data().Text(ids::kAppliedPresetName);
+    if (presets_.empty())
+        applied_preset_ = tag->Data().Text(ids::kAppliedPresetName);
+    else
+        ChoosePresets();
     if (target_) stage_->AddTarget(*target_);
     if (focus_object_) stage_->AddFocusObject(*focus_object_);
     ApplySettings(settings_, Rate().Whole(), tag);
@@ -73,6 +78,18 @@ void Playback::Start() {
     if (!made_for_) return;
     for (const std::string &note : KeepHertz(*made_for_, Rate().PerSecond(), tag))
         std::fprintf(stderr, "--keep-hz: %s\n", note.c_str());
+}
+
+void Playback::ChoosePresets() {
+    host::Tag *tag = &stage_->CameraTag();
+    const std::vector<PresetShare> mix = ReadPresetShares(ReadCatalog(tag), presets_, "--preset");
+    ChooseMix(mix, tag);
+    applied_preset_ = MixName(mix);
+    if (!keeps_preset_hertz_) return;
+    const double rate = RateOf(mix, ReadPresetFacts(host_->ModuleFile()));
+    if (rate == 0 || rate == Rate().PerSecond()) return;
+    preset_rate_ = rate;
+    KeepHertz(rate, Rate().PerSecond(), tag);
 }
 
 void Playback::Play(const std::function<void(std::int64_t)> &at_frame) {

@@ -34,19 +34,25 @@ class Playback {
     std::int64_t FirstFrame() const { return first_frame_; }  // wanted
     std::int64_t LastFrame() const { return last_frame_; }
     FrameRate Rate() const { return move_.rate; }
-    // What the tag began with, once it is started: the name of a preset, or empty.
+    // What the tag began with, once it is started: the name of a preset, those of a mix, or empty.
     const std::string &Preset() const { return applied_preset_; }
+    // Frames a second that its settings were carried from to the move's; 0: they are as they are.
+    double PresetRate() const { return preset_rate_; }
     const std::vector<std::string> &Settings() const { return settings_; }
     const FormatOptions &Formats() const { return formats_; }
     Stage &GetStage() { return *stage_; }
 
   private:
     FormatOptions formats_;
-    std::string preset_, applied_preset_;
+    std::vector<std::string> presets_;
+    std::string applied_preset_;
+    bool keeps_preset_hertz_;
+    double preset_rate_ = 0;
     std::vector<std::string> settings_, keys_;
     DirectionChoices direction_;
     std::optional<LoopPlan> loop_;
     std::optional<double> made_for_;
+    void ChoosePresets();
     void PlanTheLoop(const std::string &input);
     CameraMove move_, staged_;
     std::optional<CameraMove> target_, focus_object_;

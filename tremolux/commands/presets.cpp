@@ -12,8 +12,9 @@
 #include "library/parameters/settings.h"
 #include "library/parameters/shown_values.h"
 #include "library/presets/catalog.h"
+#include "library/presets/facts.h"
 #include "library/presets/left_out.h"
-#include "library/presets/sentences.h"
+#include "library/presets/mix.h"
 #include "library/shots/embedded_host.h"
 #include "library/shots/stage.h"
 #include "tremolux/commands/commands.h"
@@ -29,8 +30,8 @@ constexpr std::size_t kNameWidth = 30;
 
 struct PresetsOptions {
     HostOptions host;
-    std::string name, other, from, category = "User", folder;
-    std::vector<std::string> settings, files;
+    std::string name, other, category = "User", folder;
+    std::vector<std::string> from, settings, files;
     bool replace = false, as_default = false, all = false, built_in = false, reset = false;
 };
 
@@ -69,14 +70,14 @@ std::string Cell(std::string text, std::size_t width) {
 
 void List(const PresetsOptions &options) {
     PresetDesk desk(options.host);
-    const auto sentences = ReadPresetSentences(desk.Host().ModuleFile());
+    const auto facts = ReadPresetFacts(desk.Host().ModuleFile());
     std::string text, category;
     for (const CatalogEntry &entry : ReadCatalog(desk.Tag())) {
         if (entry.category != category) text += (text.empty() ? "" : "\n") + entry.category + "\n";
         category = entry.category;
-        const auto sentence = sentences.find(entry.name);
-        const bool is_known = sentence != sentences.end() && category != "User";
-        text += "  " + (is_known ? Cell(entry.name, kNameWidth) + sentence->second : entry.name) + "\n";
+        const auto fact = facts.find(entry.name);
+        const bool is_known = fact != facts.end() && category != "User";
+        text += "  " + (is_known ? Cell(entry.name, kNameWidth) + fact->second.about : entry.name) + "\n";
     }
     if (text.empty()) text = "no presets\n";
     const std::vector<std::string> left_out = LeftOutPresets(desk.Host().Application().console.lines);
@@ -123,7 +124,7 @@ void CheckThatNothingWasRefused(const std::string &name, const host::Dialogs &di
 
 void Save(const PresetsOptions &options) {
     PresetDesk desk(options.host);
-    if (!options.from.empty()) desk.Choose(options.from, "--from");
+    if (!options.from.empty()) ChooseMix(ReadPresetShares(ReadCatalog(desk.Tag()), options.from, "--from"), desk.Tag());
     ApplySettings(options.settings, desk.Rate(), desk.Tag());
     const std::vector<ShownValue> wanted = PresetValues(desk.Tag());
     desk.Dialogs().AnswerText(options.name);
@@ -237,7 +238,9 @@ void AddPresetsCommand(Command program, Action *action) {
 
     Command save = add("save", "Saves a preset of your own", Save);
     save.Add("NAME", &options->name, "its name").Required();
-    save.Add("--from", &options->from, "the preset to begin with; else a new tag's settings");
+    save.Add("--from", &options->from,
+             "the preset to begin with; given again it is mixed, as for shake --preset; else a new tag's settings")
+        .Repeatable();
     save.Add("--set", &options->settings, "LABEL=VALUE or ID=VALUE, as for shake").Repeatable();
     save.Add("--replace", &options->replace, "replace the preset of that name");
     save.Add("--default", &options->as_default, "as a default preset, which is replaced only by another one");

@@ -2,7 +2,7 @@
 
 #include "library/failure.h"
 #include "library/presets/catalog.h"
-#include "library/presets/sentences.h"
+#include "library/presets/facts.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/playback.h"
 #include "tremolux/pictures/film.h"
@@ -75,7 +75,7 @@ std::string FileName(std::string name) {
 }
 
 // One page of all pictures, by category.
-std::string SheetText(const std::vector<CatalogEntry> &presets, const std::map<std::string, std::string> &sentences) {
+std::string SheetText(const std::vector<CatalogEntry> &presets, const std::map<std::string, PresetFacts> &facts) {
     std::string text =
         "# The presets by sight\n\nEach for " + std::to_string(kTrailSeconds) +
         " seconds on a standing camera with a 36 mm lens. The line is the way that the camera's aim takes, "
@@ -90,9 +90,9 @@ std::string SheetText(const std::vector<CatalogEntry> &presets, const std::map<s
             text += std::string(column > 0 ? " |\n" : "") + "\n## " + category + "\n\n| | | |\n|---|---|---|\n";
             column = 0;
         }
-        const auto sentence = sentences.find(preset.name);
+        const auto fact = facts.find(preset.name);
         text += std::string(column == 0 ? "| " : " | ") + "![" + preset.name + "](" + FileName(preset.name) +
-                ")<br>**" + preset.name + "**" + (sentence != sentences.end() ? "<br>" + sentence->second : "");
+                ")<br>**" + preset.name + "**" + (fact != facts.end() ? "<br>" + fact->second.about : "");
         if (++column < kSheetColumns) continue;
         text += " |\n";
         column = 0;
@@ -109,12 +109,12 @@ void ContactSheet(const PreviewOptions &options) {
     for (const CatalogEntry &preset : presets) names.push_back((folder / FileName(preset.name)).u8string());
     OutputFiles files(names, {});
     const CameraMove standing = StandingCamera();
-    std::vector<std::string> bytes = {SheetText(presets, ReadPresetSentences(options.move.host.ModuleFile()))};
+    std::vector<std::string> bytes = {SheetText(presets, ReadPresetFacts(options.move.host.ModuleFile()))};
     Progress progress(static_cast<std::int64_t>(presets.size()), options.move.quiet);
     for (const CatalogEntry &preset : presets) {
         MoveOptions one = options.move;
         one.quiet = true;
-        one.preset = preset.category + "/" + preset.name;
+        one.presets = {preset.category + "/" + preset.name};
         Playback playback(one, standing);
         playback.Start();
         bytes.push_back(PngOf(MotionTrail(playback.Record(), kTrailSize)));

@@ -94,9 +94,9 @@ void Shake(const ShakeOptions &options) {
     const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);
     const std::vector<std::filesystem::path> moves(
         files.Files().begin(), files.Files().begin() + static_cast<std::ptrdiff_t>(options.outputs.size()));
-    Print(ReportText(
-        {options.move.input, moves, playback.Preset(), playback.Settings(), playback.Rate(), microseconds / played},
-        motion.input, motion.output));
+    Print(ReportText({options.move.input, moves, playback.Preset(), playback.PresetRate(), playback.Settings(),
+                      playback.Rate(), microseconds / played},
+                     motion.input, motion.output));
 }
 
 }  // namespace

@@ -37,6 +37,10 @@ std::string SettingsText(const std::vector<std::string> &settings) {
 std::string ReportText(const ShakeReport &report, const CameraMove &input, const CameraMove &output) {
     std::string text = ReportLine("in", report.input_file + ", " + Frames(input, report.rate));
     if (!report.preset.empty()) text += ReportLine("preset", report.preset);
+    if (report.preset_rate > 0) {
+        text += ReportLine("", "made at " + ShortNumber(report.preset_rate) +
+                                   " frames a second, and changed to keep its frequencies at this rate");
+    }
     text += ReportLine("shake", SettingsText(report.settings));
     for (const std::filesystem::path &file : report.output_files) {
         text += ReportLine("out", host::PathText(file) + ", " + std::to_string(output.samples.size()) + " frames");

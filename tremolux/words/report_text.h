@@ -13,6 +13,7 @@ struct ShakeReport {
     std::string input_file;
     std::vector<std::filesystem::path> output_files;
     std::string preset;                 // that the settings come on top of; empty: none
+    double preset_rate;                 // frames a second that its settings were carried from; 0: they are as they are
     std::vector<std::string> settings;  // as given
     FrameRate rate;
     double microseconds_per_frame;  // of evaluation

@@ -1,4 +1,4 @@
-#include "library/presets/sentences.h"
+#include "library/presets/facts.h"
 
 #include <nlohmann/json.hpp>
 
@@ -9,11 +9,11 @@
 
 namespace tremolux {
 
-std::map<std::string, std::string> ReadPresetSentences(const std::filesystem::path &module_file) {
+std::map<std::string, PresetFacts> ReadPresetFacts(const std::filesystem::path &module_file) {
     const std::filesystem::path file = module_file.parent_path() / "res" / "presets.json";
     std::string bytes, error;
-    std::map<std::string, std::string> sentences;
-    if (!host::Exists(file, false)) return sentences;
+    std::map<std::string, PresetFacts> facts;
+    if (!host::Exists(file, false)) return facts;
     if (!host::ReadFile(file, &bytes, &error)) throw Failure(kExitModule, error);
     const nlohmann::json list = nlohmann::json::parse(bytes, nullptr, false);
     for (const nlohmann::json &preset : list) {
@@ -22,9 +22,12 @@ std::map<std::string, std::string> ReadPresetSentences(const std::filesystem::pa
             throw Failure(kExitModule, host::PathText(file) +
                                            ": found something else than presets, expected the list "
                                            "that comes with the module");
-        sentences[preset["name"]] = preset["about"];
+        PresetFacts &fact = facts[preset["name"]];
+        fact.about = preset["about"];
+        const auto rate = preset.find("frames_per_second");
+        if (rate != preset.end() && rate->is_number()) fact.frames_per_second = rate->get<double>();
     }
-    return sentences;
+    return facts;
 }
 
 }  // namespace tremolux
