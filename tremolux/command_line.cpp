@@ -28,6 +28,11 @@ Option &Option::OneOf(const std::vector<std::string> &values) {
     return *this;
 }
 
+Option &Option::Hidden() {
+    option_->group("");
+    return *this;
+}
+
 Option &Option::Once() {
     option_->expected(1);
     return *this;
@@ -60,6 +65,19 @@ Option Command::Add(const std::string &names, bool *flag, const std::string &hel
 }
 
 Option Command::Find(const std::string &name) const { return Option(app_->get_option(name)); }
+
+std::string Command::Given(const std::vector<std::string> &but_for) const {
+    std::string given;
+    for (const CLI::Option *option : app_->get_options()) {
+        const std::string name = option->get_name();
+        if (option->count() == 0 || name.empty() || std::find(but_for.begin(), but_for.end(), name) != but_for.end())
+            continue;
+        given += name;
+        for (const std::string &value : option->results()) given += '\0' + value;
+        given += '\n';
+    }
+    return given;
+}
 
 void Command::AllowOneSubcommand() const { app_->require_subcommand(0, 1); }
 

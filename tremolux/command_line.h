@@ -22,6 +22,7 @@ class Option {
     Option &Description(const std::string &text);
     Option &ShowDefault();
     Option &OneOf(const std::vector<std::string> &values);
+    Option &Hidden();         // from the help
     Option &Once();           // of a list: one value
     Option &OptionalValue();  // of a list: one value or none, which is an empty text
     Option &Repeatable();     // of a list: one value each time it is given
@@ -39,6 +40,8 @@ class Command {
     Option Add(const std::string &names, std::vector<std::string> *list, const std::string &help) const;
     Option Add(const std::string &names, bool *flag, const std::string &help) const;
     Option Find(const std::string &name) const;
+    // What the line gives, option by option with its values, but for those of these names and hidden ones.
+    std::string Given(const std::vector<std::string> &but_for) const;
     void AllowOneSubcommand() const;
     bool HasSubcommand() const;                // on the line that was parsed
     void TakeFromParent() const;               // what it does not know, its parent may

@@ -5,5 +5,5 @@ int main(int argc, char **argv) {
     host::MakeStandardStreamsBinary();
     std::vector<std::string> arguments = host::ProgramArguments(argc, argv);
     if (!arguments.empty()) arguments.erase(arguments.begin());
-    return tremolux::RunProgram(std::move(arguments));
+    return tremolux::RunProgram(arguments);
 }

@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <exception>
 #include <string>
-#include <utility>
 
 #include "library/failure.h"
 #include "tremolux/command_line.h"
@@ -23,7 +22,7 @@ int Complain(int status, std::string line) {
 
 }  // namespace
 
-int RunProgram(std::vector<std::string> arguments) {
+int RunProgram(const std::vector<std::string> &arguments) {
     CommandLine line("tremolux", "Makes camera moves hand-held with the TremoluxCam module, in an embedded host.");
     const Command program = line.Program();
     Action action;
@@ -33,14 +32,14 @@ int RunProgram(std::vector<std::string> arguments) {
     AddImportCommand(program, &action);
     AddPreviewCommand(program, &action);
     AddReportCommand(program, &action);
-    AddBatchCommand(program, &action);
+    AddBatchCommand(program, arguments, &action);
     AddTraceCommand(program, &action);
     AddPanelCommand(program, &action);
     AddPresetsCommand(program, &action);
     AddSceneCommands(program, &action);
     AddInfoCommand(program, &action);
     try {
-        if (!line.Parse(std::move(arguments))) return 0;
+        if (!line.Parse(arguments)) return 0;
         WatchForInterrupt();
         action();
         return 0;

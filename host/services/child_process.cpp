@@ -101,18 +101,17 @@ bool ChildProcess::Write(std::string_view bytes) {
     return true;
 }
 
-void ChildProcess::CloseInput() {
+void ChildProcess::EndInput() {
     if (input_ != kNone) CloseHandle(reinterpret_cast<HANDLE>(input_));
     input_ = kNone;
 }
 
-bool ChildProcess::HasEnded() {
-    CloseInput();
+bool ChildProcess::HasEnded() const {
     return WaitForSingleObject(reinterpret_cast<HANDLE>(process_), 0) != WAIT_TIMEOUT;
 }
 
 int ChildProcess::Finish() {
-    CloseInput();
+    EndInput();
     const HANDLE process = reinterpret_cast<HANDLE>(process_);
     DWORD status = static_cast<DWORD>(-1);
     WaitForSingleObject(process, INFINITE);
@@ -162,13 +161,12 @@ bool ChildProcess::Write(std::string_view bytes) {
     return true;
 }
 
-void ChildProcess::CloseInput() {
+void ChildProcess::EndInput() {
     if (input_ != kNone) close(static_cast<int>(input_));
     input_ = kNone;
 }
 
-bool ChildProcess::HasEnded() {
-    CloseInput();
+bool ChildProcess::HasEnded() const {
     siginfo_t ended{};
     // It stays to be waited for.
     const int result = waitid(P_PID, static_cast<id_t>(process_), &ended, WEXITED | WNOHANG | WNOWAIT);
@@ -176,7 +174,7 @@ bool ChildProcess::HasEnded() {
 }
 
 int ChildProcess::Finish() {
-    CloseInput();
+    EndInput();
     int status = 0;
     pid_t ended;
     do {

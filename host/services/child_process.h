@@ -22,13 +22,13 @@ class ChildProcess {
                const std::filesystem::path &err);
     // To its standard input; false when it reads no more. After a successful Start.
     bool Write(std::string_view bytes);
-    // Whether it has ended by itself; its input is at its end from then on. After a successful Start.
-    bool HasEnded();
+    void EndInput();
+    // Whether it has ended by itself. After a successful Start.
+    bool HasEnded() const;
     // Ends its input and waits for it: its exit status, -1 when it ended by a signal.
     int Finish();
 
   private:
-    void CloseInput();
     static constexpr std::intptr_t kNone = -1;
     std::intptr_t process_ = kNone, input_ = kNone;  // the system's handles
 };

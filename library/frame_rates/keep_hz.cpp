@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 
 #include "generated/module_ids.h"
 #include "host/value/descid.h"
@@ -102,6 +101,12 @@ SmoothingAmounts Learn(Family family) {
     });
 }
 
+// What a module does to a goal does not change while the program runs.
+const SmoothingAmounts &Learned(Family family) {
+    static const SmoothingAmounts following = Learn(Family::kFollowing), shake = Learn(Family::kShake);
+    return family == Family::kFollowing ? following : shake;
+}
+
 class Carrier {
   public:
     Carrier(double made_for, double rate, host::Tag *tag)
@@ -151,9 +156,7 @@ class Carrier {
     void Smooth(const SmoothingSetting &smoothing) {
         const double amount = Number(smoothing.id);
         if (amount <= 0) return;
-        std::unique_ptr<SmoothingAmounts> &amounts = amounts_[smoothing.family == Family::kShake];
-        if (!amounts) amounts = std::make_unique<SmoothingAmounts>(Learn(smoothing.family));
-        const SmoothingAmounts::Match match = amounts->Carried(std::min(amount, 1.0), made_for_, rate_);
+        const SmoothingAmounts::Match match = Learned(smoothing.family).Carried(std::min(amount, 1.0), made_for_, rate_);
         Set(smoothing.id, match.amount);
         if (match.off > kNoticed) {
             AddTo(&differences_, Label(smoothing.id) + " up to " + FormatNumber(std::round(100 * match.off)) + " %");
@@ -166,7 +169,6 @@ class Carrier {
     const double rate_;
     host::Tag *tag_;
     const std::vector<Parameter> parameters_;
-    std::unique_ptr<SmoothingAmounts> amounts_[2];
     std::vector<std::string> settings_, notes_;
     std::string differences_;
 };

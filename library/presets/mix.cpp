@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "generated/module_ids.h"
+#include "host/scene/parameters.h"
 #include "host/value/descid.h"
 #include "library/failure.h"
 #include "library/formats/numbers.h"

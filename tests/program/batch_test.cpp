@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdint>
+#include <filesystem>
 
 #include "tests/program/formats_support.h"
 #include "tests/program/run.h"
@@ -94,6 +96,118 @@ TEST_F(Batch, RefusesASheetThatCannotBeFollowed) {
         EXPECT_EQ(outcome.status, 2) << sheet;
         EXPECT_NE(outcome.err.find(said), std::string::npos) << outcome.err;
     }
+}
+
+std::vector<std::string> OutputsOf(const Workplace &workplace, const std::string &folder) {
+    std::vector<std::string> outputs;
+    for (const char *name : {"one.csv", "two.csv", "three.csv", "four.csv"})
+        outputs.push_back(workplace.Read(folder + "/" + name));
+    return outputs;
+}
+
+class BatchOfAFolder : public Batch {
+  protected:
+    BatchOfAFolder() {
+        std::filesystem::create_directory(workplace_.Path("shots"));
+        for (const char *shot : {"one.csv", "two.csv", "three.csv", "four.csv"})
+            workplace_.Write(std::string("shots/") + shot, workplace_.Read("one.csv"));
+        workplace_.Write("shots/notes.md", "no camera");
+    }
+    Outcome Into(const std::string &folder, const std::vector<std::string> &more = {}) const {
+        std::vector<std::string> arguments = {"batch", workplace_.Path("shots"), "-o", workplace_.Path(folder),
+                                              "--set", "Rotation Slow=8"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return workplace_.Run(arguments);
+    }
+};
+
+TEST_F(BatchOfAFolder, ShakesEveryCameraFileInItByName) {
+    const Outcome outcome = Into("out");
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    const std::string table = workplace_.Read("out/table.csv");
+    std::size_t place = 0;
+    for (const char *shot : {"four.csv", "one.csv", "three.csv", "two.csv"}) {
+        const std::size_t row = table.find(std::string("\n") + shot + ",");
+        ASSERT_NE(row, std::string::npos) << table;
+        EXPECT_GT(row, place);
+        place = row;
+    }
+    EXPECT_EQ(table.find("notes"), std::string::npos);
+    EXPECT_EQ(workplace_.Read("out/one.csv"), Shaken("shots/one.csv", {"--seed", "shot"}));
+}
+
+TEST_F(BatchOfAFolder, TakesSeveralFilesAsWell) {
+    const Outcome outcome = workplace_.Run({"batch", workplace_.Path("shots/one.csv"), workplace_.Path("shots/two.csv"),
+                                            "-o", workplace_.Path("out"), "--format", ".json"});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(tremolux::ReadJson("two", workplace_.Read("out/two.json"), {}).samples.size(), 20u);
+}
+
+TEST_F(BatchOfAFolder, IsTheSameHoweverManyWorkOnIt) {
+    ASSERT_EQ(Into("alone", {"--jobs", "1"}).status, 0);
+    const Outcome outcome = Into("together", {"--jobs", "3"});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(OutputsOf(workplace_, "together"), OutputsOf(workplace_, "alone"));
+    EXPECT_EQ(workplace_.Read("together/table.csv"), workplace_.Read("alone/table.csv"));
+}
+
+TEST_F(BatchOfAFolder, TellsOfABadShotWhoeverWorksOnIt) {
+    workplace_.Write("shots/bad.csv", "frame,x,y,z,h,p,b\n0,0,0,0,0,0\n");
+    const Outcome outcome = Into("out", {"--jobs", "2"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(std::count(outcome.err.begin(), outcome.err.end(), '\n'), 2) << outcome.err;
+    EXPECT_NE(outcome.err.find("bad.csv:2:12: found 6 columns"), std::string::npos) << outcome.err;
+    EXPECT_NE(workplace_.Read("out/two.csv"), "(missing)");
+}
+
+TEST_F(BatchOfAFolder, ShardsTogetherAreTheWhole) {
+    ASSERT_EQ(Into("whole").status, 0);
+    std::size_t rows = 0;
+    for (const char *shard : {"1/3", "2/3", "3/3"}) ASSERT_EQ(Into("parts", {"--shard", shard}).status, 0);
+    EXPECT_EQ(OutputsOf(workplace_, "parts"), OutputsOf(workplace_, "whole"));
+    for (const char *table : {"1", "2", "3"}) {
+        const std::string text = workplace_.Read(std::string("parts/table-") + table + "-of-3.csv");
+        rows += static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) - 1;
+    }
+    EXPECT_EQ(rows, 4u);
+    // Nothing is left to do but the table.
+    ASSERT_EQ(Into("parts", {"--resume"}).status, 0);
+    EXPECT_EQ(workplace_.Read("parts/table.csv"), workplace_.Read("whole/table.csv"));
+    EXPECT_NE(Into("parts", {"--shard", "4/3"}).err.find("--shard: found '4/3', expected NUMBER/COUNT"),
+              std::string::npos);
+}
+
+TEST_F(BatchOfAFolder, DoesAgainOnlyWhatChanged) {
+    ASSERT_EQ(Into("out").status, 0);
+    const auto made = [this](const char *name) {
+        return std::filesystem::last_write_time(workplace_.Path("out/" + std::string(name)));
+    };
+    const auto old = std::filesystem::file_time_type::clock::now() - std::chrono::hours(24);
+    const auto age = [&] {
+        for (const char *name : {"one.csv", "two.csv", "three.csv", "four.csv"})
+            std::filesystem::last_write_time(workplace_.Path("out/" + std::string(name)), old);
+    };
+    const auto again = [&](const std::vector<std::string> &more) {
+        age();
+        const Outcome outcome = Into("out", more);
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        std::string names;
+        for (const char *name : {"one.csv", "two.csv", "three.csv", "four.csv"})
+            if (made(name) > old + std::chrono::hours(1)) names += names.empty() ? name : std::string(" ") + name;
+        return names;
+    };
+    const std::vector<std::string> whole = OutputsOf(workplace_, "out");
+    EXPECT_EQ(again({"--resume"}), "");
+    workplace_.Write("shots/two.csv", "frame,x,y,z,h,p,b\n0,0,0,0,0,0,0\n1,5,0,0,0,0,0\n");
+    EXPECT_EQ(again({"--resume"}), "two.csv");
+    workplace_.Write("out/four.csv", "somebody wrote here");
+    EXPECT_EQ(again({"--resume"}), "four.csv");
+    std::filesystem::remove(workplace_.Path("out/one.csv"));
+    workplace_.Write("out/one.csv", "");
+    EXPECT_EQ(again({"--resume"}), "one.csv");
+    EXPECT_EQ(again({"--resume", "--mix", "0.5"}), "one.csv two.csv three.csv four.csv");
+    EXPECT_EQ(again({}), "one.csv two.csv three.csv four.csv");
+    EXPECT_EQ(OutputsOf(workplace_, "out")[0], whole[0]);
 }
 
 }  // namespace

@@ -16,7 +16,8 @@ void AddInspectCommand(Command program, Action *action);
 void AddImportCommand(Command program, Action *action);
 void AddPreviewCommand(Command program, Action *action);
 void AddReportCommand(Command program, Action *action);
-void AddBatchCommand(Command program, Action *action);
+// Starts the program again, with the arguments and more.
+void AddBatchCommand(Command program, const std::vector<std::string> &arguments, Action *action);
 void AddTraceCommand(Command program, Action *action);
 void AddPanelCommand(Command program, Action *action);
 void AddPresetsCommand(Command program, Action *action);

@@ -6,13 +6,15 @@
 #include "library/failure.h"
 #include "library/formats/numbers.h"
 #include "library/formats/source_text.h"
+#include "library/parameters/name_seed.h"
 #include "tremolux/commands/option_values.h"
 #include "tremolux/process/system.h"
 
 namespace tremolux {
 namespace {
 
-constexpr std::int64_t kMaxSeed = 99999, kMaxPictureSide = 1000000;
+constexpr std::int64_t kMaxPictureSide = 1000000;
+constexpr const char *kSeedOfShot = "shot";
 
 struct LengthUnit {
     const char *name;
@@ -54,7 +56,10 @@ std::filesystem::path HostOptions::Home() const { return home.empty() ? DefaultH
 
 std::vector<std::string> MoveOptions::AllSettings() const {
     std::vector<std::string> all = settings;
-    if (!seed.empty()) all.push_back("Seed=" + std::to_string(WholeOption("--seed", seed, 0, kMaxSeed)));
+    if (seed == kSeedOfShot)
+        all.push_back("Seed=" + SeedOfName(std::filesystem::u8path(input).stem().u8string()));
+    else if (!seed.empty())
+        all.push_back("Seed=" + std::to_string(WholeOption("--seed", seed, 0, kMaxSeed)));
     return all;
 }
 
@@ -157,6 +162,10 @@ void AddHostOptions(Command command, HostOptions *options) {
 
 void AddMoveOptions(Command command, MoveOptions *options) {
     command.Add("INPUT", &options->input, "camera move to read, " + KnownExtensions(FormatUse::kRead)).Required();
+    AddShakeOptions(command, options);
+}
+
+void AddShakeOptions(Command command, MoveOptions *options) {
     command
         .Add("--preset", &options->presets,
              "CATEGORY/NAME, NAME or a part of it: the preset to begin with; `tremolux presets` lists them. Given "
@@ -183,7 +192,10 @@ void AddMoveOptions(Command command, MoveOptions *options) {
         .Add("--focus-object", &options->focus_object,
              "x,y,z or FILE: a point in scene units, or a moving one (a camera file), that the camera focuses on")
         .Once();
-    command.Add("--seed", &options->seed, "the shake's seed, 0 to 99999: short for --set Seed=");
+    command.Add("--seed", &options->seed,
+                "the shake's seed, 0 to 99999: short for --set Seed=; or the word shot: made of the input file's name, "
+                "so that every "
+                "shot differs and every render of it agrees");
     command.Add(
         "--keep-hz", &options->keep_hz,
         "FPS that the settings were made at: they are changed so that the motion keeps its frequencies. Else that is "

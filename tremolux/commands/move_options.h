@@ -60,7 +60,8 @@ void AddWritingOptions(Command command, FormatChoices *choices);  // what files 
 // All of them, and what files do not say that are read.
 void AddFormatOptions(Command command, FormatChoices *choices);
 void AddHostOptions(Command command, HostOptions *options);
-void AddMoveOptions(Command command, MoveOptions *options);
+void AddMoveOptions(Command command, MoveOptions *options);   // for one move
+void AddShakeOptions(Command command, MoveOptions *options);  // but for the input
 
 // A camera file's move. What the reader had to decide, or passed over, is said on the standard error output, a line
 // each.

@@ -4,7 +4,6 @@
 #include <thread>
 
 #include "host/files/safe_write.h"
-#include "host/services/platform.h"
 #include "library/failure.h"
 
 namespace tremolux {
@@ -26,22 +25,6 @@ std::string Contents(const fs::path &file) {
 
 }  // namespace
 
-TemporaryFolder::TemporaryFolder() {
-    static int count = 0;
-    std::error_code error;
-    const fs::path place = fs::temp_directory_path(error);
-    do {
-        path_ = place / ("tremolux-" + std::to_string(host::ProcessId()) + "-" + std::to_string(count++));
-    } while (!error && fs::exists(path_, error));
-    if (error || !fs::create_directory(path_, error))
-        throw Failure(kExitOutput, "no temporary folder can be made, expected one that takes new files");
-}
-
-TemporaryFolder::~TemporaryFolder() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
-}
-
 Tool::Tool(const std::vector<std::string> &command, const char *package, const TemporaryFolder &folder)
     : name_(command.front()), out_(folder.Path() / "out"), err_(folder.Path() / "err") {
     if (process_.Start(command, out_, err_)) return;
@@ -58,6 +41,7 @@ void Tool::Write(std::string_view bytes) {
 
 std::string Tool::FinishWith(const std::function<void(const std::string &)> &meanwhile) {
     constexpr std::chrono::milliseconds kPause{20};
+    process_.EndInput();
     while (!process_.HasEnded()) {
         meanwhile(Contents(out_));
         std::this_thread::sleep_for(kPause);

@@ -7,21 +7,9 @@
 #include <vector>
 
 #include "host/services/child_process.h"
+#include "tremolux/process/temporary_folder.h"
 
 namespace tremolux {
-
-// A folder for what other programs write, which goes with the object.
-class TemporaryFolder {
-  public:
-    TemporaryFolder();  // throws a Failure
-    ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder &) = delete;
-    TemporaryFolder &operator=(const TemporaryFolder &) = delete;
-    const std::filesystem::path &Path() const { return path_; }
-
-  private:
-    std::filesystem::path path_;
-};
 
 // A program that reads from this one and leaves a file.
 class Tool {
