@@ -1,5 +1,7 @@
 #include "library/shots/stage.h"
 
+#include <algorithm>
+
 #include "generated/module_ids.h"
 #include "host/animation/passes.h"
 #include "host/application.h"
@@ -7,10 +9,14 @@
 #include "host/ui/attribute_manager.h"
 #include "host/value/descid.h"
 #include "library/failure.h"
+#include "library/moves/cut.h"
 #include "library/shots/keys.h"
 
 namespace tremolux {
 namespace {
+
+// A key takes some 300 bytes: those of a long move would take gigabytes, and longer to make than the motion.
+constexpr std::size_t kKeyedAtOnce = 10000;
 
 host::Object *InsertObject(host::Document *document, std::int32_t type, const char *name) {
     std::unique_ptr<host::Object> object = host::Object::Create(type);
@@ -44,7 +50,12 @@ Stage::Stage(const CameraMove &move)
       rate_(move.rate) {
     document_->SetFps(move.rate.Whole());
     document_->SetRange(move.first_frame, move.LastFrame());
-    KeyCamera(input_, move, move.rate.Whole());
+    if (move.samples.size() > kKeyedAtOnce) {
+        long_move_ = move;
+        KeyPartWith(first_frame_);
+    } else {
+        KeyCamera(input_, move, move.rate.Whole());
+    }
     for (host::Object *camera : {input_, output_})
         camera->SetParameter(host::MakeId(host::kCameraAperture), host::Data(move.aperture_width));
     tag_ = output_->MakeTag(ids::kTremoluxCamId);
@@ -58,6 +69,17 @@ Stage::Stage(const CameraMove &move)
 
 void Stage::KillDocument::operator()(host::Document *document) const {
     host::Application::Current()->KillDocument(document);
+}
+
+void Stage::KeyPartWith(std::int64_t frame) {
+    keyed_from_ = frame;
+    keyed_to_ = std::min(frame + static_cast<std::int64_t>(kKeyedAtOnce) - 1, long_move_->LastFrame());
+    KeyCamera(input_, CutMove(*long_move_, keyed_from_, keyed_to_), rate_.Whole());
+}
+
+void Stage::KeyWholeMove() {
+    if (long_move_) KeyCamera(input_, *long_move_, rate_.Whole());
+    long_move_.reset();
 }
 
 void Stage::Evaluate(std::int64_t frame) {
@@ -94,12 +116,14 @@ host::Object *Stage::AddFocusObject(const CameraMove &points) {
 }
 
 void Stage::PlayFrame(std::int64_t frame) {
+    if (long_move_ && (frame < keyed_from_ || frame > keyed_to_)) KeyPartWith(frame);
     Evaluate(frame);
     if (frame == first_frame_) output_sample_.angles = input_->GetTransform().rotation;
     output_sample_ = SampleOf(*output_, output_sample_.angles);
 }
 
 void Stage::Bake(std::int32_t button) {
+    KeyWholeMove();
     host::PressButton(tag_, host::MakeId(button));
     if (tag_->Data().Whole(ids::kBaked) == 0 || output_->Tracks().empty())
         throw Failure(kExitModule, "the module baked nothing, expected keys on the camera");

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "generated/module_ids.h"
 #include "host/scene/document.h"
@@ -26,6 +27,8 @@ class Stage {
     // Evaluates one frame of playback. Frames are played one after the other, from the document's first, which may be gone
     // back to.
     void PlayFrame(std::int64_t frame);
+    // The keys of a long move are there a part at a time, the part that is played. What looks at others needs them all.
+    void KeyWholeMove();
     // Turns the motion into keys, which the frames then follow. Throws a Failure when the module bakes nothing.
     void BakeQuickly() { Bake(ids::kQuickBake); }
     void BakeByBruteForce() { Bake(ids::kBruteForceBake); }
@@ -44,6 +47,7 @@ class Stage {
 
   private:
     void Bake(std::int32_t button);
+    void KeyPartWith(std::int64_t frame);
     struct KillDocument {
         void operator()(host::Document *document) const;
     };
@@ -55,6 +59,8 @@ class Stage {
     std::shared_ptr<host::NodeAnchor> target_, focus_object_;  // an undo may take them away
     host::Tag *tag_ = nullptr;
     std::int64_t first_frame_;
+    std::optional<CameraMove> long_move_;  // whose keys are there from keyed_from_ to keyed_to_
+    std::int64_t keyed_from_ = 0, keyed_to_ = 0;
     FrameRate rate_;
     CameraSample output_sample_;
 };

@@ -88,6 +88,7 @@ void Shake(const ShakeOptions &options) {
         texts.push_back(
             DrawSpectrum(motion, MeasureAddedMotion(motion.input, motion.output, playback.Formats().width), format));
     }
+    if (!options.scene.empty()) playback.GetStage().KeyWholeMove();
     if (!options.scene.empty()) SaveScene(playback.GetStage().Scene(), Path(options.scene));
     files.Write(texts);
     if (!options.report) return;
