@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "host/animation/track.h"
+#include "host/scene/object.h"
 #include "host/value/descid.h"
 #include "library/shots/embedded_host.h"
 #include "tests/program/run.h"
@@ -40,6 +42,37 @@ TEST_F(StageTest, LetsTheTargetBeSwitchedOffAfterwards) {
 TEST_F(StageTest, TurnsToNothingWithoutAnObject) {
     SwitchTarget(1);
     EXPECT_FALSE(stage_.TurnsToTarget());
+}
+
+// Longer than what is keyed at once.
+CameraMove Walk(std::size_t frames) {
+    CameraMove move;
+    move.first_frame = -7;
+    for (std::size_t i = 0; i < frames; ++i) {
+        move.samples.emplace_back();
+        move.samples.back().position.x = 0.25 * static_cast<double>(i);
+    }
+    return move;
+}
+
+TEST_F(StageTest, FollowsALongMoveFromItsFirstFrameToItsLastAndAgain) {
+    const CameraMove walk = Walk(20003);
+    Stage stage(walk);
+    for (int round = 0; round < 2; ++round) {
+        for (std::int64_t frame = walk.first_frame; frame <= walk.LastFrame(); ++frame) {
+            stage.PlayFrame(frame);
+            ASSERT_EQ(stage.Input().position.x, 0.25 * static_cast<double>(frame + 7)) << frame;
+        }
+    }
+}
+
+TEST_F(StageTest, KeysAllOfALongMoveForThoseWhoLookAtTheScene) {
+    const CameraMove walk = Walk(10001);
+    Stage stage(walk);
+    stage.KeyWholeMove();
+    const host::Object *input = stage.Document().FindObject("Input Camera");
+    ASSERT_NE(input, nullptr);
+    EXPECT_EQ(input->Tracks().front()->GetCurve()->KeyCount(), 10001);
 }
 
 }  // namespace

@@ -24,6 +24,7 @@ Playback::Playback(const MoveOptions &options)
 
 Playback::Playback(const MoveOptions &options, const CameraMove &move)
     : formats_(options.formats.Options()),
+      input_(options.input),
       presets_(options.presets),
       keeps_preset_hertz_(options.keep_hz.empty() && !options.no_keep_hz),
       settings_(options.AllSettings()),
@@ -116,6 +117,12 @@ PlayedMotion Playback::Record() {
     motion.output.samples = loop_ ? Looped(motion.input, played, *loop_) : std::move(played);
     if (!direction_.IsNone()) motion.output = Directed(motion.input, motion.output, direction_.Options(move_));
     return motion;
+}
+
+std::string CaptionOf(const Playback &playback) {
+    std::string caption = std::filesystem::u8path(playback.Input()).filename().u8string();
+    if (!playback.Preset().empty()) caption += ", " + playback.Preset();
+    return caption + ", seed " + std::to_string(playback.GetStage().CameraTag().Data().Whole(ids::kSeed));
 }
 
 }  // namespace tremolux

@@ -36,14 +36,17 @@ class Playback {
     FrameRate Rate() const { return move_.rate; }
     // What the tag began with, once it is started: the name of a preset, those of a mix, or empty.
     const std::string &Preset() const { return applied_preset_; }
+    const std::string &Input() const { return input_; }  // its file
     // Frames a second that its settings were carried from to the move's; 0: they are as they are.
     double PresetRate() const { return preset_rate_; }
     const std::vector<std::string> &Settings() const { return settings_; }
     const FormatOptions &Formats() const { return formats_; }
     Stage &GetStage() { return *stage_; }
+    const Stage &GetStage() const { return *stage_; }
 
   private:
     FormatOptions formats_;
+    std::string input_;
     std::vector<std::string> presets_;
     std::string applied_preset_;
     bool keeps_preset_hertz_;
@@ -62,5 +65,8 @@ class Playback {
     std::unique_ptr<EmbeddedHost> host_;
     std::unique_ptr<Stage> stage_;  // after the host: it must go first
 };
+
+// What was played, in ASCII: "shot.csv, Nervous, seed 12", for pictures.
+std::string CaptionOf(const Playback &playback);
 
 }  // namespace tremolux

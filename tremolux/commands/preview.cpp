@@ -1,9 +1,13 @@
 #include <algorithm>
+#include <optional>
 
 #include "library/failure.h"
+#include "library/formats/numbers.h"
+#include "library/formats/source_text.h"
 #include "library/presets/catalog.h"
 #include "library/presets/facts.h"
 #include "tremolux/commands/commands.h"
+#include "tremolux/commands/option_values.h"
 #include "tremolux/commands/playback.h"
 #include "tremolux/pictures/film.h"
 #include "tremolux/process/interrupt.h"
@@ -20,23 +24,57 @@ constexpr double kTrailHeight = 160;  // scene units: of the eyes of somebody wh
 constexpr FrameSize kTrailSize = {384, 216};
 constexpr int kSheetColumns = 3;  // of the contact sheet
 constexpr const char *kSheet = "README.md";
+constexpr std::int64_t kMostSide = 4096;
 
 struct PreviewOptions {
     MoveOptions move;
-    std::string output;
+    std::string output, size;
     bool all_presets = false;
 };
+
+// Takes the word "shaken", which is no channel, out of the list.
+bool TakeShaken(std::string *only) {
+    std::string channels;
+    bool is_there = false;
+    for (const Field &field : CommaFields(*only)) {
+        const std::string word(Trimmed(field.text));
+        if (word == "shaken")
+            is_there = true;
+        else
+            channels += (channels.empty() ? "" : ",") + word;
+    }
+    *only = channels;
+    return is_there;
+}
+
+FilmLook LookOf(const PreviewOptions &options, const Playback &playback, bool only_shaken) {
+    FilmLook look{PreviewSize(playback.Formats().width, playback.Formats().height), only_shaken, CaptionOf(playback)};
+    if (options.size.empty()) return look;
+    const std::size_t cross = std::min(options.size.find('x'), options.size.size());
+    const std::optional<std::int64_t> width = ParseWhole(std::string_view(options.size).substr(0, cross)),
+                                      height = ParseWhole(std::string_view(options.size)
+                                                              .substr(std::min(cross + 1, options.size.size())));
+    const auto fits = [](const std::optional<std::int64_t> &side) {
+        return side && *side >= 16 && *side <= kMostSide && *side % 2 == 0;
+    };
+    if (!fits(width) || !fits(height))
+        RefuseOption("--size", options.size,
+                     "WIDTHxHEIGHT of one camera's picture, even numbers from 16 to " + std::to_string(kMostSide));
+    look.size = {static_cast<int>(*width), static_cast<int>(*height)};
+    return look;
+}
 
 void Film(const PreviewOptions &options) {
     const fs::path file = fs::u8path(options.output);
     const FilmFormat format = FilmFormatOf(file);
-    Playback playback(options.move);
+    MoveOptions move = options.move;
+    const bool only_shaken = TakeShaken(&move.direction.only);
+    Playback playback(move);
     OutputFiles files({options.output}, options.move.InputFiles());
     playback.Start();
     const PlayedMotion motion = playback.Record();
     Progress progress(static_cast<std::int64_t>(motion.output.samples.size()), options.move.quiet);
-    const FrameSize size = PreviewSize(playback.Formats().width, playback.Formats().height);
-    const std::string film = MakeFilm(motion, format, size, [&](std::int64_t frames) {
+    const std::string film = MakeFilm(motion, format, LookOf(options, playback, only_shaken), [&](std::int64_t frames) {
         CheckForInterrupt();
         progress.Done(frames);
     });
@@ -142,6 +180,12 @@ void AddPreviewCommand(Command program, Action *action) {
     AddDirectionOptions(command, &options->move.direction);
     AddTableName(command, &options->move.formats.table);
     command.Find("INPUT").Required(false);
+    command.Add("--size", &options->size,
+                "WIDTHxHEIGHT of one camera's picture in pixels, else 480 wide with the proportions of --resolution");
+    command.Find("--only").Description(
+        "shaken: its camera's picture alone; rotation, position or lens: the other channels are the input's; with "
+        "commas "
+        "between several");
     command.Add("--all-presets", &options->all_presets,
                 "a contact sheet of the built-in presets on a standing camera, instead of a move");
     command

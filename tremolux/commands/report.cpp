@@ -61,7 +61,8 @@ void Report(const ReportOptions &options) {
     contents.spectra = DrawSpectrum(contents.motion, contents.added, PlotFormat::kSvg);
     Progress progress(static_cast<std::int64_t>(contents.motion.output.samples.size()), options.move.quiet);
     contents.film =
-        MakeFilm(contents.motion, FilmFormat::kMp4, PreviewSize(playback.Formats().width, playback.Formats().height),
+        MakeFilm(contents.motion, FilmFormat::kMp4,
+                 {PreviewSize(playback.Formats().width, playback.Formats().height), false, CaptionOf(playback)},
                  [&](std::int64_t frames) {
                      CheckForInterrupt();
                      progress.Done(frames);

@@ -2,11 +2,16 @@
 #include <chrono>
 #include <cstdio>
 
+#include "generated/module_ids.h"
 #include "library/failure.h"
 #include "library/formats/added.h"
+#include "library/parameters/name_seed.h"
 #include "library/shots/scene.h"
 #include "tremolux/commands/commands.h"
+#include "tremolux/commands/option_values.h"
 #include "tremolux/commands/playback.h"
+#include "tremolux/pictures/contact_sheet.h"
+#include "tremolux/pictures/film.h"
 #include "tremolux/pictures/plot.h"
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/output_files.h"
@@ -15,10 +20,13 @@
 namespace tremolux {
 namespace {
 
+constexpr std::int64_t kMaxTakes = 1000;
+constexpr FrameSize kTakeSize = {384, 216};
+
 struct ShakeOptions {
     MoveOptions move;
     std::vector<std::string> outputs;
-    std::string bake, scene, plot, on;
+    std::string bake, scene, plot, on, takes;
     bool report = false, added = false;
 
     // What is written there: what was added, or else the shaken camera.
@@ -57,7 +65,7 @@ void CheckFormats(const ShakeOptions &options) {
                       "--on: found no .py among the outputs, expected a script that puts the shake on a camera");
 }
 
-void Shake(const ShakeOptions &options) {
+PlayedMotion ShakeOnce(const ShakeOptions &options) {
     using Clock = std::chrono::steady_clock;
     CheckFormats(options);
     Playback playback(options.move);
@@ -91,13 +99,64 @@ void Shake(const ShakeOptions &options) {
     if (!options.scene.empty()) playback.GetStage().KeyWholeMove();
     if (!options.scene.empty()) SaveScene(playback.GetStage().Scene(), Path(options.scene));
     files.Write(texts);
-    if (!options.report) return;
+    if (!options.report) return motion;
     const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);
     const std::vector<std::filesystem::path> moves(
         files.Files().begin(), files.Files().begin() + static_cast<std::ptrdiff_t>(options.outputs.size()));
     Print(ReportText({options.move.input, moves, playback.Preset(), playback.PresetRate(), playback.Settings(),
                       playback.Rate(), microseconds / played},
                      motion.input, motion.output));
+    return motion;
+}
+
+// "shot.csv" becomes "shot-take2.csv".
+std::string OfTake(const std::string &file, int take) {
+    const std::filesystem::path path = Path(file);
+    const std::string name = path.stem().u8string() + "-take" + std::to_string(take) + path.extension().u8string();
+    return (path.parent_path() / Path(name)).u8string();
+}
+
+ShakeOptions TakeOptions(ShakeOptions options, std::int64_t first_seed, int take) {
+    for (std::string &output : options.outputs) output = OfTake(output, take);
+    for (std::string *file : {&options.scene, &options.plot})
+        if (!file->empty()) *file = OfTake(*file, take);
+    options.move.seed = std::to_string((first_seed + take - 1) % (kMaxSeed + 1));
+    return options;
+}
+
+// The seed that the first take has: as it was said, or what the tag would have had.
+std::int64_t FirstSeed(const ShakeOptions &options) {
+    Playback playback(options.move);
+    playback.Start();
+    return playback.GetStage().CameraTag().Data().Whole(ids::kSeed);
+}
+
+void ShakeTakes(const ShakeOptions &options) {
+    const int takes = static_cast<int>(WholeOption("--takes", options.takes, 1, kMaxTakes));
+    const std::filesystem::path first_output = Path(options.outputs.front());
+    const std::string sheet =
+        (first_output.parent_path() / Path(first_output.stem().u8string() + "-takes.png")).u8string();
+    std::vector<std::string> places = {sheet};
+    for (int take = 1; take <= takes; ++take)
+        for (const std::string &output : options.outputs) places.push_back(OfTake(output, take));
+    const OutputFiles checked(places, options.move.InputFiles());
+    OutputFiles files({sheet}, options.move.InputFiles());
+    const std::int64_t first_seed = FirstSeed(options);
+    std::vector<CaptionedPicture> pictures;
+    for (int take = 1; take <= takes; ++take) {
+        const ShakeOptions one = TakeOptions(options, first_seed, take);
+        const PlayedMotion motion = ShakeOnce(one);
+        pictures.push_back(
+            {MotionTrail(motion, kTakeSize), "take " + std::to_string(take) + "  seed " + one.move.seed});
+    }
+    files.Write({PngOf(ContactSheetOf(pictures))});
+}
+
+void Shake(const ShakeOptions &options) {
+    if (options.takes.empty())
+        ShakeOnce(options);
+    else
+        ShakeTakes(options);
 }
 
 }  // namespace
@@ -123,6 +182,9 @@ void AddShakeCommand(Command program, Action *action) {
     command.Add("--plot", &options->plot,
                 "drawing of both cameras, .svg or .png; a second sheet with the path from above and the "
                 "spectrum lies beside it, named FILE-spectrum");
+    command.Add("--takes", &options->takes,
+                "so many takes, each with a seed of its own, in files NAME-take1 and so on, and a picture of all, "
+                "NAME-takes.png");
     command.Add("--report", &options->report, "print what was done and how far the camera strayed");
     command.OnCall([=] { *action = [options] { Shake(*options); }; });
 }

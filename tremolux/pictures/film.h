@@ -20,12 +20,15 @@ struct FrameSize {
 };
 FrameSize PreviewSize(int width, int height);
 
-// Both cameras at frame `index` of the motion, in borders of grey (input) and orange (shaken).
-Picture SideBySide(const World &world, const PlayedMotion &motion, std::size_t index, const FrameSize &size);
+struct FilmLook {
+    FrameSize size;            // of one camera's picture
+    bool only_shaken = false;  // without the input camera's
+    std::string caption;       // below the pictures, with the frame's number; ASCII
+};
 
 // The encoded film, by ffmpeg; of a .png six frames below each other. `done` is called with the frames that are drawn.
 // Throws a Failure.
-std::string MakeFilm(const PlayedMotion &motion, FilmFormat format, const FrameSize &size,
+std::string MakeFilm(const PlayedMotion &motion, FilmFormat format, const FilmLook &look,
                      const std::function<void(std::int64_t)> &done);
 // The file of one picture (.png), by ffmpeg. Throws a Failure.
 std::string PngOf(const Picture &picture);

@@ -2,19 +2,20 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace tremolux {
 namespace {
 
-unsigned char Byte(float value) { return static_cast<unsigned char>(std::lround(std::clamp(value, 0.0F, 1.0F) * 255)); }
+unsigned char Byte(float value) { return static_cast<unsigned char>(std::clamp(value, 0.0F, 1.0F) * 255 + 0.5F); }
 
 }  // namespace
 
 Picture::Picture(int columns, int rows, const Colour &colour)
     : width(columns), height(rows), rgb(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows) * 3, '\0') {
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) Set(x, y, colour);
-    }
+    const char bytes[] = {static_cast<char>(Byte(colour.r)), static_cast<char>(Byte(colour.g)),
+                          static_cast<char>(Byte(colour.b))};
+    for (std::size_t at = 0; at < rgb.size(); at += 3) std::copy(std::begin(bytes), std::end(bytes), &rgb[at]);
 }
 
 void Picture::Set(int x, int y, const Colour &colour) {
