@@ -18,7 +18,7 @@ namespace {
 constexpr double kMostStep = 2;  // from the last frame to the first, of the greatest step
 // How the first frames come out of those beyond the end: for how long, and by which power of sine and cosine. What keeps the
 // bands best is taken, by channel.
-constexpr std::array kSeconds = {0.5, 0.7, 0.8, 1.0, 1.2, 1.5, 2.0};
+constexpr std::array kLoopSeconds = {0.5, 0.7, 0.8, 1.0, 1.2, 1.5, 2.0};
 constexpr std::array kPowers = {0.7, 1.0, 1.5, 2.0};
 constexpr double kAllowed = 0.04;                        // that a band may be off by, as a logarithm
 constexpr double kBandError = 0.05, kSpeedWeight = 0.5;  // one such error weighs as much as twice the take's speed
@@ -112,7 +112,7 @@ Signal LoopedChannel(const Signal &signal, const CameraMove &move, const LoopPla
     const double rate = move.rate.PerSecond(), mean = Mean(signal, plan.period);
     Signal best;
     double least_cost = 0, factor = 1;
-    for (const double seconds : kSeconds) {
+    for (const double seconds : kLoopSeconds) {
         const std::size_t overlap = Frames(seconds, move, plan.period);
         for (const double power : kPowers) {
             Signal joined = Joined(signal, plan.period, overlap, power);
@@ -151,7 +151,7 @@ std::optional<LoopPlan> PlanLoop(const CameraMove &move) {
                                       [&](const CameraSample &sample) { return SamePose(sample, move.samples.front()); });
     const bool ends_as_it_began = !is_still && SamePose(move.samples.back(), move.samples.front());
     const std::size_t period = ends_as_it_began ? count - 1 : count;
-    return LoopPlan{period, Frames(kSeconds.back(), move, period)};
+    return LoopPlan{period, Frames(kLoopSeconds.back(), move, period)};
 }
 
 CameraMove RunOn(const CameraMove &move, const LoopPlan &plan) {

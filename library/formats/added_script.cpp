@@ -9,7 +9,7 @@
 namespace tremolux {
 namespace {
 
-constexpr const char *kHead = R"(# The shake of a camera move, written by tremolux: run it in Blender, in a text editor or as
+constexpr const char *kAddedHead = R"(# The shake of a camera move, written by tremolux: run it in Blender, in a text editor or as
 #     blender SCENE.blend --python THIS_FILE
 # It goes onto a camera that is there, by keys of its own on the camera's delta channels, and leaves the camera's own keys as they
 # are. Run again it replaces itself; tremolux_remove() takes everything back.
@@ -19,7 +19,7 @@ from mathutils import Matrix, Quaternion, Vector
 # None: the scene's active camera.
 )";
 
-constexpr const char *kTail = R"(
+constexpr const char *kAddedTail = R"(
 
 MARK = "TremoluxCam"
 TURNS = "delta_rotation_quaternion", "delta_rotation_euler"
@@ -189,7 +189,7 @@ Quaternion RightHandedTurn(const Eigen::Quaterniond &turn) {
 
 std::string AddedScript(const CameraMove &move, const std::vector<AddedMotionSample> &added, const std::string &camera,
                         const FormatOptions &options) {
-    std::string text = kHead;
+    std::string text = kAddedHead;
     text += "CAMERA = " + (camera.empty() ? "None" : PythonText(camera)) +
             "\n# True: the scene takes the rate, the range, the size and the camera, too.\nTAKE_SCENE = False" +
             "\nFIRST_FRAME = " + std::to_string(move.first_frame) +
@@ -207,7 +207,7 @@ std::string AddedScript(const CameraMove &move, const std::vector<AddedMotionSam
             text += FormatNumber(value) + ", ";
         text += FormatNumber(sample.focus_distance * kMetresPerSceneUnit) + "),\n";
     }
-    return text + "]" + kTail;
+    return text + "]" + kAddedTail;
 }
 
 }  // namespace tremolux

@@ -124,6 +124,7 @@ std::vector<std::string> MoveOptions::InputFiles() const {
     std::vector<std::string> files = {input};
     files.insert(files.end(), target.begin(), target.end());
     files.insert(files.end(), focus_object.begin(), focus_object.end());
+    if (!jolts.file.empty()) files.push_back(jolts.file);
     return files;
 }
 
@@ -205,6 +206,7 @@ void AddShakeOptions(Command command, MoveOptions *options) {
                 "FIRST:LAST: the frames to write; playback still starts at the move's first frame. Of a camera that "
                 "stands still "
                 "in its file: the frames that there are");
+    AddJoltsOptions(command, &options->jolts);
     AddFormatOptions(command, &options->formats);
     command.Add("--quiet", &options->quiet, "show no progress");
     AddHostOptions(command, &options->host);

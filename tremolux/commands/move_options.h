@@ -11,6 +11,7 @@
 #include "library/formats/format.h"
 #include "tremolux/command_line.h"
 #include "tremolux/commands/direction_options.h"
+#include "tremolux/commands/jolts_from.h"
 #include "tremolux/commands/table_options.h"
 
 namespace tremolux {
@@ -42,6 +43,7 @@ struct MoveOptions {
     std::vector<std::string> target, focus_object;  // a point or a file each; at most one
     std::string seed, frames, keep_hz;
     DirectionChoices direction;
+    JoltsChoices jolts;
     bool quiet = false, no_keep_hz = false;
 
     // The texts above as values; each throws a Failure.

@@ -45,6 +45,7 @@ Playback::Playback(const MoveOptions &options, const CameraMove &move)
                                       std::to_string(move_.first_frame) + " to " + std::to_string(move_.LastFrame()));
     }
     direction_.Options(move_);
+    jolts_ = ReadJolts(options.jolts, move_, settings_);
     last_played_ = last_frame_;
     if (direction_.loop) PlanTheLoop(options.input);
 }
@@ -75,6 +76,7 @@ void Playback::Start() {
     if (target_) stage_->AddTarget(*target_);
     if (focus_object_) stage_->AddFocusObject(*focus_object_);
     ApplySettings(settings_, Rate().Whole(), tag);
+    TakeJolts(jolts_, Rate().Whole(), tag);
     ApplyKeys(keys_, Rate().Whole(), tag);
     if (!made_for_) return;
     for (const std::string &note : KeepHertz(*made_for_, Rate().PerSecond(), tag))

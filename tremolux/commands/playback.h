@@ -36,6 +36,7 @@ class Playback {
     FrameRate Rate() const { return move_.rate; }
     // What the tag began with, once it is started: the name of a preset, those of a mix, or empty.
     const std::string &Preset() const { return applied_preset_; }
+    const JoltsFound &Jolts() const { return jolts_; }
     const std::string &Input() const { return input_; }  // its file
     // Frames a second that its settings were carried from to the move's; 0: they are as they are.
     double PresetRate() const { return preset_rate_; }
@@ -53,6 +54,7 @@ class Playback {
     double preset_rate_ = 0;
     std::vector<std::string> settings_, keys_;
     DirectionChoices direction_;
+    JoltsFound jolts_;
     std::optional<LoopPlan> loop_;
     std::optional<double> made_for_;
     void ChoosePresets();

@@ -7,21 +7,23 @@
 namespace tremolux {
 namespace {
 
-constexpr int kColumns = 3, kGap = 8, kCaptionHeight = kLetterHeight + 8;
-constexpr Colour kPaper = {1, 1, 1}, kInk = {0.2F, 0.2F, 0.2F};
+constexpr int kPicturesInARow = 3, kSheetGap = 8, kSheetCaptionHeight = kLetterHeight + 8;
+constexpr Colour kSheetPaper = {1, 1, 1}, kSheetInk = {0.2F, 0.2F, 0.2F};
 
 }  // namespace
 
 Picture ContactSheetOf(const std::vector<CaptionedPicture> &pictures) {
     const int width = pictures.front().picture.width, height = pictures.front().picture.height;
-    const int count = static_cast<int>(pictures.size()), columns = std::min(count, kColumns),
+    const int count = static_cast<int>(pictures.size()), columns = std::min(count, kPicturesInARow),
               rows = (count + columns - 1) / columns;
-    Picture sheet(columns * (width + kGap) + kGap, rows * (height + kCaptionHeight + kGap) + kGap, kPaper);
+    Picture sheet(columns * (width + kSheetGap) + kSheetGap,
+                  rows * (height + kSheetCaptionHeight + kSheetGap) + kSheetGap, kSheetPaper);
     for (int i = 0; i < count; ++i) {
         const CaptionedPicture &one = pictures[static_cast<std::size_t>(i)];
-        const int x = kGap + i % columns * (width + kGap), y = kGap + i / columns * (height + kCaptionHeight + kGap);
+        const int x = kSheetGap + i % columns * (width + kSheetGap),
+                  y = kSheetGap + i / columns * (height + kSheetCaptionHeight + kSheetGap);
         sheet.Paste(one.picture, x, y);
-        Write(one.caption, x, y + height + 4, kInk, &sheet);
+        Write(one.caption, x, y + height + 4, kSheetInk, &sheet);
     }
     return sheet;
 }

@@ -6,9 +6,9 @@
 namespace tremolux {
 namespace {
 
-constexpr int kRows = 7, kColumns = 5;
+constexpr int kGlyphRows = 7, kGlyphColumns = 5;
 // From the space to the tilde; a number for each row, its highest of five bits on the left.
-constexpr std::uint8_t kGlyphs[][kRows] = {
+constexpr std::uint8_t kGlyphs[][kGlyphRows] = {
     // clang-format off
     {0, 0, 0, 0, 0, 0, 0},
     {0x04, 0x04, 0x04, 0x04, 0x04, 0, 0x04},
@@ -109,7 +109,7 @@ constexpr std::uint8_t kGlyphs[][kRows] = {
 };
 constexpr std::size_t kGlyphCount = std::size(kGlyphs);
 
-const std::uint8_t (&GlyphOf(char c))[kRows] {
+const std::uint8_t (&GlyphOf(char c))[kGlyphRows] {
     const auto place = static_cast<std::size_t>(static_cast<unsigned char>(c)) - ' ';
     return kGlyphs[place < kGlyphCount ? place : '?' - ' '];
 }
@@ -119,9 +119,10 @@ const std::uint8_t (&GlyphOf(char c))[kRows] {
 void Write(const std::string &text, int x, int y, const Colour &colour, Picture *picture) {
     for (const char c : text) {
         const auto &glyph = GlyphOf(c);
-        for (int row = 0; row < kRows; ++row) {
-            for (int column = 0; column < kColumns; ++column) {
-                if ((glyph[row] >> (kColumns - 1 - column) & 1) != 0) picture->Blend(x + column, y + row, colour, 1);
+        for (int row = 0; row < kGlyphRows; ++row) {
+            for (int column = 0; column < kGlyphColumns; ++column) {
+                if ((glyph[row] >> (kGlyphColumns - 1 - column) & 1) != 0)
+                    picture->Blend(x + column, y + row, colour, 1);
             }
         }
         x += kLetterWidth;

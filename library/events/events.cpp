@@ -1,0 +1,43 @@
+#include "library/events/events.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+#include "host/value/text.h"
+#include "library/parameters/lookup.h"
+
+namespace tremolux {
+
+EventFile EventFileOf(const std::filesystem::path &file) {
+    const std::string extension = Folded(host::PathText(file.extension()));
+    if (extension == ".csv") return EventFile::kTable;
+    if (extension == ".txt") return EventFile::kLines;
+    if (extension == ".mid" || extension == ".midi") return EventFile::kMidi;
+    if (extension == ".edl") return EventFile::kEdits;
+    if (extension == ".wav") return EventFile::kWave;
+    return EventFile::kOther;
+}
+
+std::vector<EventFrame> FramesOf(const EventList &list, const CameraMove &move, std::size_t *outside) {
+    std::map<std::int64_t, double> frames;
+    *outside = 0;
+    const auto first = static_cast<double>(std::max<std::int64_t>(move.first_frame, 0)),
+               last = static_cast<double>(move.LastFrame());
+    for (const Event &event : list.events) {
+        const double frame = list.in_frames ? std::round(event.time)
+                                            : static_cast<double>(move.first_frame) +
+                                                  std::round(event.time * move.rate.PerSecond());
+        if (!(frame >= first && frame <= last)) {
+            ++*outside;
+            continue;
+        }
+        double &strength = frames[static_cast<std::int64_t>(frame)];
+        strength = std::max(strength, event.strength);
+    }
+    std::vector<EventFrame> found;
+    for (const auto &[frame, strength] : frames) found.push_back({frame, strength});
+    return found;
+}
+
+}  // namespace tremolux
