@@ -31,7 +31,7 @@ int RunProgram(const std::vector<std::string> &arguments) {
     AddInspectCommand(program, &action);
     AddImportCommand(program, &action);
     AddPreviewCommand(program, &action);
-    AddReportCommand(program, &action);
+    AddReportCommand(program, arguments, &action);
     AddBatchCommand(program, arguments, &action);
     AddTraceCommand(program, &action);
     AddPanelCommand(program, &action);

@@ -29,7 +29,9 @@ ReportContents Swaying(double degrees) {
     contents.picture_width = 1920;
     contents.added = MeasureAddedMotion(contents.motion.input, contents.motion.output, 1920);
     contents.settings = {{"Shake <Speed>", "120 %", "100 %"}};
-    contents.plots = contents.spectra = "<svg/>";
+    contents.plots = {"<svg/>", "<svg class=\"dark\"/>"};
+    contents.spectra = {"<svg/>", "<svg class=\"dark\"/>"};
+    contents.made_by = "Made by: tremolux report \"c\" <now>";
     contents.film = "film";
     return contents;
 }
@@ -42,6 +44,7 @@ TEST(ReportPage, TellsTheFiguresOfAKnownSway) {
     // 0.5 degrees peak are 0.354 RMS.
     EXPECT_NE(page.find("<tr><th>heading, deg</th><td>0.354</td><td>0.5</td>"), std::string::npos);
     EXPECT_NE(page.find("<th>Shake &lt;Speed&gt;</th><td>120 %</td><td>100 %</td>"), std::string::npos);
+    EXPECT_NE(page.find("Made by: tremolux report &quot;c&quot; &lt;now&gt;"), std::string::npos);
     EXPECT_NE(page.find("<h1>a &lt;b&gt; &amp; &quot;c&quot;.csv</h1>"), std::string::npos);
 }
 

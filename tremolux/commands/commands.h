@@ -15,7 +15,8 @@ void AddConvertCommand(Command program, Action *action);
 void AddInspectCommand(Command program, Action *action);
 void AddImportCommand(Command program, Action *action);
 void AddPreviewCommand(Command program, Action *action);
-void AddReportCommand(Command program, Action *action);
+// Names the command line, whose arguments these are, in the report.
+void AddReportCommand(Command program, const std::vector<std::string> &arguments, Action *action);
 // Starts the program again, with the arguments and more.
 void AddBatchCommand(Command program, const std::vector<std::string> &arguments, Action *action);
 void AddTraceCommand(Command program, Action *action);

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "generated/module_ids.h"
+#include "generated/module_version.h"
 #include "library/failure.h"
 #include "library/formats/source_text.h"
 #include "library/frame_rates/keep_hz.h"
@@ -119,6 +120,10 @@ PlayedMotion Playback::Record() {
     motion.output.samples = loop_ ? Looped(motion.input, played, *loop_) : std::move(played);
     if (!direction_.IsNone()) motion.output = Directed(motion.input, motion.output, direction_.Options(move_));
     return motion;
+}
+
+std::string TitleOf(const Playback &playback) {
+    return CaptionOf(playback) + ", " + FrameRateWords(playback.Rate()) + ", TremoluxCam " + TREMOLUX_VERSION_TEXT;
 }
 
 std::string CaptionOf(const Playback &playback) {

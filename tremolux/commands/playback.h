@@ -68,7 +68,9 @@ class Playback {
     std::unique_ptr<Stage> stage_;  // after the host: it must go first
 };
 
-// What was played, in ASCII: "shot.csv, Nervous, seed 12", for pictures.
+// What was played: "shot.csv, Nervous, seed 12", for pictures.
 std::string CaptionOf(const Playback &playback);
+// The same with rate and version, for drawings.
+std::string TitleOf(const Playback &playback);
 
 }  // namespace tremolux

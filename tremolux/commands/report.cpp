@@ -1,3 +1,4 @@
+#include "generated/module_version.h"
 #include "host/value/descid.h"
 #include "host/value/text.h"
 #include "library/failure.h"
@@ -18,6 +19,7 @@ namespace {
 struct ReportOptions {
     MoveOptions move;
     std::string output;
+    std::string command_line;
 };
 
 // Against the defaults that the parameters declare; where one declares none, against a new tag.
@@ -57,8 +59,12 @@ void Report(const ReportOptions &options) {
     contents.picture_width = playback.Formats().width;
     contents.settings = Differences(&playback.GetStage().CameraTag());
     contents.added = MeasureAddedMotion(contents.motion.input, contents.motion.output, contents.picture_width);
-    contents.plots = DrawMotion(contents.motion, PlotFormat::kSvg);
-    contents.spectra = DrawSpectrum(contents.motion, contents.added, PlotFormat::kSvg);
+    for (const bool dark : {false, true}) {
+        const PlotLook look{PlotFormat::kSvg, TitleOf(playback), dark, playback.Jolts().curve};
+        (dark ? contents.plots.dark : contents.plots.light) = DrawMotion(contents.motion, look);
+        (dark ? contents.spectra.dark : contents.spectra.light) = DrawSpectrum(contents.motion, contents.added, look);
+    }
+    contents.made_by = "Made by: " + options.command_line + " (TremoluxCam " + TREMOLUX_VERSION_TEXT + ")";
     Progress progress(static_cast<std::int64_t>(contents.motion.output.samples.size()), options.move.quiet);
     contents.film =
         MakeFilm(contents.motion, FilmFormat::kMp4,
@@ -70,10 +76,28 @@ void Report(const ReportOptions &options) {
     files.Write({ReportPage(contents)});
 }
 
+// As a shell takes it.
+std::string CommandLineOf(const std::vector<std::string> &arguments) {
+    std::string line = "tremolux";
+    for (const std::string &argument : arguments) {
+        const bool is_plain = !argument.empty() && argument.find_first_of(" \t\"'$&|;<>()*?!`\\") == std::string::npos;
+        line += " ";
+        if (is_plain) {
+            line += argument;
+            continue;
+        }
+        line += "'";
+        for (const char c : argument) line += c == '\'' ? "'\\''" : std::string(1, c);
+        line += "'";
+    }
+    return line;
+}
+
 }  // namespace
 
-void AddReportCommand(Command program, Action *action) {
+void AddReportCommand(Command program, const std::vector<std::string> &arguments, Action *action) {
     const auto options = std::make_shared<ReportOptions>();
+    options->command_line = CommandLineOf(arguments);
     Command command = program.Subcommand(
         "report", "Writes one page about a shaken move: figures, plots, a preview, and a warning of slow sway");
     AddMoveOptions(command, &options->move);

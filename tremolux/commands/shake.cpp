@@ -91,10 +91,10 @@ PlayedMotion ShakeOnce(const ShakeOptions &options) {
                             ? AddedText(Path(file), motion.input, motion.output, options.on, playback.Formats())
                             : TextForFile(Path(file), motion.output, playback.Formats()));
     if (!options.plot.empty()) {
-        const PlotFormat format = PlotFormatOf(Path(options.plot));
-        texts.push_back(DrawMotion(motion, format));
+        const PlotLook look{PlotFormatOf(Path(options.plot)), TitleOf(playback), false, playback.Jolts().curve};
+        texts.push_back(DrawMotion(motion, look));
         texts.push_back(
-            DrawSpectrum(motion, MeasureAddedMotion(motion.input, motion.output, playback.Formats().width), format));
+            DrawSpectrum(motion, MeasureAddedMotion(motion.input, motion.output, playback.Formats().width), look));
     }
     if (!options.scene.empty()) playback.GetStage().KeyWholeMove();
     if (!options.scene.empty()) SaveScene(playback.GetStage().Scene(), Path(options.scene));

@@ -17,22 +17,28 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kWidth = 1200, kHeight = 1100;  // of a sheet in pixels
-constexpr std::size_t kMostPoints = 20000;    // of a curve; a longer move is drawn with frames left out
+constexpr int kWidth = 1200, kHeight = 1500, kSpectrumHeight = 1100, kHeardHeight = 150;  // of a sheet in pixels
+constexpr std::size_t kMostPoints = 20000;  // of a curve; a longer move is drawn with frames left out
 
+struct PlotTheme {
+    const char *ground, *ink, *grid, *input, *shaken, *blue, *green;
+};
 // Colours that people tell apart whatever their eyes (Okabe and Ito), and dashes and widths besides.
-constexpr const char *kPlotStyle = R"(
-set encoding utf8
-set grid linecolor "#dddddd"
-set border 3 linecolor "#666666"
-set tics nomirror
-set style line 1 linecolor "#8c9196" linewidth 3.5
-set style line 2 linecolor "#d55e00" linewidth 1.4
-set style line 3 linecolor "#0072b2" linewidth 1.2 dashtype (4,4)
-set style line 4 linecolor "#0072b2" linewidth 1.8 dashtype 1 pointtype 5 pointsize 0.6
-set style line 5 linecolor "#d55e00" linewidth 1.8 dashtype (8,4) pointtype 7 pointsize 0.6
-set style line 6 linecolor "#009e73" linewidth 1.8 dashtype (2,3) pointtype 9 pointsize 0.7
-)";
+constexpr PlotTheme kLight = {"#ffffff", "#333333", "#dddddd", "#8c9196", "#d55e00", "#0072b2", "#009e73"};
+constexpr PlotTheme kDark = {"#16191d", "#d5d9de", "#343a41", "#7f868d", "#ff8a3d", "#56b4e9", "#2fc79a"};
+
+std::string PlotStyle(const PlotTheme &theme) {
+    const auto colour = [](const char *name) { return " linecolor \"" + std::string(name) + "\""; };
+    const std::string ink = " textcolor \"" + std::string(theme.ink) + "\"";
+    return "set encoding utf8\nset grid" + colour(theme.grid) + "\nset border 3" + colour(theme.ink) +
+           "\nset tics nomirror" + ink + "\nset xlabel" + ink + "\nset ylabel" + ink + "\nset x2label" + ink +
+           "\nset key" + ink + "\nset style line 1" + colour(theme.input) + " linewidth 3.5\nset style line 2" +
+           colour(theme.shaken) + " linewidth 1.4\nset style line 3" + colour(theme.blue) +
+           " linewidth 1.2 dashtype (4,4)\nset style line 4" + colour(theme.blue) +
+           " linewidth 1.8 dashtype 1 pointtype 5 pointsize 0.6\nset style line 5" + colour(theme.shaken) +
+           " linewidth 1.8 dashtype (8,4) pointtype 7 pointsize 0.6\nset style line 6" + colour(theme.green) +
+           " linewidth 1.8 dashtype (2,3) pointtype 9 pointsize 0.7\n";
+}
 
 struct Panel {
     const char *title;
@@ -49,10 +55,22 @@ constexpr Panel kPanels[] = {{"x, cm", [](const CameraSample &s) { return s.posi
                              {"focal length, mm", [](const CameraSample &s) { return s.focal_length; }},
                              {"focus distance, cm", [](const CameraSample &s) { return s.focus_distance; }}};
 
-std::string Head(PlotFormat format) {
-    const std::string size = std::to_string(kWidth) + "," + std::to_string(kHeight);
-    const std::string terminal = format == PlotFormat::kSvg ? "svg dynamic" : "pngcairo";
-    return "set terminal " + terminal + " background \"#ffffff\" size " + size + " font \"sans,13\"\n" + kPlotStyle;
+const PlotTheme &ThemeOf(const PlotLook &look) { return look.dark ? kDark : kLight; }
+
+// Gnuplot's own quotes, in which nothing but a quote means something.
+std::string PlotText(const std::string &text) {
+    std::string quoted = "'";
+    for (const char c : text) quoted += c == '\'' ? "''" : std::string(1, c == '\n' || c == '\r' ? ' ' : c);
+    return quoted + "'";
+}
+
+std::string Head(const PlotLook &look, int height) {
+    const std::string size = std::to_string(kWidth) + "," + std::to_string(height);
+    const std::string terminal = look.format == PlotFormat::kSvg ? "svg dynamic" : "pngcairo";
+    return "set terminal " + terminal + " noenhanced background \"" + ThemeOf(look).ground + "\" size " + size +
+           " font \"sans,13\"\n" + PlotStyle(ThemeOf(look)) + "set label 9 " + PlotText(look.title) +
+           " at screen 0.015, screen " + FormatNumber(1 - 20.0 / height) + " textcolor \"" + ThemeOf(look).ink +
+           "\" font \"sans,15\"\n";
 }
 
 std::string Draw(const std::string &script) {
@@ -91,6 +109,11 @@ std::string JoltMarks(const PlayedMotion &motion) {
 }
 
 // A range that is not empty, even for a value that never changes.
+std::string RangeOf(double low, double high) {
+    const double margin = std::max(0.06 * (high - low), 1e-3 * std::max(1.0, std::max(std::abs(low), std::abs(high))));
+    return "set yrange [" + FormatNumber(low - margin) + ":" + FormatNumber(high + margin) + "]\n";
+}
+
 std::string VerticalRange(const PlayedMotion &motion, const Panel &panel) {
     double low = panel.value(motion.output.samples.front()), high = low;
     for (const CameraMove *move : {&motion.input, &motion.output}) {
@@ -99,8 +122,20 @@ std::string VerticalRange(const PlayedMotion &motion, const Panel &panel) {
             high = std::max(high, panel.value(sample));
         }
     }
-    const double margin = std::max(0.06 * (high - low), 1e-3 * std::max(1.0, std::max(std::abs(low), std::abs(high))));
-    return "set yrange [" + FormatNumber(low - margin) + ":" + FormatNumber(high + margin) + "]\n";
+    return RangeOf(low, high);
+}
+
+std::string AddedRange(const PlayedMotion &motion, const Panel &panel) {
+    double low = 0, high = 0;
+    for (std::size_t i = 0; i < motion.output.samples.size(); ++i) {
+        const double added = panel.value(motion.output.samples[i]) - panel.value(motion.input.samples[i]);
+        low = std::min(low, added);
+        high = std::max(high, added);
+    }
+    // A small panel has room for three numbers.
+    const double most = std::max({-low, high, 1e-3}), digit = std::pow(10, std::floor(std::log10(most)));
+    const std::string tic = FormatNumber(std::floor(most / digit) * digit);
+    return RangeOf(low, high) + "set ytics (-" + tic + ", 0, " + tic + ")\n";
 }
 
 std::string Seconds(const CameraMove &move, std::int64_t frame) {
@@ -167,27 +202,58 @@ std::string Margins(double left, double right, double bottom, double top) {
            "\nset bmargin at screen " + FormatNumber(bottom) + "\nset tmargin at screen " + FormatNumber(top) + "\n";
 }
 
-// As many pixels a centimetre along as up: a map.
-std::string MapRanges(const PlayedMotion &motion) {
-    constexpr double kPixelsAlong = 0.88 * kWidth, kPixelsUp = 0.375 * kHeight, kMargin = 1.1, kLeast = 1;
-    const host::Vector start = motion.output.samples.front().position;
-    double left = start.x, right = start.x, near = start.z, far = start.z;
-    for (const CameraMove *move : {&motion.input, &motion.output}) {
-        for (const CameraSample &sample : move->samples) {
-            left = std::min(left, sample.position.x);
-            right = std::max(right, sample.position.x);
-            near = std::min(near, sample.position.z);
-            far = std::max(far, sample.position.z);
-        }
+// What a map shows: the least and the greatest of both axes.
+struct Extent {
+    double left, right, near, far;
+    void Add(double x, double z) {
+        left = std::min(left, x);
+        right = std::max(right, x);
+        near = std::min(near, z);
+        far = std::max(far, z);
     }
-    const double pixel =
-        kMargin * std::max({(right - left) / kPixelsAlong, (far - near) / kPixelsUp, kLeast / kPixelsAlong});
+};
+
+// As many pixels a centimetre along as up.
+std::string MapRanges(const Extent &extent, double pixels_along, double pixels_up) {
+    constexpr double kMargin = 1.1, kLeast = 1e-3;
+    const double pixel = kMargin * std::max({(extent.right - extent.left) / pixels_along,
+                                             (extent.far - extent.near) / pixels_up, kLeast / pixels_along});
     const auto range = [pixel](const char *axis, double low, double high, double pixels) {
         const double middle = (low + high) / 2, half = pixel * pixels / 2;
         return std::string("set ") + axis + "range [" + FormatNumber(middle - half) + ":" +
                FormatNumber(middle + half) + "]\n";
     };
-    return range("x", left, right, kPixelsAlong) + range("y", near, far, kPixelsUp);
+    return range("x", extent.left, extent.right, pixels_along) + range("y", extent.near, extent.far, pixels_up);
+}
+
+Extent PathExtent(const PlayedMotion &motion) {
+    const host::Vector start = motion.output.samples.front().position;
+    Extent extent{start.x, start.x, start.z, start.z};
+    for (const CameraMove *move : {&motion.input, &motion.output})
+        for (const CameraSample &sample : move->samples) extent.Add(sample.position.x, sample.position.z);
+    return extent;
+}
+
+Extent AddedExtent(const PlayedMotion &motion) {
+    Extent extent{0, 0, 0, 0};
+    for (std::size_t i = 0; i < motion.output.samples.size(); ++i) {
+        const host::Vector added = motion.output.samples[i].position - motion.input.samples[i].position;
+        extent.Add(added.x, added.z);
+    }
+    return extent;
+}
+
+// Columns: seconds, and how much of new there was in the sound; the greatest of several where there are many.
+std::string HeardTable(const OnsetCurve &heard, double start) {
+    std::string text = "$heard << EOD\n";
+    const std::size_t stride = heard.novelty.size() / kMostPoints + 1;
+    for (std::size_t i = 0; i < heard.novelty.size(); i += stride) {
+        const auto begin = heard.novelty.begin() + static_cast<std::ptrdiff_t>(i);
+        const auto end = begin + static_cast<std::ptrdiff_t>(std::min(stride, heard.novelty.size() - i));
+        text += FormatNumber(start + static_cast<double>(i) * heard.step) + " " +
+                FormatNumber(static_cast<double>(*std::max_element(begin, end))) + "\n";
+    }
+    return text + "EOD\n";
 }
 
 }  // namespace
@@ -207,43 +273,82 @@ fs::path SecondSheet(const fs::path &file) {
     return file.parent_path() / name;
 }
 
-std::string DrawMotion(const PlayedMotion &motion, PlotFormat format) {
-    std::string script = Head(format) + Table(motion) + JoltMarks(motion);
-    script += "set multiplot layout 4,2 rowsfirst margins 0.11,0.985,0.05,0.945 spacing 0.12,0.05\n";
-    script += "set xrange [" + Seconds(motion.output, motion.output.first_frame) + ":" +
+std::string DrawMotion(const PlayedMotion &motion, const PlotLook &look) {
+    const double rate = motion.output.rate.PerSecond();
+    const int height = kHeight + (look.heard ? kHeardHeight : 0);
+    const double first = static_cast<double>(motion.output.first_frame),
+                 foot = look.heard ? 1.0 * kHeardHeight / height : 0;
+    std::string script = Head(look, height) + Table(motion) + JoltMarks(motion);
+    if (look.heard) script += HeardTable(*look.heard, first / rate);
+    script += "set multiplot\nset xrange [" + Seconds(motion.output, motion.output.first_frame) + ":" +
               Seconds(motion.output, std::max(motion.output.LastFrame(), motion.output.first_frame + 1)) + "]\n";
+    constexpr std::size_t kRows = std::size(kPanels) / 2;
+    constexpr double kTop = 0.925, kBottom = 0.045, kAddedShare = 0.3, kBetween = 0.25;  // of a row
+    const double row_height = (kTop - kBottom - foot) / kRows;
     for (std::size_t i = 0; i < std::size(kPanels); ++i) {
         const std::string columns = std::to_string(2 * i + 2), shaken = std::to_string(2 * i + 3);
-        if (i == 0) script += "set key at screen 0.985, screen 0.985 right top horizontal samplen 3\n";
+        const double left = i % 2 == 0 ? 0.085 : 0.585, right = left + 0.4;
+        const double top = kTop - static_cast<double>(i / 2) * row_height,
+                     middle = top - row_height * (1 - kBetween) * (1 - kAddedShare);
+        script += Margins(left, right, middle, top) + "unset xlabel\nset format x \"\"\n";
+        if (i == 0)
+            script += "set key at screen 0.985, screen " + FormatNumber(1 - 20.0 / height) +
+                      " right center horizontal maxrows 1 samplen 3\n";
         if (i == 1) script += "unset key\n";
-        if (i + 2 >= std::size(kPanels)) script += "set xlabel \"time, seconds\" offset 0,0.5\n";
-        script.append(VerticalRange(motion, kPanels[i])).append("set ylabel \"").append(kPanels[i].title);
+        if (i < 2) {
+            script += "set link x2 via x*" + FormatNumber(rate) + " inverse x/" + FormatNumber(rate) +
+                      "\nset x2tics nomirror\nset x2label \"frames\" offset 0,-0.5\n";
+        }
+        script.append("set ytics autofreq\n")
+            .append(VerticalRange(motion, kPanels[i]))
+            .append("set ylabel \"")
+            .append(kPanels[i].title);
         script.append("\"\nplot $move using 1:").append(columns);
         script.append(" with lines linestyle 1 title \"input camera\", $move using 1:").append(shaken);
         script += " with lines linestyle 2 title \"shaken camera\"";
         if (i == 0 && !motion.jolts.empty()) script += ", NaN with lines linestyle 3 title \"jolt\"";
         script += "\n";
+        if (i < 2) script += "unset x2tics\nunset x2label\nunset link x2\n";
+        script += "unset label 9\nset format x\n" +
+                  Margins(left, right, top - row_height * (1 - kBetween), middle - 0.006) +
+                  AddedRange(motion, kPanels[i]) + "set ylabel \"added\"\n";
+        if (i + 2 >= std::size(kPanels) && !look.heard) script += "set xlabel \"time, seconds\" offset 0,0.5\n";
+        script += "plot $move using 1:($" + shaken + "-$" + columns + ") with lines linestyle 2 notitle\n";
+    }
+    if (look.heard) {
+        script +=
+            Margins(0.085, 0.985, 0.045, foot + 0.005) +
+            "set xlabel \"time, seconds\" offset 0,0.5\nset ylabel \"heard\"\nset yrange [0:*]\nset ytics (0, 1)\n"
+            "plot $heard using 1:2 with lines linestyle 4 notitle, 1 with lines linestyle 3 notitle\n";
     }
     return Draw(script + "unset multiplot\n");
 }
 
-std::string DrawSpectrum(const PlayedMotion &motion, const AddedMotion &added, PlotFormat format) {
+std::string DrawSpectrum(const PlayedMotion &motion, const AddedMotion &added, const PlotLook &look) {
     const double rate = motion.output.rate.PerSecond();
     const std::vector<SpectrumRow> rows =
         SpectrumRows(added, rate, static_cast<double>(motion.output.samples.size()) / rate);
-    std::string script = Head(format) + Table(motion) + SpectrumTable(rows);
-    script += "set multiplot\nset key at screen 0.98, screen 0.99 right top horizontal samplen 3\n" +
-              Margins(0.1, 0.98, 0.57, 0.945) +
-              "set label 1 \"the path seen from above\" at screen 0.1, screen 0.975\n" + MapRanges(motion) +
+    const std::string ink = std::string(" textcolor \"") + ThemeOf(look).ink + "\"\n";
+    std::string script = Head(look, kSpectrumHeight) + Table(motion) + SpectrumTable(rows);
+    script += "set multiplot\nset key at screen 0.98, screen 0.98 right center horizontal samplen 3\n" +
+              Margins(0.085, 0.585, 0.57, 0.925) +
+              "set label 1 \"the path seen from above\" at screen 0.085, screen 0.945" + ink +
+              MapRanges(PathExtent(motion), 0.5 * kWidth, 0.355 * kSpectrumHeight) +
               "set xlabel \"x, cm\" offset 0,0.5\nset ylabel \"z, cm\"\n"
               "plot $move using 2:10 with lines linestyle 1 title \"input camera\", "
-              "$move using 3:11 with lines linestyle 2 title \"shaken camera\"\n"
+              "$move using 3:11 with lines linestyle 2 title \"shaken camera\"\nunset key\nunset label 9\n" +
+              Margins(0.68, 0.98, 0.57, 0.925) + "set label 1 \"what was added to it\" at screen 0.68, screen 0.945" +
+              ink + MapRanges(AddedExtent(motion), 0.3 * kWidth, 0.355 * kSpectrumHeight) +
+              "plot $move using ($3-$2):($11-$10) with lines linestyle 2 notitle\n"
               "set autoscale\nset logscale xy\nset format y \"%g\"\nset xlabel \"frequency, Hz\" offset 0,0.5\n" +
-              Margins(0.1, 0.49, 0.06, 0.475) +
+              Margins(0.085, 0.49, 0.06, 0.475) +
               "set key at graph 1, graph 1 right top vertical\n"
-              "set label 1 \"added to the position\" at screen 0.1, screen 0.49\n";
+              "set label 1 \"added to the position\" at screen 0.085, screen 0.49" +
+              ink;
+    if (rows.size() > 1)
+        script += "set xrange [" + FormatNumber(rows.front().hertz) + ":" + FormatNumber(rows.back().hertz) + "]\n";
     script += SpectrumPanel("RMS in a third of an octave, cm", added, rows, 0);
-    script += Margins(0.6, 0.98, 0.06, 0.475) + "set label 1 \"added to the angles\" at screen 0.6, screen 0.49\n";
+    script += Margins(0.6, 0.98, 0.06, 0.475) + "set label 1 \"added to the angles\" at screen 0.6, screen 0.49" + ink;
     script += SpectrumPanel("RMS in a third of an octave, degrees", added, rows, 3);
     return Draw(script + "unset multiplot\n");
 }

@@ -29,7 +29,10 @@ tbody tr:last-child > * { border-bottom: 0; }
 .words th { text-align: left; }
 video, img { display: block; width: 100%; height: auto; border-radius: 4px; }
 figure { margin: 0; }
-figcaption { color: var(--soft); padding-top: 6px; }
+/* Letters stay as large as they can be read; what does not fit is scrolled to. */
+figure img { min-width: 900px; }
+figcaption { color: var(--soft); padding-top: 6px; position: sticky; left: 0; }
+.made { font-size: 13px; margin-top: 28px; overflow-wrap: anywhere; }
 )";
 
 // Three significant digits, as much as a reader wants; what is less than a thousandth is nothing.
@@ -85,8 +88,10 @@ std::string Figure(const std::string &content, const char *caption) {
     return "<figure class=\"card\">" + content + "<figcaption>" + caption + "</figcaption></figure>\n";
 }
 
-std::string Drawing(const std::string &svg, const char *words) {
-    return "<img alt=\"" + std::string(words) + "\" src=\"data:image/svg+xml;base64," + Base64(svg) + "\">";
+std::string Drawing(const ReportContents::Drawing &drawing, const char *words) {
+    const std::string kind = "data:image/svg+xml;base64,";
+    return "<picture><source media=\"(prefers-color-scheme: dark)\" srcset=\"" + kind + Base64(drawing.dark) +
+           "\"><img alt=\"" + words + "\" src=\"" + kind + Base64(drawing.light) + "\"></picture>";
 }
 
 std::string SettingsTable(const ReportContents &contents) {
@@ -122,13 +127,15 @@ std::string ReportPage(const ReportContents &contents) {
     text += "<h2>What that does to the picture</h2>\n<div class=\"card\">" + ChannelTable(contents.added.picture) +
             "</div>\n<p>How far the point in focus leaves the middle of a picture " +
             std::to_string(contents.picture_width) + " pixels wide.</p>\n";
-    text += "<h2>Both cameras over time</h2>\n" +
-            Figure(Drawing(contents.plots, "Position, angles, focal length and focus distance over time"),
-                   "Grey: the input camera. Orange: the shaken camera. Dashed blue: jolts.");
+    text +=
+        "<h2>Both cameras over time</h2>\n" +
+        Figure(Drawing(contents.plots, "Position, angles, focal length and focus distance over time"),
+               "Grey: the input camera. Orange: the shaken camera, and below it what was added. Dashed blue: jolts.");
     text += "<h2>From above, and by frequency</h2>\n" +
             Figure(Drawing(contents.spectra, "The path from above, and what was added by frequency"),
                    "Below: the RMS of what was added, in thirds of octaves.");
     text += "<h2>Settings that differ from their defaults</h2>\n" + SettingsTable(contents);
+    text += "<p class=\"made\">" + EscapedHtml(contents.made_by) + "</p>\n";
     return text + "</main>\n</html>\n";
 }
 

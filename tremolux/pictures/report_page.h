@@ -19,9 +19,12 @@ struct ReportContents {
     std::vector<Setting> settings;  // that differ from their defaults
     PlayedMotion motion;
     AddedMotion added;
-    int picture_width;           // pixels
-    std::string plots, spectra;  // drawings (.svg)
-    std::string film;            // .mp4
+    int picture_width;  // pixels
+    struct Drawing {
+        std::string light, dark;  // .svg
+    } plots, spectra;
+    std::string made_by;  // the command line and the version
+    std::string film;     // .mp4
 };
 
 // HTML.
