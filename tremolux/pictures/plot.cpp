@@ -68,9 +68,9 @@ std::string Head(const PlotLook &look, int height) {
     const std::string size = std::to_string(kWidth) + "," + std::to_string(height);
     const std::string terminal = look.format == PlotFormat::kSvg ? "svg dynamic" : "pngcairo";
     return "set terminal " + terminal + " noenhanced background \"" + ThemeOf(look).ground + "\" size " + size +
-           " font \"sans,13\"\n" + PlotStyle(ThemeOf(look)) + "set label 9 " + PlotText(look.title) +
-           " at screen 0.015, screen " + FormatNumber(1 - 20.0 / height) + " textcolor \"" + ThemeOf(look).ink +
-           "\" font \"sans,15\"\n";
+           " font \"sans,13\"\n" + "INK = \"rgb '" + ThemeOf(look).ink + "'\"\n" + PlotStyle(ThemeOf(look)) +
+           "set label 9 " + PlotText(look.title) + " at screen 0.015, screen " + FormatNumber(1 - 20.0 / height) +
+           " textcolor \"" + ThemeOf(look).ink + "\" font \"sans,15\"\n";
 }
 
 std::string Draw(const std::string &script) {
@@ -297,7 +297,7 @@ std::string DrawMotion(const PlayedMotion &motion, const PlotLook &look) {
         if (i == 1) script += "unset key\n";
         if (i < 2) {
             script += "set link x2 via x*" + FormatNumber(rate) + " inverse x/" + FormatNumber(rate) +
-                      "\nset x2tics nomirror\nset x2label \"frames\" offset 0,-0.5\n";
+                      "\nset x2tics nomirror\nset x2label \"frames\" offset 0,-0.5 textcolor @INK\n";
         }
         script.append("set ytics autofreq\n")
             .append(VerticalRange(motion, kPanels[i]))
@@ -311,15 +311,16 @@ std::string DrawMotion(const PlayedMotion &motion, const PlotLook &look) {
         if (i < 2) script += "unset x2tics\nunset x2label\nunset link x2\n";
         script += "unset label 9\nset format x\n" +
                   Margins(left, right, top - row_height * (1 - kBetween), middle - 0.006) +
-                  AddedRange(motion, kPanels[i]) + "set ylabel \"added\"\n";
-        if (i + 2 >= std::size(kPanels) && !look.heard) script += "set xlabel \"time, seconds\" offset 0,0.5\n";
+                  AddedRange(motion, kPanels[i]) + "set ylabel \"added\" textcolor @INK\n";
+        if (i + 2 >= std::size(kPanels) && !look.heard)
+            script += "set xlabel \"time, seconds\" offset 0,0.5 textcolor @INK\n";
         script += "plot $move using 1:($" + shaken + "-$" + columns + ") with lines linestyle 2 notitle\n";
     }
     if (look.heard) {
-        script +=
-            Margins(0.085, 0.985, 0.045, foot + 0.005) +
-            "set xlabel \"time, seconds\" offset 0,0.5\nset ylabel \"heard\"\nset yrange [0:*]\nset ytics (0, 1)\n"
-            "plot $heard using 1:2 with lines linestyle 4 notitle, 1 with lines linestyle 3 notitle\n";
+        script += Margins(0.085, 0.985, 0.045, foot + 0.005) +
+                  "set xlabel \"time, seconds\" offset 0,0.5 textcolor @INK\nset ylabel \"heard\"\nset yrange "
+                  "[0:*]\nset ytics (0, 1)\n"
+                  "plot $heard using 1:2 with lines linestyle 4 notitle, 1 with lines linestyle 3 notitle\n";
     }
     return Draw(script + "unset multiplot\n");
 }
@@ -334,13 +335,14 @@ std::string DrawSpectrum(const PlayedMotion &motion, const AddedMotion &added, c
               Margins(0.085, 0.585, 0.57, 0.925) +
               "set label 1 \"the path seen from above\" at screen 0.085, screen 0.945" + ink +
               MapRanges(PathExtent(motion), 0.5 * kWidth, 0.355 * kSpectrumHeight) +
-              "set xlabel \"x, cm\" offset 0,0.5\nset ylabel \"z, cm\"\n"
+              "set xlabel \"x, cm\" offset 0,0.5 textcolor @INK\nset ylabel \"z, cm\"\n"
               "plot $move using 2:10 with lines linestyle 1 title \"input camera\", "
               "$move using 3:11 with lines linestyle 2 title \"shaken camera\"\nunset key\nunset label 9\n" +
               Margins(0.68, 0.98, 0.57, 0.925) + "set label 1 \"what was added to it\" at screen 0.68, screen 0.945" +
               ink + MapRanges(AddedExtent(motion), 0.3 * kWidth, 0.355 * kSpectrumHeight) +
               "plot $move using ($3-$2):($11-$10) with lines linestyle 2 notitle\n"
-              "set autoscale\nset logscale xy\nset format y \"%g\"\nset xlabel \"frequency, Hz\" offset 0,0.5\n" +
+              "set autoscale\nset logscale xy\nset format y \"%g\"\nset xlabel \"frequency, Hz\" offset 0,0.5 "
+              "textcolor @INK\n" +
               Margins(0.085, 0.49, 0.06, 0.475) +
               "set key at graph 1, graph 1 right top vertical\n"
               "set label 1 \"added to the position\" at screen 0.085, screen 0.49" +
