@@ -7,6 +7,11 @@
 #include "library/failure.h"
 
 namespace tremolux {
+namespace {
+
+constexpr const char *kHelpCommand = "help";
+
+}  // namespace
 
 Option &Option::Required(bool required) {
     option_->required(required);
@@ -90,12 +95,25 @@ void Command::OnCall(std::function<void()> call) const { app_->callback(std::mov
 CommandLine::CommandLine(const std::string &name, const std::string &help)
     : app_(std::make_unique<CLI::App>(help, name)) {
     app_->require_subcommand(1);
+    CLI::App *help_command = app_->add_subcommand(kHelpCommand, "Prints this, or what a command takes: help COMMAND");
+    help_command->allow_extras();
     app_->allow_windows_style_options(false);  // a path may begin with "/" there too
 }
 
 CommandLine::~CommandLine() = default;
 
+void CommandLine::OnVersion(std::function<std::string()> text) {
+    app_->set_version_flag("--version", std::move(text), "Prints the versions of the program and its module");
+}
+
+void CommandLine::Footer(const std::string &text) { app_->footer(text); }
+
 bool CommandLine::Parse(std::vector<std::string> arguments) {
+    // As if the command were asked itself: the same text.
+    if (!arguments.empty() && arguments.front() == kHelpCommand) {
+        arguments.erase(arguments.begin());
+        arguments.emplace_back("--help");
+    }
     try {
         std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
         app_->parse(arguments);

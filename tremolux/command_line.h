@@ -56,7 +56,9 @@ class CommandLine {
     CommandLine(const std::string &name, const std::string &help);
     ~CommandLine();
     Command Program() const { return Command(app_.get()); }
-    // false when help was asked for, and printed; throws a Failure for what it does not understand.
+    void OnVersion(std::function<std::string()> text);  // what --version prints
+    void Footer(const std::string &text);               // below the program's help
+    // false when help or the version was asked for, and printed; throws a Failure for what it does not understand.
     bool Parse(std::vector<std::string> arguments);
 
   private:

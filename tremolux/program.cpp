@@ -12,6 +12,8 @@
 namespace tremolux {
 namespace {
 
+constexpr std::size_t kExitCodeWidth = 6;
+
 int Complain(int status, std::string line) {
     for (char &c : line) {
         if (c == '\n' || c == '\r') c = ' ';
@@ -20,10 +22,22 @@ int Complain(int status, std::string line) {
     return status;
 }
 
+std::string ExitTable() {
+    std::string text = "Exit codes:";
+    for (const ExitMeaning &meaning : kExitMeanings) {
+        std::string code = std::to_string(meaning.status);
+        code.resize(kExitCodeWidth, ' ');
+        text += "\n  " + code + meaning.words;
+    }
+    return text;
+}
+
 }  // namespace
 
 int RunProgram(const std::vector<std::string> &arguments) {
     CommandLine line("tremolux", "Makes camera moves hand-held with the TremoluxCam module, in an embedded host.");
+    line.OnVersion(VersionText);
+    line.Footer(ExitTable());
     const Command program = line.Program();
     Action action;
     AddShakeCommand(program, &action);

@@ -1,3 +1,4 @@
+#include "generated/module_version.h"
 #include "host/value/text.h"
 #include "library/shots/embedded_host.h"
 #include "tremolux/commands/commands.h"
@@ -17,6 +18,13 @@ void Info(const HostOptions &options) {
 }
 
 }  // namespace
+
+std::string VersionText() {
+    const HostOptions options;
+    const EmbeddedHost host(options.ModuleFile(), options.Home());
+    const std::vector<std::string> &lines = host.Application().console.lines;
+    return "tremolux " TREMOLUX_VERSION_TEXT + (lines.empty() ? std::string() : "\n" + lines.front());
+}
 
 void AddInfoCommand(Command program, Action *action) {
     const auto options = std::make_shared<HostOptions>();
