@@ -5,11 +5,61 @@
 #include <utility>
 
 #include "library/failure.h"
+#include "library/formats/source_text.h"
+#include "library/parameters/nearest.h"
 
 namespace tremolux {
 namespace {
 
 constexpr const char *kHelpCommand = "help";
+
+std::vector<std::string> CommandNames(const CLI::App &app) {
+    std::vector<std::string> names;
+    for (const CLI::App *command : app.get_subcommands([](const CLI::App *) { return true; }))
+        names.push_back(command->get_name());
+    return names;
+}
+
+bool IsOption(const std::string &argument) { return argument.size() > 1 && argument.front() == '-'; }
+
+// Of the command and of those above it, where it takes theirs too.
+std::vector<std::string> OptionNames(const CLI::App *app) {
+    std::vector<std::string> names;
+    for (; app != nullptr; app = app->get_fallthrough() ? app->get_parent() : nullptr) {
+        for (const CLI::Option *option : app->get_options()) {
+            for (const std::string &name : option->get_lnames()) names.push_back("--" + name);
+            for (const std::string &name : option->get_snames()) names.push_back("-" + name);
+        }
+    }
+    return names;
+}
+
+// As the user called it: "tremolux presets show".
+std::string CalledName(const CLI::App *app) {
+    return app->get_parent() == nullptr ? app->get_name() : CalledName(app->get_parent()) + " " + app->get_name();
+}
+
+[[noreturn]] void RefuseCommand(const CLI::App &app, const std::string &found) {
+    throw Failure(kExitInput, CalledName(&app) + ": found the command " + Quoted(found) +
+                                  ", expected one of its commands" + DidYouMean(found, CommandNames(app)));
+}
+
+// What the parser could not place says more than what it missed for that.
+void RefuseUnknown(const CLI::App &program) {
+    const CLI::App *app = &program;
+    while (!app->get_subcommands().empty()) app = app->get_subcommands().back();
+    const std::vector<std::string> unknown = program.remaining(true);
+    for (const std::string &argument : unknown) {
+        if (!IsOption(argument)) continue;
+        const std::string name = argument.substr(0, argument.find('='));
+        throw Failure(kExitInput, CalledName(app) + ": found the option " + Quoted(name) +
+                                      ", expected one of its options" + DidYouMean(name, OptionNames(app)));
+    }
+    if (unknown.empty()) return;
+    if (!CommandNames(*app).empty()) RefuseCommand(*app, unknown.front());
+    throw Failure(kExitInput,
+                  CalledName(app) + ": found " + Quoted(unknown.front()) + ", expected no further argument");
+}
 
 }  // namespace
 
@@ -29,7 +79,14 @@ Option &Option::ShowDefault() {
 }
 
 Option &Option::OneOf(const std::vector<std::string> &values) {
-    option_->check(CLI::IsMember(values));
+    std::string list;
+    for (const std::string &value : values) list += (list.empty() ? "" : ",") + value;
+    const auto check = [values, list](const std::string &found) {
+        const bool is_one = std::find(values.begin(), values.end(), found) != values.end();
+        return is_one ? std::string()
+                      : "found " + Quoted(found) + ", expected one of " + list + DidYouMean(found, values);
+    };
+    option_->check(CLI::Validator(check, "{" + list + "}"));
     return *this;
 }
 
@@ -96,7 +153,7 @@ CommandLine::CommandLine(const std::string &name, const std::string &help)
     : app_(std::make_unique<CLI::App>(help, name)) {
     app_->require_subcommand(1);
     CLI::App *help_command = app_->add_subcommand(kHelpCommand, "Prints this, or what a command takes: help COMMAND");
-    help_command->allow_extras();
+    help_command->callback([] { throw CLI::CallForHelp(); });
     app_->allow_windows_style_options(false);  // a path may begin with "/" there too
 }
 
@@ -114,11 +171,16 @@ bool CommandLine::Parse(std::vector<std::string> arguments) {
         arguments.erase(arguments.begin());
         arguments.emplace_back("--help");
     }
+    const std::vector<std::string> commands = CommandNames(*app_);
+    if (!arguments.empty() && !IsOption(arguments.front()) &&
+        std::find(commands.begin(), commands.end(), arguments.front()) == commands.end())
+        RefuseCommand(*app_, arguments.front());
     try {
         std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
         app_->parse(arguments);
         return true;
     } catch (const CLI::ParseError &error) {
+        if (error.get_exit_code() != 0) RefuseUnknown(*app_);
         if (error.get_exit_code() != 0) throw Failure(kExitInput, app_->get_name() + ": " + error.what());
         app_->exit(error);  // prints the help
         return false;
