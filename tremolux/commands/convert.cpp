@@ -10,7 +10,7 @@ namespace {
 
 struct ConvertOptions {
     std::string input;
-    std::vector<std::string> outputs;
+    std::vector<std::string> outputs, more_outputs;  // by option, and as arguments
     FormatChoices formats;
     std::string frames;
     std::string to_unit, to_order, to_axes;  // empty: as they are read
@@ -35,7 +35,11 @@ void Convert(const ConvertOptions &options) {
     choices.table = {};
     choices.table.axes = options.to_axes.empty() ? options.formats.table.axes : options.to_axes;
     const FormatOptions to = choices.Options();
-    OutputFiles files(options.outputs, {options.input});
+    if (options.outputs.empty() && options.more_outputs.empty())
+        throw Failure(kExitInput, "convert: found no output, expected -o FILE");
+    std::vector<std::string> outputs = options.outputs;
+    outputs.insert(outputs.end(), options.more_outputs.begin(), options.more_outputs.end());
+    OutputFiles files(outputs, {options.input});
     for (const std::filesystem::path &file : files.Files()) FormatOf(file, FormatUse::kWrite);
     const CameraMove move = AskedFrames(ReadMoveFile(options.input, from), options.frames);
     std::vector<std::string> texts;
@@ -49,7 +53,11 @@ void AddConvertCommand(Command program, Action *action) {
     const auto options = std::make_shared<ConvertOptions>();
     Command command = program.Subcommand("convert", "Writes a camera file as files of other kinds");
     command.Add("INPUT", &options->input, "camera file to read, " + KnownExtensions(FormatUse::kRead)).Required();
-    command.Add("OUTPUT", &options->outputs, "camera file to write, " + KnownExtensions(FormatUse::kWrite)).Required();
+    command.Add("OUTPUT", &options->more_outputs, "the same as -o");
+    command
+        .Add("-o,--output", &options->outputs,
+             "camera file to write, " + KnownExtensions(FormatUse::kWrite) + "; may be given again")
+        .Repeatable();
     AddFormatOptions(command, &options->formats);
     command.Add("--frames", &options->frames,
                 "FIRST:LAST: the frames to write; of a camera that stands still in its file, those that there are");

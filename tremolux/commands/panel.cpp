@@ -52,7 +52,7 @@ void AddPanelCommand(Command program, Action *action) {
     command.Add("--preset", &options->preset, "CATEGORY/NAME or NAME: the preset that is chosen");
     command.Add("--baked", &options->baked, "as after baking");
     command.Add("--target", &options->target, "with a target object");
-    command.Add("--html", &options->pages, "page to write; else text on the standard output").Once();
+    command.Add("-o,--output,--html", &options->pages, "page to write, .html; else text on the standard output").Once();
     AddHostOptions(command, &options->host);
     command.OnCall([=] { *action = [options] { ShowPanel(*options); }; });
 }

@@ -89,6 +89,14 @@ void OutputFiles::Write(const std::vector<std::string> &texts) {
     unfinished_.clear();
 }
 
+void WriteOrPrint(const std::string &file, const std::vector<std::string> &inputs, const std::string &text) {
+    if (file.empty()) {
+        Print(text);
+    } else {
+        OutputFiles({file}, inputs).Write({text});
+    }
+}
+
 void Print(const std::string &text) {
     const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
     if (!written) throw Failure(kExitOutput, "the standard output cannot be written");

@@ -27,6 +27,9 @@ class OutputFiles {
     std::vector<std::filesystem::path> unfinished_;
 };
 
+// Into the file, or where none is named to the standard output. Throws a Failure.
+void WriteOrPrint(const std::string &file, const std::vector<std::string> &inputs, const std::string &text);
+
 // To the standard output, at once; throws a Failure.
 void Print(const std::string &text);
 
