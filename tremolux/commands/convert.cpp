@@ -40,10 +40,14 @@ void Convert(const ConvertOptions &options) {
     std::vector<std::string> outputs = options.outputs;
     outputs.insert(outputs.end(), options.more_outputs.begin(), options.more_outputs.end());
     OutputFiles files(outputs, {options.input});
-    for (const std::filesystem::path &file : files.Files()) FormatOf(file, FormatUse::kWrite);
+    std::vector<std::filesystem::path> names;
+    names.reserve(outputs.size());
+    for (const std::string &file : outputs) names.push_back(choices.OutputName(file));
+    for (const std::filesystem::path &name : names) FormatOf(name, FormatUse::kWrite);
     const CameraMove move = AskedFrames(ReadMoveFile(options.input, from), options.frames);
     std::vector<std::string> texts;
-    for (const std::filesystem::path &file : files.Files()) texts.push_back(TextForFile(file, move, to));
+    texts.reserve(names.size());
+    for (const std::filesystem::path &name : names) texts.push_back(TextForFile(name, move, to));
     files.Write(texts);
 }
 
@@ -59,6 +63,7 @@ void AddConvertCommand(Command program, Action *action) {
              "camera file to write, " + KnownExtensions(FormatUse::kWrite) + "; may be given again")
         .Repeatable();
     AddFormatOptions(command, &options->formats);
+    AddStreamFormats(command, &options->formats);
     command.Add("--frames", &options->frames,
                 "FIRST:LAST: the frames to write; of a camera that stands still in its file, those that there are");
     AddTableName(command, &options->formats.table);

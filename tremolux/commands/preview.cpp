@@ -13,6 +13,7 @@
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/output_files.h"
 #include "tremolux/process/progress.h"
+#include "tremolux/process/streams.h"
 
 namespace tremolux {
 namespace {
@@ -65,7 +66,7 @@ FilmLook LookOf(const PreviewOptions &options, const Playback &playback, bool on
 }
 
 void Film(const PreviewOptions &options) {
-    const fs::path file = fs::u8path(options.output);
+    const fs::path file = NamedOutput(options.output, options.move.formats.to_format);
     const FilmFormat format = FilmFormatOf(file);
     MoveOptions move = options.move;
     const bool only_shaken = TakeShaken(&move.direction.only);
@@ -178,6 +179,7 @@ void AddPreviewCommand(Command program, Action *action) {
     Command command = program.Subcommand("preview", "Films a simple scene through the input camera and the shaken one");
     AddMoveOptions(command, &options->move);
     AddDirectionOptions(command, &options->move.direction);
+    AddStreamFormats(command, &options->move.formats);
     AddTableName(command, &options->move.formats.table);
     command.Find("INPUT").Required(false);
     command.Add("--size", &options->size,

@@ -15,6 +15,7 @@
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/output_files.h"
 #include "tremolux/process/progress.h"
+#include "tremolux/process/streams.h"
 #include "tremolux/words/keys_text.h"
 
 namespace tremolux {
@@ -22,6 +23,7 @@ namespace {
 
 struct SceneOptions {
     HostOptions host;
+    FormatChoices formats;  // of the move that is imported
     std::string scene, output, camera, button, move;
     std::vector<std::string> answers;
     bool control = false, quiet = false, quick = false, brute = false, undo = false, in_place = false;
@@ -35,6 +37,8 @@ std::filesystem::path CheckedOutput(const char *command, const SceneOptions &opt
     if (options.output.empty() != options.in_place)
         throw Failure(kExitInput, std::string(command) + ": found " + (options.in_place ? "both" : "none") +
                                       ", expected either -o FILE or --in-place: where the changed scene goes");
+    if (IsStream(options.output) || IsStream(options.scene))
+        throw Failure(kExitInput, std::string(command) + ": found '-', expected a file: scenes are not streamed");
     if (options.in_place) return OutputFiles({options.scene}, {}).Files().front();
     return OutputFiles({options.output}, {options.scene}).Files().front();
 }
@@ -126,7 +130,7 @@ void Keys(const SceneOptions &options) {
         WriteOrPrint(options.output, {options.scene}, KeysTable(ListKeys(*camera, frames_per_second)));
         return;
     }
-    KeyCamera(camera, ReadMoveFile(options.move, FormatOptions()), frames_per_second);
+    KeyCamera(camera, ReadMoveFile(options.move, options.formats.Options()), frames_per_second);
     scene.Save(output);
     Print(KeysText(*camera));
 }
@@ -186,6 +190,7 @@ void AddSceneCommands(Command program, Action *action) {
     command.Find("--output").Description("table to write, else the standard output; with --import the scene");
     command.Add("SCENE", &keys->scene, "the scene").Required();
     command.Add("--import", &keys->move, "camera file: its move becomes the camera's keys");
+    AddInputFormat(command, &keys->formats);
 }
 
 }  // namespace tremolux

@@ -15,6 +15,7 @@
 #include "tremolux/pictures/plot.h"
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/output_files.h"
+#include "tremolux/process/streams.h"
 #include "tremolux/words/report_text.h"
 
 namespace tremolux {
@@ -54,11 +55,12 @@ void Bake(const std::string &kind, Playback *playback) {
 void CheckFormats(const ShakeOptions &options) {
     bool has_script = false;
     for (const std::string &file : options.outputs) {
-        if (options.IsAdded(Path(file)))
-            CheckAddedFormat(Path(file));
+        const std::filesystem::path name = options.move.formats.OutputName(file);
+        if (options.IsAdded(name))
+            CheckAddedFormat(name);
         else
-            FormatOf(Path(file), FormatUse::kWrite);
-        has_script = has_script || Path(file).extension() == ".py";
+            FormatOf(name, FormatUse::kWrite);
+        has_script = has_script || name.extension() == ".py";
     }
     if (!options.on.empty() && !has_script)
         throw Failure(kExitInput,
@@ -76,6 +78,8 @@ PlayedMotion ShakeOnce(const ShakeOptions &options) {
         places.push_back(SecondSheet(Path(options.plot)).u8string());
     }
     OutputFiles files(places, options.move.InputFiles());
+    if (IsStream(options.scene))
+        throw Failure(kExitInput, "--scene: found '-', expected a file: scenes are not streamed");
     if (!options.scene.empty()) places.push_back(options.scene);
     const OutputFiles checked(places, options.move.InputFiles());
     playback.Start();
@@ -86,10 +90,12 @@ PlayedMotion ShakeOnce(const ShakeOptions &options) {
     const double microseconds = std::chrono::duration<double, std::micro>(Clock::now() - start).count();
 
     std::vector<std::string> texts;
-    for (const std::string &file : options.outputs)
-        texts.push_back(options.IsAdded(Path(file))
-                            ? AddedText(Path(file), motion.input, motion.output, options.on, playback.Formats())
-                            : TextForFile(Path(file), motion.output, playback.Formats()));
+    for (const std::string &file : options.outputs) {
+        const std::filesystem::path name = options.move.formats.OutputName(file);
+        texts.push_back(options.IsAdded(name)
+                            ? AddedText(name, motion.input, motion.output, options.on, playback.Formats())
+                            : TextForFile(name, motion.output, playback.Formats()));
+    }
     if (!options.plot.empty()) {
         const PlotFormat format = PlotFormatOf(Path(options.plot));
         texts.push_back(DrawMotion(motion, format));
@@ -103,9 +109,15 @@ PlayedMotion ShakeOnce(const ShakeOptions &options) {
     const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);
     const std::vector<std::filesystem::path> moves(
         files.Files().begin(), files.Files().begin() + static_cast<std::ptrdiff_t>(options.outputs.size()));
-    Print(ReportText({options.move.input, moves, playback.Preset(), playback.PresetRate(), playback.Settings(),
-                      playback.Rate(), microseconds / played},
-                     motion.input, motion.output));
+    const std::string report =
+        ReportText({options.move.input, moves, playback.Preset(), playback.PresetRate(), playback.Settings(),
+                    playback.Rate(), microseconds / played},
+                   motion.input, motion.output);
+    if (files.HasStream()) {
+        std::fputs(report.c_str(), stderr);
+    } else {
+        Print(report);
+    }
     return motion;
 }
 
@@ -133,6 +145,9 @@ std::int64_t FirstSeed(const ShakeOptions &options) {
 
 void ShakeTakes(const ShakeOptions &options) {
     const int takes = static_cast<int>(WholeOption("--takes", options.takes, 1, kMaxTakes));
+    const bool streams = IsStream(options.move.input) ||
+                         std::any_of(options.outputs.begin(), options.outputs.end(), IsStream);
+    if (streams) throw Failure(kExitInput, "--takes: found '-', expected files: each take is one");
     const std::filesystem::path first_output = Path(options.outputs.front());
     const std::string sheet =
         (first_output.parent_path() / Path(first_output.stem().u8string() + "-takes.png")).u8string();
@@ -166,6 +181,7 @@ void AddShakeCommand(Command program, Action *action) {
     Command command = program.Subcommand("shake", "Makes a camera move hand-held and writes the shaken camera");
     AddMoveOptions(command, &options->move);
     AddDirectionOptions(command, &options->move.direction);
+    AddStreamFormats(command, &options->move.formats);
     AddTableName(command, &options->move.formats.table);
     command
         .Add("-o,--output", &options->outputs,
