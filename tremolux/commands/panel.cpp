@@ -19,11 +19,13 @@ struct PanelOptions {
     HostOptions host;
     std::vector<std::string> settings;
     std::string preset;
-    bool baked = false, target = false;
+    bool baked = false, target = false, json = false;
     std::vector<std::string> pages;  // at most one; none: text on the standard output
 };
 
 void ShowPanel(const PanelOptions &options) {
+    if (options.json && !options.pages.empty())
+        throw Failure(kExitInput, "panel: found --json and a page to write, expected one of them");
     OutputFiles files(options.pages, {});
     const EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
     CameraMove standing;
@@ -37,7 +39,7 @@ void ShowPanel(const PanelOptions &options) {
 
     const std::vector<host::PanelGroup> tabs = host::BuildPanel(&stage.CameraTag());
     if (options.pages.empty()) {
-        Print(PanelText(tabs));
+        Print(options.json ? PanelJson(tabs) : PanelText(tabs));
     } else {
         files.Write({PanelPage(tabs, stage.CameraTag().Name())});
     }
@@ -53,6 +55,7 @@ void AddPanelCommand(Command program, Action *action) {
     command.Add("--baked", &options->baked, "as after baking");
     command.Add("--target", &options->target, "with a target object");
     command.Add("-o,--output,--html", &options->pages, "page to write, .html; else text on the standard output").Once();
+    command.Add("--json", &options->json, "as one JSON object");
     AddHostOptions(command, &options->host);
     command.OnCall([=] { *action = [options] { ShowPanel(*options); }; });
 }

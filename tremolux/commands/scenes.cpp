@@ -26,7 +26,7 @@ struct SceneOptions {
     FormatChoices formats;  // of the move that is imported
     std::string scene, output, camera, button, move;
     std::vector<std::string> answers;
-    bool control = false, quiet = false, quick = false, brute = false, undo = false, in_place = false;
+    bool control = false, quiet = false, quick = false, brute = false, undo = false, in_place = false, json = false;
 
     std::filesystem::path Scene() const { return std::filesystem::u8path(scene); }
 };
@@ -127,7 +127,9 @@ void Keys(const SceneOptions &options) {
     host::Object *camera = options.camera.empty() ? scene.CameraTag("")->GetObject() : scene.Camera(options.camera);
     const int frames_per_second = scene.Document()->Fps();
     if (!changes) {
-        WriteOrPrint(options.output, {options.scene}, KeysTable(ListKeys(*camera, frames_per_second)));
+        const std::vector<ListedKey> listed = ListKeys(*camera, frames_per_second);
+        WriteOrPrint(options.output, {options.scene},
+                     options.json ? KeysJson(camera->Name(), frames_per_second, listed) : KeysTable(listed));
         return;
     }
     KeyCamera(camera, ReadMoveFile(options.move, options.formats.Options()), frames_per_second);
@@ -191,6 +193,7 @@ void AddSceneCommands(Command program, Action *action) {
     command.Add("SCENE", &keys->scene, "the scene").Required();
     command.Add("--import", &keys->move, "camera file: its move becomes the camera's keys");
     AddInputFormat(command, &keys->formats);
+    command.Add("--json", &keys->json, "the keys as one JSON object");
 }
 
 }  // namespace tremolux

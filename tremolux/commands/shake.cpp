@@ -28,7 +28,7 @@ struct ShakeOptions {
     MoveOptions move;
     std::vector<std::string> outputs;
     std::string bake, scene, plot, on, takes;
-    bool report = false, added = false;
+    bool report = false, json = false, added = false;
 
     // What is written there: what was added, or else the shaken camera.
     bool IsAdded(const std::filesystem::path &file) const {
@@ -105,14 +105,14 @@ PlayedMotion ShakeOnce(const ShakeOptions &options) {
     if (!options.scene.empty()) playback.GetStage().KeyWholeMove();
     if (!options.scene.empty()) SaveScene(playback.GetStage().Scene(), Path(options.scene));
     files.Write(texts);
-    if (!options.report) return motion;
+    if (!options.report && !options.json) return motion;
     const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);
     const std::vector<std::filesystem::path> moves(
         files.Files().begin(), files.Files().begin() + static_cast<std::ptrdiff_t>(options.outputs.size()));
-    const std::string report =
-        ReportText({options.move.input, moves, playback.Preset(), playback.PresetRate(), playback.Settings(),
-                    playback.Rate(), microseconds / played},
-                   motion.input, motion.output);
+    const std::string report = (options.json ? ReportJson : ReportText)(
+        {options.move.input, moves, playback.Preset(), playback.PresetRate(), playback.Settings(), playback.Rate(),
+         microseconds / played},
+        motion.input, motion.output);
     if (files.HasStream()) {
         std::fputs(report.c_str(), stderr);
     } else {
@@ -202,6 +202,7 @@ void AddShakeCommand(Command program, Action *action) {
                 "so many takes, each with a seed of its own, in files NAME-take1 and so on, and a picture of all, "
                 "NAME-takes.png");
     command.Add("--report", &options->report, "print what was done and how far the camera strayed");
+    command.Add("--json", &options->json, "print the report as one JSON object");
     command.OnCall([=] { *action = [options] { Shake(*options); }; });
 }
 
