@@ -8,6 +8,7 @@
 #include "library/formats/source_text.h"
 #include "library/moves/camera_move.h"
 #include "library/parameters/nearest.h"
+#include "library/parameters/trigger_text.h"
 
 namespace tremolux {
 namespace {
@@ -147,7 +148,8 @@ host::Data ParseValue(const Parameter &parameter, std::string_view text, int fra
             if (const auto choice = ChoiceOf(parameter, value)) return host::Data(*choice);
             break;
         case ParameterKind::kText:
-            return host::Data(text);
+            if (!ListsFrames(parameter) || IsFrameList(text)) return host::Data(text);
+            Refuse(parameter, Quoted(text), kExpectedFrameList);
         case ParameterKind::kLink:
             Refuse(parameter, "a link", "a parameter that holds a value");
         case ParameterKind::kButton:
@@ -156,6 +158,16 @@ host::Data ParseValue(const Parameter &parameter, std::string_view text, int fra
             Refuse(parameter, "no value", "a parameter that holds a value");
     }
     Refuse(parameter, Quoted(text), Expected(parameter, text));
+}
+
+std::string SliderNote(const Parameter &parameter, const host::Data &value) {
+    if (!parameter.slider_minimum || !parameter.slider_maximum) return "";
+    const bool is_time = parameter.kind == ParameterKind::kTime;
+    if (!is_time && parameter.kind != ParameterKind::kReal) return "";
+    const double stored = is_time ? host::Seconds(value.GetTime()) : value.Real();
+    if (stored >= *parameter.slider_minimum && stored <= *parameter.slider_maximum) return "";
+    return "'" + parameter.label + "' is " + WithUnit(parameter, stored) + ", beyond its slider, which goes from " +
+           WithUnit(parameter, *parameter.slider_minimum) + " to " + WithUnit(parameter, *parameter.slider_maximum);
 }
 
 }  // namespace tremolux

@@ -78,8 +78,7 @@ TEST_F(PanelCommand, WritesTheSamePageEveryTime) {
 
 TEST_F(PanelCommand, KeepsTextsFromBreakingThePage) {
     EXPECT_EQ(
-        workplace_
-            .Run({"panel", "--set", "Custom Trigger=\"><script>alert(1)</script>", "--html", workplace_.Path("a.html")})
+        workplace_.Run({"panel", "--set", "Name=\"><script>alert(1)</script>", "--html", workplace_.Path("a.html")})
             .status,
         0);
     EXPECT_EQ(workplace_.Read("a.html").find("<script>alert"), std::string::npos);

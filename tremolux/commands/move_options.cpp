@@ -8,6 +8,7 @@
 #include "library/formats/numbers.h"
 #include "library/formats/source_text.h"
 #include "library/parameters/name_seed.h"
+#include "library/parameters/settings.h"
 #include "tremolux/commands/option_values.h"
 #include "tremolux/process/streams.h"
 #include "tremolux/process/system.h"
@@ -234,6 +235,11 @@ void AddShakeOptions(Command command, MoveOptions *options) {
     AddFormatOptions(command, &options->formats);
     command.Add("--quiet", &options->quiet, "show no progress");
     AddHostOptions(command, &options->host);
+}
+
+void SayBeyondSliders(const std::vector<std::string> &settings, int frames_per_second, const host::Tag &tag) {
+    for (const std::string &note : SliderNotes(settings, frames_per_second, tag))
+        std::fprintf(stderr, "--set: %s\n", note.c_str());
 }
 
 CameraMove ReadInput(const std::string &file, const FormatOptions &options) {

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/scene/tag.h"
 #include "library/formats/format.h"
 #include "tremolux/command_line.h"
 #include "tremolux/commands/direction_options.h"
@@ -71,6 +72,8 @@ void AddHostOptions(Command command, HostOptions *options);
 void AddMoveOptions(Command command, MoveOptions *options);   // for one move
 void AddShakeOptions(Command command, MoveOptions *options);  // but for the input
 
+// Says on the standard error output which of the settings lie beyond their sliders, a line each.
+void SayBeyondSliders(const std::vector<std::string> &settings, int frames_per_second, const host::Tag &tag);
 // A camera file's move, or of "-" the standard input's. Throws a Failure.
 CameraMove ReadInput(const std::string &file, const FormatOptions &options);
 // The same. What the reader had to decide, or passed over, is said on the standard error output, a line

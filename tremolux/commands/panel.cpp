@@ -35,6 +35,7 @@ void ShowPanel(const PanelOptions &options) {
     if (!options.preset.empty()) ChoosePreset(FindPreset(ReadCatalog(tag), options.preset, "--preset"), tag);
     if (options.target) stage.AddTarget(standing);
     ApplySettings(options.settings, standing.rate.Whole(), tag);
+    SayBeyondSliders(options.settings, standing.rate.Whole(), *tag);
     if (options.baked) stage.CameraTag().Data().Set(ids::kBaked, host::Data(std::int32_t{1}));
 
     const std::vector<host::PanelGroup> tabs = host::BuildPanel(&stage.CameraTag());

@@ -145,6 +145,7 @@ void Save(const PresetsOptions &options) {
     PresetDesk desk(options.host);
     if (!options.from.empty()) ChooseMix(ReadPresetShares(ReadCatalog(desk.Tag()), options.from, "--from"), desk.Tag());
     ApplySettings(options.settings, desk.Rate(), desk.Tag());
+    SayBeyondSliders(options.settings, desk.Rate(), *desk.Tag());
     const std::vector<ShownValue> wanted = PresetValues(desk.Tag());
     desk.Dialogs().AnswerText(options.name);
     if (options.as_default) desk.Dialogs().AnswerYes();

@@ -73,6 +73,7 @@ void Film(const PreviewOptions &options) {
     Playback playback(move);
     OutputFiles files({options.output}, options.move.InputFiles());
     playback.Start();
+    SayBeyondSliders(playback.Settings(), playback.Rate().Whole(), playback.GetStage().CameraTag());
     const PlayedMotion motion = playback.Record();
     Progress progress(static_cast<std::int64_t>(motion.output.samples.size()), options.move.quiet);
     const std::string film = MakeFilm(motion, format, LookOf(options, playback, only_shaken), [&](std::int64_t frames) {

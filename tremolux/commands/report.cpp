@@ -51,6 +51,7 @@ void Report(const ReportOptions &options) {
     Playback playback(options.move);
     OutputFiles files({options.output}, options.move.InputFiles());
     playback.Start();
+    SayBeyondSliders(playback.Settings(), playback.Rate().Whole(), playback.GetStage().CameraTag());
     ReportContents contents;
     contents.title = std::filesystem::u8path(options.move.input).filename().u8string();
     contents.preset = playback.Preset();

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "generated/module_ids.h"
+#include "host/services/platform.h"
 #include "library/failure.h"
 #include "library/formats/added.h"
 #include "library/parameters/name_seed.h"
@@ -29,6 +30,7 @@ struct ShakeOptions {
     std::vector<std::string> outputs;
     std::string bake, scene, plot, on, takes;
     bool report = false, json = false, added = false;
+    bool is_another_take = false;  // what was said of the first is not said again
 
     // What is written there: what was added, or else the shaken camera.
     bool IsAdded(const std::filesystem::path &file) const {
@@ -83,10 +85,12 @@ PlayedMotion ShakeOnce(const ShakeOptions &options) {
     if (!options.scene.empty()) places.push_back(options.scene);
     const OutputFiles checked(places, options.move.InputFiles());
     playback.Start();
+    if (!options.is_another_take)
+        SayBeyondSliders(playback.Settings(), playback.Rate().Whole(), playback.GetStage().CameraTag());
     Bake(options.bake, &playback);
 
     const Clock::time_point start = Clock::now();
-    const PlayedMotion motion = playback.Record();
+    PlayedMotion motion = playback.Record();
     const double microseconds = std::chrono::duration<double, std::micro>(Clock::now() - start).count();
 
     std::vector<std::string> texts;
@@ -105,18 +109,22 @@ PlayedMotion ShakeOnce(const ShakeOptions &options) {
     if (!options.scene.empty()) playback.GetStage().KeyWholeMove();
     if (!options.scene.empty()) SaveScene(playback.GetStage().Scene(), Path(options.scene));
     files.Write(texts);
-    if (!options.report && !options.json) return motion;
+    const bool reports = options.report || options.json;
+    if (!reports && (options.move.quiet || !host::ErrorOutputIsTerminal())) return motion;
     const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);
     const std::vector<std::filesystem::path> moves(
         files.Files().begin(), files.Files().begin() + static_cast<std::ptrdiff_t>(options.outputs.size()));
-    const std::string report = (options.json ? ReportJson : ReportText)(
-        {options.move.input, moves, playback.Preset(), playback.PresetRate(), playback.Settings(), playback.Rate(),
-         microseconds / played},
-        motion.input, motion.output);
-    if (files.HasStream()) {
-        std::fputs(report.c_str(), stderr);
+    const ShakeReport report{options.move.input,    moves,
+                             playback.Preset(),     playback.PresetRate(),
+                             playback.Settings(),   playback.Rate(),
+                             microseconds / played};
+    const std::string text = (!reports       ? ReportSentence
+                              : options.json ? ReportJson
+                                             : ReportText)(report, motion.input, motion.output);
+    if (!reports || files.HasStream()) {
+        std::fputs(text.c_str(), stderr);
     } else {
-        Print(report);
+        Print(text);
     }
     return motion;
 }
@@ -132,6 +140,7 @@ ShakeOptions TakeOptions(ShakeOptions options, std::int64_t first_seed, int take
     for (std::string &output : options.outputs) output = OfTake(output, take);
     for (std::string *file : {&options.scene, &options.plot})
         if (!file->empty()) *file = OfTake(*file, take);
+    options.is_another_take = take > 1;
     options.move.seed = std::to_string((first_seed + take - 1) % (kMaxSeed + 1));
     return options;
 }

@@ -20,6 +20,7 @@ void Trace(const TraceOptions &options) {
     Playback playback(options.move);
     OutputFiles files(options.outputs, options.move.InputFiles());
     playback.Start();
+    SayBeyondSliders(playback.Settings(), playback.Rate().Whole(), playback.GetStage().CameraTag());
     PrivateState state(playback.GetStage().CameraTag());
     std::string text;
     playback.Play([&](std::int64_t frame) {

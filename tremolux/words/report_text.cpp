@@ -39,6 +39,13 @@ nlohmann::ordered_json DeviationJson(const Deviation &deviation) {
 
 }  // namespace
 
+std::string ReportSentence(const ShakeReport &report, const CameraMove &input, const CameraMove &output) {
+    const Strayed strayed = MeasureStrayed(input, output);
+    return report.input_file + ": " + std::to_string(output.samples.size()) + " frames" +
+           (report.preset.empty() ? "" : " with " + report.preset) + ", strayed at most " +
+           ShortNumber(strayed.position.peak) + " scene units and " + ShortNumber(strayed.angle.peak) + " degrees\n";
+}
+
 std::string ReportJson(const ShakeReport &report, const CameraMove &input, const CameraMove &output) {
     const Strayed strayed = MeasureStrayed(input, output);
     nlohmann::ordered_json outputs = nlohmann::ordered_json::array();
