@@ -13,10 +13,46 @@ namespace {
 
 constexpr const char *kHelpCommand = "help";
 
+std::vector<const CLI::App *> ShownCommands(const CLI::App &app) {
+    return app.get_subcommands([](const CLI::App *command) { return !command->get_group().empty(); });
+}
+
+// Of the help's "TEXT:{quick,brute}".
+std::vector<std::string> ChoicesOf(const CLI::Option &option) {
+    const std::string type = option.get_type_name();
+    const std::size_t start = type.find('{'), end = type.find('}');
+    std::vector<std::string> choices;
+    if (start != std::string::npos && end != std::string::npos)
+        choices = CLI::detail::split(type.substr(start + 1, end - start - 1), ',');
+    return choices;
+}
+
+DescribedOption DescriptionOf(const CLI::Option &option) {
+    DescribedOption described;
+    for (const std::string &name : option.get_snames()) described.names.push_back("-" + name);
+    for (const std::string &name : option.get_lnames()) described.names.push_back("--" + name);
+    described.is_argument = described.names.empty();
+    if (described.is_argument) described.names.push_back(option.get_name(true));
+    described.help = option.get_description();
+    described.takes_value = option.get_items_expected_max() > 0;
+    described.required = option.get_required();
+    described.repeats =
+        option.get_items_expected_max() > 1 || option.get_multi_option_policy() == CLI::MultiOptionPolicy::TakeAll;
+    described.choices = ChoicesOf(option);
+    return described;
+}
+
+DescribedCommand DescriptionOf(const CLI::App &app) {
+    DescribedCommand described{app.get_name(), app.get_description(), {}, app.get_fallthrough(), {}};
+    const auto is_shown = [](const CLI::Option *option) { return !option->get_group().empty(); };
+    for (const CLI::Option *option : app.get_options(is_shown)) described.options.push_back(DescriptionOf(*option));
+    for (const CLI::App *command : ShownCommands(app)) described.commands.push_back(DescriptionOf(*command));
+    return described;
+}
+
 std::vector<std::string> CommandNames(const CLI::App &app) {
     std::vector<std::string> names;
-    for (const CLI::App *command : app.get_subcommands([](const CLI::App *) { return true; }))
-        names.push_back(command->get_name());
+    for (const CLI::App *command : ShownCommands(app)) names.push_back(command->get_name());
     return names;
 }
 
@@ -141,6 +177,8 @@ std::string Command::Given(const std::vector<std::string> &but_for) const {
     return given;
 }
 
+void Command::Hide() const { app_->group(""); }
+
 void Command::AllowOneSubcommand() const { app_->require_subcommand(0, 1); }
 
 bool Command::HasSubcommand() const { return !app_->get_subcommands().empty(); }
@@ -165,15 +203,16 @@ void CommandLine::OnVersion(std::function<std::string()> text) {
 
 void CommandLine::Footer(const std::string &text) { app_->footer(text); }
 
+DescribedCommand CommandLine::Describe() const { return DescriptionOf(*app_); }
+
 bool CommandLine::Parse(std::vector<std::string> arguments) {
     // As if the command were asked itself: the same text.
     if (!arguments.empty() && arguments.front() == kHelpCommand) {
         arguments.erase(arguments.begin());
         arguments.emplace_back("--help");
     }
-    const std::vector<std::string> commands = CommandNames(*app_);
-    if (!arguments.empty() && !IsOption(arguments.front()) &&
-        std::find(commands.begin(), commands.end(), arguments.front()) == commands.end())
+    const auto is_asked = [&](const CLI::App *command) { return command->get_name() == arguments.front(); };
+    if (!arguments.empty() && !IsOption(arguments.front()) && app_->get_subcommands(is_asked).empty())
         RefuseCommand(*app_, arguments.front());
     try {
         std::reverse(arguments.begin(), arguments.end());  // as the parser takes them

@@ -8,6 +8,7 @@
 #include "tremolux/command_line.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/process/interrupt.h"
+#include "tremolux/share_files.h"
 
 namespace tremolux {
 namespace {
@@ -52,6 +53,7 @@ int RunProgram(const std::vector<std::string> &arguments) {
     AddPresetsCommand(program, &action);
     AddSceneCommands(program, &action);
     AddInfoCommand(program, &action);
+    AddShareFilesCommand(line, &action);
     try {
         if (!line.Parse(arguments)) return 0;
         WatchForInterrupt();

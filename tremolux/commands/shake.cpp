@@ -114,10 +114,8 @@ PlayedMotion ShakeOnce(const ShakeOptions &options) {
     const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);
     const std::vector<std::filesystem::path> moves(
         files.Files().begin(), files.Files().begin() + static_cast<std::ptrdiff_t>(options.outputs.size()));
-    const ShakeReport report{options.move.input,    moves,
-                             playback.Preset(),     playback.PresetRate(),
-                             playback.Settings(),   playback.Rate(),
-                             microseconds / played};
+    const ShakeReport report{options.move.input,  moves,           playback.Preset(),    playback.PresetRate(),
+                             playback.Settings(), playback.Rate(), microseconds / played};
     const std::string text = (!reports       ? ReportSentence
                               : options.json ? ReportJson
                                              : ReportText)(report, motion.input, motion.output);
@@ -154,8 +152,8 @@ std::int64_t FirstSeed(const ShakeOptions &options) {
 
 void ShakeTakes(const ShakeOptions &options) {
     const int takes = static_cast<int>(WholeOption("--takes", options.takes, 1, kMaxTakes));
-    const bool streams = IsStream(options.move.input) ||
-                         std::any_of(options.outputs.begin(), options.outputs.end(), IsStream);
+    const bool streams =
+        IsStream(options.move.input) || std::any_of(options.outputs.begin(), options.outputs.end(), IsStream);
     if (streams) throw Failure(kExitInput, "--takes: found '-', expected files: each take is one");
     const std::filesystem::path first_output = Path(options.outputs.front());
     const std::string sheet =
