@@ -26,6 +26,10 @@ if(EXISTS "${program_main}")
         target_sources(tremolux PRIVATE "${PROJECT_SOURCE_DIR}/tremolux/tremolux.rc")
         tremolux_set_windows_file(tremolux)
     endif()
+    # What shells and the manual read of the program, as it says it of itself.
+    if(NOT CMAKE_CROSSCOMPILING)
+        add_custom_command(TARGET tremolux POST_BUILD COMMAND tremolux share-files "${PROJECT_BINARY_DIR}/share")
+    endif()
     # Loaded at run time, never linked: the module is found in plugins/ beside the program.
     if(TARGET TremoluxCam)
         add_dependencies(tremolux TremoluxCam)

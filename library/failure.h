@@ -7,12 +7,25 @@
 namespace tremolux {
 
 enum ExitStatus : int {
+    kExitSuccess = 0,
     kExitInternal = 1,
-    kExitInput = 2,   // the command line, or a file that was read
-    kExitModule = 3,  // the module could not be loaded, or gave up
-    kExitOutput = 4,  // a result could not be written
+    kExitInput = 2,
+    kExitModule = 3,
+    kExitOutput = 4,
     kExitInterrupted = 130
 };
+
+struct ExitMeaning {
+    ExitStatus status;
+    const char *words;
+};
+// As a user reads them; every status once.
+inline constexpr ExitMeaning kExitMeanings[] = {{kExitSuccess, "everything was done"},
+                                                {kExitInternal, "an error of the program itself"},
+                                                {kExitInput, "the command line, or a file that was read"},
+                                                {kExitModule, "the module could not be loaded, or gave up"},
+                                                {kExitOutput, "a result could not be written"},
+                                                {kExitInterrupted, "interrupted with Ctrl-C"}};
 
 class Failure : public std::runtime_error {
   public:

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "tremolux/described_command.h"
+
 namespace CLI {
 class App;
 class Option;
@@ -42,6 +44,7 @@ class Command {
     Option Find(const std::string &name) const;
     // What the line gives, option by option with its values, but for those of these names and hidden ones.
     std::string Given(const std::vector<std::string> &but_for) const;
+    void Hide() const;  // from the help
     void AllowOneSubcommand() const;
     bool HasSubcommand() const;                // on the line that was parsed
     void TakeFromParent() const;               // what it does not know, its parent may
@@ -56,7 +59,10 @@ class CommandLine {
     CommandLine(const std::string &name, const std::string &help);
     ~CommandLine();
     Command Program() const { return Command(app_.get()); }
-    // false when help was asked for, and printed; throws a Failure for what it does not understand.
+    void OnVersion(std::function<std::string()> text);  // what --version prints
+    void Footer(const std::string &text);               // below the program's help
+    DescribedCommand Describe() const;
+    // false when help or the version was asked for, and printed; throws a Failure for what it does not understand.
     bool Parse(std::vector<std::string> arguments);
 
   private:

@@ -8,9 +8,12 @@
 #include "tremolux/command_line.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/process/interrupt.h"
+#include "tremolux/share_files.h"
 
 namespace tremolux {
 namespace {
+
+constexpr std::size_t kExitCodeWidth = 6;
 
 int Complain(int status, std::string line) {
     for (char &c : line) {
@@ -20,10 +23,22 @@ int Complain(int status, std::string line) {
     return status;
 }
 
+std::string ExitTable() {
+    std::string text = "Exit codes:";
+    for (const ExitMeaning &meaning : kExitMeanings) {
+        std::string code = std::to_string(meaning.status);
+        code.resize(kExitCodeWidth, ' ');
+        text += "\n  " + code + meaning.words;
+    }
+    return text;
+}
+
 }  // namespace
 
 int RunProgram(const std::vector<std::string> &arguments) {
     CommandLine line("tremolux", "Makes camera moves hand-held with the TremoluxCam module, in an embedded host.");
+    line.OnVersion(VersionText);
+    line.Footer(ExitTable());
     const Command program = line.Program();
     Action action;
     AddShakeCommand(program, &action);
@@ -38,6 +53,7 @@ int RunProgram(const std::vector<std::string> &arguments) {
     AddPresetsCommand(program, &action);
     AddSceneCommands(program, &action);
     AddInfoCommand(program, &action);
+    AddShareFilesCommand(line, &action);
     try {
         if (!line.Parse(arguments)) return 0;
         WatchForInterrupt();

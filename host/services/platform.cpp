@@ -136,6 +136,7 @@ int OperatingSystemCode() { return 1; }
 bool ErrorOutputIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
 
 void MakeStandardStreamsBinary() {
+    _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
 }

@@ -56,7 +56,7 @@ TableFileTime CurrentTime();
 long ProcessId();
 // Whether somebody watches the standard error output.
 bool ErrorOutputIsTerminal();
-// Bytes go to the standard output and the standard error output as they are, line ends included.
+// Bytes come and go on the three standard streams as they are, line ends included.
 void MakeStandardStreamsBinary();
 // The code that GeGetCurrentOS answers: Windows 1, OS X 2, UNIX 3.
 int OperatingSystemCode();

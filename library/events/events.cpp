@@ -5,7 +5,7 @@
 #include <map>
 
 #include "host/value/text.h"
-#include "library/parameters/lookup.h"
+#include "library/parameters/nearest.h"
 
 namespace tremolux {
 

@@ -13,7 +13,7 @@
 #include "library/formats/source_text.h"
 #include "library/formats/usda.h"
 #include "library/moves/turns.h"
-#include "library/parameters/lookup.h"
+#include "library/parameters/nearest.h"
 
 namespace tremolux {
 namespace {

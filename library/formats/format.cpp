@@ -21,9 +21,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A move of the greatest length, every number in full, stays below; larger files are something else.
-constexpr std::uintmax_t kMaxFileBytes = std::uintmax_t{1} << 28;
-
 constexpr std::string_view kBlenderOpens[] = {".fbx", ".abc", ".dae", ".blend", ".x3d", ".wrl", ".gltf",
                                               ".glb", ".usd", ".usda", ".usdc", ".usdz"};
 

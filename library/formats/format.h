@@ -1,6 +1,7 @@
 // Camera file formats: one row each in a table.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -30,8 +31,12 @@ struct FormatOptions {
     bool usd_layer = false;       // written to lie over the stage that the camera is from
     std::optional<FrameRate> retime;           // the move's times are brought onto the frames of this rate
     std::filesystem::path folder;              // where files lie that a file names; empty: none is opened
+    std::string stream_format;                 // the extension of bytes that come without a file's name
     bool only_positions = false;               // a moving point is wanted: a table may lack the angles
 };
+
+// A move of the greatest length, every number in full, stays below; larger files are something else.
+constexpr std::uintmax_t kMaxFileBytes = std::uintmax_t{1} << 28;
 
 struct MoveFormat {
     const char *extension;  // in lower case, with the dot

@@ -15,10 +15,4 @@ namespace tremolux {
 const Parameter &FindParameter(const std::vector<Parameter> &parameters, std::string_view name,
                                const std::string &place = "--set");
 
-// A name as it is compared: without the blanks around it, in small letters.
-std::string Folded(std::string_view text);
-
-// How many letters have to be added, removed or changed to turn one text into the other (Levenshtein).
-std::size_t EditDistance(std::string_view a, std::string_view b);
-
 }  // namespace tremolux

@@ -13,6 +13,7 @@
 #include "library/formats/source_text.h"
 #include "library/moves/camera_move.h"
 #include "library/parameters/lookup.h"
+#include "library/parameters/nearest.h"
 #include "library/parameters/value.h"
 #include "library/shots/keys.h"
 

@@ -7,19 +7,13 @@
 #include "library/formats/numbers.h"
 #include "library/formats/source_text.h"
 #include "library/moves/camera_move.h"
+#include "library/parameters/nearest.h"
+#include "library/parameters/trigger_text.h"
 
 namespace tremolux {
 namespace {
 
 constexpr double kMaxTimeFrames = 2147483647;  // frames are counted in 32 bits
-
-std::string LowerCase(std::string_view text) {
-    std::string lower(text);
-    for (char &c : lower) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
-    return lower;
-}
 
 std::string WithUnit(const Parameter &parameter, double stored) {
     switch (parameter.unit) {
@@ -44,14 +38,20 @@ std::string LimitText(const Parameter &parameter) {
     return "";
 }
 
-std::string Expected(const Parameter &parameter) {
+std::vector<std::string> ChoiceLabels(const Parameter &choice) {
+    std::vector<std::string> labels;
+    for (const auto &[value, label] : choice.choices) labels.push_back(label);
+    return labels;
+}
+
+std::string Expected(const Parameter &parameter, std::string_view found) {
     switch (parameter.kind) {
         case ParameterKind::kBool:
             return "on or off";
         case ParameterKind::kTime:
             return "a time (12f, 0.5s, 1:04)" + LimitText(parameter);
         case ParameterKind::kChoice:
-            return "one of its choices";
+            return "one of its choices" + DidYouMean(found, ChoiceLabels(parameter));
         case ParameterKind::kReal:
             break;
         default:
@@ -106,7 +106,7 @@ std::optional<double> TimeOf(std::string_view text, int frames_per_second) {
 }
 
 std::optional<bool> SwitchOf(std::string_view text) {
-    const std::string word = LowerCase(text);
+    const std::string word = Folded(text);
     if (word == "on" || word == "true" || word == "1") return true;
     if (word == "off" || word == "false" || word == "0") return false;
     return std::nullopt;
@@ -115,7 +115,7 @@ std::optional<bool> SwitchOf(std::string_view text) {
 std::optional<std::int32_t> ChoiceOf(const Parameter &parameter, std::string_view text) {
     const std::optional<std::int64_t> number = ParseWhole(text);
     for (const auto &[value, label] : parameter.choices) {
-        if (number ? value == *number : LowerCase(label) == LowerCase(text)) return value;
+        if (number ? value == *number : Folded(label) == Folded(text)) return value;
     }
     return std::nullopt;
 }
@@ -148,7 +148,8 @@ host::Data ParseValue(const Parameter &parameter, std::string_view text, int fra
             if (const auto choice = ChoiceOf(parameter, value)) return host::Data(*choice);
             break;
         case ParameterKind::kText:
-            return host::Data(text);
+            if (!ListsFrames(parameter) || IsFrameList(text)) return host::Data(text);
+            Refuse(parameter, Quoted(text), kExpectedFrameList);
         case ParameterKind::kLink:
             Refuse(parameter, "a link", "a parameter that holds a value");
         case ParameterKind::kButton:
@@ -156,7 +157,17 @@ host::Data ParseValue(const Parameter &parameter, std::string_view text, int fra
         case ParameterKind::kOther:
             Refuse(parameter, "no value", "a parameter that holds a value");
     }
-    Refuse(parameter, Quoted(text), Expected(parameter));
+    Refuse(parameter, Quoted(text), Expected(parameter, text));
+}
+
+std::string SliderNote(const Parameter &parameter, const host::Data &value) {
+    if (!parameter.slider_minimum || !parameter.slider_maximum) return "";
+    const bool is_time = parameter.kind == ParameterKind::kTime;
+    if (!is_time && parameter.kind != ParameterKind::kReal) return "";
+    const double stored = is_time ? host::Seconds(value.GetTime()) : value.Real();
+    if (stored >= *parameter.slider_minimum && stored <= *parameter.slider_maximum) return "";
+    return "'" + parameter.label + "' is " + WithUnit(parameter, stored) + ", beyond its slider, which goes from " +
+           WithUnit(parameter, *parameter.slider_minimum) + " to " + WithUnit(parameter, *parameter.slider_maximum);
 }
 
 }  // namespace tremolux

@@ -15,4 +15,8 @@ namespace tremolux {
 // past the parameter's limits.
 host::Data ParseValue(const Parameter &parameter, std::string_view text, int frames_per_second);
 
+// "'Shake Speed' is 5000%, beyond its slider, which goes from 0% to 300%": of a value that the limits allow and the
+// panel's slider does not reach. Empty for any other.
+std::string SliderNote(const Parameter &parameter, const host::Data &value);
+
 }  // namespace tremolux

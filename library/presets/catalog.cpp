@@ -1,7 +1,6 @@
 #include "library/presets/catalog.h"
 
 #include <algorithm>
-#include <sstream>
 
 #include "generated/module_ids.h"
 #include "host/ui/attribute_manager.h"
@@ -9,7 +8,7 @@
 #include "library/failure.h"
 #include "library/formats/numbers.h"
 #include "library/formats/source_text.h"
-#include "library/parameters/lookup.h"
+#include "library/parameters/nearest.h"
 #include "library/parameters/parameter.h"
 
 namespace tremolux {
@@ -27,31 +26,33 @@ std::vector<const CatalogEntry *> Matching(const std::vector<CatalogEntry> &cata
     return found;
 }
 
+// Whatever the order, the case and what stands between the words.
+bool HasEveryWord(const std::string &path, std::string_view wanted) {
+    const std::vector<std::string> words = WordsOf(wanted);
+    const std::string folded = Folded(path);
+    return !words.empty() && std::all_of(words.begin(), words.end(), [&](const std::string &word) {
+        return folded.find(word) != std::string::npos;
+    });
+}
+
+void SortByDistance(std::string_view wanted, std::vector<const CatalogEntry *> *entries) {
+    std::stable_sort(entries->begin(), entries->end(), [&](const CatalogEntry *a, const CatalogEntry *b) {
+        return NameDistance(wanted, PathOf(*a)) < NameDistance(wanted, PathOf(*b));
+    });
+}
+
+std::vector<std::string> Paths(const std::vector<CatalogEntry> &catalog) {
+    std::vector<std::string> paths;
+    paths.reserve(catalog.size());
+    for (const CatalogEntry &entry : catalog) paths.push_back(PathOf(entry));
+    return paths;
+}
+
 std::string List(const std::vector<const CatalogEntry *> &entries) {
     std::string list;
     for (std::size_t i = 0; i < std::min(entries.size(), kShownCandidates); ++i)
         list += (i == 0 ? "'" : ", '") + PathOf(*entries[i]) + "'";
     return list + (entries.size() > kShownCandidates ? ", ..." : "");
-}
-
-bool HasEveryWord(const std::string &path, const std::string &wanted) {
-    std::istringstream words(wanted);
-    for (std::string word; words >> word;)
-        if (path.find(word) == std::string::npos) return false;
-    return true;
-}
-
-void SortByNearness(const std::string &wanted, std::vector<const CatalogEntry *> *entries) {
-    std::stable_sort(entries->begin(), entries->end(), [&](const CatalogEntry *a, const CatalogEntry *b) {
-        return EditDistance(wanted, Folded(a->name)) < EditDistance(wanted, Folded(b->name));
-    });
-}
-
-std::string Nearest(const std::vector<CatalogEntry> &catalog, const std::string &wanted) {
-    std::vector<const CatalogEntry *> ranked = Matching(catalog, [](const CatalogEntry &) { return true; });
-    SortByNearness(wanted, &ranked);
-    ranked.resize(std::min<std::size_t>(ranked.size(), 3));
-    return ranked.empty() ? "there are none" : "nearest: " + List(ranked);
 }
 
 }  // namespace
@@ -85,16 +86,16 @@ const CatalogEntry &FindPreset(const std::vector<CatalogEntry> &catalog, std::st
     const auto by_path = [&](const CatalogEntry &entry) { return Folded(PathOf(entry)) == wanted; };
     const auto by_name = [&](const CatalogEntry &entry) { return Folded(entry.name) == wanted; };
     const auto by_part = [&](const CatalogEntry &entry) { return Folded(entry.name).find(wanted) != std::string::npos; };
-    const auto by_words = [&](const CatalogEntry &entry) { return HasEveryWord(Folded(PathOf(entry)), wanted); };
+    const auto by_words = [&](const CatalogEntry &entry) { return HasEveryWord(PathOf(entry), text); };
     std::vector<const CatalogEntry *> found = Matching(catalog, by_path);
     if (found.empty()) found = Matching(catalog, by_name);
     if (found.empty() && !wanted.empty()) found = Matching(catalog, by_part);
-    if (found.empty() && !wanted.empty()) found = Matching(catalog, by_words);
+    if (found.empty()) found = Matching(catalog, by_words);
     if (found.size() == 1) return *found.front();
     if (found.empty())
-        throw Failure(kExitInput, place + ": found no preset " + Quoted(text) + ", expected CATEGORY/NAME or a name; " +
-                                      Nearest(catalog, wanted));
-    SortByNearness(wanted, &found);
+        throw Failure(kExitInput, place + ": found no preset " + Quoted(text) + ", expected CATEGORY/NAME or a name" +
+                                      (catalog.empty() ? "; there are none" : DidYouMean(text, Paths(catalog))));
+    SortByDistance(text, &found);
     throw Failure(kExitInput, place + ": found " + std::to_string(found.size()) + " presets " + Quoted(text) +
                                   ", expected one of them: " + List(found));
 }

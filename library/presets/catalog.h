@@ -25,8 +25,9 @@ void ChooseEntry(host::Tag *tag, std::int32_t list, std::int32_t value);
 // that: afterwards the tag is as it was.
 std::vector<CatalogEntry> ReadCatalog(host::Tag *tag);
 
-// By "Category/Name" or by the name alone, whatever the case; a part of the name, or words of both, are enough where only one
-// preset has them. Throws a Failure that names the candidates or the nearest names, the nearest first; `place` is where the text was typed.
+// By "Category/Name" or by the name alone, whatever the case; a part of the name, or words of both in any order, are enough
+// where only one preset has them. Throws a Failure that names the candidates, nearest first, or names that are near; `place`
+// is where the text was typed.
 const CatalogEntry &FindPreset(const std::vector<CatalogEntry> &catalog, std::string_view text,
                                const std::string &place);
 

@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "host/animation/track.h"
+#include "host/description/description.h"
 #include "host/value/descid.h"
 #include "library/failure.h"
-#include "library/formats/numbers.h"
 
 namespace tremolux {
 namespace {
@@ -50,11 +50,34 @@ void KeyVector(host::Object *object, std::int32_t parameter, const CameraMove &m
     animate(host::kVectorZ, &host::Vector::z);
 }
 
-std::string ParameterText(const TableDescID &id) {
+std::string IdText(const TableDescID &id) {
     std::string text;
     for (std::int32_t level = 0; host::LevelId(id, level) != 0; ++level)
         text += (level > 0 ? "/" : "") + std::to_string(host::LevelId(id, level));
     return text;
+}
+
+// Of a vector: X, Y, Z, or the angles H, P, B; empty for the whole parameter.
+std::string ComponentName(const TableDescID &id) {
+    const std::int32_t parameter = host::LevelId(id, 0);
+    const bool is_angle = parameter == host::kParamRelRotation || parameter == host::kParamFrozenRotation;
+    switch (host::LevelId(id, 1)) {
+        case host::kVectorX:
+            return is_angle ? " . H" : " . X";
+        case host::kVectorY:
+            return is_angle ? " . P" : " . Y";
+        case host::kVectorZ:
+            return is_angle ? " . B" : " . Z";
+        default:
+            return "";
+    }
+}
+
+// As a track of it is labelled; its id where the node does not describe it.
+std::string ParameterName(host::Description *description, const TableDescID &id) {
+    const host::Description::Entry *entry = description->Find(host::MakeId(host::LevelId(id, 0)));
+    const std::string name = entry != nullptr ? entry->settings.Text(host::kDescName) : "";
+    return name.empty() ? IdText(id) : name + ComponentName(id);
 }
 
 }  // namespace
@@ -84,17 +107,19 @@ void KeyNumber(host::Node *node, const TableDescID &id, const host::Time &time, 
     key->SetValue(value);
 }
 
-std::string KeyTable(const host::Object &object, int frames_per_second) {
-    std::string text = "parameter,frame,value\n";
+std::vector<ListedKey> ListKeys(const host::Object &object, int frames_per_second) {
+    host::Description description;
+    host::BuildDescription(&object, nullptr, 0, &description);
+    std::vector<ListedKey> keys;
     for (const host::Track *track : object.Tracks()) {
+        const std::string id = IdText(track->Id()), name = ParameterName(&description, track->Id());
         const host::Curve *curve = track->GetCurve();
         for (std::int32_t i = 0; i < curve->KeyCount(); ++i) {
             const host::Key *key = curve->KeyAt(i);
-            text += ParameterText(track->Id()) + "," + FormatNumber(host::Seconds(key->GetTime()) * frames_per_second) +
-                    "," + FormatNumber(key->GetValue()) + "\n";
+            keys.push_back({id, name, host::Seconds(key->GetTime()) * frames_per_second, key->GetValue()});
         }
     }
-    return text;
+    return keys;
 }
 
 }  // namespace tremolux

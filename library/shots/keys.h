@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "host/scene/object.h"
 #include "library/moves/camera_move.h"
@@ -18,7 +19,11 @@ void KeyPosition(host::Object *object, const CameraMove &points, int frames_per_
 void KeyNumber(host::Node *node, const TableDescID &id, const host::Time &time, double value,
                std::int32_t interpolation);
 
-// One line for each key, track after track: the parameter's id ("903/1000"), the frame, the value as it is stored.
-std::string KeyTable(const host::Object &object, int frames_per_second);
+struct ListedKey {
+    std::string id, parameter;  // "903/1000", "Position . X"
+    double frame, value;        // the value as it is stored
+};
+// Track after track.
+std::vector<ListedKey> ListKeys(const host::Object &object, int frames_per_second);
 
 }  // namespace tremolux

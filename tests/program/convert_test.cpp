@@ -58,6 +58,17 @@ TEST_F(Convert, WritesChanInAnotherOrderAndUnitThanItReads) {
     EXPECT_NEAR(sample.angles.z, 5 * tremolux::kRadiansPerDegree, 1e-9);
 }
 
+TEST_F(Convert, WritesToOutputsNamedEitherWay) {
+    const std::string a = workplace_.Path("a.csv"), b = workplace_.Path("b.csv"), c = workplace_.Path("c.csv");
+    ASSERT_EQ(Run({csv_, "-o", a, "--output", b}).status, 0);
+    ASSERT_EQ(Run({csv_, c}).status, 0);
+    EXPECT_EQ(workplace_.Read("a.csv"), workplace_.Read("c.csv"));
+    EXPECT_EQ(workplace_.Read("b.csv"), workplace_.Read("c.csv"));
+    const Outcome none = Run({csv_});
+    EXPECT_EQ(none.status, 2);
+    EXPECT_EQ(none.err, "convert: found no output, expected -o FILE\n");
+}
+
 TEST_F(Convert, RefusesWhatItCannotReadOrWrite) {
     const auto refused = [&](const std::vector<std::string> &arguments, const std::string &said) {
         const Outcome outcome = Run(arguments);

@@ -67,8 +67,8 @@ TEST_F(PanelCommand, MarksAllButUnBakeOfABakedTag) {
 }
 
 TEST_F(PanelCommand, WritesTheSamePageEveryTime) {
-    for (const char *page : {"a.html", "b.html"})
-        EXPECT_EQ(workplace_.Run({"panel", "--html", workplace_.Path(page)}).status, 0);
+    EXPECT_EQ(workplace_.Run({"panel", "-o", workplace_.Path("a.html")}).status, 0);
+    EXPECT_EQ(workplace_.Run({"panel", "--html", workplace_.Path("b.html")}).status, 0);
     const std::string page = workplace_.Read("a.html");
     EXPECT_EQ(page, workplace_.Read("b.html"));
     EXPECT_EQ(page.rfind("<!doctype html>", 0), 0u);
@@ -78,8 +78,7 @@ TEST_F(PanelCommand, WritesTheSamePageEveryTime) {
 
 TEST_F(PanelCommand, KeepsTextsFromBreakingThePage) {
     EXPECT_EQ(
-        workplace_
-            .Run({"panel", "--set", "Custom Trigger=\"><script>alert(1)</script>", "--html", workplace_.Path("a.html")})
+        workplace_.Run({"panel", "--set", "Name=\"><script>alert(1)</script>", "--html", workplace_.Path("a.html")})
             .status,
         0);
     EXPECT_EQ(workplace_.Read("a.html").find("<script>alert"), std::string::npos);

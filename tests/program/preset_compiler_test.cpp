@@ -50,7 +50,7 @@ TEST_F(PresetCompiler, ForgetsPresetsThatAreGone) {
 }
 
 TEST_F(PresetCompiler, RefusesWhatItDoesNotUnderstandWithFileAndReason) {
-    ExpectRefused(kHead + "Position Slo = 1 %\n", "nearest: 'Position Slow'");
+    ExpectRefused(kHead + "Position Slo = 1 %\n", "did you mean 'Position Slow'?");
     ExpectRefused(kHead + "Overshoot Fade = 1 %\n", "6154 or 6035");
     ExpectRefused(kHead + "6154 Position Slow = 1 %\n", "found no parameter");
     ExpectRefused(kHead + "Initial Pos Smooth = 120 %\n", "120");

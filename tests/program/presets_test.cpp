@@ -125,7 +125,13 @@ TEST_F(PresetsCommand, FindsPresetsByAnyPartThatIsUnambiguous) {
     ExpectRefused({"shake", still, "--preset", "e", "-o", workplace_.Path("no.csv")},
                   "presets 'e', expected one of them");
     ExpectRefused({"shake", still, "--preset", "Standing stil1", "-o", workplace_.Path("no.csv")},
-                  "nearest: 'Hand-held/Standing still'");
+                  "did you mean 'Hand-held/Standing still'?");
+    ExpectRefused({"presets", "show", "stnading still"}, "did you mean 'Hand-held/Standing still'?");
+    EXPECT_EQ(Text({"presets", "show", "STILL hand standing"}), Text({"presets", "show", "Standing still"}));
+    EXPECT_EQ(Text({"presets", "show", "walk"}), Text({"presets", "show", "Brisk walk"}));
+    ExpectRefused({"presets", "show", "vehicles"}, "expected one of them: 'Vehicles/");
+    // A word of its own is nearer than the start of "Careful", which the panel has before it.
+    ExpectRefused({"presets", "show", "car"}, "expected one of them: 'Vehicles/City car', ");
     ExpectRefused({"shake", still, "--preset", "Nowhere/Standing still", "-o", workplace_.Path("no.csv")}, "--preset");
     EXPECT_EQ(workplace_.Read("no.csv"), "(missing)");
 }

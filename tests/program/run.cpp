@@ -21,11 +21,11 @@ Outcome Workplace::Run(const std::vector<std::string> &arguments) const {
     return RunBare(command);
 }
 
-Outcome Workplace::RunBare(const std::vector<std::string> &arguments) const {
+Outcome Workplace::RunBare(const std::vector<std::string> &arguments, const std::string &input) const {
     const fs::path out = settings_ / "out.txt", err = settings_ / "err.txt";
     std::vector<std::string> command = {TREMOLUX_PROGRAM_FILE};
     command.insert(command.end(), arguments.begin(), arguments.end());
-    const int status = test_support::RunProcess(command, out, err);
+    const int status = test_support::RunProcess(command, out, err, input);
     return {status, test_support::BytesOf(out), test_support::BytesOf(err)};
 }
 

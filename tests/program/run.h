@@ -30,8 +30,8 @@ class Workplace {
     // Unless the arguments say otherwise, with settings apart from the files, so that Names shows what the program left
     // among them, and with a module that has no presets: a new tag is at its defaults.
     Outcome Run(const std::vector<std::string> &arguments) const;
-    // As the arguments are.
-    Outcome RunBare(const std::vector<std::string> &arguments) const;
+    // As the arguments are, with the text at the standard input.
+    Outcome RunBare(const std::vector<std::string> &arguments, const std::string &input = "") const;
     const std::filesystem::path &Settings() const { return settings_.Path(); }
 
   private:

@@ -91,9 +91,9 @@ TEST_F(Scenes, AreBakedAndUnBaked) {
     EXPECT_EQ(Text({"bake", Path("live.scene"), "--brute", "-o", Path("baked.scene"), "--quiet"}),
               "Camera: 400 keys on 8 tracks\n");
     EXPECT_NE(workplace_.Read("baked.scene"), workplace_.Read("live.scene"));
-    ExpectRefused({"press", "Zero Pos", Path("baked.scene")}, "disabled");
-    EXPECT_EQ(Text({"bake", Path("baked.scene"), "--undo"}), "Camera: 0 keys on 0 tracks\n");
-    Text({"press", "Zero Pos", Path("baked.scene")});
+    ExpectRefused({"press", "Zero Pos", Path("baked.scene"), "--in-place"}, "disabled");
+    EXPECT_EQ(Text({"bake", Path("baked.scene"), "--undo", "--in-place"}), "Camera: 0 keys on 0 tracks\n");
+    Text({"press", "Zero Pos", Path("baked.scene"), "--in-place"});
     ExpectRefused({"bake", Path("live.scene")}, "expected one of --quick, --brute and --undo");
     ExpectRefused({"bake", Path("live.scene"), "--quick", "--undo"}, "expected one of");
 }
@@ -101,25 +101,26 @@ TEST_F(Scenes, AreBakedAndUnBaked) {
 TEST_F(Scenes, GetTheirKeysBackFromABake) {
     Shake("live.csv", {"--scene", Path("a.scene")});
     // Two channels change over 50 frames; of the others one key holds.
-    EXPECT_EQ(Text({"keys", Path("a.scene"), "--import", Path("move.csv")}), "Camera: 106 keys on 8 tracks\n");
+    EXPECT_EQ(Text({"keys", Path("a.scene"), "--import", Path("move.csv"), "--in-place"}),
+              "Camera: 106 keys on 8 tracks\n");
     const std::string keys = Text({"keys", Path("a.scene")});
     EXPECT_EQ(std::count(keys.begin(), keys.end(), '\n'), 107);
-    EXPECT_NE(keys.find("\n903/1000,49,196\n"), std::string::npos) << keys;
-    EXPECT_NE(keys.find("\n500,0,35\n"), std::string::npos) << keys;
+    EXPECT_NE(keys.find("\nPosition . X,49,196\n"), std::string::npos) << keys;
+    EXPECT_NE(keys.find("\nFocal Length,0,35\n"), std::string::npos) << keys;
     for (const char *bake : {"--quick", "--brute"}) {
-        Text({"bake", Path("a.scene"), bake, "--quiet"});
+        Text({"bake", Path("a.scene"), bake, "--quiet", "--in-place"});
         EXPECT_NE(Text({"keys", Path("a.scene")}), keys);
-        Text({"bake", Path("a.scene"), "--undo", "--quiet"});
+        Text({"bake", Path("a.scene"), "--undo", "--quiet", "--in-place"});
         EXPECT_EQ(Text({"keys", Path("a.scene")}), keys);
     }
     EXPECT_EQ(Text({"keys", Path("a.scene"), "--camera", "Input Camera"}), keys);
-    ExpectRefused({"keys", Path("a.scene"), "--import", Path("missing.csv")}, "missing.csv");
+    ExpectRefused({"keys", Path("a.scene"), "--import", Path("missing.csv"), "--in-place"}, "missing.csv");
     ExpectRefused({"keys", Path("a.scene"), "--camera", "Nobody"}, "found no camera 'Nobody'");
 }
 
 TEST_F(Scenes, OpenTheGuideForHelp) {
     Shake("live.csv", {"--scene", Path("a.scene")});
-    const std::string opened = Text({"press", "?", Path("a.scene")});
+    const std::string opened = Text({"press", "?", Path("a.scene"), "--in-place"});
     EXPECT_EQ(opened.substr(0, 16), "opened: file:///");
     EXPECT_NE(opened.find("/res/guide.html\n"), std::string::npos) << opened;
 }
@@ -134,31 +135,75 @@ TEST_F(Scenes, AreNeverWrittenOverAnInputOrAnotherOutput) {
 
 TEST_F(Scenes, TellWhatAButtonAsked) {
     Shake("live.csv", {"--scene", Path("a.scene")});
-    EXPECT_EQ(Text({"press", "Save", Path("a.scene"), "--answer", "Mine"}), "name -> Mine\n");
-    EXPECT_EQ(Text({"press", "Save", Path("a.scene"), "--answer", "mine", "--answer", "no"}),
+    EXPECT_EQ(Text({"press", "Save", Path("a.scene"), "--in-place", "--answer", "Mine"}), "name -> Mine\n");
+    EXPECT_EQ(Text({"press", "Save", Path("a.scene"), "--in-place", "--answer", "mine", "--answer", "no"}),
               "name -> mine\nOverride existing preset? -> no\n");
-    EXPECT_NE(Text({"press", "Save", Path("a.scene"), "--control", "--answer", "Other", "--answer", "yes"})
-                  .find("Saving as a default preset -> yes"),
-              std::string::npos);
-    EXPECT_EQ(Text({"press", "6003", Path("a.scene")}), "name -> cancelled\n");
+    EXPECT_NE(
+        Text({"press", "Save", Path("a.scene"), "--in-place", "--control", "--answer", "Other", "--answer", "yes"})
+            .find("Saving as a default preset -> yes"),
+        std::string::npos);
+    EXPECT_EQ(Text({"press", "6003", Path("a.scene"), "--in-place"}), "name -> cancelled\n");
 }
 
 TEST_F(Scenes, GetAHandHeldCamera) {
     Shake("live.csv", {"--scene", Path("a.scene")});
     Text({"apply", Path("a.scene"), "--camera", "Input Camera", "-o", Path("b.scene")});
-    ExpectRefused({"press", "Coffee Cup", Path("b.scene")}, "found 2 TremoluxCam tags");
-    Text({"press", "Coffee Cup", Path("b.scene"), "--camera", "TremoluxCam"});
-    EXPECT_EQ(Text({"apply", Path("b.scene"), "--answer", "no"}), "No camera selected, create a camera? -> no\n");
+    ExpectRefused({"press", "Coffee Cup", Path("b.scene"), "--in-place"}, "found 2 TremoluxCam tags");
+    Text({"press", "Coffee Cup", Path("b.scene"), "--in-place", "--camera", "TremoluxCam"});
+    EXPECT_EQ(Text({"apply", Path("b.scene"), "--in-place", "--answer", "no"}),
+              "No camera selected, create a camera? -> no\n");
+}
+
+TEST_F(Scenes, ChangeOnlyWhereTheUserSaid) {
+    Shake("live.csv", {"--scene", Path("a.scene")});
+    const std::string scene = workplace_.Read("a.scene");
+    const std::string expected = "expected either -o FILE or --in-place";
+    const std::vector<std::vector<std::string>> jobs = {{"press", "Coffee Cup", Path("a.scene")},
+                                                        {"bake", Path("a.scene"), "--quick"},
+                                                        {"apply", Path("a.scene"), "--camera", "Camera"},
+                                                        {"keys", Path("a.scene"), "--import", Path("move.csv")}};
+    for (std::vector<std::string> job : jobs) {
+        ExpectRefused(job, job.front() + ": found none, " + expected);
+        job.insert(job.end(), {"--in-place", "-o", Path("b.scene")});
+        ExpectRefused(job, job.front() + ": found both, " + expected);
+    }
+    ExpectRefused({"keys", Path("a.scene"), "--in-place"}, "--import");
+    EXPECT_EQ(workplace_.Read("a.scene"), scene);
+    EXPECT_EQ(workplace_.Read("b.scene"), "(missing)");
+    Text({"press", "Coffee Cup", Path("a.scene"), "-o", Path("b.scene")});
+    EXPECT_EQ(workplace_.Read("a.scene"), scene);
+    EXPECT_NE(workplace_.Read("b.scene"), scene);
+    EXPECT_NE(workplace_.Read("b.scene"), "(missing)");
+}
+
+TEST_F(Scenes, GetTheCameraThatTheCommandAsksAbout) {
+    Shake("live.csv", {"--scene", Path("a.scene")});
+    const std::string scene = workplace_.Read("a.scene");
+    ExpectRefused({"apply", Path("a.scene"), "--in-place"}, "expected --camera NAME, or --answer yes for a new one");
+    EXPECT_EQ(workplace_.Read("a.scene"), scene);
+    EXPECT_EQ(Text({"apply", Path("a.scene"), "-o", Path("b.scene"), "--answer", "yes"}),
+              "No camera selected, create a camera? -> yes\n");
+    // The new camera has the tag, and an input to be moved by.
+    Text({"keys", Path("b.scene"), "--camera", "TremoluxCam"});
+    ExpectRefused({"press", "Coffee Cup", Path("b.scene"), "--in-place"}, "found 2 TremoluxCam tags");
+}
+
+TEST_F(Scenes, ListTheirKeysIntoAFile) {
+    Shake("live.csv", {"--scene", Path("a.scene")});
+    const std::string listed = Text({"keys", Path("a.scene"), "--camera", "Input Camera"});
+    EXPECT_EQ(Text({"keys", Path("a.scene"), "--camera", "Input Camera", "-o", Path("keys.csv")}), "");
+    EXPECT_EQ(workplace_.Read("keys.csv"), listed);
+    EXPECT_NE(listed.find("\nRotation . H,"), std::string::npos) << listed;
 }
 
 TEST_F(Scenes, AreRefusedWhenTheyAreNone) {
-    ExpectRefused({"press", "Save", workplace_.Write("text", "no scene")}, "no scene");
-    ExpectRefused({"press", "Save", Path("missing")}, "missing");
+    ExpectRefused({"press", "Save", workplace_.Write("text", "no scene"), "--in-place"}, "no scene");
+    ExpectRefused({"press", "Save", Path("missing"), "-o", Path("new")}, "missing");
     Shake("live.csv", {"--scene", Path("a.scene")});
-    ExpectRefused({"press", "Nothing", Path("a.scene")}, "press: found no parameter");
-    ExpectRefused({"press", "Seed", Path("a.scene")}, "expected a button");
-    ExpectRefused({"press", "Save", Path("a.scene"), "--camera", "Nobody"}, "found no camera 'Nobody'");
-    ExpectRefused({"apply", Path("a.scene"), "--camera", "Nobody"}, "found no camera 'Nobody'");
+    ExpectRefused({"press", "Nothing", Path("a.scene"), "--in-place"}, "press: found no parameter");
+    ExpectRefused({"press", "Seed", Path("a.scene"), "--in-place"}, "expected a button");
+    ExpectRefused({"press", "Save", Path("a.scene"), "--in-place", "--camera", "Nobody"}, "found no camera 'Nobody'");
+    ExpectRefused({"apply", Path("a.scene"), "--in-place", "--camera", "Nobody"}, "found no camera 'Nobody'");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "tremolux/command_line.h"
 
@@ -25,5 +26,7 @@ void AddPresetsCommand(Command program, Action *action);
 // press, bake, apply and keys, on saved scenes
 void AddSceneCommands(Command program, Action *action);
 void AddInfoCommand(Command program, Action *action);
+// The program's version line and the module's; throws a Failure where no module can be loaded.
+std::string VersionText();
 
 }  // namespace tremolux

@@ -10,7 +10,7 @@ namespace {
 
 struct ConvertOptions {
     std::string input;
-    std::vector<std::string> outputs;
+    std::vector<std::string> outputs, more_outputs;  // by option, and as arguments
     FormatChoices formats;
     std::string frames;
     std::string to_unit, to_order, to_axes;  // empty: as they are read
@@ -35,11 +35,19 @@ void Convert(const ConvertOptions &options) {
     choices.table = {};
     choices.table.axes = options.to_axes.empty() ? options.formats.table.axes : options.to_axes;
     const FormatOptions to = choices.Options();
-    OutputFiles files(options.outputs, {options.input});
-    for (const std::filesystem::path &file : files.Files()) FormatOf(file, FormatUse::kWrite);
+    if (options.outputs.empty() && options.more_outputs.empty())
+        throw Failure(kExitInput, "convert: found no output, expected -o FILE");
+    std::vector<std::string> outputs = options.outputs;
+    outputs.insert(outputs.end(), options.more_outputs.begin(), options.more_outputs.end());
+    OutputFiles files(outputs, {options.input});
+    std::vector<std::filesystem::path> names;
+    names.reserve(outputs.size());
+    for (const std::string &file : outputs) names.push_back(choices.OutputName(file));
+    for (const std::filesystem::path &name : names) FormatOf(name, FormatUse::kWrite);
     const CameraMove move = AskedFrames(ReadMoveFile(options.input, from), options.frames);
     std::vector<std::string> texts;
-    for (const std::filesystem::path &file : files.Files()) texts.push_back(TextForFile(file, move, to));
+    texts.reserve(names.size());
+    for (const std::filesystem::path &name : names) texts.push_back(TextForFile(name, move, to));
     files.Write(texts);
 }
 
@@ -49,8 +57,13 @@ void AddConvertCommand(Command program, Action *action) {
     const auto options = std::make_shared<ConvertOptions>();
     Command command = program.Subcommand("convert", "Writes a camera file as files of other kinds");
     command.Add("INPUT", &options->input, "camera file to read, " + KnownExtensions(FormatUse::kRead)).Required();
-    command.Add("OUTPUT", &options->outputs, "camera file to write, " + KnownExtensions(FormatUse::kWrite)).Required();
+    command.Add("OUTPUT", &options->more_outputs, "the same as -o");
+    command
+        .Add("-o,--output", &options->outputs,
+             "camera file to write, " + KnownExtensions(FormatUse::kWrite) + "; may be given again")
+        .Repeatable();
     AddFormatOptions(command, &options->formats);
+    AddStreamFormats(command, &options->formats);
     command.Add("--frames", &options->frames,
                 "FIRST:LAST: the frames to write; of a camera that stands still in its file, those that there are");
     AddTableName(command, &options->formats.table);

@@ -87,7 +87,9 @@ void Import(const ImportOptions &options) {
     const fs::path scene = Checked(options.input);
     FramesOption(options.frames);
     OutputFiles files(options.outputs, {options.input});
-    for (const fs::path &file : files.Files()) FormatOf(file, FormatUse::kWrite);
+    std::vector<fs::path> names;
+    for (const std::string &file : options.outputs) names.push_back(options.formats.OutputName(file));
+    for (const fs::path &name : names) FormatOf(name, FormatUse::kWrite);
     const ImportedMove imported = ReadImported(options.input, RunBlender(options, formats, scene));
     if (imported.width > 0 && options.formats.resolution == FormatChoices().resolution) {
         formats.width = imported.width;
@@ -96,7 +98,8 @@ void Import(const ImportOptions &options) {
     const CameraMove move = AtRatesOf(formats, options.input, imported.move);
     for (const std::string &note : move.notes) std::fprintf(stderr, "%s: %s\n", options.input.c_str(), note.c_str());
     std::vector<std::string> texts;
-    for (const fs::path &file : files.Files()) texts.push_back(TextForFile(file, move, formats));
+    texts.reserve(names.size());
+    for (const fs::path &name : names) texts.push_back(TextForFile(name, move, formats));
     files.Write(texts);
 }
 
@@ -116,6 +119,8 @@ void AddImportCommand(Command program, Action *action) {
     command.Add("--camera", &options->camera, "name or path of the camera, where the scene has several");
     command.Add("--frames", &options->frames,
                 "FIRST:LAST: the frames to take; else those of the camera's keys, or of a .blend's range");
+    command.Add("--format,--to-format", &options->formats.to_format,
+                "extension of what the standard output gets, where the output is -");
     AddRateOptions(command, &options->formats);
     AddWritingOptions(command, &options->formats);
     command.Add("--quiet", &options->quiet, "show no progress");

@@ -1,6 +1,7 @@
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/move_options.h"
 #include "tremolux/process/output_files.h"
+#include "tremolux/process/streams.h"
 #include "tremolux/words/inspect_text.h"
 
 namespace tremolux {
@@ -13,8 +14,8 @@ struct InspectOptions {
 };
 
 void Inspect(const InspectOptions &options) {
-    const std::filesystem::path file = std::filesystem::u8path(options.input);
-    const CameraMove move = ReadMove(file, options.formats.Options());
+    const CameraMove move = ReadInput(options.input, options.formats.Options());
+    const std::filesystem::path file = NamedInput(options.input, options.formats.format);
     const InspectedFile inspected{options.input, FormatOf(file, FormatUse::kRead).extension, move};
     Print(options.json ? InspectJson(inspected) : InspectText(inspected));
 }
@@ -28,6 +29,7 @@ void AddInspectCommand(Command program, Action *action) {
     command.Add("INPUT", &options->input, "camera file to read, " + KnownExtensions(FormatUse::kRead)).Required();
     command.Add("--json", &options->json, "as one JSON object");
     AddFormatOptions(command, &options->formats);
+    AddInputFormat(command, &options->formats);
     command.OnCall([=] { *action = [options] { Inspect(*options); }; });
 }
 

@@ -11,7 +11,7 @@
 #include "library/failure.h"
 #include "library/formats/numbers.h"
 #include "library/formats/source_text.h"
-#include "library/parameters/lookup.h"
+#include "library/parameters/nearest.h"
 #include "library/parameters/settings.h"
 #include "library/shots/keys.h"
 #include "tremolux/commands/option_values.h"

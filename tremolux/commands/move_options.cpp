@@ -1,5 +1,6 @@
 #include "tremolux/commands/move_options.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "host/value/text.h"
@@ -7,7 +8,9 @@
 #include "library/formats/numbers.h"
 #include "library/formats/source_text.h"
 #include "library/parameters/name_seed.h"
+#include "library/parameters/settings.h"
 #include "tremolux/commands/option_values.h"
+#include "tremolux/process/streams.h"
 #include "tremolux/process/system.h"
 
 namespace tremolux {
@@ -74,6 +77,9 @@ FrameNumbers FramesOption(const std::string &text) {
 FrameNumbers MoveOptions::FrameRange() const { return FramesOption(frames); }
 
 FormatOptions MoveOptions::ReadOptions() const {
+    const std::vector<std::string> files = InputFiles();
+    if (std::count_if(files.begin(), files.end(), IsStream) > 1)
+        throw Failure(kExitInput, "-: found twice, expected the standard input once");
     FormatOptions options = formats.Options();
     options.frames = FrameRange();
     return options;
@@ -83,6 +89,7 @@ FormatOptions FormatChoices::Options() const {
     FormatOptions options;
     options.camera = camera;
     options.usd_layer = usd_layer;
+    options.stream_format = format;
     if (!frames_per_second.empty()) options.rate = RateOption("--fps", frames_per_second);
     if (!retime.empty()) {
         options.retime = RateOption("--retime", retime);
@@ -115,6 +122,14 @@ FormatOptions FormatChoices::Options() const {
     return options;
 }
 
+std::filesystem::path FormatChoices::OutputName(const std::string &file) const {
+    const std::string &extension = to_format.empty() ? format : to_format;
+    if (IsStream(file) && extension.empty())
+        throw Failure(kExitInput, "-: found no format, expected --to-format .csv or another of " +
+                                      KnownExtensions(FormatUse::kWrite));
+    return NamedOutput(file, extension);
+}
+
 std::optional<double> MoveOptions::MadeFor() const {
     if (keep_hz.empty()) return std::nullopt;
     return RateOption("--keep-hz", keep_hz).PerSecond();
@@ -126,6 +141,16 @@ std::vector<std::string> MoveOptions::InputFiles() const {
     files.insert(files.end(), focus_object.begin(), focus_object.end());
     if (!jolts.file.empty()) files.push_back(jolts.file);
     return files;
+}
+
+void AddInputFormat(Command command, FormatChoices *choices) {
+    command.Add("--format", &choices->format, "extension of what the standard input holds, where INPUT is -: .csv");
+}
+
+void AddStreamFormats(Command command, FormatChoices *choices) {
+    AddInputFormat(command, choices);
+    command.Add("--to-format", &choices->to_format,
+                "extension of what the standard output gets, where the output is -; else --format");
 }
 
 void AddRateOptions(Command command, FormatChoices *choices) {
@@ -212,8 +237,25 @@ void AddShakeOptions(Command command, MoveOptions *options) {
     AddHostOptions(command, &options->host);
 }
 
+void SayBeyondSliders(const std::vector<std::string> &settings, int frames_per_second, const host::Tag &tag) {
+    for (const std::string &note : SliderNotes(settings, frames_per_second, tag))
+        std::fprintf(stderr, "--set: %s\n", note.c_str());
+}
+
+CameraMove ReadInput(const std::string &file, const FormatOptions &options) {
+    if (!IsStream(file)) return ReadMove(std::filesystem::u8path(file), options);
+    if (options.stream_format.empty() && !options.table)
+        throw Failure(kExitInput,
+                      "-: found no format, expected --format .csv or another of " + KnownExtensions(FormatUse::kRead));
+    const std::string name = NamedInput(file, options.stream_format).u8string();
+    FormatOptions here = options;
+    here.folder.clear();
+    if (!options.table) FormatOf(std::filesystem::u8path(name), FormatUse::kRead);
+    return MoveFromBytes(name, ReadStandardInput(kMaxFileBytes), here);
+}
+
 CameraMove ReadMoveFile(const std::string &file, const FormatOptions &options) {
-    CameraMove move = ReadMove(std::filesystem::u8path(file), options);
+    CameraMove move = ReadInput(file, options);
     for (const std::string &note : move.notes) std::fprintf(stderr, "%s: %s\n", file.c_str(), note.c_str());
     return move;
 }

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/scene/tag.h"
 #include "library/formats/format.h"
 #include "tremolux/command_line.h"
 #include "tremolux/commands/direction_options.h"
@@ -31,7 +32,10 @@ struct FormatChoices {
     std::string frames_per_second, retime, unit, rotation_order, aperture = "36", resolution = "1920x1080", camera;
     bool usd_layer = false;
     TableChoices table;
+    std::string format, to_format;  // of the standard streams; empty: not said, and the same
     FormatOptions Options() const;  // throws a Failure
+    // The file, or for the standard output a name that says its format.
+    std::filesystem::path OutputName(const std::string &file) const;
 };
 
 struct MoveOptions {
@@ -57,6 +61,9 @@ struct MoveOptions {
 // "FIRST:LAST" of the option --frames; nothing where it is not given. Throws a Failure.
 FrameNumbers FramesOption(const std::string &text);
 
+// --format and --to-format: what a standard stream in the place of a file holds.
+void AddStreamFormats(Command command, FormatChoices *choices);
+void AddInputFormat(Command command, FormatChoices *choices);     // --format alone
 void AddRateOptions(Command command, FormatChoices *choices);     // --fps and --retime
 void AddWritingOptions(Command command, FormatChoices *choices);  // what files do not say that are written
 // All of them, and what files do not say that are read.
@@ -65,7 +72,11 @@ void AddHostOptions(Command command, HostOptions *options);
 void AddMoveOptions(Command command, MoveOptions *options);   // for one move
 void AddShakeOptions(Command command, MoveOptions *options);  // but for the input
 
-// A camera file's move. What the reader had to decide, or passed over, is said on the standard error output, a line
+// Says on the standard error output which of the settings lie beyond their sliders, a line each.
+void SayBeyondSliders(const std::vector<std::string> &settings, int frames_per_second, const host::Tag &tag);
+// A camera file's move, or of "-" the standard input's. Throws a Failure.
+CameraMove ReadInput(const std::string &file, const FormatOptions &options);
+// The same. What the reader had to decide, or passed over, is said on the standard error output, a line
 // each.
 CameraMove ReadMoveFile(const std::string &file, const FormatOptions &options);
 // The move as that file's text. What the format has no place for is said on the standard error output, one line.

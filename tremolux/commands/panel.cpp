@@ -19,11 +19,13 @@ struct PanelOptions {
     HostOptions host;
     std::vector<std::string> settings;
     std::string preset;
-    bool baked = false, target = false;
+    bool baked = false, target = false, json = false;
     std::vector<std::string> pages;  // at most one; none: text on the standard output
 };
 
 void ShowPanel(const PanelOptions &options) {
+    if (options.json && !options.pages.empty())
+        throw Failure(kExitInput, "panel: found --json and a page to write, expected one of them");
     OutputFiles files(options.pages, {});
     const EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
     CameraMove standing;
@@ -33,11 +35,12 @@ void ShowPanel(const PanelOptions &options) {
     if (!options.preset.empty()) ChoosePreset(FindPreset(ReadCatalog(tag), options.preset, "--preset"), tag);
     if (options.target) stage.AddTarget(standing);
     ApplySettings(options.settings, standing.rate.Whole(), tag);
+    SayBeyondSliders(options.settings, standing.rate.Whole(), *tag);
     if (options.baked) stage.CameraTag().Data().Set(ids::kBaked, host::Data(std::int32_t{1}));
 
     const std::vector<host::PanelGroup> tabs = host::BuildPanel(&stage.CameraTag());
     if (options.pages.empty()) {
-        Print(PanelText(tabs));
+        Print(options.json ? PanelJson(tabs) : PanelText(tabs));
     } else {
         files.Write({PanelPage(tabs, stage.CameraTag().Name())});
     }
@@ -52,7 +55,8 @@ void AddPanelCommand(Command program, Action *action) {
     command.Add("--preset", &options->preset, "CATEGORY/NAME or NAME: the preset that is chosen");
     command.Add("--baked", &options->baked, "as after baking");
     command.Add("--target", &options->target, "with a target object");
-    command.Add("--html", &options->pages, "page to write; else text on the standard output").Once();
+    command.Add("-o,--output,--html", &options->pages, "page to write, .html; else text on the standard output").Once();
+    command.Add("--json", &options->json, "as one JSON object");
     AddHostOptions(command, &options->host);
     command.OnCall([=] { *action = [options] { ShowPanel(*options); }; });
 }

@@ -20,6 +20,7 @@
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/move_options.h"
 #include "tremolux/process/output_files.h"
+#include "tremolux/words/presets_json.h"
 
 namespace tremolux {
 namespace {
@@ -32,7 +33,7 @@ struct PresetsOptions {
     HostOptions host;
     std::string name, other, category = "User", folder;
     std::vector<std::string> from, settings, files;
-    bool replace = false, as_default = false, all = false, built_in = false, reset = false;
+    bool replace = false, as_default = false, all = false, built_in = false, reset = false, json = false;
 };
 
 // A tag whose buttons are pressed: everything happens by the module's own messages.
@@ -42,8 +43,12 @@ class PresetDesk {
     host::Tag *Tag() { return &stage_.CameraTag(); }
     int Rate() const { return stage_.Document().Fps(); }
     EmbeddedHost &Host() { return host_; }
-    void Choose(const std::string &preset, const std::string &place) {
-        ChoosePreset(FindPreset(ReadCatalog(Tag()), preset, place), Tag());
+    // Its category and name.
+    std::string Choose(const std::string &preset, const std::string &place) {
+        const std::vector<CatalogEntry> catalog = ReadCatalog(Tag());
+        const CatalogEntry &entry = FindPreset(catalog, preset, place);
+        ChoosePreset(entry, Tag());
+        return entry.category + "/" + entry.name;
     }
     void Press(std::int32_t button, bool control = false) {
         host_.Application().input.control = control;
@@ -71,8 +76,14 @@ std::string Cell(std::string text, std::size_t width) {
 void List(const PresetsOptions &options) {
     PresetDesk desk(options.host);
     const auto facts = ReadPresetFacts(desk.Host().ModuleFile());
+    const std::vector<CatalogEntry> catalog = ReadCatalog(desk.Tag());
+    const std::vector<std::string> left_out = LeftOutPresets(desk.Host().Application().console.lines);
+    if (options.json) {
+        Print(PresetListJson(catalog, facts, left_out));
+        return;
+    }
     std::string text, category;
-    for (const CatalogEntry &entry : ReadCatalog(desk.Tag())) {
+    for (const CatalogEntry &entry : catalog) {
         if (entry.category != category) text += (text.empty() ? "" : "\n") + entry.category + "\n";
         category = entry.category;
         const auto fact = facts.find(entry.name);
@@ -80,7 +91,6 @@ void List(const PresetsOptions &options) {
         text += "  " + (is_known ? Cell(entry.name, kNameWidth) + fact->second.about : entry.name) + "\n";
     }
     if (text.empty()) text = "no presets\n";
-    const std::vector<std::string> left_out = LeftOutPresets(desk.Host().Application().console.lines);
     if (!left_out.empty()) text += "\nLeft out\n";
     for (const std::string &file_and_reason : left_out) text += "  " + file_and_reason + "\n";
     Print(text);
@@ -88,18 +98,27 @@ void List(const PresetsOptions &options) {
 
 void Show(const PresetsOptions &options) {
     PresetDesk desk(options.host);
-    desk.Choose(options.name, "show");
+    const std::string preset = desk.Choose(options.name, "show");
+    const std::vector<ShownValue> values = PresetValues(desk.Tag());
+    if (options.json) {
+        Print(PresetJson(preset, values));
+        return;
+    }
     std::string text;
-    for (const ShownValue &value : PresetValues(desk.Tag())) text += Cell(value.label, kNameWidth) + value.value + "\n";
+    for (const ShownValue &value : values) text += Cell(value.label, kNameWidth) + value.value + "\n";
     Print(text);
 }
 
 void Diff(const PresetsOptions &options) {
     PresetDesk desk(options.host);
-    desk.Choose(options.name, "diff");
+    const std::string first = desk.Choose(options.name, "diff");
     const std::vector<ShownValue> a = PresetValues(desk.Tag());
-    desk.Choose(options.other, "diff");
+    const std::string second = desk.Choose(options.other, "diff");
     const std::vector<ShownValue> b = PresetValues(desk.Tag());
+    if (options.json) {
+        Print(PresetDifferenceJson({first, second}, a, b));
+        return;
+    }
     std::string text;
     for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i)
         if (a[i].value != b[i].value)
@@ -126,6 +145,7 @@ void Save(const PresetsOptions &options) {
     PresetDesk desk(options.host);
     if (!options.from.empty()) ChooseMix(ReadPresetShares(ReadCatalog(desk.Tag()), options.from, "--from"), desk.Tag());
     ApplySettings(options.settings, desk.Rate(), desk.Tag());
+    SayBeyondSliders(options.settings, desk.Rate(), *desk.Tag());
     const std::vector<ShownValue> wanted = PresetValues(desk.Tag());
     desk.Dialogs().AnswerText(options.name);
     if (options.as_default) desk.Dialogs().AnswerYes();
@@ -218,6 +238,7 @@ void AddPresetsCommand(Command program, Action *action) {
                                          "exports and imports them");
     presets.AllowOneSubcommand();
     AddHostOptions(presets, &options->host);
+    presets.Add("--json", &options->json, "the list, or what show and diff print, as one JSON object");
     presets.TakeFromParent();
     presets.OnCall([=] {
         if (!presets.HasSubcommand()) *action = [options] { List(*options); };

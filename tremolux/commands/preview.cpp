@@ -13,6 +13,7 @@
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/output_files.h"
 #include "tremolux/process/progress.h"
+#include "tremolux/process/streams.h"
 
 namespace tremolux {
 namespace {
@@ -65,13 +66,14 @@ FilmLook LookOf(const PreviewOptions &options, const Playback &playback, bool on
 }
 
 void Film(const PreviewOptions &options) {
-    const fs::path file = fs::u8path(options.output);
+    const fs::path file = NamedOutput(options.output, options.move.formats.to_format);
     const FilmFormat format = FilmFormatOf(file);
     MoveOptions move = options.move;
     const bool only_shaken = TakeShaken(&move.direction.only);
     Playback playback(move);
     OutputFiles files({options.output}, options.move.InputFiles());
     playback.Start();
+    SayBeyondSliders(playback.Settings(), playback.Rate().Whole(), playback.GetStage().CameraTag());
     const PlayedMotion motion = playback.Record();
     Progress progress(static_cast<std::int64_t>(motion.output.samples.size()), options.move.quiet);
     const std::string film = MakeFilm(motion, format, LookOf(options, playback, only_shaken), [&](std::int64_t frames) {
@@ -178,6 +180,7 @@ void AddPreviewCommand(Command program, Action *action) {
     Command command = program.Subcommand("preview", "Films a simple scene through the input camera and the shaken one");
     AddMoveOptions(command, &options->move);
     AddDirectionOptions(command, &options->move.direction);
+    AddStreamFormats(command, &options->move.formats);
     AddTableName(command, &options->move.formats.table);
     command.Find("INPUT").Required(false);
     command.Add("--size", &options->size,

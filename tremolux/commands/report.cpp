@@ -12,6 +12,7 @@
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/output_files.h"
 #include "tremolux/process/progress.h"
+#include "tremolux/process/streams.h"
 
 namespace tremolux {
 namespace {
@@ -48,10 +49,11 @@ void CheckPageName(const std::filesystem::path &file) {
 }
 
 void Report(const ReportOptions &options) {
-    CheckPageName(std::filesystem::u8path(options.output));
+    if (!IsStream(options.output)) CheckPageName(std::filesystem::u8path(options.output));
     Playback playback(options.move);
     OutputFiles files({options.output}, options.move.InputFiles());
     playback.Start();
+    SayBeyondSliders(playback.Settings(), playback.Rate().Whole(), playback.GetStage().CameraTag());
     ReportContents contents;
     contents.title = std::filesystem::u8path(options.move.input).filename().u8string();
     contents.preset = playback.Preset();
@@ -102,6 +104,7 @@ void AddReportCommand(Command program, const std::vector<std::string> &arguments
         "report", "Writes one page about a shaken move: figures, plots, a preview, and a warning of slow sway");
     AddMoveOptions(command, &options->move);
     AddDirectionOptions(command, &options->move.direction);
+    AddInputFormat(command, &options->move.formats);
     AddTableName(command, &options->move.formats.table);
     command.Add("-o,--output", &options->output, "page to write, .html").Required();
     command.OnCall([=] { *action = [options] { Report(*options); }; });

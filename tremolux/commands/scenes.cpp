@@ -15,19 +15,33 @@
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/output_files.h"
 #include "tremolux/process/progress.h"
+#include "tremolux/process/streams.h"
+#include "tremolux/words/keys_text.h"
 
 namespace tremolux {
 namespace {
 
 struct SceneOptions {
     HostOptions host;
+    FormatChoices formats;  // of the move that is imported
     std::string scene, output, camera, button, move;
     std::vector<std::string> answers;
-    bool control = false, quiet = false, quick = false, brute = false, undo = false;
+    bool control = false, quiet = false, quick = false, brute = false, undo = false, in_place = false, json = false;
 
     std::filesystem::path Scene() const { return std::filesystem::u8path(scene); }
-    std::filesystem::path Output() const { return std::filesystem::u8path(output.empty() ? scene : output); }
 };
+
+// Where the changed scene goes; throws a Failure, before anything is done, where nobody said it or it cannot be
+// written.
+std::filesystem::path CheckedOutput(const char *command, const SceneOptions &options) {
+    if (options.output.empty() != options.in_place)
+        throw Failure(kExitInput, std::string(command) + ": found " + (options.in_place ? "both" : "none") +
+                                      ", expected either -o FILE or --in-place: where the changed scene goes");
+    if (IsStream(options.output) || IsStream(options.scene))
+        throw Failure(kExitInput, std::string(command) + ": found '-', expected a file: scenes are not streamed");
+    if (options.in_place) return OutputFiles({options.scene}, {}).Files().front();
+    return OutputFiles({options.output}, {options.scene}).Files().front();
+}
 
 void Script(const std::vector<std::string> &answers, host::Dialogs *dialogs) {
     for (const std::string &answer : answers) {
@@ -67,7 +81,8 @@ std::int32_t ButtonOf(const host::Tag &tag, const std::string &name) {
 }
 
 // By its label or id.
-void Press(const SceneOptions &options, const std::string &name) {
+void Press(const char *command, const SceneOptions &options, const std::string &name) {
+    const std::filesystem::path output = CheckedOutput(command, options);
     EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
     const OpenScene scene(&host, options.Scene());
     host::Tag *tag = scene.CameraTag(options.camera);
@@ -85,44 +100,55 @@ void Press(const SceneOptions &options, const std::string &name) {
             throw Failure(kExitInput, options.scene + ": found the button disabled, expected one that answers");
     }
     CheckForInterrupt();
-    scene.Save(options.Output());
+    scene.Save(output);
     const bool is_bake = button == ids::kQuickBake || button == ids::kBruteForceBake || button == ids::kUnBake;
     Print(WhatHappened(application) + (is_bake ? KeysText(*tag->GetObject()) : ""));
 }
 
-void PressNamed(const SceneOptions &options) { Press(options, options.button); }
+void PressNamed(const SceneOptions &options) { Press("press", options, options.button); }
 
 void Bake(const SceneOptions &options) {
     if (options.quick + options.brute + options.undo != 1)
         throw Failure(kExitInput, "bake: expected one of --quick, --brute and --undo");
-    Press(options, std::to_string(options.quick   ? ids::kQuickBake
-                                  : options.brute ? ids::kBruteForceBake
-                                                  : ids::kUnBake));
+    Press("bake", options,
+          std::to_string(options.quick   ? ids::kQuickBake
+                         : options.brute ? ids::kBruteForceBake
+                                         : ids::kUnBake));
 }
 
 // Shows them, or takes those of a camera file.
 void Keys(const SceneOptions &options) {
+    const bool changes = !options.move.empty();
+    if (!changes && options.in_place)
+        throw Failure(kExitInput, "keys: found --in-place without --import, expected keys to put into the scene");
+    const std::filesystem::path output = changes ? CheckedOutput("keys", options) : std::filesystem::path();
     EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
     const OpenScene scene(&host, options.Scene());
     host::Object *camera = options.camera.empty() ? scene.CameraTag("")->GetObject() : scene.Camera(options.camera);
     const int frames_per_second = scene.Document()->Fps();
-    if (options.move.empty()) {
-        Print(KeyTable(*camera, frames_per_second));
+    if (!changes) {
+        const std::vector<ListedKey> listed = ListKeys(*camera, frames_per_second);
+        WriteOrPrint(options.output, {options.scene},
+                     options.json ? KeysJson(camera->Name(), frames_per_second, listed) : KeysTable(listed));
         return;
     }
-    KeyCamera(camera, ReadMoveFile(options.move, FormatOptions()), frames_per_second);
-    scene.Save(options.Output());
+    KeyCamera(camera, ReadMoveFile(options.move, options.formats.Options()), frames_per_second);
+    scene.Save(output);
     Print(KeysText(*camera));
 }
 
 void Apply(const SceneOptions &options) {
+    const std::filesystem::path output = CheckedOutput("apply", options);
+    // A question that nobody answered would leave a camera without an input.
+    if (options.camera.empty() && options.answers.empty())
+        throw Failure(kExitInput, "apply: found no camera, expected --camera NAME, or --answer yes for a new one");
     EmbeddedHost host(options.host.ModuleFile(), options.host.Home());
     const OpenScene scene(&host, options.Scene());
     scene.Document()->SetActiveObject(options.camera.empty() ? nullptr : scene.Camera(options.camera));
     Script(options.answers, &host.Application().dialogs);
     host.Application().CallCommand(ids::kTremoluxCommandId);
     host.Application().HandleEvents();
-    scene.Save(options.Output());
+    scene.Save(output);
     Print(WhatHappened(host.Application()));
 }
 
@@ -132,7 +158,8 @@ Command AddSceneCommand(Command program, Action *action, const std::shared_ptr<S
                         const char *help, SceneJob job) {
     Command command = program.Subcommand(name, help);
     command.Add("--camera", &options->camera, "the camera, by its name");
-    command.Add("-o,--output", &options->output, "scene to write; else the same one");
+    command.Add("-o,--output", &options->output, "scene to write");
+    command.Add("--in-place", &options->in_place, "write the scene's own file");
     command.Add("--answer", &options->answers, "yes, no or a text, for each question in turn").Repeatable();
     command.Add("--quiet", &options->quiet, "show no progress");
     AddHostOptions(command, &options->host);
@@ -162,8 +189,11 @@ void AddSceneCommands(Command program, Action *action) {
     command.Add("SCENE", &apply->scene, "the scene").Required();
 
     command = AddSceneCommand(program, action, keys, "keys", "Shows the keys of a camera in a saved scene", Keys);
+    command.Find("--output").Description("table to write, else the standard output; with --import the scene");
     command.Add("SCENE", &keys->scene, "the scene").Required();
     command.Add("--import", &keys->move, "camera file: its move becomes the camera's keys");
+    AddInputFormat(command, &keys->formats);
+    command.Add("--json", &keys->json, "the keys as one JSON object");
 }
 
 }  // namespace tremolux

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "generated/module_ids.h"
+#include "host/services/platform.h"
 #include "library/failure.h"
 #include "library/formats/added.h"
 #include "library/parameters/name_seed.h"
@@ -15,6 +16,7 @@
 #include "tremolux/pictures/plot.h"
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/output_files.h"
+#include "tremolux/process/streams.h"
 #include "tremolux/words/report_text.h"
 
 namespace tremolux {
@@ -27,7 +29,8 @@ struct ShakeOptions {
     MoveOptions move;
     std::vector<std::string> outputs;
     std::string bake, scene, plot, on, takes;
-    bool report = false, added = false;
+    bool report = false, json = false, added = false;
+    bool is_another_take = false;  // what was said of the first is not said again
 
     // What is written there: what was added, or else the shaken camera.
     bool IsAdded(const std::filesystem::path &file) const {
@@ -54,11 +57,12 @@ void Bake(const std::string &kind, Playback *playback) {
 void CheckFormats(const ShakeOptions &options) {
     bool has_script = false;
     for (const std::string &file : options.outputs) {
-        if (options.IsAdded(Path(file)))
-            CheckAddedFormat(Path(file));
+        const std::filesystem::path name = options.move.formats.OutputName(file);
+        if (options.IsAdded(name))
+            CheckAddedFormat(name);
         else
-            FormatOf(Path(file), FormatUse::kWrite);
-        has_script = has_script || Path(file).extension() == ".py";
+            FormatOf(name, FormatUse::kWrite);
+        has_script = has_script || name.extension() == ".py";
     }
     if (!options.on.empty() && !has_script)
         throw Failure(kExitInput,
@@ -76,20 +80,26 @@ PlayedMotion ShakeOnce(const ShakeOptions &options) {
         places.push_back(SecondSheet(Path(options.plot)).u8string());
     }
     OutputFiles files(places, options.move.InputFiles());
+    if (IsStream(options.scene))
+        throw Failure(kExitInput, "--scene: found '-', expected a file: scenes are not streamed");
     if (!options.scene.empty()) places.push_back(options.scene);
     const OutputFiles checked(places, options.move.InputFiles());
     playback.Start();
+    if (!options.is_another_take)
+        SayBeyondSliders(playback.Settings(), playback.Rate().Whole(), playback.GetStage().CameraTag());
     Bake(options.bake, &playback);
 
     const Clock::time_point start = Clock::now();
-    const PlayedMotion motion = playback.Record();
+    PlayedMotion motion = playback.Record();
     const double microseconds = std::chrono::duration<double, std::micro>(Clock::now() - start).count();
 
     std::vector<std::string> texts;
-    for (const std::string &file : options.outputs)
-        texts.push_back(options.IsAdded(Path(file))
-                            ? AddedText(Path(file), motion.input, motion.output, options.on, playback.Formats())
-                            : TextForFile(Path(file), motion.output, playback.Formats()));
+    for (const std::string &file : options.outputs) {
+        const std::filesystem::path name = options.move.formats.OutputName(file);
+        texts.push_back(options.IsAdded(name)
+                            ? AddedText(name, motion.input, motion.output, options.on, playback.Formats())
+                            : TextForFile(name, motion.output, playback.Formats()));
+    }
     if (!options.plot.empty()) {
         const PlotLook look{PlotFormatOf(Path(options.plot)), TitleOf(playback), false, playback.Jolts().curve};
         texts.push_back(DrawMotion(motion, look));
@@ -99,13 +109,21 @@ PlayedMotion ShakeOnce(const ShakeOptions &options) {
     if (!options.scene.empty()) playback.GetStage().KeyWholeMove();
     if (!options.scene.empty()) SaveScene(playback.GetStage().Scene(), Path(options.scene));
     files.Write(texts);
-    if (!options.report) return motion;
+    const bool reports = options.report || options.json;
+    if (!reports && (options.move.quiet || !host::ErrorOutputIsTerminal())) return motion;
     const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);
     const std::vector<std::filesystem::path> moves(
         files.Files().begin(), files.Files().begin() + static_cast<std::ptrdiff_t>(options.outputs.size()));
-    Print(ReportText({options.move.input, moves, playback.Preset(), playback.PresetRate(), playback.Settings(),
-                      playback.Rate(), microseconds / played},
-                     motion.input, motion.output));
+    const ShakeReport report{options.move.input,  moves,           playback.Preset(),    playback.PresetRate(),
+                             playback.Settings(), playback.Rate(), microseconds / played};
+    const std::string text = (!reports       ? ReportSentence
+                              : options.json ? ReportJson
+                                             : ReportText)(report, motion.input, motion.output);
+    if (!reports || files.HasStream()) {
+        std::fputs(text.c_str(), stderr);
+    } else {
+        Print(text);
+    }
     return motion;
 }
 
@@ -120,6 +138,7 @@ ShakeOptions TakeOptions(ShakeOptions options, std::int64_t first_seed, int take
     for (std::string &output : options.outputs) output = OfTake(output, take);
     for (std::string *file : {&options.scene, &options.plot})
         if (!file->empty()) *file = OfTake(*file, take);
+    options.is_another_take = take > 1;
     options.move.seed = std::to_string((first_seed + take - 1) % (kMaxSeed + 1));
     return options;
 }
@@ -133,6 +152,9 @@ std::int64_t FirstSeed(const ShakeOptions &options) {
 
 void ShakeTakes(const ShakeOptions &options) {
     const int takes = static_cast<int>(WholeOption("--takes", options.takes, 1, kMaxTakes));
+    const bool streams =
+        IsStream(options.move.input) || std::any_of(options.outputs.begin(), options.outputs.end(), IsStream);
+    if (streams) throw Failure(kExitInput, "--takes: found '-', expected files: each take is one");
     const std::filesystem::path first_output = Path(options.outputs.front());
     const std::string sheet =
         (first_output.parent_path() / Path(first_output.stem().u8string() + "-takes.png")).u8string();
@@ -166,6 +188,7 @@ void AddShakeCommand(Command program, Action *action) {
     Command command = program.Subcommand("shake", "Makes a camera move hand-held and writes the shaken camera");
     AddMoveOptions(command, &options->move);
     AddDirectionOptions(command, &options->move.direction);
+    AddStreamFormats(command, &options->move.formats);
     AddTableName(command, &options->move.formats.table);
     command
         .Add("-o,--output", &options->outputs,
@@ -186,6 +209,7 @@ void AddShakeCommand(Command program, Action *action) {
                 "so many takes, each with a seed of its own, in files NAME-take1 and so on, and a picture of all, "
                 "NAME-takes.png");
     command.Add("--report", &options->report, "print what was done and how far the camera strayed");
+    command.Add("--json", &options->json, "print the report as one JSON object");
     command.OnCall([=] { *action = [options] { Shake(*options); }; });
 }
 

@@ -20,6 +20,7 @@ void Trace(const TraceOptions &options) {
     Playback playback(options.move);
     OutputFiles files(options.outputs, options.move.InputFiles());
     playback.Start();
+    SayBeyondSliders(playback.Settings(), playback.Rate().Whole(), playback.GetStage().CameraTag());
     PrivateState state(playback.GetStage().CameraTag());
     std::string text;
     playback.Play([&](std::int64_t frame) {
@@ -39,6 +40,7 @@ void AddTraceCommand(Command program, Action *action) {
     const auto options = std::make_shared<TraceOptions>();
     Command command = program.Subcommand("trace", "Prints what happens at each frame, one JSON object a line");
     AddMoveOptions(command, &options->move);
+    AddInputFormat(command, &options->move.formats);
     AddTableName(command, &options->move.formats.table);
     command.Add("-o,--output", &options->outputs, "file to write; else the standard output").Once();
     command.OnCall([=] { *action = [options] { Trace(*options); }; });

@@ -1,5 +1,6 @@
 #include "tremolux/process/output_files.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <optional>
 
@@ -7,6 +8,7 @@
 #include "host/services/platform.h"
 #include "host/value/text.h"
 #include "library/failure.h"
+#include "tremolux/process/streams.h"
 
 namespace tremolux {
 namespace {
@@ -57,12 +59,19 @@ fs::path UnfinishedName(const fs::path &file) {
 OutputFiles::OutputFiles(const std::vector<std::string> &files, const std::vector<std::string> &inputs) {
     for (const std::string &name : files) {
         const fs::path file = fs::u8path(name);
+        if (IsStream(name)) {
+            if (HasStream()) throw Failure(kExitInput, "-: found twice, expected the standard output once");
+            files_.push_back(file);
+            places_.push_back(file);
+            continue;
+        }
         for (const std::string &input : inputs) {
-            if (!SameFile(file, fs::u8path(input))) continue;
+            if (IsStream(input) || !SameFile(file, fs::u8path(input))) continue;
             throw Failure(kExitInput, name + ": found the input itself, expected another file for the output");
         }
         for (const fs::path &other : files_) {
-            if (SameFile(file, other)) throw Failure(kExitInput, name + ": found twice, expected each output once");
+            if (!IsStream(other.u8string()) && SameFile(file, other))
+                throw Failure(kExitInput, name + ": found twice, expected each output once");
         }
         places_.push_back(CheckedPlace(file));
         files_.push_back(file);
@@ -74,19 +83,39 @@ OutputFiles::~OutputFiles() {
     for (const fs::path &file : unfinished_) fs::remove(file, ignored);
 }
 
+bool OutputFiles::HasStream() const {
+    return std::any_of(files_.begin(), files_.end(), [](const fs::path &file) { return IsStream(file.u8string()); });
+}
+
 void OutputFiles::Write(const std::vector<std::string> &texts) {
+    const std::string *streamed = nullptr;
     for (std::size_t i = 0; i < files_.size(); ++i) {
+        if (IsStream(files_[i].u8string())) {
+            streamed = &texts[i];
+            unfinished_.emplace_back();
+            continue;
+        }
         unfinished_.push_back(UnfinishedName(places_[i]));
         std::string reason;
         if (!host::WriteFileSafely(unfinished_.back(), texts[i], &reason)) {
             RefuseOutput(files_[i], "expected a folder that takes new files");
         }
     }
+    if (streamed != nullptr) Print(*streamed);
     for (std::size_t i = 0; i < files_.size(); ++i) {
+        if (unfinished_[i].empty()) continue;
         if (!host::TakePlaceOf(unfinished_[i], places_[i]))
             RefuseOutput(files_[i], "expected a file that may be changed");
     }
     unfinished_.clear();
+}
+
+void WriteOrPrint(const std::string &file, const std::vector<std::string> &inputs, const std::string &text) {
+    if (file.empty()) {
+        Print(text);
+    } else {
+        OutputFiles({file}, inputs).Write({text});
+    }
 }
 
 void Print(const std::string &text) {

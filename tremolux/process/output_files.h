@@ -1,5 +1,5 @@
 // Results: either all of them replace what was there, or none does. A file keeps its mode, and is written where a
-// symbolic link leads.
+// symbolic link leads; "-" is the standard output.
 #pragma once
 
 #include <filesystem>
@@ -19,6 +19,7 @@ class OutputFiles {
 
     // One text for each file. Throws a Failure.
     void Write(const std::vector<std::string> &texts);
+    bool HasStream() const;
     const std::vector<std::filesystem::path> &Files() const { return files_; }
 
   private:
@@ -26,6 +27,9 @@ class OutputFiles {
     std::vector<std::filesystem::path> places_;  // where symbolic links lead
     std::vector<std::filesystem::path> unfinished_;
 };
+
+// Into the file, or where none is named to the standard output. Throws a Failure.
+void WriteOrPrint(const std::string &file, const std::vector<std::string> &inputs, const std::string &text);
 
 // To the standard output, at once; throws a Failure.
 void Print(const std::string &text);

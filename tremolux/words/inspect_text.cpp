@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <nlohmann/json.hpp>
 
 #include "library/formats/lens.h"
 #include "library/formats/numbers.h"
+#include "tremolux/words/json_text.h"
 
 namespace tremolux {
 namespace {
@@ -139,7 +139,7 @@ std::string InspectJson(const InspectedFile &file) {
         {"notes", move.notes},
         {"lost", lost},
     };
-    return facts.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    return JsonText(facts);
 }
 
 }  // namespace tremolux

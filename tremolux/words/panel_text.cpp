@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "tremolux/words/json_text.h"
+
 namespace tremolux {
 namespace {
 
@@ -61,7 +63,64 @@ void AddGroup(const host::PanelGroup &group, std::size_t indent, std::string *te
     for (const auto &row : group.rows) AddRow(row, group.columns == 1, indent + (titled ? kIndent : 0), text);
 }
 
+using Json = nlohmann::ordered_json;
+
+const char *KindName(host::Gadget gadget) {
+    switch (gadget) {
+        case host::Gadget::kNumber:
+            return "number";
+        case host::Gadget::kSlider:
+            return "slider";
+        case host::Gadget::kToggle:
+            return "toggle";
+        case host::Gadget::kCycle:
+            return "cycle";
+        case host::Gadget::kLink:
+            return "link";
+        case host::Gadget::kButton:
+            return "button";
+        case host::Gadget::kTime:
+            return "time";
+        case host::Gadget::kText:
+            return "text";
+        case host::Gadget::kOther:
+            break;
+    }
+    return "other";
+}
+
+Json RowsJson(const host::PanelGroup &group);
+
+Json CellJson(const host::PanelCell &cell) {
+    if (const auto *control = std::get_if<host::PanelControl>(&cell))
+        return {{"kind", KindName(control->gadget)},
+                {"id", control->key},
+                {"label", control->label},
+                {"value", control->gadget == host::Gadget::kToggle ? Json(control->number != 0) : Json(control->text)},
+                {"enabled", control->enabled}};
+    if (const auto *separator = std::get_if<host::PanelSeparator>(&cell))
+        return {{"kind", "separator"}, {"label", separator->title}};
+    const host::PanelGroup &group = *std::get<std::unique_ptr<host::PanelGroup>>(cell);
+    return {{"kind", "group"}, {"label", group.title}, {"open", group.open}, {"rows", RowsJson(group)}};
+}
+
+Json RowsJson(const host::PanelGroup &group) {
+    Json rows = Json::array();
+    for (const auto &row : group.rows) {
+        Json cells = Json::array();
+        for (const host::PanelCell &cell : row) cells.push_back(CellJson(cell));
+        rows.push_back(std::move(cells));
+    }
+    return rows;
+}
+
 }  // namespace
+
+std::string PanelJson(const std::vector<host::PanelGroup> &tabs) {
+    Json shown = Json::array();
+    for (const host::PanelGroup &tab : tabs) shown.push_back({{"label", tab.title}, {"rows", RowsJson(tab)}});
+    return JsonText({{"tabs", shown}});
+}
 
 std::string PanelText(const std::vector<host::PanelGroup> &tabs) {
     std::string text;

@@ -5,6 +5,7 @@
 #include "host/value/text.h"
 #include "library/formats/numbers.h"
 #include "library/measures/strayed.h"
+#include "tremolux/words/json_text.h"
 
 namespace tremolux {
 namespace {
@@ -32,7 +33,38 @@ std::string SettingsText(const std::vector<std::string> &settings) {
     return list.empty() ? "as it is" : list;
 }
 
+nlohmann::ordered_json DeviationJson(const Deviation &deviation) {
+    return {{"rms", deviation.rms}, {"peak", deviation.peak}, {"peak_frame", deviation.peak_frame}};
+}
+
 }  // namespace
+
+std::string ReportSentence(const ShakeReport &report, const CameraMove &input, const CameraMove &output) {
+    const Strayed strayed = MeasureStrayed(input, output);
+    return report.input_file + ": " + std::to_string(output.samples.size()) + " frames" +
+           (report.preset.empty() ? "" : " with " + report.preset) + ", strayed at most " +
+           ShortNumber(strayed.position.peak) + " scene units and " + ShortNumber(strayed.angle.peak) + " degrees\n";
+}
+
+std::string ReportJson(const ShakeReport &report, const CameraMove &input, const CameraMove &output) {
+    const Strayed strayed = MeasureStrayed(input, output);
+    nlohmann::ordered_json outputs = nlohmann::ordered_json::array();
+    for (const std::filesystem::path &file : report.output_files) outputs.push_back(host::PathText(file));
+    return JsonText(
+        {{"input", report.input_file},
+         {"outputs", outputs},
+         {"first_frame", output.first_frame},
+         {"last_frame", output.LastFrame()},
+         {"frames", output.samples.size()},
+         {"frames_per_second", {report.rate.numerator, report.rate.denominator}},
+         {"preset", report.preset.empty() ? nlohmann::ordered_json() : nlohmann::ordered_json(report.preset)},
+         {"preset_frames_per_second",
+          report.preset_rate > 0 ? nlohmann::ordered_json(report.preset_rate) : nlohmann::ordered_json()},
+         {"settings", report.settings},
+         {"strayed_cm", DeviationJson(strayed.position)},
+         {"strayed_deg", DeviationJson(strayed.angle)},
+         {"microseconds_per_frame", report.microseconds_per_frame}});
+}
 
 std::string ReportText(const ShakeReport &report, const CameraMove &input, const CameraMove &output) {
     std::string text = ReportLine("in", report.input_file + ", " + Frames(input, report.rate));

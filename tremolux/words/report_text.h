@@ -21,5 +21,9 @@ struct ShakeReport {
 
 // Several lines; both moves have the same frames.
 std::string ReportText(const ShakeReport &report, const CameraMove &input, const CameraMove &output);
+// The same in a sentence: what was shaken, and how far it strayed.
+std::string ReportSentence(const ShakeReport &report, const CameraMove &input, const CameraMove &output);
+// The same as one JSON object.
+std::string ReportJson(const ShakeReport &report, const CameraMove &input, const CameraMove &output);
 
 }  // namespace tremolux
