@@ -152,6 +152,13 @@ if(abidw_program AND TARGET tremolux_described AND CMAKE_CXX_COMPILER_ID STREQUA
                                       "${PROJECT_SOURCE_DIR}" "$<TARGET_FILE:tremolux_described>")
 endif()
 
+if(NOT CMAKE_CROSSCOMPILING)
+    foreach(page cookbook jolts)
+        add_test(NAME docs.${page} COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/docs/cookbook_test.py"
+                                           "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}" "${PROJECT_SOURCE_DIR}/docs/${page}.md")
+    endforeach()
+endif()
+
 if(TARGET parameter_page)
     add_test(NAME docs.parameters COMMAND parameter_page --check "${drive}${PROJECT_SOURCE_DIR}/docs/parameters.md")
 endif()

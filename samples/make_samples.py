@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
-"""Makes the sample moves and the moving point, 30 frames a second, beside this script: the same bytes at every run.
+"""Makes the sample moves, the moving point and the drums, 30 frames a second, beside this script: the same bytes at every run.
 
 Scene: left-handed, Y up, centimetres; a camera with heading and pitch 0 looks along +Z, a positive heading turns it to
 the left, a positive pitch raises it. Angles in degrees, focal lengths in millimetres.
 """
 import math
 import pathlib
+import struct
 
 CAMERA = "frame,x,y,z,h,p,b,focal_length,focus_distance\n"
 POINT = "frame,x,y,z\n"
@@ -69,6 +70,33 @@ def whip(frame):
     return eye, (heading, pitch, bank), 24.0, focus
 
 
+def standing(frame):
+    """Somebody stands still and looks ahead."""
+    return (0.0, 160.0, 0.0), (0.0, 0.0, 0.0), 36.0, 520.0
+
+
+def zoom(frame):
+    """The same somebody zooms in on what is far away, and back."""
+    return (0.0, 160.0, 0.0), (0.0, 0.0, 0.0), mix(24.0, 120.0, ease(frame, 30, 120) - ease(frame, 180, 220)), 900.0
+
+
+# Where the drums are hit, seconds, and how hard.
+BEATS = [(0.5 * i, 1.0 if i % 4 == 1 else 0.5) for i in range(1, 16)]
+
+
+def drums(rate, seconds):
+    """A drum in even beats, every fourth of them loud: bytes of a .wav file with 8 bits."""
+    level = [0.0] * (rate * seconds)
+    for start, strength in BEATS:
+        first = round(start * rate)
+        for i in range(first, min(len(level), first + rate // 4)):
+            t = (i - first) / rate
+            level[i] += strength * math.exp(-t / 0.06) * math.cos(2 * math.pi * (60 * t + 3 * (1 - math.exp(-t / 0.02))))
+    data = bytes(round(128 + 100 * value) for value in level)
+    layout = struct.pack("<4sIHHIIHH", b"fmt ", 16, 1, 1, rate, rate, 1, 8)
+    return b"RIFF" + struct.pack("<I", 4 + len(layout) + 8 + len(data)) + b"WAVE" + layout + b"data" + struct.pack("<I", len(data)) + data
+
+
 def write(name, header, row, frames):
     rows = []
     for frame in range(frames):
@@ -89,3 +117,6 @@ def camera(move):
 write("push_in.csv", CAMERA, camera(push_in), 300)
 write("whip.csv", CAMERA, camera(whip), 270)
 write("subject.csv", POINT, subject, 300)
+write("standing.csv", CAMERA, camera(standing), 240)
+write("zoom.csv", CAMERA, camera(zoom), 240)
+(pathlib.Path(__file__).resolve().parent / "drums.wav").write_bytes(drums(8000, 8))

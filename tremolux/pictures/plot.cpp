@@ -292,7 +292,7 @@ std::string DrawMotion(const PlayedMotion &motion, const PlotLook &look) {
                      middle = top - row_height * (1 - kBetween) * (1 - kAddedShare);
         script += Margins(left, right, middle, top) + "unset xlabel\nset format x \"\"\n";
         if (i == 0)
-            script += "set key at screen 0.985, screen " + FormatNumber(1 - 20.0 / height) +
+            script += "set key at screen 0.985, screen " + FormatNumber(1 - 46.0 / height) +
                       " right center horizontal maxrows 1 samplen 3\n";
         if (i == 1) script += "unset key\n";
         if (i < 2) {
@@ -331,7 +331,7 @@ std::string DrawSpectrum(const PlayedMotion &motion, const AddedMotion &added, c
         SpectrumRows(added, rate, static_cast<double>(motion.output.samples.size()) / rate);
     const std::string ink = std::string(" textcolor \"") + ThemeOf(look).ink + "\"\n";
     std::string script = Head(look, kSpectrumHeight) + Table(motion) + SpectrumTable(rows);
-    script += "set multiplot\nset key at screen 0.98, screen 0.98 right center horizontal samplen 3\n" +
+    script += "set multiplot\nset key at screen 0.585, screen 0.945 right center horizontal samplen 3\n" +
               Margins(0.085, 0.585, 0.57, 0.925) +
               "set label 1 \"the path seen from above\" at screen 0.085, screen 0.945" + ink +
               MapRanges(PathExtent(motion), 0.5 * kWidth, 0.355 * kSpectrumHeight) +
