@@ -29,7 +29,10 @@ void Medians::ReportRuns(const std::vector<Run> &runs) {
         if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
         const auto of = run.counters.find("of");
         const double times = of == run.counters.end() ? 1 : of->second.value;
-        const double nanoseconds = run.GetAdjustedCPUTime() * 1e9 / benchmark::GetTimeUnitMultiplier(run.time_unit);
+        // A measurement says so where it is the clock on the wall that counts.
+        const bool by_the_wall = run.run_name.time_type == "real_time";
+        const double nanoseconds = (by_the_wall ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime()) * 1e9 /
+                                   benchmark::GetTimeUnitMultiplier(run.time_unit);
         const std::string name =
             run.run_name.function_name + (run.run_name.args.empty() ? "" : "/" + run.run_name.args);
         nanoseconds_[name].push_back(nanoseconds / times);

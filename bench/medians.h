@@ -9,8 +9,8 @@
 
 namespace bench {
 
-// Of one measurement: nanoseconds of the processor, and half the range of the middle half of the repetitions, as a
-// share of the median.
+// Of one measurement: nanoseconds of the processor, or of the clock on the wall where it asks for that, and half the
+// range of the middle half of the repetitions, as a share of the median.
 struct Time {
     double median, noise;
 };

@@ -22,6 +22,7 @@ struct Row {
 
 constexpr char kSample[] = "NoiseSample", kFrame[] = "EvaluatedFrame", k25[] = "25 noise samples",
                kOneSample[] = "noise sample", kOneFrame[] = "frame";
+constexpr char kOneShake[] = "ProgramShake", kAShake[] = "shake of 10 seconds";
 constexpr Row kRows[] = {
     {"Frame, every layer on", kFrame, kSample, 25, k25, 3},
     {"Frame, every layer on, the tag alone", "EvaluatedTag", kSample, 25, k25, kNoAim},
@@ -49,6 +50,11 @@ constexpr Row kRows[] = {
     {"Library, a frame after a change", "ShotPlayedAgain", "StageFrames", 1, kOneFrame, 1.3},
     {"Preset library, a preset", "FirstTagWithAThousandPresets", kFrame, 1, kOneFrame, kNoAim},
     {"Copy of a tag", "CopyOfATagWithAThousandPresets", kFrame, 1, kOneFrame, kNoAim},
+    {"Preview of 10 seconds", "ProgramPreview", kOneShake, 1, kAShake, kNoAim},
+    {"Report on 10 seconds", "ProgramReport", kOneShake, 1, kAShake, kNoAim},
+    {"Batch of 40 shots, on all cores", "ProgramBatch/0", kOneShake, 40, kAShake, kNoAim},
+    {"The same one by one, to that", "ProgramBatch/1", "ProgramBatch/0", 1, "batch on all cores", kNoAim},
+    {"Shake of 1,000,000 frames, 300 of them", "ProgramLongShake", kOneShake, 1000000 / 300.0, kAShake, kNoAim},
     {"Panel", "Panel", kFrame, 1, kOneFrame, kNoAim},
     {"Save, a key of 10,000", "SaveKeys", kSample, 1, kOneSample, kNoAim},
     {"Load, a key of 10,000", "LoadKeys", kSample, 1, kOneSample, kNoAim},

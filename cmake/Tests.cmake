@@ -152,6 +152,11 @@ if(abidw_program AND TARGET tremolux_described AND CMAKE_CXX_COMPILER_ID STREQUA
                                       "${PROJECT_SOURCE_DIR}" "$<TARGET_FILE:tremolux_described>")
 endif()
 
+if(NOT CMAKE_CROSSCOMPILING AND NOT TREMOLUX_SANITIZE)
+    add_test(NAME farm COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/farm/farm_test.py" "${PROJECT_SOURCE_DIR}"
+                               $<TARGET_FILE:tremolux>)
+    set_tests_properties(farm PROPERTIES SKIP_RETURN_CODE 77 PROCESSORS 2)
+endif()
 if(NOT CMAKE_CROSSCOMPILING)
     foreach(page cookbook jolts)
         add_test(NAME docs.${page} COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/docs/cookbook_test.py"

@@ -7,8 +7,8 @@
 namespace tremolux {
 namespace {
 
-const CsvColumns kColumns = {{"frame", false}, {"time", false}, {"strength", false}};
-constexpr std::size_t kFrame = 0, kTime = 1, kStrength = 2;
+const CsvColumns kEventColumns = {{"frame", false}, {"time", false}, {"strength", false}};
+constexpr std::size_t kEventFrame = 0, kEventTime = 1, kEventStrength = 2;
 
 void CheckCount(const SourceText &source, const Line &line, const EventList &list) {
     if (list.events.size() == kMaxEvents)
@@ -23,19 +23,19 @@ void CheckThatThereAreSome(const SourceText &source, const EventList &list) {
 
 EventList ReadEventTable(const std::string &file, std::string_view bytes) {
     const SourceText source(file, bytes);
-    const CsvHeader header(source, kColumns);
+    const CsvHeader header(source, kEventColumns);
     EventList list;
     double strongest = 0;
     for (std::size_t i = 1; i < source.Lines().size(); ++i) {
         const Line &line = source.Lines()[i];
         if (Trimmed(line.text).empty()) continue;
         const CsvRow row(header, line);
-        if (row.Has(kFrame) == row.Has(kTime))
-            source.Refuse(1, 1, row.Has(kFrame) ? "the columns frame and time" : "neither frame nor time", "one of frame and time");
+        if (row.Has(kEventFrame) == row.Has(kEventTime))
+            source.Refuse(1, 1, row.Has(kEventFrame) ? "the columns frame and time" : "neither frame nor time", "one of frame and time");
         CheckCount(source, line, list);
-        list.in_frames = row.Has(kFrame);
-        const double time = row.Number(row.Has(kFrame) ? kFrame : kTime, -kMaxNumber, kMaxNumber);
-        const double strength = row.Has(kStrength) ? row.Number(kStrength, 0, kMaxNumber) : 1;
+        list.in_frames = row.Has(kEventFrame);
+        const double time = row.Number(row.Has(kEventFrame) ? kEventFrame : kEventTime, -kMaxNumber, kMaxNumber);
+        const double strength = row.Has(kEventStrength) ? row.Number(kEventStrength, 0, kMaxNumber) : 1;
         strongest = std::max(strongest, strength);
         list.events.push_back({time, strength});
     }

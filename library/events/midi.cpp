@@ -34,7 +34,7 @@ void ReadTrack(ByteReader *reader, std::size_t end, Music *music) {
     int status = 0;
     while (reader->Place() < end) {
         tick += VariableLength(reader);
-        auto first = static_cast<int>(reader->BigEndian(1));
+        const auto first = static_cast<int>(reader->BigEndian(1));
         if (first >= 0xF0) {
             const int type = first == kMeta ? static_cast<int>(reader->BigEndian(1)) : 0;
             const std::uint64_t length = VariableLength(reader);
@@ -46,7 +46,7 @@ void ReadTrack(ByteReader *reader, std::size_t end, Music *music) {
         }
         if (first >= 0x80) {
             status = first;
-            first = static_cast<int>(reader->BigEndian(1));
+            reader->BigEndian(1);  // the note, or what else comes first
         } else if (status == 0) {
             reader->Refuse("a message without a status", "a status of 128 or more");
         }

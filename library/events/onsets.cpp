@@ -14,7 +14,7 @@ namespace {
 constexpr double kShortWindow = 0.006, kLongWindow = 0.046, kStep = 0.003;  // seconds
 constexpr double kLowEnd = 200, kHighStart = 2000;                           // hertz
 constexpr double kAround = 0.75, kLeastGap = 0.06, kReach = 0.03;            // seconds: of the median, between onsets, of a peak
-constexpr double kCompression = 1000;                                        // log(1 + so many times the magnitude)
+constexpr double kLogScale = 1000;                                        // log(1 + so many times the magnitude)
 constexpr double kMasked = 0.5, kMasking = 0.15;                             // share and seconds: of what hides behind an onset
 constexpr std::size_t kMedianStep = 16;
 
@@ -85,7 +85,7 @@ Curve Flux(const Sound &sound, SoundBand band, std::size_t length, std::size_t s
         for (std::size_t i = 0; i < ranges.size(); ++i) {
             double power = 0;
             for (std::size_t bin = ranges[i].from; bin < ranges[i].to; ++bin) power += std::norm(transform[bin]);
-            const auto now = static_cast<float>(std::log1p(kCompression * std::sqrt(power)));
+            const auto now = static_cast<float>(std::log1p(kLogScale * std::sqrt(power)));
             if (k >= full + lag) sum += std::max(0.0F, now - last[i]);
             last[i] = now;
         }

@@ -9,7 +9,7 @@
 namespace tremolux {
 namespace {
 
-constexpr std::uint64_t kWhole = 1, kFloat = 3, kExtensible = 0xFFFE, kMaxChannels = 64, kMinRate = 1000, kMaxRate = 768000;
+constexpr std::uint64_t kWholeNumbers = 1, kFloatingPoint = 3, kExtensible = 0xFFFE, kMaxChannels = 64, kMinRate = 1000, kMaxRate = 768000;
 
 struct Layout {
     std::uint64_t kind = 0, channels = 0, rate = 0, bits = 0;
@@ -30,8 +30,8 @@ Layout ReadLayout(ByteReader *reader, std::uint64_t size) {
     } else {
         reader->Take(size - 16);
     }
-    const bool is_whole = layout.kind == kWhole && layout.bits >= 8 && layout.bits <= 32 && layout.bits % 8 == 0;
-    const bool is_float = layout.kind == kFloat && (layout.bits == 32 || layout.bits == 64);
+    const bool is_whole = layout.kind == kWholeNumbers && layout.bits >= 8 && layout.bits <= 32 && layout.bits % 8 == 0;
+    const bool is_float = layout.kind == kFloatingPoint && (layout.bits == 32 || layout.bits == 64);
     if (!is_whole && !is_float)
         reader->Refuse("samples of kind " + std::to_string(layout.kind) + " with " + std::to_string(layout.bits) + " bits",
                        "whole numbers of 8 to 32 bits or floating point");
@@ -44,7 +44,7 @@ Layout ReadLayout(ByteReader *reader, std::uint64_t size) {
 float SampleOf(const Layout &layout, const char *bytes) {
     std::uint64_t number = 0;
     for (std::size_t i = layout.bits / 8; i-- > 0;) number = number << 8 | static_cast<unsigned char>(bytes[i]);
-    if (layout.kind == kFloat) {
+    if (layout.kind == kFloatingPoint) {
         double value;
         if (layout.bits == 64) {
             std::memcpy(&value, &number, sizeof value);

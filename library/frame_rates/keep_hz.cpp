@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <mutex>
+#include <tuple>
 
 #include "generated/module_ids.h"
 #include "host/value/descid.h"
@@ -107,6 +110,16 @@ const SmoothingAmounts &Learned(Family family) {
     return family == Family::kFollowing ? following : shake;
 }
 
+// Batches ask for the same again and again.
+SmoothingAmounts::Match Carried(Family family, double amount, double made_for, double rate) {
+    static std::map<std::tuple<Family, double, double, double>, SmoothingAmounts::Match> known;
+    static std::mutex lock;
+    const std::lock_guard hold(lock);
+    const auto [place, is_new] = known.try_emplace({family, amount, made_for, rate});
+    if (is_new) place->second = Learned(family).Carried(amount, made_for, rate);
+    return place->second;
+}
+
 class Carrier {
   public:
     Carrier(double made_for, double rate, host::Tag *tag)
@@ -156,7 +169,7 @@ class Carrier {
     void Smooth(const SmoothingSetting &smoothing) {
         const double amount = Number(smoothing.id);
         if (amount <= 0) return;
-        const SmoothingAmounts::Match match = Learned(smoothing.family).Carried(std::min(amount, 1.0), made_for_, rate_);
+        const SmoothingAmounts::Match match = Carried(smoothing.family, std::min(amount, 1.0), made_for_, rate_);
         Set(smoothing.id, match.amount);
         if (match.off > kNoticed) {
             AddTo(&differences_, Label(smoothing.id) + " up to " + FormatNumber(std::round(100 * match.off)) + " %");

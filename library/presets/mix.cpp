@@ -16,7 +16,7 @@
 namespace tremolux {
 namespace {
 
-constexpr double kWhole = 1e-9;  // that shares may miss a whole by
+constexpr double kShareRounding = 1e-9;  // that shares may miss a whole by
 
 std::optional<double> ShareOf(std::string_view text) {
     const bool is_percent = !text.empty() && text.back() == '%';
@@ -60,7 +60,7 @@ double Elected(const std::vector<PresetShare> &mix, const std::vector<Values> &v
     for (std::size_t i = 0; i < mix.size(); ++i) weights[values[i].at(id)] += mix[i].share;
     double elected = values.front().at(id);
     for (const Values &candidate : values)
-        if (weights[candidate.at(id)] > weights[elected] + kWhole) elected = candidate.at(id);
+        if (weights[candidate.at(id)] > weights[elected] + kShareRounding) elected = candidate.at(id);
     return elected;
 }
 
@@ -83,7 +83,7 @@ std::vector<PresetShare> ReadPresetShares(const std::vector<CatalogEntry> &catal
         said += share.value_or(0);
         mix.push_back({FindPreset(catalog, name, place), share.value_or(0)});
     }
-    if (said > 1 + kWhole || (unsaid.empty() && said < 1 - kWhole)) {
+    if (said > 1 + kShareRounding || (unsaid.empty() && said < 1 - kShareRounding)) {
         throw Failure(kExitInput, place + ": found shares that make " + FormatNumber(said) +
                                       ", expected 1, or less and a preset without one, which gets the rest");
     }

@@ -140,7 +140,7 @@ std::string RowOf(const Shot &shot, const BatchOptions &options, const Origin &o
                CsvCell(move.seed) + "," + CsvCell(shot.settings) + "," + figures;
     };
     try {
-        const std::string done = row(ShakeShot(shot, move));
+        std::string done = row(ShakeShot(shot, move));
         records.Keep(fs::u8path(shot.output), made_of, done);
         return done;
     } catch (const Failure &failure) {

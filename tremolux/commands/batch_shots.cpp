@@ -7,6 +7,7 @@
 #include "library/failure.h"
 #include "library/formats/csv_header.h"
 #include "library/formats/format.h"
+#include "library/formats/numbers.h"
 
 namespace tremolux {
 namespace {
@@ -57,7 +58,7 @@ bool IsCameraFile(const fs::path &file) {
     }
 }
 
-std::vector<Shot> ShotsOf(const std::vector<fs::path> &files, const ShotPlaces &places) {
+std::vector<Shot> ShotsIn(const std::vector<fs::path> &files, const ShotPlaces &places) {
     std::vector<Shot> shots;
     const fs::path folder = fs::u8path(places.folder);
     for (const fs::path &file : files) {
@@ -90,10 +91,10 @@ std::vector<Shot> ReadShots(const std::vector<std::string> &inputs, const ShotPl
     if (inputs.size() > 1) {
         std::vector<fs::path> files;
         for (const std::string &input : inputs) files.push_back(fs::u8path(input));
-        return ShotsOf(files, places);
+        return ShotsIn(files, places);
     }
     const fs::path file = fs::u8path(inputs.front());
-    if (fs::is_directory(file, error)) return ShotsOf(FilesIn(file), places);
+    if (fs::is_directory(file, error)) return ShotsIn(FilesIn(file), places);
     std::string bytes, reason;
     if (!host::ReadFile(file, &bytes, &reason)) {
         throw Failure(

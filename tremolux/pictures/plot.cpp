@@ -109,7 +109,7 @@ std::string JoltMarks(const PlayedMotion &motion) {
 }
 
 // A range that is not empty, even for a value that never changes.
-std::string RangeOf(double low, double high) {
+std::string VerticalAxis(double low, double high) {
     const double margin = std::max(0.06 * (high - low), 1e-3 * std::max(1.0, std::max(std::abs(low), std::abs(high))));
     return "set yrange [" + FormatNumber(low - margin) + ":" + FormatNumber(high + margin) + "]\n";
 }
@@ -122,7 +122,7 @@ std::string VerticalRange(const PlayedMotion &motion, const Panel &panel) {
             high = std::max(high, panel.value(sample));
         }
     }
-    return RangeOf(low, high);
+    return VerticalAxis(low, high);
 }
 
 std::string AddedRange(const PlayedMotion &motion, const Panel &panel) {
@@ -135,7 +135,7 @@ std::string AddedRange(const PlayedMotion &motion, const Panel &panel) {
     // A small panel has room for three numbers.
     const double most = std::max({-low, high, 1e-3}), digit = std::pow(10, std::floor(std::log10(most)));
     const std::string tic = FormatNumber(std::floor(most / digit) * digit);
-    return RangeOf(low, high) + "set ytics (-" + tic + ", 0, " + tic + ")\n";
+    return VerticalAxis(low, high) + "set ytics (-" + tic + ", 0, " + tic + ")\n";
 }
 
 std::string Seconds(const CameraMove &move, std::int64_t frame) {
@@ -288,7 +288,7 @@ std::string DrawMotion(const PlayedMotion &motion, const PlotLook &look) {
     for (std::size_t i = 0; i < std::size(kPanels); ++i) {
         const std::string columns = std::to_string(2 * i + 2), shaken = std::to_string(2 * i + 3);
         const double left = i % 2 == 0 ? 0.085 : 0.585, right = left + 0.4;
-        const double top = kTop - static_cast<double>(i / 2) * row_height,
+        const double top = kTop - std::floor(static_cast<double>(i) / 2) * row_height,
                      middle = top - row_height * (1 - kBetween) * (1 - kAddedShare);
         script += Margins(left, right, middle, top) + "unset xlabel\nset format x \"\"\n";
         if (i == 0)
@@ -314,7 +314,8 @@ std::string DrawMotion(const PlayedMotion &motion, const PlotLook &look) {
                   AddedRange(motion, kPanels[i]) + "set ylabel \"added\" textcolor @INK\n";
         if (i + 2 >= std::size(kPanels) && !look.heard)
             script += "set xlabel \"time, seconds\" offset 0,0.5 textcolor @INK\n";
-        script += "plot $move using 1:($" + shaken + "-$" + columns + ") with lines linestyle 2 notitle\n";
+        script.append("plot $move using 1:($").append(shaken).append("-$").append(columns);
+        script += ") with lines linestyle 2 notitle\n";
     }
     if (look.heard) {
         script += Margins(0.085, 0.985, 0.045, foot + 0.005) +
