@@ -36,6 +36,7 @@ std::vector<EventFrame> FramesOf(const EventList &list, const CameraMove &move, 
         strength = std::max(strength, event.strength);
     }
     std::vector<EventFrame> found;
+    found.reserve(frames.size());
     for (const auto &[frame, strength] : frames) found.push_back({frame, strength});
     return found;
 }

@@ -10,7 +10,10 @@
 #include "library/direction/added.h"
 #include "library/direction/direct.h"
 #include "library/direction/loop.h"
+#include "library/formats/chan.h"
 #include "library/formats/csv.h"
+#include "library/formats/right_handed.h"
+#include "library/formats/usda.h"
 #include "library/measures/motion.h"
 #include "library/measures/strayed.h"
 #include "tests/program/run.h"
@@ -317,6 +320,78 @@ TEST_F(Direct, WhatWasAddedIsTheShakenCameraTogetherWithTheInput) {
     }
 }
 
+// Numbers between the first "( (" of each line that has one and its end.
+std::vector<std::vector<double>> MatricesIn(const std::string &text) {
+    std::vector<std::vector<double>> matrices;
+    std::istringstream lines(text.substr(text.find("xformOp:transform:tremolux.timeSamples")));
+    for (std::string line; std::getline(lines, line) && line.find('}') == std::string::npos;) {
+        const std::size_t start = line.find("( (");
+        if (start == std::string::npos) continue;
+        for (char &c : line)
+            if (c == '(' || c == ')' || c == ',') c = ' ';
+        std::istringstream numbers(line.substr(start));
+        matrices.emplace_back();
+        for (double number; numbers >> number;) matrices.back().push_back(number);
+    }
+    return matrices;
+}
+
+TEST_F(Direct, TheOpOfALayerBehindTheCamerasOwnMakesTheShakenCamera) {
+    workplace_.Write("in.csv", Table(Panning()));
+    const Outcome converted = workplace_.RunBare({"convert", workplace_.Path("in.csv"), "-o", workplace_.Path("in.usda")});
+    ASSERT_EQ(converted.status, 0) << converted.err;
+    std::vector<std::string> arguments = {"shake", workplace_.Path("in.usda"), "-o", workplace_.Path("out.usda")};
+    arguments.insert(arguments.end(), kShake.begin(), kShake.end());
+    ASSERT_EQ(workplace_.Run(arguments).status, 0);
+    arguments[3] = workplace_.Path("added.usda");
+    arguments.emplace_back("--added");
+    ASSERT_EQ(workplace_.Run(arguments).status, 0);
+    const std::string layer = workplace_.Read("added.usda");
+    EXPECT_NE(layer.find("xformOpOrder = [\"xformOp:transform\", \"xformOp:transform:tremolux\"]"), std::string::npos)
+        << layer.substr(0, 400);
+    EXPECT_NE(layer.find("over Camera \"Camera\""), std::string::npos);
+    const CameraMove input = ReadUsda("in", workplace_.Read("in.usda"), {}),
+                     shaken = ReadUsda("out", workplace_.Read("out.usda"), {});
+    const auto matrices = MatricesIn(layer);
+    ASSERT_EQ(matrices.size(), input.samples.size());
+    for (std::size_t i = 0; i < matrices.size(); ++i) {
+        // Rows: right, up, back and place, of points that stand before the matrix.
+        const host::Matrix own = RightHanded(input.samples[i]), wanted = RightHanded(shaken.samples[i]);
+        const auto through = [&](std::size_t row) {
+            const std::vector<double> &m = matrices[i];
+            return own.v1 * m[4 * row] + own.v2 * m[4 * row + 1] + own.v3 * m[4 * row + 2];
+        };
+        EXPECT_LT(host::Length(through(0) - wanted.v1), 1e-9);
+        EXPECT_LT(host::Length(through(1) - wanted.v2), 1e-9);
+        EXPECT_LT(host::Length(through(2) - wanted.v3), 1e-9);
+        EXPECT_LT(host::Length(through(3) + own.off - wanted.off), 1e-9);
+    }
+}
+
+TEST_F(Direct, WhatWasAddedIsInAChanFileAsItIsInATable) {
+    const std::string input_file = workplace_.Write("in.csv", Table(Panning()));
+    std::vector<std::string> arguments = {
+        "shake", input_file, "-o", workplace_.Path("a.csv"), "-o", workplace_.Path("a.chan"), "--added"};
+    arguments.insert(arguments.end(), kShake.begin(), kShake.end());
+    ASSERT_EQ(workplace_.Run(arguments).status, 0);
+    const std::vector<std::string> rows = Rows("a.csv");
+    // Seven columns, right-handed: z and the turns about x and y change their signs with it, in the order z, x, y.
+    const CameraMove chan = ReadChan("a.chan", workplace_.Read("a.chan"), {});
+    ASSERT_EQ(chan.samples.size(), rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        double n[7] = {};
+        std::istringstream text(rows[i]);
+        std::string part;
+        for (double &number : n) {
+            std::getline(text, part, ',');
+            number = std::stod(part);
+        }
+        EXPECT_NEAR(chan.samples[i].position.x, n[1], 1e-9);
+        EXPECT_NEAR(chan.samples[i].position.z, n[3], 1e-9);
+        EXPECT_NEAR(TurnBetween(chan.samples[i].angles, host::Vector{n[4], n[5], n[6]} * kRadiansPerDegree), 0, 1e-7);
+    }
+}
+
 TEST_F(Direct, WrongTimesSharesAndChannelsAreRefusedInOneLine) {
     EXPECT_NE(Refused({"--from", "soon"}).find("--from: found 'soon'"), std::string::npos);
     EXPECT_NE(Refused({"--from", "9", "--until", "3"}).find("--until: found '3', expected a frame from 9 on"),
@@ -346,6 +421,27 @@ TEST_F(Direct, KeysOfASettingAreKeysOfTheTag) {
     const CameraMove whole = Shaken(
         still, {"--set", "6155=0%", "--set", "6156=0%", "--set", "6158=0%", "--set", "6161=0%", "--only", "rotation"});
     EXPECT_NEAR(turn(160), TurnBetween(whole.samples[160].angles, still[160].angles), 1e-9);
+}
+
+TEST_F(Direct, ABakeAndASavedSceneSeeTheKeys) {
+    const std::vector<std::string> keyed = {"--key", "Rotation Intensity@20=0,60=150%,120=20%"};
+    const CameraMove live = Shaken(Still(), keyed), plain = Shaken(Still(), {});
+    std::vector<std::string> more = keyed;
+    more.insert(more.end(), {"--bake", "brute", "--scene", workplace_.Path("keyed.scene")});
+    const CameraMove baked = Shaken(Still(), more);
+    double keys_turn = 0;
+    for (std::size_t i = 0; i < live.samples.size(); ++i) {
+        EXPECT_NEAR(TurnBetween(baked.samples[i].angles, live.samples[i].angles), 0, 1e-6) << i;
+        keys_turn = std::max(keys_turn, TurnBetween(plain.samples[i].angles, live.samples[i].angles));
+    }
+    EXPECT_GT(keys_turn, 0.1);
+    // The scene was saved with its keys: they come out of it when the bake is taken back and made anew.
+    const std::string scene = workplace_.Path("keyed.scene"), again = workplace_.Path("again.scene");
+    ASSERT_EQ(workplace_.Run({"bake", scene, "--undo", "-o", again}).status, 0);
+    ASSERT_EQ(workplace_.Run({"bake", again, "--brute", "--in-place"}).status, 0);
+    const Outcome first = workplace_.Run({"keys", scene}), second = workplace_.Run({"keys", again});
+    EXPECT_EQ(first.out, second.out);
+    EXPECT_GT(first.out.size(), 1000u);
 }
 
 TEST_F(Direct, WrongKeysAreRefusedInOneLine) {

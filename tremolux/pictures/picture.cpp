@@ -7,7 +7,7 @@
 namespace tremolux {
 namespace {
 
-unsigned char Byte(float value) { return static_cast<unsigned char>(std::clamp(value, 0.0F, 1.0F) * 255 + 0.5F); }
+unsigned char Byte(float value) { return static_cast<unsigned char>(std::lrint(std::clamp(value, 0.0F, 1.0F) * 255)); }
 
 }  // namespace
 
