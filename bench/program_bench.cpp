@@ -52,7 +52,7 @@ const Place &ThePlace() {
 void Run(benchmark::State &state, std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), TREMOLUX_PROGRAM_FILE);
     const fs::path said = ThePlace().Path("said");
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         host::ChildProcess program;
         if (program.Start(arguments, said, said) && program.Finish() == 0) continue;
         std::fprintf(stderr, "tremolux_bench: %s does not run\n", arguments[1].c_str());

@@ -338,7 +338,8 @@ std::vector<std::vector<double>> MatricesIn(const std::string &text) {
 
 TEST_F(Direct, TheOpOfALayerBehindTheCamerasOwnMakesTheShakenCamera) {
     workplace_.Write("in.csv", Table(Panning()));
-    const Outcome converted = workplace_.RunBare({"convert", workplace_.Path("in.csv"), "-o", workplace_.Path("in.usda")});
+    const Outcome converted =
+        workplace_.RunBare({"convert", workplace_.Path("in.csv"), "-o", workplace_.Path("in.usda")});
     ASSERT_EQ(converted.status, 0) << converted.err;
     std::vector<std::string> arguments = {"shake", workplace_.Path("in.usda"), "-o", workplace_.Path("out.usda")};
     arguments.insert(arguments.end(), kShake.begin(), kShake.end());

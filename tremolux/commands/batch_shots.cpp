@@ -90,6 +90,7 @@ std::vector<Shot> ReadShots(const std::vector<std::string> &inputs, const ShotPl
     std::error_code error;
     if (inputs.size() > 1) {
         std::vector<fs::path> files;
+        files.reserve(inputs.size());
         for (const std::string &input : inputs) files.push_back(fs::u8path(input));
         return ShotsIn(files, places);
     }
