@@ -37,17 +37,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     try {
         const EventList list = Read(text.front(), text.substr(1));
         for (const Event &event : list.events) {
-            Require(std::isfinite(event.time), "a time is finite");
-            Require(event.strength >= 0 && event.strength <= 1, "a strength is a share");
+            Require(std::isfinite(event.time));
+            Require(event.strength >= 0 && event.strength <= 1);
         }
         CameraMove move;
         move.samples.resize(100);
         std::size_t outside = 0;
         for (const EventFrame &event : FramesOf(list, move, &outside))
-            Require(event.frame >= 0 && event.frame <= move.LastFrame(), "a frame is the move's");
+            Require(event.frame >= 0 && event.frame <= move.LastFrame());
     } catch (const Failure &failure) {
         const std::string line = failure.what();
-        Require(!line.empty() && line.find('\n') == std::string::npos, "a refusal is one line");
+        Require(!line.empty() && line.find('\n') == std::string::npos);
     }
     return 0;
 }
