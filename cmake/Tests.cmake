@@ -155,7 +155,7 @@ endif()
 if(NOT CMAKE_CROSSCOMPILING AND NOT TREMOLUX_SANITIZE)
     add_test(NAME farm COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/farm/farm_test.py" "${PROJECT_SOURCE_DIR}"
                                $<TARGET_FILE:tremolux>)
-    set_tests_properties(farm PROPERTIES SKIP_RETURN_CODE 77 PROCESSORS 2)
+    set_tests_properties(farm PROPERTIES SKIP_RETURN_CODE 77 PROCESSORS 2 TIMEOUT 600)
 endif()
 if(NOT CMAKE_CROSSCOMPILING)
     foreach(page cookbook jolts)

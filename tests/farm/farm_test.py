@@ -146,7 +146,10 @@ PartitionName=all Nodes={host} Default=YES MaxTime=INFINITE State=UP
         return False
 
     def is_over(self, job):
-        return not self.run("squeue", "--noheader", "--jobs", job).stdout.strip()
+        """Not in the queue of those that wait or run; of a job that is long over Slurm knows nothing."""
+        queue = self.run("squeue", "--noheader", "--format=%i")
+        assert queue.returncode == 0, queue.stderr
+        return not any(line.split("_")[0] == job for line in queue.stdout.split())
 
     def end(self):
         for daemon in reversed(self.daemons):
@@ -177,7 +180,7 @@ def by_slurm(project, program, shots, folder):
         parts = len(list(out.glob("table-*.csv")))
         assert parts < PARTS, "a killed worker left a table"
         second = submit(*array)
-        table = submit(f"--dependency=afterok:{second}", str(project / "docs/farm/table.sbatch"))
+        table = submit(f"--dependency=afterok:{second}", "--kill-on-invalid-dep=yes", str(project / "docs/farm/table.sbatch"))
         while not slurm.is_over(table):
             time.sleep(0.2)
         return out

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
+#include <set>
 
 #include "host/files/safe_write.h"
 #include "library/failure.h"
@@ -26,6 +28,7 @@ std::vector<Shot> ReadSheet(const std::string &name, const std::string &bytes, c
     const fs::path shots = places.shots.empty() ? fs::u8path(name).parent_path() : fs::u8path(places.shots);
     const fs::path folder = fs::u8path(places.folder);
     std::vector<Shot> sheet;
+    std::set<std::string> outputs;
     for (std::size_t i = 1; i < source.Lines().size(); ++i) {
         const Line &line = source.Lines()[i];
         if (Trimmed(line.text).empty()) continue;
@@ -36,10 +39,7 @@ std::vector<Shot> ReadSheet(const std::string &name, const std::string &bytes, c
         const fs::path shot = fs::u8path(text(kShot));
         if (shot.empty()) source.RefuseField(line, row.At(kShot), "the name of a camera file");
         const std::string output = text(kOutput).empty() ? shot.stem().u8string() + places.kind : text(kOutput);
-        const auto twin = std::find_if(sheet.begin(), sheet.end(), [&](const Shot &other) {
-            return fs::u8path(other.output) == folder / fs::u8path(output);
-        });
-        if (twin != sheet.end())
+        if (!outputs.insert((folder / fs::u8path(output)).u8string()).second)
             source.RefuseField(line, row.At(kShot), "another output than " + Quoted(output) + ", which is taken");
         if (sheet.size() == kMaxShots) source.RefuseField(line, row.At(kShot), "the end of the sheet");
         sheet.push_back({(shots / shot).u8string(), (folder / fs::u8path(output)).u8string(), shot.stem().u8string(),
@@ -60,14 +60,14 @@ bool IsCameraFile(const fs::path &file) {
 
 std::vector<Shot> ShotsIn(const std::vector<fs::path> &files, const ShotPlaces &places) {
     std::vector<Shot> shots;
+    std::map<std::string, std::string> inputs;  // by their outputs
     const fs::path folder = fs::u8path(places.folder);
     for (const fs::path &file : files) {
         const std::string output = (folder / fs::u8path(file.stem().u8string() + places.kind)).u8string();
-        for (const Shot &other : shots) {
-            if (other.output != output) continue;
-            throw Failure(kExitInput, file.u8string() + ": found the same name as " + Quoted(other.input) +
+        const auto [twin, is_new] = inputs.try_emplace(output, file.u8string());
+        if (!is_new)
+            throw Failure(kExitInput, file.u8string() + ": found the same name as " + Quoted(twin->second) +
                                           ", expected another: both become " + Quoted(output));
-        }
         shots.push_back({file.u8string(), output, file.stem().u8string(), "", "", ""});
     }
     return shots;

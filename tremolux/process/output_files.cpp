@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <optional>
+#include <unordered_map>
 
 #include "host/files/safe_write.h"
 #include "host/services/platform.h"
 #include "host/value/text.h"
 #include "library/failure.h"
+#include "library/parameters/nearest.h"
 #include "tremolux/process/streams.h"
 
 namespace tremolux {
@@ -15,16 +17,42 @@ namespace {
 
 namespace fs = std::filesystem;
 
+fs::path PlaceOf(const fs::path &file) {
+    std::error_code unknown;
+    const fs::path canonical = fs::weakly_canonical(file, unknown);
+    return unknown ? host::AbsolutePath(file).lexically_normal() : canonical;
+}
+
 bool SameFile(const fs::path &a, const fs::path &b) {
     std::error_code error;
-    if (fs::equivalent(a, b, error)) return true;
-    const auto place = [](const fs::path &file) {
-        std::error_code unknown;
-        const fs::path canonical = fs::weakly_canonical(file, unknown);
-        return unknown ? host::AbsolutePath(file).lexically_normal() : canonical;
-    };
-    return place(a) == place(b);
+    return fs::equivalent(a, b, error) || PlaceOf(a) == PlaceOf(b);
 }
+
+// Files to be found again by any of their names, among as many as a farm has.
+class KnownFiles {
+  public:
+    void Add(const fs::path &file) {
+        by_place_.emplace(KeyOf(file), file);
+        if (HasOtherNames(file)) with_other_names_.push_back(file);
+    }
+    bool Has(const fs::path &file) const {
+        const auto is_it = [&file](const fs::path &known) { return SameFile(file, known); };
+        const auto [begin, end] = by_place_.equal_range(KeyOf(file));
+        if (std::any_of(begin, end, [&](const auto &known) { return is_it(known.second); })) return true;
+        return HasOtherNames(file) && std::any_of(with_other_names_.begin(), with_other_names_.end(), is_it);
+    }
+
+  private:
+    // The same for names that some system takes for the same.
+    static std::string KeyOf(const fs::path &file) { return Folded(PlaceOf(file).u8string()); }
+    static bool HasOtherNames(const fs::path &file) {
+        std::error_code error;
+        const std::uintmax_t names = fs::hard_link_count(file, error);
+        return !error && names > 1;
+    }
+    std::unordered_multimap<std::string, fs::path> by_place_;
+    std::vector<fs::path> with_other_names_;
+};
 
 [[noreturn]] void RefuseOutput(const fs::path &file, const std::string &reason) {
     throw Failure(kExitOutput, host::PathText(file) + ": cannot be written: " + reason);
@@ -57,6 +85,9 @@ fs::path UnfinishedName(const fs::path &file) {
 }  // namespace
 
 OutputFiles::OutputFiles(const std::vector<std::string> &files, const std::vector<std::string> &inputs) {
+    KnownFiles known_inputs, known_outputs;
+    for (const std::string &input : inputs)
+        if (!IsStream(input)) known_inputs.Add(fs::u8path(input));
     for (const std::string &name : files) {
         const fs::path file = fs::u8path(name);
         if (IsStream(name)) {
@@ -65,14 +96,10 @@ OutputFiles::OutputFiles(const std::vector<std::string> &files, const std::vecto
             places_.push_back(file);
             continue;
         }
-        for (const std::string &input : inputs) {
-            if (IsStream(input) || !SameFile(file, fs::u8path(input))) continue;
+        if (known_inputs.Has(file))
             throw Failure(kExitInput, name + ": found the input itself, expected another file for the output");
-        }
-        for (const fs::path &other : files_) {
-            if (!IsStream(other.u8string()) && SameFile(file, other))
-                throw Failure(kExitInput, name + ": found twice, expected each output once");
-        }
+        if (known_outputs.Has(file)) throw Failure(kExitInput, name + ": found twice, expected each output once");
+        known_outputs.Add(file);
         places_.push_back(CheckedPlace(file));
         files_.push_back(file);
     }
