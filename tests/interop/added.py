@@ -2,7 +2,8 @@
 
     blender --background --factory-startup --python added.py -- FOLDER
 
-FOLDER holds input.json and shaken.json, the move and the shaken camera, and added.py, made for a camera named Hero.
+FOLDER holds input.json and shaken.json, the move and the shaken camera, alone.json, what was added, and added.py, made for a camera
+named Hero. The move and what was added, put together by the formula that the file states, have to be the shaken camera.
 Cameras with keys of their own (every rotation mode that has deltas, a parent, deltas, no keys at all) follow the input; with the
 script run they have to be the shaken camera on every frame, and after tremolux_remove() all that they were.
 """
@@ -11,7 +12,7 @@ import math
 import sys
 
 import bpy
-from mathutils import Matrix
+from mathutils import Matrix, Quaternion
 
 TOLERANCE = 1e-5
 FOLDER = sys.argv[sys.argv.index("--") + 1]
@@ -31,6 +32,27 @@ def world(frame):
     x, y, z = (value / 100 for value in frame["position"])
     upright = Matrix.Rotation(math.pi / 2, 4, "X")
     return upright @ (Matrix.Translation((x, y, -z)) @ turned.to_4x4())
+
+
+def together(frame, added):
+    """position + position, and rotation * turn: mirrored in z, a turn about x or y turns round."""
+    own = world(frame)
+    w, x, y, z = added["turn"]
+    x_way, y_way, z_way = (value / 100 for value in added["position"])
+    way = Matrix.Rotation(math.pi / 2, 4, "X") @ Matrix.Translation((x_way, y_way, -z_way))
+    made = own @ Quaternion((w, -x, -y, z)).to_matrix().to_4x4()
+    made.translation = own.translation + way.translation
+    return made
+
+
+def judge_files():
+    worst = 0.0
+    for frame, added, shaken in zip(load("input"), load("alone"), load("shaken")):
+        made, wanted = together(frame, added), world(shaken)
+        worst = max([worst] + [abs(made[row][column] - wanted[row][column]) for row in range(3) for column in range(4)])
+        worst = max(worst, abs(frame["focal_length"] + added["focal_length"] - shaken["focal_length"]) / shaken["focal_length"])
+    print(f"interop: the input and what was added, by Blender's matrices: within {worst:.1e}" + ("" if worst <= TOLERANCE else " FAILED"))
+    return worst <= TOLERANCE
 
 
 def snapshot():
@@ -138,4 +160,5 @@ def judge(mode, parent, deltas, lens_keys):
 results = [judge(mode, False, False, True) for mode in MODES]
 results += [judge(mode, True, deltas, deltas) for mode in ("QUATERNION", "XYZ") for deltas in (False, True)]
 results.append(judge("XYZ", False, True, False))
+results.append(judge_files())
 sys.exit(0 if all(results) else 1)
