@@ -3,11 +3,15 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <stdexcept>
+#include <utility>
+#include <vector>
 
 #include "tests/program/formats_support.h"
 #include "tests/program/run.h"
 #include "tests/support/tools.h"
 #include "tremolux/pictures/film.h"
+#include "tremolux/process/in_order.h"
 
 namespace tremolux {
 namespace {
@@ -145,6 +149,82 @@ TEST_F(PreviewFile, IsAFilmOrAPicture) {
     EXPECT_EQ(workplace_.Read("a.png").substr(1, 3), "PNG");
     Preview("b.png");
     EXPECT_EQ(workplace_.Read("a.png"), workplace_.Read("b.png"));
+}
+
+// Width and height of a .png file.
+std::pair<int, int> SizeOfPng(const std::string &bytes) {
+    const auto number = [&bytes](std::size_t at) {
+        int value = 0;
+        for (std::size_t i = at; i < at + 4; ++i) value = value << 8 | static_cast<unsigned char>(bytes.at(i));
+        return value;
+    };
+    return {number(16), number(20)};
+}
+
+TEST_F(PreviewFile, HasTheSizeThatIsAskedForWithOneCameraOrBoth) {
+    const auto size_with = [this](const std::vector<std::string> &more) {
+        std::vector<std::string> arguments = {"preview", move_, "-o", workplace_.Path("a.png"), "--frames", "0:0"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        const Outcome outcome = workplace_.Run(arguments);
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        return SizeOfPng(workplace_.Read("a.png"));
+    };
+    // Borders of 6 around and between, and 18 for the caption.
+    EXPECT_EQ(size_with({"--size", "200x100"}), std::make_pair(2 * 200 + 18, 100 + 12 + 18));
+    EXPECT_EQ(size_with({"--size", "200x100", "--only", "shaken"}), std::make_pair(200 + 12, 100 + 12 + 18));
+    EXPECT_EQ(size_with({"--size", "200x100", "--only", "shaken,rotation"}), std::make_pair(200 + 12, 100 + 12 + 18));
+    for (const char *wrong : {"200", "201x100", "0x0", "200x99999", "axb"}) {
+        const Outcome outcome = workplace_.Run({"preview", move_, "-o", workplace_.Path("b.png"), "--size", wrong});
+        EXPECT_EQ(outcome.status, 2) << wrong;
+        EXPECT_EQ(outcome.err.rfind("--size: found '", 0), 0u) << outcome.err;
+    }
+}
+
+TEST_F(PreviewFile, SaysBelowThePictureWhatItIsAndWhichFrame) {
+    const auto strip = [this](const std::vector<std::string> &more) {
+        std::vector<std::string> arguments = {"preview", move_, "-o", workplace_.Path("a.png"), "--size", "200x100"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        EXPECT_EQ(workplace_.Run(arguments).status, 0);
+        return workplace_.Read("a.png");
+    };
+    // A tag without amounts: nothing but the words differ.
+    const std::string first = strip({"--frames", "0:0"});
+    EXPECT_NE(strip({"--frames", "1:1"}), first);
+    EXPECT_NE(strip({"--frames", "0:0", "--seed", "7"}), first);
+    EXPECT_EQ(strip({"--frames", "0:0"}), first);
+}
+
+TEST(InOrder, ResultsComeOneAfterTheOtherHoweverLongEachTakes) {
+    std::vector<std::size_t> used;
+    MakeInOrder(
+        200,
+        [](std::size_t i) {
+            // The first of each ten takes longest.
+            double work = 0;
+            for (unsigned k = 0; k < (i % 10 == 0 ? 200000U : 10U); ++k) work += std::sqrt(static_cast<double>(k));
+            return std::make_pair(i, work);
+        },
+        [&](std::size_t i, const std::pair<std::size_t, double> &result) {
+            EXPECT_EQ(result.first, i);
+            used.push_back(i);
+        });
+    ASSERT_EQ(used.size(), 200u);
+    for (std::size_t i = 0; i < used.size(); ++i) EXPECT_EQ(used[i], i);
+}
+
+TEST(InOrder, WhatIsThrownOnEitherSideEndsTheWork) {
+    const auto one = [](std::size_t) { return 1; };
+    const auto nothing = [](std::size_t, int) {};
+    const auto breaks = [](std::size_t i) {
+        if (i == 20) throw std::runtime_error("made");
+        return 1;
+    };
+    const auto breaks_in_use = [](std::size_t i, int) {
+        if (i == 20) throw std::runtime_error("used");
+    };
+    EXPECT_THROW(MakeInOrder(50, breaks, nothing), std::runtime_error);
+    EXPECT_THROW(MakeInOrder(50, one, breaks_in_use), std::runtime_error);
+    MakeInOrder(0, one, nothing);
 }
 
 TEST_F(PreviewFile, OfOneOrTwoFramesIsAFilmTooAndAPicture) {

@@ -332,19 +332,19 @@ std::string DrawSpectrum(const PlayedMotion &motion, const AddedMotion &added, c
         SpectrumRows(added, rate, static_cast<double>(motion.output.samples.size()) / rate);
     const std::string ink = std::string(" textcolor \"") + ThemeOf(look).ink + "\"\n";
     std::string script = Head(look, kSpectrumHeight) + Table(motion) + SpectrumTable(rows);
-    script += "set multiplot\nset key at screen 0.585, screen 0.945 right center horizontal samplen 3\n" +
-              Margins(0.085, 0.585, 0.57, 0.925) +
-              "set label 1 \"the path seen from above\" at screen 0.085, screen 0.945" + ink +
-              MapRanges(PathExtent(motion), 0.5 * kWidth, 0.355 * kSpectrumHeight) +
+    script += "set multiplot\nset key at screen 0.98, screen " + FormatNumber(1 - 46.0 / kSpectrumHeight) +
+              " right center horizontal maxrows 1 samplen 3\n" + Margins(0.085, 0.585, 0.57, 0.905) +
+              "set label 1 \"the path seen from above\" at screen 0.085, screen 0.92" + ink +
+              MapRanges(PathExtent(motion), 0.5 * kWidth, 0.335 * kSpectrumHeight) +
               "set xlabel \"x, cm\" offset 0,0.5 textcolor @INK\nset ylabel \"z, cm\"\n"
               "plot $move using 2:10 with lines linestyle 1 title \"input camera\", "
               "$move using 3:11 with lines linestyle 2 title \"shaken camera\"\nunset key\nunset label 9\n" +
-              Margins(0.68, 0.98, 0.57, 0.925) + "set label 1 \"what was added to it\" at screen 0.68, screen 0.945" +
-              ink + MapRanges(AddedExtent(motion), 0.3 * kWidth, 0.355 * kSpectrumHeight) +
+              Margins(0.68, 0.98, 0.57, 0.905) + "set label 1 \"what was added to it\" at screen 0.68, screen 0.92" +
+              ink + MapRanges(AddedExtent(motion), 0.3 * kWidth, 0.335 * kSpectrumHeight) +
               "plot $move using ($3-$2):($11-$10) with lines linestyle 2 notitle\n"
               "set autoscale\nset logscale xy\nset format y \"%g\"\nset xlabel \"frequency, Hz\" offset 0,0.5 "
               "textcolor @INK\n" +
-              Margins(0.085, 0.49, 0.06, 0.475) +
+              Margins(0.1, 0.49, 0.06, 0.475) +
               "set key at graph 1, graph 1 right top vertical\n"
               "set label 1 \"added to the position\" at screen 0.085, screen 0.49" +
               ink;
