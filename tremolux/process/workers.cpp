@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <deque>
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -47,16 +48,18 @@ class Worker {
         if (!process_.Start(command, folder_.Path() / "out", folder_.Path() / "err"))
             throw Failure(kExitInternal, "this program cannot be started a second time, expected that --jobs 1 works");
     }
-    void Give(std::size_t piece) { is_busy_ = process_.Write(std::to_string(piece) + "\n"); }
-    bool IsBusy() const { return is_busy_; }
+    void Give(std::size_t piece) { pieces_ += process_.Write(std::to_string(piece) + "\n") ? 1 : 0; }
+    // The next piece lies ready while the worker is at one, so that it never waits.
+    bool TakesMore() const { return pieces_ < 2; }
     // "NUMBER\tTEXT" when the piece is done.
     std::optional<std::string> Answer() {
         Pass();
-        for (const std::string &line : out_.NewLines()) {
-            is_busy_ = false;
-            return line;
-        }
-        return std::nullopt;
+        for (const std::string &line : out_.NewLines()) answers_.push_back(line);
+        if (answers_.empty()) return std::nullopt;
+        std::string answer = answers_.front();
+        answers_.pop_front();
+        --pieces_;
+        return answer;
     }
     bool HasEnded() const { return process_.HasEnded(); }
     void EndInput() { process_.EndInput(); }
@@ -73,7 +76,8 @@ class Worker {
     const TemporaryFolder folder_;
     Listener out_, err_;
     host::ChildProcess process_;
-    bool is_busy_ = false;
+    std::deque<std::string> answers_;
+    int pieces_ = 0;  // that it was given and has not answered
 };
 
 using Workers = std::vector<std::unique_ptr<Worker>>;
@@ -98,10 +102,10 @@ void Drive(const Workers &workers, std::size_t pieces,
                 at_answer(static_cast<std::size_t>(*piece), answer->substr(tab + 1));
                 ++done;
                 any = true;
-            } else if (worker->IsBusy() && worker->HasEnded()) {
+            } else if (worker->HasEnded()) {
                 throw Failure(kExitInternal, "a process of --jobs ended before its work was done");
             }
-            if (!worker->IsBusy() && given < pieces) worker->Give(given++);
+            if (worker->TakesMore() && given < pieces) worker->Give(given++);
         }
         if (!any) std::this_thread::sleep_for(kPause);
     }
@@ -120,7 +124,7 @@ void ShareOut(const std::vector<std::string> &arguments, int jobs, std::size_t p
     try {
         Drive(workers, pieces, at_answer);
     } catch (...) {
-        FinishAll(workers);  // after the piece that each is at
+        FinishAll(workers);  // after the pieces that each has
         throw;
     }
     FinishAll(workers);
