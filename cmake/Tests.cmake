@@ -153,9 +153,9 @@ if(abidw_program AND TARGET tremolux_described AND CMAKE_CXX_COMPILER_ID STREQUA
 endif()
 
 if(NOT CMAKE_CROSSCOMPILING AND NOT TREMOLUX_SANITIZE)
-    add_test(NAME farm COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/farm/farm_test.py" "${PROJECT_SOURCE_DIR}"
+    add_test(NAME cluster COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/cluster/cluster_test.py" "${PROJECT_SOURCE_DIR}"
                                $<TARGET_FILE:tremolux>)
-    set_tests_properties(farm PROPERTIES SKIP_RETURN_CODE 77 PROCESSORS 2 TIMEOUT 600)
+    set_tests_properties(cluster PROPERTIES SKIP_RETURN_CODE 77 PROCESSORS 2 TIMEOUT 600)
 endif()
 if(NOT CMAKE_CROSSCOMPILING)
     foreach(page cookbook jolts)

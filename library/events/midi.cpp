@@ -1,4 +1,4 @@
-// Standard MIDI files, as the MIDI Association's specification 1.0 (RP-001) has them.
+// Standard MIDI files (RP-001 of the MIDI Association).
 #include <algorithm>
 #include <map>
 

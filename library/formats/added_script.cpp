@@ -192,11 +192,8 @@ std::string AddedScript(const CameraMove &move, const std::vector<AddedMotionSam
     std::string text = kAddedHead;
     text += "CAMERA = " + (camera.empty() ? "None" : PythonText(camera)) +
             "\n# True: the scene takes the rate, the range, the size and the camera, too.\nTAKE_SCENE = False" +
-            "\nFIRST_FRAME = " + std::to_string(move.first_frame) +
-            "\nFRAMES_PER_SECOND = " + std::to_string(move.rate.Whole()) +
-            "\nFPS_BASE = " + FormatNumber(move.rate.Whole() / move.rate.PerSecond()) + "\nRESOLUTION = (" +
-            std::to_string(options.width) + ", " + std::to_string(options.height) +
-            ")\n# By frame: metres along the world's x, y, z; turn about the camera's own axes w, x, y, z; millimetres; metres of "
+            "\n" + PythonRange(move, options) +
+            "# By frame: metres along the world's x, y, z; turn about the camera's own axes w, x, y, z; millimetres; metres of "
             "focus\nADDED = [\n";
     for (const AddedMotionSample &sample : added) {
         const host::Vector metres =

@@ -98,11 +98,7 @@ std::string LensText(const CameraMove &move) {
 std::string WriteBlender(const CameraMove &move, const FormatOptions &options) {
     std::string text = kHead;
     const double height = move.aperture_height.value_or(move.aperture_width * options.height / options.width);
-    text += "FIRST_FRAME = " + std::to_string(move.first_frame) +
-            "\nFRAMES_PER_SECOND = " + std::to_string(move.rate.Whole()) +
-            "\nFPS_BASE = " + FormatNumber(move.rate.Whole() / move.rate.PerSecond()) + "\nRESOLUTION = (" +
-            std::to_string(options.width) + ", " + std::to_string(options.height) +
-            ")\nNAME = " + PythonText(move.traits.Name()) + "\n# Millimetres: width and height\nFILM_BACK = (" +
+    text += PythonRange(move, options) + "NAME = " + PythonText(move.traits.Name()) + "\n# Millimetres: width and height\nFILM_BACK = (" +
             FormatNumber(move.aperture_width) + ", " + FormatNumber(height) +
             ")\nIS_ORTHOGRAPHIC = " + (move.traits.is_orthographic ? "True" : "False") + "\n" + LensText(move) +
             "# x, y, z, rotation w, x, y, z, focal length in millimetres, focus distance\nFRAMES = [\n";

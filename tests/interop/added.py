@@ -15,6 +15,7 @@ import bpy
 from mathutils import Matrix, Quaternion
 
 TOLERANCE = 1e-5
+SHAKEN = 1e-3  # the shake moves the camera by more than this: metres, or an axis's direction
 FOLDER = sys.argv[sys.argv.index("--") + 1]
 MODES = "QUATERNION", "XYZ", "XZY", "YXZ", "YZX", "ZXY", "ZYX"
 
@@ -45,14 +46,28 @@ def together(frame, added):
     return made
 
 
+def frames_of(*names):
+    """The frames of these files beside each other: as many in each, and some."""
+    files = [load(name) for name in names]
+    if not files[0] or any(len(file) != len(files[0]) for file in files):
+        sys.exit(f"interop: {', '.join(names)}: {[len(file) for file in files]} frames FAILED")
+    return list(zip(*files))
+
+
+def difference(a, b):
+    return max(abs(a[row][column] - b[row][column]) for row in range(3) for column in range(4))
+
+
 def judge_files():
-    worst = 0.0
-    for frame, added, shaken in zip(load("input"), load("alone"), load("shaken")):
+    worst, moved = 0.0, 0.0
+    for frame, added, shaken in frames_of("input", "alone", "shaken"):
         made, wanted = together(frame, added), world(shaken)
-        worst = max([worst] + [abs(made[row][column] - wanted[row][column]) for row in range(3) for column in range(4)])
+        moved = max(moved, difference(world(frame), wanted))
+        worst = max(worst, difference(made, wanted))
         worst = max(worst, abs(frame["focal_length"] + added["focal_length"] - shaken["focal_length"]) / shaken["focal_length"])
-    print(f"interop: the input and what was added, by Blender's matrices: within {worst:.1e}" + ("" if worst <= TOLERANCE else " FAILED"))
-    return worst <= TOLERANCE
+    good = worst <= TOLERANCE and moved > SHAKEN
+    print(f"interop: the input and what was added, by Blender's matrices: within {worst:.1e}, moved {moved:.1e}" + ("" if good else " FAILED"))
+    return good
 
 
 def snapshot():
@@ -116,12 +131,12 @@ def lens_off(data, lens, focus):
 def off(camera, frames, lenses):
     """How far the camera is from the frames, and its lens from (focal length, focus distance) of each."""
     worst = 0.0
+    assert len(frames) == len(lenses) > 0
     for frame, lens in zip(frames, lenses):
         bpy.context.scene.frame_set(frame["frame"])
         seen = camera.evaluated_get(bpy.context.evaluated_depsgraph_get())
         wanted, found = world(frame), seen.matrix_world
-        worst = max([worst, lens_off(seen.data, *lens)]
-                    + [abs(wanted[row][column] - found[row][column]) for row in range(3) for column in range(4)])
+        worst = max(worst, lens_off(seen.data, *lens), difference(wanted, found))
         if camera.data.animation_data and camera.data.animation_data.action and seen.data.clip_end != 100 + frame["frame"]:
             worst = math.inf
     return worst
@@ -129,7 +144,7 @@ def off(camera, frames, lenses):
 
 def judge(mode, parent, deltas, lens_keys):
     bpy.ops.wm.read_factory_settings(use_empty=True)
-    given, shaken = load("input"), load("shaken")
+    given, shaken = (list(frames) for frames in zip(*frames_of("input", "shaken")))
     camera = make_camera(mode, given, parent, deltas, lens_keys)
     scene = bpy.context.scene
     # Without keys the lens stands still in Blender, and what was added is added to that.

@@ -65,6 +65,13 @@ std::vector<CameraSample> Still(int count = kFrames) {
     return std::vector<CameraSample>(static_cast<std::size_t>(count), sample);
 }
 
+std::vector<double> Numbers(const std::string &row) {
+    std::vector<double> numbers;
+    std::istringstream text(row);
+    for (std::string part; std::getline(text, part, ',');) numbers.push_back(std::stod(part));
+    return numbers;
+}
+
 class Direct : public testing::Test {
   protected:
     std::vector<std::string> Rows(const std::string &name) const {
@@ -147,6 +154,7 @@ TEST_F(Direct, AMixGoesStraightInPositionAndLensAndOnTheSphereInRotation) {
         EXPECT_NEAR(found.focal_length, from.focal_length + (to.focal_length - from.focal_length) / 4, 1e-9);
         EXPECT_NEAR(found.focus_distance, from.focus_distance + (to.focus_distance - from.focus_distance) / 4, 1e-9);
         const double turn = TurnBetween(from.angles, to.angles);
+        EXPECT_GT(turn, 1e-3) << i;
         EXPECT_NEAR(TurnBetween(from.angles, found.angles), turn / 4, 1e-7);
         EXPECT_NEAR(TurnBetween(found.angles, to.angles), turn * 3 / 4, 1e-7);
     }
@@ -197,6 +205,7 @@ TEST_F(Direct, AwareOfTheLensAZoomLeavesTheShakeInThePictureAsItIs) {
         CameraSample normal = plain.samples[i];
         normal.focal_length = 50;
         const double wanted = OffInPicture(zoom[i], normal), alone = OffInPicture(zoom[i], plain.samples[i]);
+        EXPECT_GT(wanted, 1e-6) << i;
         EXPECT_NEAR(OffInPicture(zoom[i], aware.samples[i]), wanted, 1e-9);
         EXPECT_NEAR(OffInPicture(zoom[i], half.samples[i]), std::sqrt(wanted * alone), 1e-9);
     }
@@ -268,6 +277,7 @@ TEST_F(Direct, ALoopKeepsTheRmsOfWhatWasAddedInEveryBand) {
     for (std::size_t channel = 0; channel < 6; ++channel) {
         for (std::size_t band = 0; band < kBands.size(); ++band) {
             const double wanted = before.camera[channel].band_rms[band];
+            EXPECT_GT(wanted, 1e-4);
             EXPECT_NEAR(after.camera[channel].band_rms[band], wanted, 0.05 * wanted)
                 << before.camera[channel].name << " " << kBands[band].name;
         }
@@ -294,13 +304,8 @@ TEST_F(Direct, WhatWasAddedIsTheShakenCameraTogetherWithTheInput) {
     ASSERT_EQ(rows.size(), input.samples.size());
     ASSERT_EQ(frames.size(), input.samples.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        double n[9] = {};
-        std::istringstream text(rows[i]);
-        std::string part;
-        for (double &number : n) {
-            std::getline(text, part, ',');
-            number = std::stod(part);
-        }
+        const std::vector<double> n = Numbers(rows[i]);
+        ASSERT_EQ(n.size(), 9U);
         const CameraSample &from = input.samples[i], &to = shaken.samples[i];
         EXPECT_NEAR(from.position.x + n[1], to.position.x, 1e-9);
         EXPECT_NEAR(from.position.z + n[3], to.position.z, 1e-9);
@@ -380,13 +385,8 @@ TEST_F(Direct, WhatWasAddedIsInAChanFileAsItIsInATable) {
     const CameraMove chan = ReadChan("a.chan", workplace_.Read("a.chan"), {});
     ASSERT_EQ(chan.samples.size(), rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        double n[7] = {};
-        std::istringstream text(rows[i]);
-        std::string part;
-        for (double &number : n) {
-            std::getline(text, part, ',');
-            number = std::stod(part);
-        }
+        const std::vector<double> n = Numbers(rows[i]);
+        ASSERT_EQ(n.size(), 9U);
         EXPECT_NEAR(chan.samples[i].position.x, n[1], 1e-9);
         EXPECT_NEAR(chan.samples[i].position.z, n[3], 1e-9);
         EXPECT_NEAR(TurnBetween(chan.samples[i].angles, host::Vector{n[4], n[5], n[6]} * kRadiansPerDegree), 0, 1e-7);

@@ -65,28 +65,18 @@ void AddGroup(const host::PanelGroup &group, std::size_t indent, std::string *te
 
 using Json = nlohmann::ordered_json;
 
+constexpr struct {
+    host::Gadget gadget;
+    const char *name;
+} kKindNames[] = {
+    {host::Gadget::kNumber, "number"}, {host::Gadget::kSlider, "slider"}, {host::Gadget::kToggle, "toggle"},
+    {host::Gadget::kCycle, "cycle"},   {host::Gadget::kLink, "link"},     {host::Gadget::kButton, "button"},
+    {host::Gadget::kTime, "time"},     {host::Gadget::kText, "text"},     {host::Gadget::kOther, "other"}};
+
 const char *KindName(host::Gadget gadget) {
-    switch (gadget) {
-        case host::Gadget::kNumber:
-            return "number";
-        case host::Gadget::kSlider:
-            return "slider";
-        case host::Gadget::kToggle:
-            return "toggle";
-        case host::Gadget::kCycle:
-            return "cycle";
-        case host::Gadget::kLink:
-            return "link";
-        case host::Gadget::kButton:
-            return "button";
-        case host::Gadget::kTime:
-            return "time";
-        case host::Gadget::kText:
-            return "text";
-        case host::Gadget::kOther:
-            break;
-    }
-    return "other";
+    return std::find_if(std::begin(kKindNames), std::end(kKindNames),
+                        [gadget](const auto &kind) { return kind.gadget == gadget; })
+        ->name;
 }
 
 Json RowsJson(const host::PanelGroup &group);
