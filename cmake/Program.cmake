@@ -14,6 +14,7 @@ if(NOT sources OR NOT TARGET tremolux_library)
 endif()
 add_library(tremolux_program STATIC ${sources})
 target_link_libraries(tremolux_program PUBLIC tremolux_library CLI11::CLI11)
+target_link_libraries(tremolux_program PRIVATE number_text)
 tremolux_set_defaults(tremolux_program)
 tremolux_set_unity(tremolux_program)
 

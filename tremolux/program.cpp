@@ -51,6 +51,7 @@ int RunProgram(const std::vector<std::string> &arguments) {
     AddTraceCommand(program, &action);
     AddPanelCommand(program, &action);
     AddPresetsCommand(program, &action);
+    AddFitCommand(program, &action);
     AddSceneCommands(program, &action);
     AddInfoCommand(program, &action);
     AddShareFilesCommand(line, &action);

@@ -188,6 +188,8 @@ class Carrier {
 
 }  // namespace
 
+const SmoothingAmounts &LearnedShakeSmoothing() { return Learned(Family::kShake); }
+
 std::vector<std::string> KeepHertz(double made_for, double frames_per_second, host::Tag *tag) {
     if (made_for == frames_per_second) return {};
     return Carrier(made_for, frames_per_second, tag).Carry();

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/scene/tag.h"
+#include "library/frame_rates/smoothing_filter.h"
 
 namespace tremolux {
 
@@ -12,5 +13,8 @@ namespace tremolux {
 // `made_for`, as far as the module's formulas allow. In the running host, which plays the module's filters on a stage
 // of its own to learn them. Returns a line for everything that could not be carried over. Throws a Failure.
 std::vector<std::string> KeepHertz(double made_for, double frames_per_second, host::Tag *tag);
+
+// What Shake Smooth makes of the noise; learned when it is asked for the first time, in the running host. Throws a Failure.
+const SmoothingAmounts &LearnedShakeSmoothing();
 
 }  // namespace tremolux

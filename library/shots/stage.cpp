@@ -30,6 +30,16 @@ double Lens(const host::Object &camera, std::int32_t parameter) {
     return camera.GetParameter(host::MakeId(parameter), &value) ? value.Real() : 0;
 }
 
+host::Tag *MakeCameraTag(host::Object *camera, host::Object *input) {
+    host::Tag *tag = camera->MakeTag(ids::kTremoluxCamId);
+    if (tag == nullptr) {
+        throw Failure(kExitModule, "the module's camera tag cannot be made, expected a tag of type " +
+                                       std::to_string(ids::kTremoluxCamId));
+    }
+    tag->SetParameter(host::MakeId(ids::kInputCamera), host::Data::LinkTo(input));
+    return tag;
+}
+
 CameraSample SampleOf(const host::Object &camera, const host::Vector &nearby_angles) {
     const host::Matrix matrix = camera.GlobalMatrix();
     CameraSample sample;
@@ -46,6 +56,7 @@ Stage::Stage(const CameraMove &move)
     : document_(host::Application::Current()->NewDocument()),
       input_(InsertObject(document_.get(), host::kTypeCamera, "Input Camera")),
       output_(InsertObject(document_.get(), host::kTypeCamera, "Camera")),
+      shown_(output_),
       first_frame_(move.first_frame),
       rate_(move.rate) {
     document_->SetFps(move.rate.Whole());
@@ -58,13 +69,25 @@ Stage::Stage(const CameraMove &move)
     }
     for (host::Object *camera : {input_, output_})
         camera->SetParameter(host::MakeId(host::kCameraAperture), host::Data(move.aperture_width));
-    tag_ = output_->MakeTag(ids::kTremoluxCamId);
-    if (tag_ == nullptr) {
-        throw Failure(kExitModule, "the module's camera tag cannot be made, expected a tag of type " +
-                                       std::to_string(ids::kTremoluxCamId));
-    }
-    tag_->SetParameter(host::MakeId(ids::kInputCamera), host::Data::LinkTo(input_));
+    tag_ = MakeCameraTag(output_, input_);
     Evaluate(first_frame_);
+}
+
+host::Tag *Stage::AddSecondCamera() {
+    std::unique_ptr<host::Object> camera = host::Object::Create(host::kTypeCamera);
+    camera->SetName("Second Camera");
+    // An input camera without a name of its own gets one from the module.
+    output_->SetName("First Camera");
+    // Tags run in the order of the scene: the first camera's before this one's.
+    document_->InsertObject(camera.get(), nullptr, output_);
+    host::Object *second = camera.release();
+    host::Data aperture;
+    if (output_->GetParameter(host::MakeId(host::kCameraAperture), &aperture))
+        second->SetParameter(host::MakeId(host::kCameraAperture), aperture);
+    second_tag_ = MakeCameraTag(second, output_);
+    shown_ = second;
+    Evaluate(first_frame_);
+    return second_tag_;
 }
 
 void Stage::KillDocument::operator()(host::Document *document) const {
@@ -119,14 +142,18 @@ void Stage::PlayFrame(std::int64_t frame) {
     if (long_move_ && (frame < keyed_from_ || frame > keyed_to_)) KeyPartWith(frame);
     Evaluate(frame);
     if (frame == first_frame_) output_sample_.angles = input_->GetTransform().rotation;
-    output_sample_ = SampleOf(*output_, output_sample_.angles);
+    output_sample_ = SampleOf(*shown_, output_sample_.angles);
 }
 
 void Stage::Bake(std::int32_t button) {
     KeyWholeMove();
-    host::PressButton(tag_, host::MakeId(button));
-    if (tag_->Data().Whole(ids::kBaked) == 0 || output_->Tracks().empty())
-        throw Failure(kExitModule, "the module baked nothing, expected keys on the camera");
+    // What the second camera follows has its keys first.
+    for (host::Tag *tag : {tag_, second_tag_}) {
+        if (tag == nullptr) continue;
+        host::PressButton(tag, host::MakeId(button));
+        if (tag->Data().Whole(ids::kBaked) == 0 || tag->GetObject()->Tracks().empty())
+            throw Failure(kExitModule, "the module baked nothing, expected keys on the camera");
+    }
 }
 
 bool Stage::TurnsToTarget() const { return Target() != nullptr && tag_->Data().Whole(ids::kUseTarget) != 0; }

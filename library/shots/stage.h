@@ -24,6 +24,11 @@ class Stage {
     host::Object *AddTarget(const CameraMove &points);
     host::Object *AddFocusObject(const CameraMove &points);
 
+    // A second camera behind the first, with a tag of its own whose input the first is; Output() is its motion from now on. Its
+    // settings are those of a new tag. Throws a Failure.
+    host::Tag *AddSecondCamera();
+    host::Tag *SecondTag() const { return second_tag_; }  // null: there is none
+
     // Evaluates one frame of playback. Frames are played one after the other, from the document's first, which may be gone
     // back to.
     void PlayFrame(std::int64_t frame);
@@ -56,8 +61,9 @@ class Stage {
     host::Object *AddAimPoint(const char *name, std::int32_t link, const CameraMove &points);
     std::unique_ptr<host::Document, KillDocument> document_;  // the running host's; the cameras and the tag are in it
     host::Object *input_, *output_;
+    host::Object *shown_;  // whose motion Output() is
     std::shared_ptr<host::NodeAnchor> target_, focus_object_;  // an undo may take them away
-    host::Tag *tag_ = nullptr;
+    host::Tag *tag_ = nullptr, *second_tag_ = nullptr;
     std::int64_t first_frame_;
     std::optional<CameraMove> long_move_;  // whose keys are there from keyed_from_ to keyed_to_
     std::int64_t keyed_from_ = 0, keyed_to_ = 0;

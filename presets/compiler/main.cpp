@@ -16,6 +16,7 @@
 #include "host/value/text.h"
 #include "library/failure.h"
 #include "library/parameters/settings.h"
+#include "library/presets/pair.h"
 #include "library/shots/embedded_host.h"
 #include "library/shots/stage.h"
 #include "presets/compiler/preset_text.h"
@@ -52,18 +53,18 @@ class Compiler {
         if (!names_.insert(preset.name).second)
             throw Failure(tremolux::kExitInput, host::PathText(text_file) + ": found a second preset '" + preset.name +
                                                     "', expected a name of its own");
+        host::Container saved;
         try {
-            Save(preset);
+            saved = Saved(preset.name, preset.settings);
+            if (!preset.then.empty()) saved = tremolux::WithSecond(saved, Saved(preset.name, preset.then));
         } catch (const Failure &failure) {
             throw Failure(failure.Status(), host::PathText(text_file) + ": " + failure.what());
         }
-        const fs::path saved = home_ / "plugins" / "TremoluxCam" / "User" / ("00_" + preset.name);
-        if (!fs::exists(saved))
-            throw Failure(tremolux::kExitModule, host::PathText(text_file) +
-                                                     ": found no saved preset, expected a name "
-                                                     "that file names can hold");
         fs::create_directories(result_ / "Presets" / category);
-        fs::rename(saved, result_ / "Presets" / category / text_file.stem());
+        std::string error;
+        if (!host::WriteFileSafely(result_ / "Presets" / category / text_file.stem(), tremolux::BytesOfPreset(saved),
+                                   &error))
+            throw Failure(tremolux::kExitOutput, error);
         list_.push_back({{"category", host::PathText(category)},
                          {"file", host::PathText(text_file.stem())},
                          {"name", preset.name},
@@ -84,14 +85,21 @@ class Compiler {
         return folder;
     }
 
-    void Save(const presets::PresetText &preset) {
+    // By the tag's own button.
+    host::Container Saved(const std::string &name, const std::vector<std::string> &settings) {
         tremolux::CameraMove still;
         still.samples.emplace_back();
         still.rate = {kFramesPerSecond, 1};
         const tremolux::Stage stage(still);
-        tremolux::ApplySettings(preset.settings, kFramesPerSecond, &stage.CameraTag());
-        host_.Application().dialogs.AnswerText(preset.name);
+        tremolux::ApplySettings(settings, kFramesPerSecond, &stage.CameraTag());
+        host_.Application().dialogs.AnswerText(name);
         host::PressButton(&stage.CameraTag(), host::MakeId(ids::kSavePreset));
+        const fs::path file = home_ / "plugins" / "TremoluxCam" / "User" / ("00_" + name);
+        if (!fs::exists(file))
+            throw Failure(tremolux::kExitModule, "found no saved preset, expected a name that file names can hold");
+        host::Container preset = tremolux::ReadPresetFile(file);
+        fs::remove(file);
+        return preset;
     }
 
     fs::path home_, result_;

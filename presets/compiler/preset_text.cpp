@@ -1,5 +1,7 @@
 #include "presets/compiler/preset_text.h"
 
+#include <algorithm>
+
 #include "host/files/safe_write.h"
 #include "host/value/text.h"
 #include "library/failure.h"
@@ -12,7 +14,16 @@ namespace {
 
 using tremolux::Trimmed;
 
-enum class Section { kHead, kSettings, kMotion };
+enum class Section { kHead, kSettings, kThen, kMotion, kEvidence };
+
+constexpr struct {
+    const char *name;
+    Section section;
+} kSections[] = {{"[settings]", Section::kSettings},
+                 {"[then]", Section::kThen},
+                 {"[motion]", Section::kMotion},
+                 {"[aim]", Section::kEvidence},
+                 {"[measured]", Section::kEvidence}};
 
 std::string Bytes(const std::filesystem::path &file) {
     std::string bytes, error;
@@ -31,20 +42,23 @@ PresetText ReadPresetText(const std::filesystem::path &file) {
     for (const tremolux::Line &line : source.Lines()) {
         const std::string_view text = Trimmed(line.text);
         if (text.empty() || text[0] == '#') continue;
-        if (text == "[settings]" || text == "[motion]") {
-            section = text == "[settings]" ? Section::kSettings : Section::kMotion;
+        const auto *const begun = std::find_if(std::begin(kSections), std::end(kSections),
+                                               [&](const auto &known) { return text == known.name; });
+        if (begun != std::end(kSections)) {
+            section = begun->section;
             continue;
         }
         const std::size_t equals = text.find('=');
         if (equals == std::string_view::npos)
-            source.Refuse(line.number, 1, tremolux::Quoted(text), "NAME = VALUE, [settings] or [motion]");
+            source.Refuse(line.number, 1, tremolux::Quoted(text),
+                          "NAME = VALUE, or a section: [settings], [then], [aim], [measured], [motion]");
         const std::string key(Trimmed(text.substr(0, equals))), value(Trimmed(text.substr(equals + 1)));
-        if (section == Section::kSettings) {
-            preset.settings.emplace_back(key).append("=").append(value);
+        if (section == Section::kSettings || section == Section::kThen) {
+            (section == Section::kThen ? preset.then : preset.settings).emplace_back(key).append("=").append(value);
         } else if (section == Section::kHead) {
             if (key != "name" && key != "about") source.Refuse(line.number, 1, tremolux::Quoted(key), "name or about");
             (key == "name" ? preset.name : preset.about) = value;
-        } else if (key == "frame rate") {
+        } else if (section == Section::kMotion && key == "frame rate") {
             const std::optional<double> rate = tremolux::ParseNumber(value);
             if (!rate || *rate < 1 || *rate > tremolux::kMaxFramesPerSecond)
                 source.Refuse(line.number, 1, tremolux::Quoted(value), "frames a second");

@@ -19,7 +19,7 @@ COLUMNS = ("x", "y", "z", "h", "p", "b")
 
 
 class Preset:
-    """A text file of presets/: name, sentence, settings ("LABEL=VALUE") and what its motion aims at."""
+    """A text file of presets/: name, sentence, settings ("LABEL=VALUE") of the first camera, and what its motion measures."""
 
     def __init__(self, file):
         self.file = pathlib.Path(file)
@@ -31,7 +31,7 @@ class Preset:
             line = line.strip()
             if not line or line.startswith("#"):
                 continue
-            if line in ("[settings]", "[motion]"):
+            if line in ("[settings]", "[then]", "[aim]", "[measured]", "[motion]"):
                 section = line
                 continue
             key, equals, value = (part.strip() for part in line.partition("="))
@@ -41,9 +41,9 @@ class Preset:
                 self.settings.append(f"{key}={value}")
             elif section == "[motion]":
                 self._read_aim(key, value, number)
-            elif key == "name":
+            elif section == "head" and key == "name":
                 self.name = value
-            else:
+            elif section == "head":
                 self.about = value
         missing = [axis for axis in AXES if axis not in self.aims]
         if self.rate is None or missing:

@@ -7,6 +7,8 @@ constexpr std::int32_t kPresetFileCode = 0x74656D70;  // "temp": what the host k
 
 // Keys of a preset; a parameter stands under its id, and TRUE under the negated id says that it is there.
 constexpr std::int32_t kPresetName = 1002, kPresetVersion = 1040651, kPresetIsDefault = 100;
+// Container: a second camera's preset, whose input is the first one; other programs read it.
+constexpr std::int32_t kPresetSecond = 3004;
 // Text, only in memory: the file that a preset with shake in it came from.
 constexpr std::int32_t kPresetShakeFile = 3003;
 

@@ -1,11 +1,11 @@
 #!/usr/bin/python3
-"""Farms make what one batch makes, byte for byte, also when a worker is killed in the middle.
+"""Clusters make what one batch makes, byte for byte, also when a worker is killed in the middle.
 
 cluster_test.py PROJECT PROGRAM: 500 shots by one `tremolux batch`; by a Snakemake workflow whose worker is killed, and run again; by a
-Slurm job array on a single node of its own, likewise. Where neither is installed the exit status is 77; where only one is, the
-test fails. A Slurm that is installed and does not start here (it wants a host name that resolves, and a user that may run daemons) is
-passed over with 77, after the other's result.
+Slurm job array on a single node of its own, likewise. Where nothing of the two is installed the exit status is 77; where a part is
+missing it is named and the test fails.
 """
+import contextlib
 import math
 import os
 import pathlib
@@ -21,6 +21,26 @@ import time
 SHOTS, FRAMES, PARTS = 500, 40, 8
 OPTIONS = "--preset Documentary"
 SKIPPED = 77
+# What is started, and Debian's package of it.
+TOOLS = {"snakemake": "snakemake", "sbatch": "slurm-wlm", "slurmctld": "slurm-wlm", "slurmd": "slurm-wlm", "munged": "munge"}
+
+
+class DoesNotStart(Exception):
+    """What is installed but wants another system: a host name that resolves, a user that may run daemons."""
+
+
+@contextlib.contextmanager
+def running(command, **how):
+    """A process, over when the block is: waited for, or told to end when the block is left by an exception or a signal."""
+    process = subprocess.Popen(command, start_new_session=True, **how)
+    try:
+        yield process
+        process.wait()
+    except BaseException:
+        os.killpg(process.pid, signal.SIGTERM)
+        raise
+    finally:
+        process.wait()
 
 
 def make_shots(folder):
@@ -63,31 +83,32 @@ def by_snakemake(project, program, shots, folder):
                f"out={out}", f"parts={PARTS}", f"options={OPTIONS}", f"tremolux={program}"]
     environment = dict(os.environ, HOME=str(folder), XDG_CONFIG_HOME=str(folder / "config"))
     with open(folder / "snakemake.log", "wb") as log:
-        first = subprocess.Popen(command, cwd=folder, env=environment, stdout=log, stderr=log)
-        killed = kill_a_worker(out, lambda: first.poll() is not None)
-        first.wait()
+        with running(command, cwd=folder, env=environment, stdout=log, stderr=log) as first:
+            killed = kill_a_worker(out, lambda: first.poll() is not None)
         assert killed, "the workflow was over before a worker could be killed"
         assert first.returncode != 0, "a killed worker was not noticed"
         assert not (out / "table.csv").exists()
-        subprocess.run(command, cwd=folder, env=environment, stdout=log, stderr=log, check=True)
+        with running(command, cwd=folder, env=environment, stdout=log, stderr=log) as second:
+            pass
+        assert second.returncode == 0, "a workflow that was broken off does not end"
     return out
 
 
 class Slurm:
-    """A cluster of one node in a folder, with daemons of its own."""
+    """A cluster of one node in a folder, with daemons of its own; whoever calls `begin` calls `end`, whatever happens between."""
 
     def __init__(self, folder):
-        self.folder, self.daemons = folder / "slurm", []
+        self.folder, self.daemons = folder / "slurm", {}
         for name in ("state", "spool", "munge"):
             (self.folder / name).mkdir(parents=True)
         os.chmod(self.folder / "munge", 0o755)
-        self.socket, key = self.folder / "munge/socket", self.folder / "munge/key"
-        key.write_bytes(os.urandom(128))
-        os.chmod(key, 0o600)
-        host, ports = socket.gethostname().split(".")[0], self.free_ports()
+        self.socket, self.key = self.folder / "munge/socket", self.folder / "munge/key"
+        self.key.write_bytes(os.urandom(128))
+        os.chmod(self.key, 0o600)
+        self.host, ports = socket.gethostname().split(".")[0], self.free_ports()
         cores, user = os.cpu_count(), pwd.getpwuid(os.getuid()).pw_name
         (self.folder / "slurm.conf").write_text(f"""ClusterName=here
-SlurmctldHost={host}(127.0.0.1)
+SlurmctldHost={self.host}(127.0.0.1)
 SlurmUser={user}
 SlurmdUser={user}
 SlurmctldPort={ports[0]}
@@ -110,14 +131,25 @@ MpiDefault=none
 ReturnToService=2
 AccountingStorageType=accounting_storage/none
 JobAcctGatherType=jobacct_gather/none
-NodeName={host} NodeAddr=127.0.0.1 CPUs={cores} State=UNKNOWN
-PartitionName=all Nodes={host} Default=YES MaxTime=INFINITE State=UP
+NodeName={self.host} NodeAddr=127.0.0.1 CPUs={cores} State=UNKNOWN
+PartitionName=all Nodes={self.host} Default=YES MaxTime=INFINITE State=UP
 """, encoding="ascii")
         self.environment = dict(os.environ, SLURM_CONF=str(self.folder / "slurm.conf"), HOME=str(folder))
-        self.start(["munged", "--foreground", "--force", f"--key-file={key}", f"--socket={self.socket}", f"--pid-file={self.folder}/munged.pid",
-                    f"--log-file={self.folder}/munged.log", f"--seed-file={self.folder}/munge/seed"])
+
+    def begin(self):
+        """Starts the daemons, and gives the node some seconds to take work."""
+        self.start(["munged", "--foreground", "--force", f"--key-file={self.key}", f"--socket={self.socket}",
+                    f"--pid-file={self.folder}/munged.pid", f"--log-file={self.folder}/munged.log", f"--seed-file={self.folder}/munge/seed"])
         self.start(["slurmctld", "-D"])
-        self.start(["slurmd", "-D", "-N", host])
+        self.start(["slurmd", "-D", "-N", self.host])
+        for _ in range(100):
+            for name, daemon in self.daemons.items():
+                if daemon.poll() is not None:
+                    raise DoesNotStart(f"{name} does not stay up: {self.last_words(name)}")
+            if self.run("sinfo", "--noheader", "--format=%T").stdout.strip() == "idle":
+                return
+            time.sleep(0.2)
+        raise DoesNotStart("Slurm's node takes no work: " + "; ".join(map(self.last_words, self.daemons)))
 
     @staticmethod
     def free_ports():
@@ -130,21 +162,17 @@ PartitionName=all Nodes={host} Default=YES MaxTime=INFINITE State=UP
         return ports
 
     def start(self, command):
-        log = open(self.folder / f"{command[0]}.said", "wb")
-        self.daemons.append(subprocess.Popen(command, env=self.environment, stdout=log, stderr=log))
+        # A daemon ends with this process, also when that is killed.
+        with open(self.folder / f"{command[0]}.said", "wb") as log:
+            self.daemons[command[0]] = subprocess.Popen(["setpriv", "--pdeathsig", "TERM", *command], env=self.environment,
+                                                        stdout=log, stderr=log)
 
     def run(self, *command):
         return subprocess.run(command, env=self.environment, cwd=self.folder, capture_output=True, text=True, check=False)
 
-    def is_up(self):
-        """Whether the node takes work, for which it has some seconds."""
-        for _ in range(100):
-            if any(daemon.poll() is not None for daemon in self.daemons):
-                return False
-            if self.run("sinfo", "--noheader", "--format=%T").stdout.strip() == "idle":
-                return True
-            time.sleep(0.2)
-        return False
+    def last_words(self, name):
+        lines = (self.folder / f"{name}.said").read_text(encoding="utf-8", errors="replace").splitlines()
+        return lines[-1] if lines else f"{name} said nothing"
 
     def is_over(self, job):
         """Not in the queue of those that wait or run; of a job that is long over Slurm knows nothing."""
@@ -153,9 +181,18 @@ PartitionName=all Nodes={host} Default=YES MaxTime=INFINITE State=UP
         return not any(line.split("_")[0] == job for line in queue.stdout.split())
 
     def end(self):
-        for daemon in reversed(self.daemons):
+        """Ends what was begun; a second signal does not stop that."""
+        for number in (signal.SIGTERM, signal.SIGINT):
+            signal.signal(number, signal.SIG_IGN)
+        if all(daemon.poll() is None for daemon in self.daemons.values()):
+            self.run("scancel", "--user", str(os.getuid()))
+            for _ in range(50):
+                if not self.run("squeue", "--noheader").stdout:
+                    break
+                time.sleep(0.2)
+        for daemon in reversed(self.daemons.values()):
             daemon.terminate()
-        for daemon in self.daemons:
+        for daemon in self.daemons.values():
             try:
                 daemon.wait(10)
             except subprocess.TimeoutExpired:
@@ -165,8 +202,7 @@ PartitionName=all Nodes={host} Default=YES MaxTime=INFINITE State=UP
 def by_slurm(project, program, shots, folder):
     slurm = Slurm(folder)
     try:
-        if not slurm.is_up():
-            return None
+        slurm.begin()
         out = folder / "by_slurm"
         slurm.environment["TREMOLUX"] = program
         def submit(*words):
@@ -191,35 +227,35 @@ def by_slurm(project, program, shots, folder):
 
 def main(project, program):
     project, program = pathlib.Path(project).resolve(), str(pathlib.Path(program).resolve())
-    for number in (signal.SIGTERM, signal.SIGHUP):
-        signal.signal(number, lambda *_: sys.exit("cluster: interrupted"))
-    missing = {"Snakemake": [tool for tool in ("snakemake",) if not shutil.which(tool)],
-               "Slurm": [tool for tool in ("sbatch", "munged", "slurmctld", "slurmd") if not shutil.which(tool)]}
-    if all(missing.values()):
+    # Daemons lie where only an administrator's PATH leads.
+    os.environ["PATH"] += os.pathsep + "/usr/sbin"
+    missing = [tool for tool in TOOLS if not shutil.which(tool)]
+    if len(missing) == len(TOOLS):
         print("cluster: passed over: neither Snakemake nor Slurm is installed")
         return SKIPPED
-    failed = passed_over = False
-    with tempfile.TemporaryDirectory() as name:
-        folder = pathlib.Path(name)
+    assert not missing, "not installed: " + ", ".join(f"{tool} (Debian's package {TOOLS[tool]})" for tool in missing)
+    with tempfile.TemporaryDirectory() as place:
+        folder = pathlib.Path(place)
         shots, alone = folder / "shots", folder / "alone"
         make_shots(shots)
-        subprocess.run([program, "batch", str(shots), "-o", str(alone), *OPTIONS.split(), "--quiet"], check=True,
-                       env=dict(os.environ, HOME=str(folder)))
+        with running([program, "batch", str(shots), "-o", str(alone), *OPTIONS.split(), "--quiet"],
+                     env=dict(os.environ, HOME=str(folder))) as batch:
+            pass
+        assert batch.returncode == 0
         wanted = results(alone)
-        for farm, run in (("Snakemake", by_snakemake), ("Slurm", by_slurm)):
-            if missing[farm]:
-                print(f"cluster: {farm}: {', '.join(missing[farm])} is not installed FAILED")
-                failed = True
-                continue
-            out = run(project, program, shots, folder)
-            if out is None:
-                print(f"cluster: {farm} is passed over: it does not start as one node here")
-                passed_over = True
-                continue
-            assert results(out) == wanted, f"{farm}: other bytes than those of one batch"
-            print(f"cluster: {farm}: {SHOTS} shots, a worker killed in the middle, the same bytes as one batch")
-    return 1 if failed else SKIPPED if passed_over else 0
+        for name, run in (("Snakemake", by_snakemake), ("Slurm", by_slurm)):
+            try:
+                found = results(run(project, program, shots, folder))
+            except DoesNotStart as reason:
+                print(f"cluster: {name} is passed over: {reason}")
+                return SKIPPED
+            assert found == wanted, f"{name}: other bytes than those of one batch"
+            print(f"cluster: {name}: {SHOTS} shots, a worker killed in the middle, the same bytes as one batch")
+    return 0
 
 
 if __name__ == "__main__":
+    # As an exit, so that everything that was started is ended on the way out.
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))
+    signal.signal(signal.SIGINT, lambda *_: sys.exit(128 + signal.SIGINT))
     sys.exit(main(*sys.argv[1:]))

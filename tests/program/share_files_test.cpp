@@ -2,11 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <sstream>
 
 #include "tests/program/run.h"
 #include "tests/support/process.h"
+#include "tests/support/tools.h"
 
 namespace {
 
@@ -55,6 +55,7 @@ class ShareFiles : public testing::Test {
         return paths;
     }
     void ExpectTaken(std::vector<std::string> reader, const std::string &name) {
+        ASSERT_TRUE(test_support::CanRun(reader.front(), workplace_.Settings()));
         reader.push_back(Place(name));
         const std::filesystem::path out = workplace_.Path("out.txt"), err = workplace_.Path("err.txt");
         EXPECT_EQ(test_support::RunProcess(reader, out, err), 0) << workplace_.Read("err.txt");
@@ -129,6 +130,7 @@ TEST_F(ShareFiles, CompleteInBash) {
 }
 
 TEST_F(ShareFiles, CompleteInFish) {
+    ASSERT_TRUE(test_support::CanRun("fish", workplace_.Settings()));
     const auto completed = [&](const std::string &line) {
         const std::string script = workplace_.Write(
             "ask.fish", "source " + Place(kFish) + "\ncomplete -C '" + line + "' | string replace -r '\\t.*' ''\n");

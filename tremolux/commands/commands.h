@@ -22,6 +22,10 @@ void AddReportCommand(Command program, const std::vector<std::string> &arguments
 void AddBatchCommand(Command program, const std::vector<std::string> &arguments, Action *action);
 void AddTraceCommand(Command program, Action *action);
 void AddPanelCommand(Command program, Action *action);
+// Fits a preset to a recording.
+void AddFitCommand(Command program, Action *action);
+// Among those of `presets`.
+void AddNearestCommand(Command presets, Action *action);
 void AddPresetsCommand(Command program, Action *action);
 // press, bake, apply and keys, on saved scenes
 void AddSceneCommands(Command program, Action *action);

@@ -198,6 +198,10 @@ void AddShakeOptions(Command command, MoveOptions *options) {
              "again it is "
              "mixed: --preset Documentary --preset Nervous=0.4; one without a share gets the rest")
         .Repeatable();
+    command.Add(
+        "--then", &options->then,
+        "a preset, as for --preset, of a second camera whose input is the first one's output: its shake comes on "
+        "top, at a pace and with ratios of its own. Presets of pairs bring their own");
     command
         .Add("--set", &options->settings,
              "LABEL=VALUE or ID=VALUE: a parameter of the tag; may be given more than once. Percentages: 150% or "

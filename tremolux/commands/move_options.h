@@ -43,6 +43,7 @@ struct MoveOptions {
     FormatChoices formats;
     std::string input;
     std::vector<std::string> presets;  // one, or a mix
+    std::string then;                  // the preset of a second camera behind the first
     std::vector<std::string> settings, keys;
     std::vector<std::string> target, focus_object;  // a point or a file each; at most one
     std::string seed, frames, keep_hz;

@@ -1,25 +1,29 @@
 #include "tremolux/commands/playback.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "generated/module_ids.h"
 #include "generated/module_version.h"
+#include "host/files/folders.h"
+#include "host/value/descid.h"
 #include "library/failure.h"
 #include "library/formats/source_text.h"
 #include "library/frame_rates/keep_hz.h"
 #include "library/moves/cut.h"
+#include "library/parameters/name_seed.h"
 #include "library/parameters/setting_keys.h"
 #include "library/parameters/settings.h"
 #include "library/presets/catalog.h"
 #include "library/presets/facts.h"
 #include "library/presets/mix.h"
+#include "library/presets/pair.h"
 #include "library/shots/jolt_watch.h"
 #include "tremolux/commands/aim_point.h"
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/progress.h"
 
 namespace tremolux {
-
 Playback::Playback(const MoveOptions &options)
     : Playback(options, ReadMoveFile(options.input, options.ReadOptions())) {}
 
@@ -27,6 +31,7 @@ Playback::Playback(const MoveOptions &options, const CameraMove &move)
     : formats_(options.formats.Options()),
       input_(options.input),
       presets_(options.presets),
+      then_(options.then),
       keeps_preset_hertz_(options.keep_hz.empty() && !options.no_keep_hz),
       settings_(options.AllSettings()),
       keys_(options.keys),
@@ -70,30 +75,87 @@ void Playback::Start() {
     host_ = std::make_unique<EmbeddedHost>(host_options_.ModuleFile(), host_options_.Home());
     stage_ = std::make_unique<Stage>(loop_ ? staged_ : move_);
     host::Tag *tag = &stage_->CameraTag();
-    if (presets_.empty())
+    if (presets_.empty()) {
         applied_preset_ = tag->Data().Text(ids::kAppliedPresetName);
-    else
+        AddSecondCamera(std::nullopt);
+    } else {
         ChoosePresets();
+    }
     if (target_) stage_->AddTarget(*target_);
     if (focus_object_) stage_->AddFocusObject(*focus_object_);
+    const std::int64_t presets_seed = tag->Data().Whole(ids::kSeed);
     ApplySettings(settings_, Rate().Whole(), tag);
+    SeedSecondCamera(presets_seed);
     TakeJolts(jolts_, Rate().Whole(), tag);
     ApplyKeys(keys_, Rate().Whole(), tag);
     if (!made_for_) return;
     for (const std::string &note : KeepHertz(*made_for_, Rate().PerSecond(), tag))
         std::fprintf(stderr, "--keep-hz: %s\n", note.c_str());
+    if (stage_->SecondTag() != nullptr) KeepHertz(*made_for_, Rate().PerSecond(), stage_->SecondTag());
+}
+
+// Another seed of the first camera is another take of both; with one seed for both they would move alike.
+void Playback::SeedSecondCamera(std::int64_t presets_seed) {
+    host::Tag *second = stage_->SecondTag();
+    if (second == nullptr) return;
+    const std::int64_t first = stage_->CameraTag().Data().Whole(ids::kSeed), seeds = kMaxSeed + 1;
+    std::int64_t seed = (second->Data().Whole(ids::kSeed) + first - presets_seed) % seeds;
+    if (seed < 0) seed += seeds;
+    if (seed == first) seed = (seed + seeds / 2) % seeds;
+    second->SetParameter(host::MakeId(ids::kSeed), host::Data(static_cast<std::int32_t>(seed)));
 }
 
 void Playback::ChoosePresets() {
     host::Tag *tag = &stage_->CameraTag();
+    std::optional<host::Container> second;
+    if (OpenPresetFile(&second)) {
+        AddSecondCamera(second);
+        return;
+    }
     const std::vector<PresetShare> mix = ReadPresetShares(ReadCatalog(tag), presets_, "--preset");
     ChooseMix(mix, tag);
     applied_preset_ = MixName(mix);
-    if (!keeps_preset_hertz_) return;
-    const double rate = RateOf(mix, ReadPresetFacts(host_->ModuleFile()));
-    if (rate == 0 || rate == Rate().PerSecond()) return;
+    if (mix.size() == 1) second = SecondOfEntry(mix.front().preset, host_->ModuleFile(), *tag);
+    CarryHertz(RateOf(mix, ReadPresetFacts(host_->ModuleFile())), tag);
+    AddSecondCamera(second);
+}
+
+// A name that no preset has may be a file's.
+bool Playback::OpenPresetFile(std::optional<host::Container> *second) {
+    const std::filesystem::path file = std::filesystem::u8path(presets_.front());
+    if (presets_.size() != 1 || !host::Exists(file, false)) return false;
+    host::Tag *tag = &stage_->CameraTag();
+    const std::vector<CatalogEntry> catalog = ReadCatalog(tag);
+    if (std::any_of(catalog.begin(), catalog.end(),
+                    [&](const CatalogEntry &entry) { return entry.name == presets_.front(); }))
+        return false;
+    const host::Container preset = ReadPresetFile(file);
+    ApplyPresetValues(preset, tag);
+    applied_preset_ = NameOfPreset(preset);
+    *second = SecondOf(preset);
+    return true;
+}
+
+void Playback::CarryHertz(double rate, host::Tag *tag) {
+    if (!keeps_preset_hertz_ || rate == 0 || rate == Rate().PerSecond()) return;
     preset_rate_ = rate;
     KeepHertz(rate, Rate().PerSecond(), tag);
+}
+
+void Playback::AddSecondCamera(const std::optional<host::Container> &own) {
+    if (then_.empty() && !own) return;
+    const std::vector<CatalogEntry> catalog = ReadCatalog(&stage_->CameraTag());
+    host::Tag *tag = stage_->AddSecondCamera();
+    if (then_.empty()) {
+        ApplyPresetValues(*own, tag);
+        CarryHertz(preset_rate_, tag);
+    } else {
+        const CatalogEntry &entry = FindPreset(catalog, then_, "--then");
+        ChoosePreset(entry, tag);
+        applied_preset_ += (applied_preset_.empty() ? "" : ", then ") + entry.name;
+        CarryHertz(RateOf({{entry, 1}}, ReadPresetFacts(host_->ModuleFile())), tag);
+    }
+    FollowExactly(tag);
 }
 
 void Playback::Play(const std::function<void(std::int64_t)> &at_frame) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "host/value/container.h"
 #include "library/direction/loop.h"
 #include "library/moves/played_motion.h"
 #include "library/shots/embedded_host.h"
@@ -49,6 +50,7 @@ class Playback {
     FormatOptions formats_;
     std::string input_;
     std::vector<std::string> presets_;
+    std::string then_;
     std::string applied_preset_;
     bool keeps_preset_hertz_;
     double preset_rate_ = 0;
@@ -58,6 +60,10 @@ class Playback {
     std::optional<LoopPlan> loop_;
     std::optional<double> made_for_;
     void ChoosePresets();
+    void AddSecondCamera(const std::optional<host::Container> &own);
+    void SeedSecondCamera(std::int64_t presets_seed);
+    bool OpenPresetFile(std::optional<host::Container> *second);
+    void CarryHertz(double rate, host::Tag *tag);
     void PlanTheLoop(const std::string &input);
     CameraMove move_, staged_;
     std::optional<CameraMove> target_, focus_object_;

@@ -275,6 +275,8 @@ void AddPresetsCommand(Command program, Action *action) {
     importing.Add("FILE", &options->files, "preset files").Required();
     importing.Add("--category", &options->category, "the category to put them in, or User").ShowDefault();
 
+    AddNearestCommand(presets, action);
+
     Command path = add("path", "Prints the folder of your own presets, or chooses another", Path);
     path.Add("FOLDER", &options->folder, "the folder to use from now on");
     path.Add("--reset", &options->reset, "back to the usual folder");

@@ -10,35 +10,15 @@
 #include "library/formats/numbers.h"
 #include "library/formats/source_text.h"
 #include "library/measures/spectrum.h"
-#include "tremolux/pictures/tool.h"
+#include "tremolux/pictures/gnuplot.h"
 
 namespace tremolux {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kWidth = 1200, kHeight = 1500, kSpectrumHeight = 1100, kHeardHeight = 150;  // of a sheet in pixels
+constexpr int kHeight = 1500, kSpectrumHeight = 1100, kHeardHeight = 150;  // of a sheet in pixels
 constexpr std::size_t kMostPoints = 20000;  // of a curve; a longer move is drawn with frames left out
-
-struct PlotTheme {
-    const char *ground, *ink, *grid, *input, *shaken, *blue, *green;
-};
-// Colours that people tell apart whatever their eyes (Okabe and Ito), and dashes and widths besides.
-constexpr PlotTheme kLight = {"#ffffff", "#333333", "#dddddd", "#8c9196", "#d55e00", "#0072b2", "#009e73"};
-constexpr PlotTheme kDark = {"#16191d", "#d5d9de", "#343a41", "#7f868d", "#ff8a3d", "#56b4e9", "#2fc79a"};
-
-std::string PlotStyle(const PlotTheme &theme) {
-    const auto colour = [](const char *name) { return " linecolor \"" + std::string(name) + "\""; };
-    const std::string ink = " textcolor \"" + std::string(theme.ink) + "\"";
-    return "set encoding utf8\nset grid" + colour(theme.grid) + "\nset border 3" + colour(theme.ink) +
-           "\nset tics nomirror" + ink + "\nset xlabel" + ink + "\nset ylabel" + ink + "\nset x2label" + ink +
-           "\nset key" + ink + "\nset style line 1" + colour(theme.input) + " linewidth 3.5\nset style line 2" +
-           colour(theme.shaken) + " linewidth 1.4\nset style line 3" + colour(theme.blue) +
-           " linewidth 1.2 dashtype (4,4)\nset style line 4" + colour(theme.blue) +
-           " linewidth 1.8 dashtype 1 pointtype 5 pointsize 0.6\nset style line 5" + colour(theme.shaken) +
-           " linewidth 1.8 dashtype (8,4) pointtype 7 pointsize 0.6\nset style line 6" + colour(theme.green) +
-           " linewidth 1.8 dashtype (2,3) pointtype 9 pointsize 0.7\n";
-}
 
 struct Panel {
     const char *title;
@@ -54,31 +34,6 @@ constexpr Panel kPanels[] = {{"x, cm", [](const CameraSample &s) { return s.posi
                              {"bank, degrees", [](const CameraSample &s) { return s.angles.z * kDegree; }},
                              {"focal length, mm", [](const CameraSample &s) { return s.focal_length; }},
                              {"focus distance, cm", [](const CameraSample &s) { return s.focus_distance; }}};
-
-const PlotTheme &ThemeOf(const PlotLook &look) { return look.dark ? kDark : kLight; }
-
-// Gnuplot's own quotes, in which nothing but a quote means something.
-std::string PlotText(const std::string &text) {
-    std::string quoted = "'";
-    for (const char c : text) quoted += c == '\'' ? "''" : std::string(1, c == '\n' || c == '\r' ? ' ' : c);
-    return quoted + "'";
-}
-
-std::string Head(const PlotLook &look, int height) {
-    const std::string size = std::to_string(kWidth) + "," + std::to_string(height);
-    const std::string terminal = look.format == PlotFormat::kSvg ? "svg dynamic" : "pngcairo";
-    return "set terminal " + terminal + " noenhanced background \"" + ThemeOf(look).ground + "\" size " + size +
-           " font \"sans,13\"\n" + "INK = \"rgb '" + ThemeOf(look).ink + "'\"\n" + PlotStyle(ThemeOf(look)) +
-           "set label 9 " + PlotText(look.title) + " at screen 0.015, screen " + FormatNumber(1 - 20.0 / height) +
-           " textcolor \"" + ThemeOf(look).ink + "\" font \"sans,15\"\n";
-}
-
-std::string Draw(const std::string &script) {
-    const TemporaryFolder folder;
-    Tool gnuplot({"gnuplot"}, "gnuplot-nox", folder);
-    gnuplot.Write(script);
-    return gnuplot.Finish();
-}
 
 std::size_t StrideOf(const PlayedMotion &motion) { return motion.output.samples.size() / kMostPoints + 1; }
 
@@ -196,12 +151,6 @@ std::string SpectrumPanel(const char *label, const AddedMotion &added, const std
     return text + "\n";
 }
 
-// Shares of the sheet.
-std::string Margins(double left, double right, double bottom, double top) {
-    return "set lmargin at screen " + FormatNumber(left) + "\nset rmargin at screen " + FormatNumber(right) +
-           "\nset bmargin at screen " + FormatNumber(bottom) + "\nset tmargin at screen " + FormatNumber(top) + "\n";
-}
-
 // What a map shows: the least and the greatest of both axes.
 struct Extent {
     double left, right, near, far;
@@ -278,7 +227,7 @@ std::string DrawMotion(const PlayedMotion &motion, const PlotLook &look) {
     const int height = kHeight + (look.heard ? kHeardHeight : 0);
     const double first = static_cast<double>(motion.output.first_frame),
                  foot = look.heard ? 1.0 * kHeardHeight / height : 0;
-    std::string script = Head(look, height) + Table(motion) + JoltMarks(motion);
+    std::string script = PlotHead(look, height) + Table(motion) + JoltMarks(motion);
     if (look.heard) script += HeardTable(*look.heard, first / rate);
     script += "set multiplot\nset xrange [" + Seconds(motion.output, motion.output.first_frame) + ":" +
               Seconds(motion.output, std::max(motion.output.LastFrame(), motion.output.first_frame + 1)) + "]\n";
@@ -290,7 +239,7 @@ std::string DrawMotion(const PlayedMotion &motion, const PlotLook &look) {
         const double left = i % 2 == 0 ? 0.085 : 0.585, right = left + 0.4;
         const double top = kTop - std::floor(static_cast<double>(i) / 2) * row_height,
                      middle = top - row_height * (1 - kBetween) * (1 - kAddedShare);
-        script += Margins(left, right, middle, top) + "unset xlabel\nset format x \"\"\n";
+        script += PlotMargins(left, right, middle, top) + "unset xlabel\nset format x \"\"\n";
         if (i == 0)
             script += "set key at screen 0.985, screen " + FormatNumber(1 - 46.0 / height) +
                       " right center horizontal maxrows 1 samplen 3\n";
@@ -310,7 +259,7 @@ std::string DrawMotion(const PlayedMotion &motion, const PlotLook &look) {
         script += "\n";
         if (i < 2) script += "unset x2tics\nunset x2label\nunset link x2\n";
         script += "unset label 9\nset format x\n" +
-                  Margins(left, right, top - row_height * (1 - kBetween), middle - 0.006) +
+                  PlotMargins(left, right, top - row_height * (1 - kBetween), middle - 0.006) +
                   AddedRange(motion, kPanels[i]) + "set ylabel \"added\" textcolor @INK\n";
         if (i + 2 >= std::size(kPanels) && !look.heard)
             script += "set xlabel \"time, seconds\" offset 0,0.5 textcolor @INK\n";
@@ -318,42 +267,44 @@ std::string DrawMotion(const PlayedMotion &motion, const PlotLook &look) {
         script += ") with lines linestyle 2 notitle\n";
     }
     if (look.heard) {
-        script += Margins(0.085, 0.985, 0.045, foot + 0.005) +
+        script += PlotMargins(0.085, 0.985, 0.045, foot + 0.005) +
                   "set xlabel \"time, seconds\" offset 0,0.5 textcolor @INK\nset ylabel \"heard\"\nset yrange "
                   "[0:*]\nset ytics (0, 1)\n"
                   "plot $heard using 1:2 with lines linestyle 4 notitle, 1 with lines linestyle 3 notitle\n";
     }
-    return Draw(script + "unset multiplot\n");
+    return RunGnuplot(script + "unset multiplot\n");
 }
 
 std::string DrawSpectrum(const PlayedMotion &motion, const AddedMotion &added, const PlotLook &look) {
     const double rate = motion.output.rate.PerSecond();
     const std::vector<SpectrumRow> rows =
         SpectrumRows(added, rate, static_cast<double>(motion.output.samples.size()) / rate);
-    const std::string ink = std::string(" textcolor \"") + ThemeOf(look).ink + "\"\n";
-    std::string script = Head(look, kSpectrumHeight) + Table(motion) + SpectrumTable(rows);
+    const std::string ink = std::string(" textcolor \"") + PlotInk(look) + "\"\n";
+    std::string script = PlotHead(look, kSpectrumHeight) + Table(motion) + SpectrumTable(rows);
     script += "set multiplot\nset key at screen 0.98, screen " + FormatNumber(1 - 46.0 / kSpectrumHeight) +
-              " right center horizontal maxrows 1 samplen 3\n" + Margins(0.085, 0.585, 0.57, 0.905) +
+              " right center horizontal maxrows 1 samplen 3\n" + PlotMargins(0.085, 0.585, 0.57, 0.905) +
               "set label 1 \"the path seen from above\" at screen 0.085, screen 0.92" + ink +
-              MapRanges(PathExtent(motion), 0.5 * kWidth, 0.335 * kSpectrumHeight) +
+              MapRanges(PathExtent(motion), 0.5 * kPlotWidth, 0.335 * kSpectrumHeight) +
               "set xlabel \"x, cm\" offset 0,0.5 textcolor @INK\nset ylabel \"z, cm\"\n"
               "plot $move using 2:10 with lines linestyle 1 title \"input camera\", "
               "$move using 3:11 with lines linestyle 2 title \"shaken camera\"\nunset key\nunset label 9\n" +
-              Margins(0.68, 0.98, 0.57, 0.905) + "set label 1 \"what was added to it\" at screen 0.68, screen 0.92" +
-              ink + MapRanges(AddedExtent(motion), 0.3 * kWidth, 0.335 * kSpectrumHeight) +
+              PlotMargins(0.68, 0.98, 0.57, 0.905) +
+              "set label 1 \"what was added to it\" at screen 0.68, screen 0.92" + ink +
+              MapRanges(AddedExtent(motion), 0.3 * kPlotWidth, 0.335 * kSpectrumHeight) +
               "plot $move using ($3-$2):($11-$10) with lines linestyle 2 notitle\n"
               "set autoscale\nset logscale xy\nset format y \"%g\"\nset xlabel \"frequency, Hz\" offset 0,0.5 "
               "textcolor @INK\n" +
-              Margins(0.1, 0.49, 0.06, 0.475) +
+              PlotMargins(0.1, 0.49, 0.06, 0.475) +
               "set key at graph 1, graph 1 right top vertical\n"
               "set label 1 \"added to the position\" at screen 0.085, screen 0.49" +
               ink;
     if (rows.size() > 1)
         script += "set xrange [" + FormatNumber(rows.front().hertz) + ":" + FormatNumber(rows.back().hertz) + "]\n";
     script += SpectrumPanel("RMS in a third of an octave, cm", added, rows, 0);
-    script += Margins(0.6, 0.98, 0.06, 0.475) + "set label 1 \"added to the angles\" at screen 0.6, screen 0.49" + ink;
+    script +=
+        PlotMargins(0.6, 0.98, 0.06, 0.475) + "set label 1 \"added to the angles\" at screen 0.6, screen 0.49" + ink;
     script += SpectrumPanel("RMS in a third of an octave, degrees", added, rows, 3);
-    return Draw(script + "unset multiplot\n");
+    return RunGnuplot(script + "unset multiplot\n");
 }
 
 }  // namespace tremolux
