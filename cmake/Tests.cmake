@@ -209,6 +209,8 @@ if(TARGET built_in_presets AND NOT numpy_missing AND NOT CMAKE_CROSSCOMPILING)
     add_test(NAME presets.motion COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/presets/measure/measure_presets.py"
                                          $<TARGET_FILE:tremolux>)
     set_tests_properties(presets.motion PROPERTIES TIMEOUT 600)
+    add_test(NAME presets.realism COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/presets/realism_test.py"
+                                          "${PROJECT_SOURCE_DIR}")
 else()
     message(STATUS "NumPy is missing, or another system is built for: the motion of the presets is not measured")
 endif()

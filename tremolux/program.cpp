@@ -52,6 +52,7 @@ int RunProgram(const std::vector<std::string> &arguments) {
     AddPanelCommand(program, &action);
     AddPresetsCommand(program, &action);
     AddFitCommand(program, &action);
+    AddSteadyCommand(program, &action);
     AddSceneCommands(program, &action);
     AddInfoCommand(program, &action);
     AddShareFilesCommand(line, &action);

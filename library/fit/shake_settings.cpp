@@ -9,9 +9,9 @@
 namespace tremolux {
 namespace {
 
-// As many digits as a reader wants: four that count.
+// As many digits as a reader wants: four that count. Below a hundred-thousandth of a percent or a degree no layer is seen.
 double Rounded(double value) {
-    if (value == 0) return 0;
+    if (std::abs(value) < 1e-5) return 0;
     const double step = std::pow(10.0, std::floor(std::log10(std::abs(value))) - 3);
     return std::round(value / step) * step;
 }

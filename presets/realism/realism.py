@@ -1,10 +1,11 @@
 #!/usr/bin/python3
 """How far the built-in presets are from recorded cameras, and how far plain noise is.
 
-    realism.py PROGRAM RECORDINGS [--markdown FILE] [--json FILE] [--only NAME] [--check]
+    realism.py PROGRAM RECORDINGS [--page PAGE] [--json FILE] [--only NAME] [--check]
 
 PROGRAM is the built tremolux, RECORDINGS the folder of recorded moves. Shares no code with `tremolux fit` and none with what
-the presets are held against their own files by. --check: the exit status is 1 where the mean distance of the presets as they
+the presets are held against their own files by. --page writes the table into a page, between two comments, and fits of all recordings
+as pictures beside it, by `tremolux fit --plot`. --check: the exit status is 1 where the mean distance of the presets as they
 are is above 0.32, or where a walk, a run or a ride is nearest to a preset of another kind.
 """
 import argparse
@@ -12,7 +13,9 @@ import concurrent.futures
 import json
 import os
 import pathlib
+import subprocess
 import sys
+import tempfile
 
 import numpy
 
@@ -21,6 +24,7 @@ import recordings
 from levels import AXES, EACH_AXIS, INTENSITIES, distance, fitted_together, hits, levels, log_ratios, mean_levels, pieces
 
 AIM = 0.32
+BEGIN, END = "<!-- measured -->", "<!-- end of what was measured -->"
 TAKES, SECONDS, START = 4, 62, 2  # of a preset: seeds, seconds of each, and how many of these are passed over
 HIT, NEAR_HIT = 1.5, 2.0  # factors
 BASES = tuple(0.25 * 2 ** (i / 3) for i in range(10))  # hertz of the lowest octave
@@ -112,14 +116,26 @@ def table(results):
     return "\n".join(rows)
 
 
+def write_page(page, text, program, files):
+    before, rest = page.read_text(encoding="utf-8").split(BEGIN)
+    page.write_text(before + BEGIN + "\n" + text + "\n" + END + rest.split(END)[1], encoding="utf-8")
+    with tempfile.TemporaryDirectory() as folder:
+        for file in files:
+            layers = "2" if kinds_of(file.stem) else "1"
+            picture = page.resolve().parent / "images" / f"fit-{file.stem.removesuffix('-rotation-only')}.png"
+            subprocess.run([program, "fit", file.name, "-o", pathlib.Path(folder) / "preset", "--plot", picture, "--layers", layers,
+                            "--quiet"], check=True, stdout=subprocess.DEVNULL, cwd=file.parent)
+
+
 def main(arguments):
     parser = argparse.ArgumentParser(description=__doc__.split("\n", maxsplit=1)[0])
     parser.add_argument("program")
     parser.add_argument("recordings", type=pathlib.Path)
-    for option in ("--markdown", "--json", "--only"):
+    for option in ("--page", "--json", "--only"):
         parser.add_argument(option)
     parser.add_argument("--check", action="store_true")
     options = parser.parse_args(arguments)
+    options.program = str(pathlib.Path(options.program).resolve())
     files = sorted(options.recordings.glob("*.csv"))
     motions = {file.stem: recordings.read(file) for file in files if not options.only or options.only in file.stem}
     if not motions:
@@ -129,8 +145,8 @@ def main(arguments):
     results = {name: measure(takes, motion) for name, motion in motions.items()}
     text = table(results)
     print(text)
-    if options.markdown:
-        pathlib.Path(options.markdown).write_text(text + "\n", encoding="utf-8")
+    if options.page:
+        write_page(pathlib.Path(options.page), text, options.program, [options.recordings / f"{name}.csv" for name in motions])
     if options.json:
         pathlib.Path(options.json).write_text(json.dumps(results, indent=2) + "\n", encoding="utf-8")
     wrong = [f"{name}: nearest to {one['preset']}" for name, one in results.items()

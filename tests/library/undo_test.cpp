@@ -37,7 +37,7 @@ struct Change {
 
 std::vector<Change> Changes() {
     return {
-        {"set", [](tremolux_shot shot) { return tremolux_shot_set(shot, IdOf("Shake Speed"), 2); }},
+        {"set", [](tremolux_shot shot) { return tremolux_shot_set(shot, IdOf("Shake Speed"), 1.37); }},
         {"set_text", [](tremolux_shot shot) { return tremolux_shot_set_text(shot, "Custom Trigger=3,7"); }},
         {"apply_preset", [](tremolux_shot shot) { return tremolux_shot_apply_preset(shot, "Earthquake"); }},
         {"press", [](tremolux_shot shot) { return tremolux_shot_press(shot, IdOf("Skyscraper")); }},

@@ -22,6 +22,8 @@ void AddReportCommand(Command program, const std::vector<std::string> &arguments
 void AddBatchCommand(Command program, const std::vector<std::string> &arguments, Action *action);
 void AddTraceCommand(Command program, Action *action);
 void AddPanelCommand(Command program, Action *action);
+// Splits a move and scales its shake.
+void AddSteadyCommand(Command program, Action *action);
 // Fits a preset to a recording.
 void AddFitCommand(Command program, Action *action);
 // Among those of `presets`.
