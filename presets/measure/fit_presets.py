@@ -102,8 +102,6 @@ def rewrite(preset, aim, program, recordings):
               "", f"# The same, restated from measurement of {TAKES} seeds; D {distance:.2f}", "[measured]", *figures(measured),
               "", "# RMS below 0.5 Hz, from 0.5 to 3 Hz, and above; restated from measurement of the preset's own seed", "[motion]",
               f"frame rate = {RATE}"]
-    if len(aim.bases) == 1 and preset.recording:
-        lines.append(f"recording = {preset.recording}")
     lines += figures({axis: band_rms(own[axis], RATE) for axis in AXES}, 2)
     preset.file.write_text("\n".join(lines) + "\n", encoding="utf-8")
     return distance

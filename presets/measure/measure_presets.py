@@ -1,15 +1,15 @@
 #!/usr/bin/python3
 """Plays every built-in preset for 60 seconds and holds its motion against what its file states.
 
-    measure_presets.py PROGRAM [RECORDINGS]
+    measure_presets.py PROGRAM
 
 PROGRAM is the built tremolux. A band may be off by a third of what is stated; one that is stated as 0 must stay below
-0.002 cm or degrees. With the folder of recordings, the figures of the presets that name one are printed beside its own.
+0.002 cm or degrees.
 """
 import pathlib
 import sys
 
-from motion import AXES, BANDS, UNITS, Preset, band_rms, play, read_recording, shares, total_rms, windows_rms
+from motion import AXES, BANDS, UNITS, Preset, band_rms, play
 
 SECONDS = 60
 TOLERANCE = 1 / 3
@@ -38,46 +38,13 @@ def differences(preset, move):
     return lines
 
 
-def comparison(preset, move, recording):
-    """Rows of [axis, RMS of recording and preset, shares of both]: the preset in windows as long as the recording."""
-    rows = []
-    for axis in AXES:
-        if axis not in recording:
-            continue
-        real = band_rms(recording[axis], preset.rate)
-        ours = windows_rms(move[axis], preset.rate, len(recording[axis]))
-        rows.append((axis, total_rms(real), total_rms(ours), shares(real), shares(ours)))
-    return rows
-
-
-def comparison_table(presets, moves, recordings):
-    """Markdown; where a figure is not near the recording's it is set in bold."""
-    lines = ["| Preset | Recording | Axis | RMS | RMS of the preset | Shares of the bands | Shares of the preset |",
-             "|---|---|---|---|---|---|---|"]
-    for preset in presets:
-        if not preset.recording:
-            continue
-        for axis, real, ours, real_shares, our_shares in comparison(preset, moves[preset.path],
-                                                                    read_recording(recordings / preset.recording)):
-            near = 1 / 1.5 <= ours / real <= 1.5
-            alike = max(abs(a - b) for a, b in zip(real_shares, our_shares)) <= 0.1
-            percent = [" / ".join(f"{share:.0%}" for share in both) for both in (real_shares, our_shares)]
-            rms = f"{ours:.3f} {UNITS[axis]}"
-            lines.append(f"| {preset.name} | {preset.recording.removesuffix('.csv')} | {axis} | {real:.3f} {UNITS[axis]} | "
-                         f"{rms if near else f'**{rms}**'} | {percent[0]} | "
-                         f"{percent[1] if alike else f'**{percent[1]}**'} |")
-    return "\n".join(lines)
-
-
-def main(program, recordings=None):
+def main(program):
     presets = all_presets()
     moves = {preset.path: play(program, preset.rate, SECONDS, "--preset", preset.path) for preset in presets}
     wrong = [line for preset in presets for line in differences(preset, moves[preset.path])]
     page = (FOLDER.parent / "docs" / "presets.md").read_text(encoding="utf-8")
     wrong += [f"docs/presets.md: found no '{preset.name}' with its sentence; script/presets writes the page anew"
               for preset in presets if preset.name not in page or preset.about not in page]
-    if recordings:
-        print(comparison_table(presets, moves, pathlib.Path(recordings)))
     print("\n".join(wrong) if wrong else f"{len(presets)} presets move as their files state")
     return 1 if wrong else 0
 

@@ -25,7 +25,7 @@ class Preset:
         self.file = pathlib.Path(file)
         self.category = self.file.parent.name.split("_", 1)[1]
         self.settings, self.aims = [], {}
-        self.rate, self.recording = None, None
+        self.rate = None
         section = "head"
         for number, line in enumerate(self.file.read_text(encoding="utf-8").splitlines(), 1):
             line = line.strip()
@@ -52,8 +52,6 @@ class Preset:
     def _read_aim(self, key, value, number):
         if key == "frame rate":
             self.rate = int(value)
-        elif key == "recording":
-            self.recording = value
         else:
             numbers = re.fullmatch(r"([\d.]+)\s+([\d.]+)\s+([\d.]+)\s+(cm|deg)", value)
             if key not in AXES or not numbers or numbers.group(4) != UNITS[key]:
@@ -109,20 +107,3 @@ def band_rms(samples, rate):
     return tuple(
         float(math.sqrt(power[(frequency > low) & (frequency <= min(high, rate / 2))].sum())) for low, high in BANDS
     )
-
-
-def windows_rms(samples, rate, length):
-    """The same in windows of `length` samples, powers averaged: what a shorter take of the motion shows."""
-    count = max(1, len(samples) // length)
-    takes = [band_rms(samples[i * length : (i + 1) * length], rate) for i in range(count)]
-    return tuple(math.sqrt(sum(take[band] ** 2 for take in takes) / count) for band in range(len(BANDS)))
-
-
-def total_rms(bands):
-    return math.sqrt(sum(band * band for band in bands))
-
-
-def shares(bands):
-    """Each band's share of the variance."""
-    total = sum(band * band for band in bands)
-    return tuple(band * band / total if total else 0.0 for band in bands)

@@ -122,7 +122,7 @@ def write_page(page, text, program, files):
     with tempfile.TemporaryDirectory() as folder:
         for file in files:
             layers = "2" if kinds_of(file.stem) else "1"
-            picture = page.resolve().parent / "images" / f"fit-{file.stem.removesuffix('-rotation-only')}.png"
+            picture = page.resolve().parent / "images" / f"fit-{file.stem.removesuffix('-rotation-only')}.svg"
             subprocess.run([program, "fit", file.name, "-o", pathlib.Path(folder) / "preset", "--plot", picture, "--layers", layers,
                             "--quiet"], check=True, stdout=subprocess.DEVNULL, cwd=file.parent)
 

@@ -31,7 +31,8 @@ std::map<std::string, Keys> DocumentedKeys() {
 std::string GeneralKey(std::string key) {
     const std::string inner = ".rows[][].rows[][]";
     for (std::size_t at; (at = key.find(inner)) != std::string::npos;) key.replace(at, inner.size(), ".rows[][]");
-    return std::regex_replace(key, std::regex("^(ranges|carried|lost)[.].*$"), "$1.*");
+    return std::regex_replace(key, std::regex("^(ranges|carried|lost|recorded|before[.]rms|after[.]rms)[.].*$"),
+                              "$1.*");
 }
 
 void Collect(const nlohmann::json &value, const std::string &place, Keys *keys) {
@@ -69,6 +70,8 @@ TEST_F(JsonPages, HaveTheKeysThatTheProgramPrintsAndNoOthers) {
         {"tremolux presets --json", {"presets"}},
         {"tremolux presets show --json", {"presets", "show", "Standing still"}},
         {"tremolux presets diff --json", {"presets", "diff", "Standing still", "Brisk walk"}},
+        {"tremolux presets nearest --json", {"presets", "nearest", Path("b.csv"), "--quiet"}},
+        {"tremolux fit --json", {"fit", Path("b.csv"), "-o", Path("fitted"), "--layers", "2", "--quiet"}},
         {"tremolux panel --json", {"panel"}},
         {"tremolux keys --json", {"keys", Path("a.scene"), "--camera", "Input Camera"}},
         {"tremolux inspect --json", {"inspect", carried}},

@@ -1,6 +1,7 @@
 // The tool that turns the presets' texts into preset files.
 #include <gtest/gtest.h>
 
+#include "library/presets/pair.h"
 #include "tests/program/run.h"
 #include "tests/support/process.h"
 
@@ -28,6 +29,7 @@ class PresetCompiler : public testing::Test {
     Workplace workplace_;
 };
 
+constexpr std::int32_t kSeed = 6142;
 const std::string kHead = "name = Good\nabout = A sentence.\n\n[settings]\n";
 
 TEST_F(PresetCompiler, WritesEachCategoryAndTheListOfAll) {
@@ -39,6 +41,23 @@ TEST_F(PresetCompiler, WritesEachCategoryAndTheListOfAll) {
     EXPECT_TRUE(fs::is_regular_file(workplace_.Path("result/Presets/1_A/2_Other")));
     EXPECT_NE(workplace_.Read("result/presets.json").find("\"about\": \"A sentence.\""), std::string::npos);
     EXPECT_FALSE(fs::exists(workplace_.Path("result/.user")));
+}
+
+TEST_F(PresetCompiler, PutsASecondCamerasSettingsIntoTheFile) {
+    Text("1_Alone.txt", kHead + "Position Slow = 0.5 %\n");
+    Text("2_Pair.txt",
+         "name = Pair\nabout = Two.\n\n[settings]\nSeed = 3\n\n[then]\nSeed = 4711\n\n[aim]\nsource = x\n\n"
+         "[measured]\nx = 1 2 3 cm\n\n[motion]\nframe rate = 25\n");
+    ASSERT_EQ(Compile(), 0) << workplace_.Read("said");
+    const auto read = [&](const char *name) {
+        return tremolux::ReadPresetFile(workplace_.Path(std::string("result/Presets/1_A/") + name));
+    };
+    EXPECT_FALSE(tremolux::SecondOf(read("1_Alone")));
+    const host::Container pair = read("2_Pair");
+    EXPECT_EQ(pair.Real(kSeed), 3);
+    ASSERT_TRUE(tremolux::SecondOf(pair));
+    EXPECT_EQ(tremolux::SecondOf(pair)->Real(kSeed), 4711);
+    EXPECT_NE(workplace_.Read("result/presets.json").find("\"frames_per_second\": 25"), std::string::npos);
 }
 
 TEST_F(PresetCompiler, ForgetsPresetsThatAreGone) {
@@ -60,6 +79,7 @@ TEST_F(PresetCompiler, RefusesWhatItDoesNotUnderstandWithFileAndReason) {
     ExpectRefused("name = Good\n", "no sentence");
     ExpectRefused("name = a/b\nabout = A.\n", "file names");
     ExpectRefused(kHead + "Seed = 1", "line end");
+    ExpectRefused(kHead + "[then]\nPosition Slo = 1 %\n", "did you mean 'Position Slow'?");
 }
 
 TEST_F(PresetCompiler, RefusesTwoPresetsOfOneName) {

@@ -120,7 +120,7 @@ void Fit(const FitOptions &options) {
     if (cameras == 2) preset = WithSecond(preset, saved(report.second_settings));
     std::vector<std::string> texts = {BytesOfPreset(preset)};
     if (!options.plot.empty()) {
-        look.title = options.recording + ", fitted";
+        look.title = std::filesystem::u8path(options.recording).filename().u8string() + ", fitted";
         texts.push_back(DrawFit(report.recorded, take, look));
     }
     files.Write(texts);

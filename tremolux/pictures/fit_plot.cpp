@@ -70,14 +70,15 @@ std::string DrawFit(const RecordedShake &recorded, const AxisMotion &fitted, con
                       ? "set yrange [" + FormatAllDigits(curves.quietest / 2) + ":" +
                             FormatAllDigits(curves.loudest * 2) + "]\nset format y \"%g\"\nset ytics autofreq\n"
                       : "set yrange [0.1:1]\n";
-        script += "set ylabel \"" + std::string(kAxisNames[axis]) + ", " + unit + "\" textcolor @INK\n";
+        script += "set label 1 \"" + std::string(kAxisNames[axis]) + ", " + unit +
+                  "\" at graph 0.97, graph 0.88 right textcolor @INK\n";
         script += is_last ? "set xlabel \"Hz, thirds of octaves\" offset 0,0.5 textcolor @INK\n" : "unset xlabel\n";
         script += is_first ? "set key at screen 0.985, screen " + FormatNumber(1 - 46.0 / height) +
                                  " right center horizontal maxrows 1 samplen 3\n"
                            : "unset key\n";
         script += "plot " + data + "s using 1:2 with lines linestyle 1 title \"recorded\", " + data +
-                  "s using 1:3 with lines linestyle 2 title \"fitted\"\nunset label 9\nunset key\nunset "
-                  "logscale\nunset ylabel\n";
+                  "s using 1:3 with lines linestyle 2 title \"fitted\"\nunset label 1\nunset label 9\nunset key\nunset "
+                  "logscale\n";
         const std::string most = FormatAllDigits(std::max(curves.most, kRoundingRms) * 1.05);
         const std::string seconds = FormatNumber(static_cast<double>(recorded.Frames()) / rate);
         for (int take = 0; take < 2; ++take) {
