@@ -1,6 +1,7 @@
 #include "library/fit/fit.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <numeric>
@@ -120,9 +121,9 @@ constexpr double kPairDescent[] = {0.4, 0.4, 0.4, 0.2, 0.2, 0.2, 0.1, 0.1, 0.1, 
 // What a band that the other camera makes already still counts for.
 constexpr double kLeftOver = 0.2;
 // How the work is parted at first: the first camera takes what is slow, the second what is fast.
-constexpr double kFirstShare[] = {1, 0.4, 0.3};
+constexpr std::array<double, kFitBands.size()> kFirstShare = {1, 0.4, 0.3};
 
-ShakeLevels Scaled(ShakeLevels levels, const double (&shares)[kFitBands.size()]) {
+ShakeLevels Scaled(ShakeLevels levels, const std::array<double, kFitBands.size()> &shares) {
     for (AxisLevels &axis : levels) {
         double squares = 0;
         for (std::size_t band = 0; band < kFitBands.size(); ++band) {

@@ -5,6 +5,7 @@
 #include "generated/module_ids.h"
 #include "host/value/descid.h"
 #include "host/value/radians.h"
+#include "library/fit/shake_settings.h"
 #include "library/frame_rates/keep_hz.h"
 #include "library/measures/spectrum.h"
 

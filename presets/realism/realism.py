@@ -3,8 +3,8 @@
 
     realism.py PROGRAM RECORDINGS [--page PAGE] [--json FILE] [--only NAME] [--check]
 
-PROGRAM is the built tremolux, RECORDINGS the folder of recorded moves. Shares no code with `tremolux fit` and none with what
-the presets are held against their own files by. --page writes the table into a page, between two comments, and fits of all recordings
+PROGRAM is the built tremolux, RECORDINGS the folder of recorded moves. Shares no code with `tremolux fit`; the aims of
+the presets are levels by the same measure. --page writes the table into a page, between two comments, and fits of all recordings
 as pictures beside it, by `tremolux fit --plot`. --check: the exit status is 1 where the mean distance of the presets as they
 are is above 0.32, or where a walk, a run or a ride is nearest to a preset of another kind.
 """
