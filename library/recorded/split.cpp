@@ -54,13 +54,25 @@ struct Rotations {
     }
 };
 
+// The same rotation, with as many whole turns as bring it nearest to the one before: a quick pan goes on, and does not come back
+// the short way.
+TurnVector NearestTurn(const TurnVector &turn, const TurnVector &before) {
+    const double half_angle = turn.norm();
+    if (half_angle < 1e-12) return turn;
+    const TurnVector axis = turn / half_angle;
+    return axis * (half_angle + host::kPi * std::round((axis.dot(before) - half_angle) / host::kPi));
+}
+
 Quaterniond MeanRotation(const Rotations &rotations, std::ptrdiff_t frame, const std::vector<double> &kernel) {
     Quaterniond mean = rotations.At(frame);
     for (int round = 0; round < kRounds; ++round) {
-        TurnVector way = TurnTo(mean, rotations.At(frame)) * kernel[0];
+        const TurnVector middle = TurnTo(mean, rotations.At(frame));
+        TurnVector way = middle * kernel[0], before = middle, after = middle;
         for (std::size_t i = 1; i < kernel.size(); ++i) {
             const auto k = static_cast<std::ptrdiff_t>(i);
-            way += (TurnTo(mean, rotations.At(frame - k)) + TurnTo(mean, rotations.At(frame + k))) * kernel[i];
+            before = NearestTurn(TurnTo(mean, rotations.At(frame - k)), before);
+            after = NearestTurn(TurnTo(mean, rotations.At(frame + k)), after);
+            way += (before + after) * kernel[i];
         }
         mean = Turned(mean, way);
     }
@@ -90,7 +102,7 @@ SplitMove Split(const CameraMove &move, double hertz) {
         }
         const Quaterniond rotation = MeanRotation(rotations, frame, kernel);
         CameraSample &slow = parts.slow.samples[i];
-        parts.fast.push_back({slow.position - position, TurnTo(rotation, rotations.At(frame))});
+        parts.fast.push_back({slow.position - position, TurnTo(rotation, rotations.At(frame)), slow.angles});
         slow.position = position;
         slow.angles = host::OptimalAngle(slow.angles, AnglesOf(rotation));
     }
@@ -102,7 +114,7 @@ CameraMove Joined(const SplitMove &parts, double share) {
     for (std::size_t i = 0; i < move.samples.size(); ++i) {
         CameraSample &sample = move.samples[i];
         sample.position = sample.position + parts.fast[i].position * share;
-        sample.angles = host::OptimalAngle(sample.angles,
+        sample.angles = host::OptimalAngle(parts.fast[i].angles,
                                            AnglesOf(Turned(RotationOf(sample.angles), parts.fast[i].turn * share)));
     }
     return move;

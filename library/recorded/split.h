@@ -9,10 +9,12 @@
 
 namespace tremolux {
 
-// What is quicker than the split, of one frame.
+// What is quicker than the split, of one frame; and the numbers of the angles that were split, which say in which turn and on
+// which side of the pole the camera is.
 struct FastPart {
     host::Vector position{0, 0, 0};  // scene units, along the world's axes
     TurnVector turn{0, 0, 0};        // about the slow camera's own axes
+    host::Vector angles{0, 0, 0};    // radians
 };
 
 struct SplitMove {

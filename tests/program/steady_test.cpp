@@ -77,6 +77,33 @@ TEST(SplitMoves, HalfOfTheSplitsOwnPowerPasses) {
     }
 }
 
+TEST(SplitMoves, AQuickPanIsSmoothedLikeAnyOtherCurve) {
+    CameraMove move;
+    move.rate = {25, 1};
+    for (int i = 0; i < 200; ++i) {
+        CameraSample sample;
+        // Up to 700 degrees a second and back.
+        sample.position.x = 8 * std::tanh((i - 100) / 16.0);
+        sample.angles.x = sample.position.x;
+        move.samples.push_back(sample);
+    }
+    const CameraMove slow = Split(move, 0.3).slow;
+    for (std::size_t i = 0; i < slow.samples.size(); ++i)
+        EXPECT_NEAR(std::remainder(slow.samples[i].angles.x - slow.samples[i].position.x, 2 * kPi), 0, 1e-6) << i;
+}
+
+TEST(SplitMoves, ACameraThatTipsOverThePoleComesBackAsItWas) {
+    CameraMove move;
+    for (int i = 0; i < 120; ++i) {
+        CameraSample sample;
+        sample.angles = {0.2 + 0.001 * i, (84 + 0.1 * i + std::sin(i)) * kRadiansPerDegree, 0.1};
+        move.samples.push_back(sample);
+    }
+    const CameraMove joined = Joined(Split(move, 0.3), 1);
+    for (std::size_t i = 0; i < move.samples.size(); ++i)
+        EXPECT_NEAR(host::Length(joined.samples[i].angles - move.samples[i].angles), 0, 1e-7) << i;
+}
+
 TEST(SplitMoves, ACameraThatGoesStraightOnHasNoFastPart) {
     CameraMove move;
     for (int i = 0; i < 90; ++i) {
