@@ -20,22 +20,13 @@ constexpr std::int32_t kExecutionOk = 0;
 
 using Animated = std::vector<std::shared_ptr<NodeAnchor>>;
 
-// Memory of the evaluation that this thread runs, kept from one to the next.
-struct Workspace {
-    bool running = false;
-    Animated animated;
-    HostPriorityList expressions;
-};
-thread_local Workspace workspace;
+// Of this thread. Plain, since a thread's values with destructors outlive their memory under some Windows compilers.
+thread_local bool is_running = false;
 
 class Running {
   public:
-    Running() { workspace.running = true; }
-    ~Running() {
-        workspace.running = false;
-        workspace.animated.clear();
-        workspace.expressions.entries.clear();
-    }
+    Running() { is_running = true; }
+    ~Running() { is_running = false; }
 };
 
 void WriteTrack(Node *node, const Track &track, const Time &time) {
@@ -63,23 +54,25 @@ void VisitNodes(Document *document, Visit visit) {
     }
 }
 
-void CollectAnimated(Document *document) {
-    const auto add = [](Node *node) {
-        if (!node->Tracks().empty()) workspace.animated.push_back(node->Anchor());
+Animated CollectAnimated(Document *document) {
+    Animated animated;
+    const auto add = [&animated](Node *node) {
+        if (!node->Tracks().empty()) animated.push_back(node->Anchor());
     };
     add(document);
     VisitNodes(document, add);
+    return animated;
 }
 
-void RunTracks(const Time &time) {
-    for (const auto &node : workspace.animated) {
+void RunTracks(const Animated &animated, const Time &time) {
+    for (const auto &node : animated) {
         if (node->node != nullptr) Animate(node->node, time);
     }
 }
 
 // Asking a tag for its priorities calls its module, which may change the scene: first the tags, then the questions.
-void CollectExpressions(Document *document) {
-    HostPriorityList &list = workspace.expressions;
+HostPriorityList CollectExpressions(Document *document) {
+    HostPriorityList list;
     bool has_own_list = false;
     VisitNodes(document, [&list, &has_own_list](Node *node) {
         if (node->Classification() != kTypeTag) return;
@@ -88,7 +81,7 @@ void CollectExpressions(Document *document) {
         if (tag->Registration().add_to_execution != nullptr) has_own_list = true;
         list.Add(node, tag->ExecutionPriority(), 0);
     });
-    if (!has_own_list) return;
+    if (!has_own_list) return list;
     const std::vector<HostPriorityList::Entry> tags = std::move(list.entries);
     list.entries.clear();
     for (const HostPriorityList::Entry &entry : tags) {
@@ -99,6 +92,7 @@ void CollectExpressions(Document *document) {
         if (add_to_execution != nullptr && tag->Enabled() && add_to_execution(tag->Plugin(), tag, &list)) continue;
         list.entries.push_back(entry);
     }
+    return list;
 }
 
 // false: the expression asks for an end of the evaluation.
@@ -124,30 +118,30 @@ void Animate(Node *node, const Time &time) {
 }
 
 bool ExecutePasses(Document *document, bool animation, bool expressions, bool caches, std::int32_t) {
-    if (document == nullptr || workspace.running) return false;
+    if (document == nullptr || is_running) return false;
     const Running running;
     const std::int32_t flags =
         (animation ? kWithAnimation : 0) | (expressions ? kWithExpressions : 0) | (caches ? kWithCaches : 0);
     const Time time = document->GetTime();
+    Animated animated;
     if (animation) {
         document->SetAnimatedTime(time);
-        CollectAnimated(document);
+        animated = CollectAnimated(document);
     }
+    HostPriorityList list;
     if (expressions) {
-        CollectExpressions(document);
-        workspace.expressions.Sort();
+        list = CollectExpressions(document);
+        list.Sort();
     }
     bool tracks_wait = animation;
-    // By number: a running expression may only see the list, never a moved one.
-    for (std::size_t i = 0; i < workspace.expressions.entries.size(); ++i) {
-        const HostPriorityList::Entry entry = workspace.expressions.entries[i];
+    for (const HostPriorityList::Entry &entry : list.entries) {
         if (tracks_wait && entry.priority >= kAnimationPriority) {
-            RunTracks(time);
+            RunTracks(animated, time);
             tracks_wait = false;
         }
         if (!RunExpression(entry, document, flags)) return false;
     }
-    if (tracks_wait) RunTracks(time);
+    if (tracks_wait) RunTracks(animated, time);
     return true;
 }
 

@@ -20,22 +20,18 @@ tremolux_status StatusOf(const Failure &failure) {
 
 }  // namespace
 
-std::string &ThreadError() {
-    static thread_local std::string error;
+ErrorLine &ThreadError() {
+    static thread_local ErrorLine error;
     return error;
 }
 
-tremolux_status Guarded(std::string *error, const std::function<void()> &work) {
+tremolux_status Guarded(ErrorLine *error, const std::function<void()> &work) {
     const auto refuse = [error](tremolux_status status, const char *line) {
-        try {
-            *error = line;
-        } catch (const std::bad_alloc &) {
-            error->clear();
-        }
+        error->Set(line);
         return status;
     };
     try {
-        error->clear();
+        error->Clear();
         work();
         return TREMOLUX_OK;
     } catch (const Refusal &refusal) {

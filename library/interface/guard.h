@@ -24,10 +24,10 @@ class Refusal : public std::runtime_error {
 };
 
 // Of the calling thread, for calls without a valid handle.
-std::string &ThreadError();
+ErrorLine &ThreadError();
 
 // TREMOLUX_OK, or the status of what `work` throws with its line in `error`.
-tremolux_status Guarded(std::string *error, const std::function<void()> &work);
+tremolux_status Guarded(ErrorLine *error, const std::function<void()> &work);
 
 // Throws a Refusal: where something was found, what it was, and what was expected.
 [[noreturn]] void RefuseInput(const std::string &place, const std::string &found, const std::string &expected);

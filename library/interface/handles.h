@@ -4,8 +4,9 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
-#include <string>
 #include <unordered_map>
+
+#include "library/interface/error_line.h"
 
 namespace tremolux {
 
@@ -13,7 +14,7 @@ namespace tremolux {
 struct HandleTarget {
     std::recursive_mutex lock;
     bool is_in_use = false;  // by a call, which may have called back
-    std::string error;  // of the last call with it
+    ErrorLine error;  // of the last call with it
     virtual ~HandleTarget() = default;
 };
 

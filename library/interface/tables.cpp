@@ -81,7 +81,7 @@ const char *tremolux_version(void) { return TREMOLUX_VERSION_TEXT; }
 
 const char *tremolux_last_error(const void *handle) {
     const std::shared_ptr<HandleTarget> target = FindHandle(handle);
-    return target ? target->error.c_str() : ThreadError().c_str();
+    return target ? target->error.Text() : ThreadError().Text();
 }
 
 size_t tremolux_parameter_count(void) {

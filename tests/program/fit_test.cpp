@@ -13,6 +13,7 @@
 #include "library/shots/embedded_host.h"
 #include "tests/program/formats_support.h"
 #include "tests/program/run.h"
+#include "tests/support/tools.h"
 
 namespace tremolux {
 namespace {
@@ -232,18 +233,27 @@ TEST_F(Fitting, WritesAPresetThatPlaysNearerToTheRecordingThanAnyThatThereWas) {
     const CameraMove recorded = Shaken({"--set", "Position Slow=7%", "--set", "Rotation Medium=25deg", "--set", "P=60%",
                                         "--set", "Shake Speed=130%", "--set", "Seed=77", "--set", "Jolt=off"});
     const std::string recording = workplace_.Write("recording.csv", Table(recorded));
-    const Outcome outcome =
-        Fit({recording, "-o", workplace_.Path("Mine"), "--json", "--plot", workplace_.Path("plot.svg")});
+    const Outcome outcome = Fit({recording, "-o", workplace_.Path("Mine"), "--json"});
     ASSERT_EQ(outcome.status, 0) << outcome.err;
     const auto json = nlohmann::json::parse(outcome.out);
     EXPECT_LT(json.at("after").at("distance_of_own_seed"), 0.3);
     EXPECT_LT(json.at("after").at("distance"), json.at("before").at("distance"));
     EXPECT_EQ(json.at("half_by_half").size(), 2U);
-    EXPECT_NE(workplace_.Read("plot.svg").find("recorded"), std::string::npos);
 
     const CameraMove played = Shaken({"--preset", workplace_.Path("Mine")});
     const RecordedShake a = CutIntoParts(recorded, "recording"), b = CutIntoParts(played, "played");
     EXPECT_NEAR(DistanceOf(b.Levels(), a.Levels()), json.at("after").at("distance_of_own_seed"), 1e-3);
+}
+
+TEST_F(Fitting, DrawsBothSpectraAndTakes) {
+    if (!test_support::CanRun("gnuplot", workplace_.Settings())) GTEST_SKIP() << "no gnuplot on this system";
+    const std::string recording =
+        workplace_.Write("recording.csv", Table(Shaken({"--set", "Rotation Slow=7deg", "--set", "Jolt=off"})));
+    const Outcome outcome = Fit({recording, "-o", workplace_.Path("Mine"), "--plot", workplace_.Path("plot.svg")});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    const std::string drawing = workplace_.Read("plot.svg");
+    for (const char *word : {"recorded", "fitted", "heading", "Hz"})
+        EXPECT_NE(drawing.find(word), std::string::npos) << word;
 }
 
 TEST_F(Fitting, SaysWhatItFoundForEachAxisAndBand) {

@@ -12,6 +12,7 @@
 #include "tremolux/commands/move_options.h"
 #include "tremolux/commands/option_values.h"
 #include "tremolux/pictures/fit_plot.h"
+#include "tremolux/pictures/gnuplot.h"
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/output_files.h"
 #include "tremolux/process/progress.h"
@@ -90,6 +91,7 @@ void Fit(const FitOptions &options) {
         places.push_back(options.plot);
     }
     OutputFiles files(places, {options.recording});
+    if (!options.plot.empty()) RequireGnuplot();
     const std::int64_t cameras = WholeOption("--layers", options.layers, 1, 2);
     const CameraMove move = ReadRecording(options);
     const TemporaryFolder folder;

@@ -13,6 +13,7 @@
 #include "tremolux/commands/playback.h"
 #include "tremolux/pictures/contact_sheet.h"
 #include "tremolux/pictures/film.h"
+#include "tremolux/pictures/gnuplot.h"
 #include "tremolux/pictures/plot.h"
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/output_files.h"
@@ -84,6 +85,7 @@ PlayedMotion ShakeOnce(const ShakeOptions &options) {
         throw Failure(kExitInput, "--scene: found '-', expected a file: scenes are not streamed");
     if (!options.scene.empty()) places.push_back(options.scene);
     const OutputFiles checked(places, options.move.InputFiles());
+    if (!options.plot.empty()) RequireGnuplot();
     playback.Start();
     if (!options.is_another_take)
         SayBeyondSliders(playback.Settings(), playback.Rate().Whole(), playback.GetStage().CameraTag());

@@ -48,9 +48,16 @@ std::string PlotHead(const PlotLook &look, int height) {
            " textcolor \"" + ThemeOf(look).ink + "\" font \"sans,15\"\n";
 }
 
+constexpr const char *kPackage = "gnuplot-nox";
+
+void RequireGnuplot() {
+    const TemporaryFolder folder;
+    Tool({"gnuplot", "--version"}, kPackage, folder).Finish();
+}
+
 std::string RunGnuplot(const std::string &script) {
     const TemporaryFolder folder;
-    Tool gnuplot({"gnuplot"}, "gnuplot-nox", folder);
+    Tool gnuplot({"gnuplot"}, kPackage, folder);
     gnuplot.Write(script);
     return gnuplot.Finish();
 }

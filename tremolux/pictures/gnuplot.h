@@ -16,6 +16,8 @@ std::string PlotHead(const PlotLook &look, int height);
 const char *PlotInk(const PlotLook &look);
 // Where the next panel lies: shares of the sheet from its lower left corner.
 std::string PlotMargins(double left, double right, double bottom, double top);
+// Throws a Failure where there is none: before long work, whose end would be the wrong time to learn of it.
+void RequireGnuplot();
 // What the script draws. Throws a Failure.
 std::string RunGnuplot(const std::string &script);
 
