@@ -18,6 +18,9 @@ target_include_directories(module_source PUBLIC ${interface_folders} "${PROJECT_
 tremolux_set_defaults(module_source)
 tremolux_room_sources(preset_sources source/presets)
 tremolux_set_small(${preset_sources})
+foreach(job baking bakerecord buttons cameraloader description enabling help icon init inputcamera operations panel)
+    tremolux_set_small("${PROJECT_SOURCE_DIR}/source/tag/${job}.cpp")
+endforeach()
 
 add_library(module_glue OBJECT ${interface_glue})
 target_include_directories(module_glue PUBLIC ${interface_folders} "${PROJECT_SOURCE_DIR}")

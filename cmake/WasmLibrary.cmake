@@ -19,7 +19,7 @@ tremolux_set_defaults(tremolux_engine)
 target_link_options(
     tremolux_engine
     PRIVATE
-    -O3
+    -Os
     --no-entry
     -sMODULARIZE
     -sEXPORT_ES6

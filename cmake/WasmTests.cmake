@@ -21,7 +21,7 @@ target_link_options(library_tests PRIVATE -O1 -sALLOW_MEMORY_GROWTH -sEXIT_RUNTI
 add_test(NAME library COMMAND library_tests --gtest_brief=1 "--gtest_filter=-${left_out}")
 
 include(EveryPreset)
-target_link_options(every_preset PRIVATE -O3 -sALLOW_MEMORY_GROWTH -sEXIT_RUNTIME)
+target_link_options(every_preset PRIVATE -Os -sALLOW_MEMORY_GROWTH -sEXIT_RUNTIME)
 
 add_test(NAME library.javascript COMMAND node --test "${PROJECT_SOURCE_DIR}/tests/library/javascript_test.mjs")
 set_tests_properties(library.javascript PROPERTIES ENVIRONMENT "TREMOLUX_JAVASCRIPT=${wasm_folder};TREMOLUX_SOURCE=${PROJECT_SOURCE_DIR}")

@@ -20,6 +20,7 @@ else()
     return()
 endif()
 
+tremolux_set_small(${interface_sources} ${runtime_sources})
 add_library(library_interface OBJECT ${interface_sources} ${runtime_sources} "${embedded_source}")
 target_link_libraries(library_interface PRIVATE tremolux_library)
 target_include_directories(

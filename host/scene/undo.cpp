@@ -142,6 +142,11 @@ void UndoStack::Close() {
     done_.erase(done_.begin());
 }
 
+void UndoStack::Drop() {
+    depth_ = 0;
+    open_.reset();
+}
+
 void UndoStack::TakeBack() {
     depth_ = 0;
     const std::unique_ptr<Step> step = std::move(open_);

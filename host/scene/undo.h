@@ -34,6 +34,7 @@ class UndoStack {
     bool Start();     // nested pairs join the outer step
     bool End();       // false when nothing was opened; a step without entries is dropped
     void TakeBack();  // instead of End: the open step is undone and forgotten, the finished ones stay as they were
+    void Drop();      // instead of End: what was done in the open step stays, and nobody can take it back
     // Outside of a step: a step of its own, unless those are refused. Before a change or a removal, after an insertion.
     bool Add(std::int32_t type, Node *node);
     // Hosts may do either.

@@ -24,7 +24,9 @@ enum ImageResult : std::int32_t {
 // 8 bit RGBA, rows from the top.
 class Bitmap : public HostBitmap {
   public:
-    ImageResult Load(const std::filesystem::path &png);  // a failed load leaves the image empty
+    ImageResult Load(
+        const std::filesystem::path &png);  // a failed load leaves the image empty; WebAssembly reads the size alone
+    static bool IsSensible(std::int64_t width, std::int64_t height);
     ImageResult Init(std::int32_t width, std::int32_t height);
     std::int32_t width = 0, height = 0;
     std::vector<std::uint8_t> rgba;

@@ -19,6 +19,24 @@ EventFile EventFileOf(const std::filesystem::path &file) {
     return EventFile::kOther;
 }
 
+EventList ReadEvents(const std::string &file, std::string_view bytes, const FrameRate &rate,
+                     const OnsetSettings &settings) {
+    switch (EventFileOf(std::filesystem::u8path(file))) {
+        case EventFile::kTable:
+            return ReadEventTable(file, bytes);
+        case EventFile::kLines:
+            return ReadEventLines(file, bytes);
+        case EventFile::kMidi:
+            return ReadMidi(file, bytes);
+        case EventFile::kEdits:
+            return ReadEditList(file, bytes, rate);
+        case EventFile::kWave:
+        case EventFile::kOther:
+            break;
+    }
+    return ReadSound(file, bytes, settings);
+}
+
 std::vector<EventFrame> FramesOf(const EventList &list, const CameraMove &move, std::size_t *outside) {
     std::map<std::int64_t, double> frames;
     *outside = 0;

@@ -41,6 +41,10 @@ enum class EventFile { kTable, kLines, kMidi, kEdits, kWave, kOther };
 // By the extension, in whatever case.
 EventFile EventFileOf(const std::filesystem::path &file);
 
+// Reads a list of events by the file's extension: sound where it says nothing else. Throws a Failure.
+EventList ReadEvents(const std::string &file, std::string_view bytes, const FrameRate &rate,
+                     const OnsetSettings &settings);
+
 // A frame of the move that an event falls on.
 struct EventFrame {
     std::int64_t frame;

@@ -5,7 +5,12 @@
 #include "library/interface/buffer.h"
 #include "library/interface/move.h"
 #include "library/interface/shot.h"
+#include "library/formats/numbers.h"
+#include "library/frame_rates/keep_hz.h"
+#include "library/presets/mix.h"
+#include "library/presets/pair.h"
 #include "library/presets/preset_file.h"
+#include "library/shots/second_camera.h"
 
 namespace tremolux {
 namespace {
@@ -45,6 +50,26 @@ tremolux_status tremolux_shot_apply_preset(tremolux_shot shot, const char *prese
     });
 }
 
+tremolux_status tremolux_shot_apply_mix(tremolux_shot shot, const char *preset, const char *second, double share) {
+    return InOneStep(shot, host::kUndoChangeSmall, [&](ShotTarget &target) {
+        RequirePointer(preset, "preset");
+        RequirePointer(second, "second");
+        if (!(share >= 0 && share <= 1)) RefuseInput("share", FormatNumber(share), "0 to 1");
+        const std::vector<CatalogEntry> &catalog = Runtime::Get().Presets();
+        ChooseMix({{FindPreset(catalog, preset, "preset"), 1 - share}, {FindPreset(catalog, second, "second"), share}},
+                  target.Tag());
+        ForgetSecond(target.Tag());
+    });
+}
+
+tremolux_status tremolux_shot_keep_hertz(tremolux_shot shot, double made_for) {
+    return InOneStep(shot, host::kUndoChangeSmall, [&](ShotTarget &target) {
+        if (!(made_for >= 1 && made_for <= kMaxFramesPerSecond)) RefuseInput("made_for", FormatNumber(made_for), "1 to 2500");
+        KeepHertz(made_for, target.move.rate.PerSecond(), target.Tag());
+        CarrySecond(target.Tag(), made_for);
+    });
+}
+
 tremolux_status tremolux_shot_apply_preset_bytes(tremolux_shot shot, const void *bytes, size_t size) {
     return InOneStep(shot, host::kUndoChangeSmall, [&](ShotTarget &target) {
         RequirePointer(bytes, "bytes");
@@ -56,7 +81,13 @@ tremolux_status tremolux_shot_preset_to_bytes(tremolux_shot shot, const char *na
     return ByHand(shot, [&](ShotTarget &target) {
         RequirePointer(name, "name");
         RequirePointer(buffer, "buffer");
-        *buffer = NewBuffer(WritePresetFile(name, target.Tag()));
+        std::string bytes = WritePresetFile(name, target.Tag());
+        if (IsPair(*target.Tag())) {
+            BringSecond(&*target.stage);
+            const std::string second = WritePresetFile(name, target.stage->SecondTag());
+            bytes = BytesOfPreset(WithSecond(PresetOfBytes("preset", bytes), PresetOfBytes("preset", second)));
+        }
+        *buffer = NewBuffer(std::move(bytes));
     });
 }
 
@@ -79,6 +110,7 @@ tremolux_status tremolux_shot_set_focus_object(tremolux_shot shot, tremolux_move
 
 tremolux_status tremolux_shot_bake(tremolux_shot shot, int32_t kind) {
     return InOneStep(shot, host::kUndoChangeSmall, [&](ShotTarget &target) {
+        if (IsPair(*target.Tag())) RefuseInput("shot", "a pair of cameras", "one camera");
         if (kind == TREMOLUX_BAKE_QUICKLY)
             target.stage->BakeQuickly();
         else if (kind == TREMOLUX_BAKE_BY_BRUTE_FORCE)

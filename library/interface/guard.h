@@ -38,6 +38,8 @@ template <typename Struct>
 constexpr std::size_t kFirstSize = sizeof(Struct);
 template <>
 inline constexpr std::size_t kFirstSize<tremolux_parameter> = offsetof(tremolux_parameter, group);
+template <>
+inline constexpr std::size_t kFirstSize<tremolux_preset> = offsetof(tremolux_preset, made_for);
 
 // The same, and for a struct whose first field is no size that it has had.
 template <typename Struct>

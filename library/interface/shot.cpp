@@ -15,6 +15,11 @@ ShotTarget::~ShotTarget() {
     stage.reset();
 }
 
+void Direct(ShotTarget *shot) {
+    shot->result.samples = shot->played;
+    if (shot->direction && !shot->played.empty()) shot->result = Directed(shot->move, shot->result, *shot->direction);
+}
+
 std::string FramesOf(const CameraMove &move) {
     return std::to_string(move.first_frame) + " to " + std::to_string(move.LastFrame());
 }

@@ -5,8 +5,10 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/scene/undo.h"
+#include "library/direction/direct.h"
 #include "library/interface/guard.h"
 #include "library/runtime/runtime.h"
 #include "library/shots/stage.h"
@@ -24,12 +26,16 @@ struct ShotTarget : HandleTarget {
     host::Tag *Tag() const { return &stage->CameraTag(); }
 
     const CameraMove move;
-    CameraMove result;  // of the last whole play; without samples before one
+    std::vector<CameraSample> played;  // whole; none before the first play
+    std::optional<Direction> direction;
+    CameraMove result;  // what was played, as it is directed
     std::optional<Stage> stage;
     std::atomic<PlayState> state = PlayState::kRests;
     std::string label;  // that a caller was given last
 };
 
+// Brings the result to what is played and how it is directed.
+void Direct(ShotTarget *shot);
 // "0 to 89"
 std::string FramesOf(const CameraMove &move);
 // The frame's place in the move; throws a Refusal for one that is not in it.

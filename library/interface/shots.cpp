@@ -7,6 +7,7 @@
 #include "library/measures/motion.h"
 #include "library/measures/strayed.h"
 #include "library/moves/between_frames.h"
+#include "library/shots/second_camera.h"
 #include "library/trace/layers.h"
 
 namespace tremolux {
@@ -26,6 +27,10 @@ void Play(ShotTarget *shot, std::vector<CameraSample> samples, tremolux_progress
     } const playing(shot);
     const std::size_t start = samples.size(), frames = shot->move.samples.size() - start;
     samples.reserve(start + frames);
+    if (IsPair(*shot->Tag()) || shot->stage->SecondTag() != nullptr) {
+        const Runtime::Turn turn(shot->stage->Scene());
+        BringSecond(&*shot->stage);
+    }
     for (std::size_t done = 0; done < frames;) {
         shot->stage->PlayFrame(shot->move.first_frame + static_cast<std::int64_t>(start + done));
         samples.push_back(shot->stage->Output());
@@ -35,7 +40,8 @@ void Play(ShotTarget *shot, std::vector<CameraSample> samples, tremolux_progress
             throw Refusal(TREMOLUX_CANCELLED,
                           "cancelled after " + std::to_string(done) + " of " + std::to_string(frames) + " frames");
     }
-    shot->result.samples = std::move(samples);
+    shot->played = std::move(samples);
+    Direct(shot);
 }
 
 }  // namespace
@@ -58,7 +64,8 @@ tremolux_status tremolux_shot_play(tremolux_shot shot, tremolux_progress progres
 
 tremolux_status tremolux_shot_play_from(tremolux_shot shot, int64_t frame, tremolux_progress progress, void *user) {
     return WithHandle<ShotTarget>(shot, [&](ShotTarget &target) {
-        std::vector<CameraSample> before = ResultOf(target).samples;
+        ResultOf(target);
+        std::vector<CameraSample> before = target.played;
         before.resize(PlaceOf(target, frame));
         Play(&target, std::move(before), progress, user);
     });
@@ -100,6 +107,21 @@ tremolux_status tremolux_shot_layers(tremolux_shot shot, int64_t frame, tremolux
         PlaceOf(target, frame);
         for (std::int64_t played = target.move.first_frame; played <= frame; ++played) target.stage->PlayFrame(played);
         *buffer = NewBuffer(Layers(*target.stage).dump());
+    });
+}
+
+tremolux_status tremolux_shot_trace(tremolux_shot shot, tremolux_progress progress, void *user, tremolux_buffer *buffer) {
+    return WithHandle<ShotTarget>(shot, [&](ShotTarget &target) {
+        RequirePointer(buffer, "buffer");
+        std::string text = "[";
+        for (std::size_t i = 0; i < target.move.samples.size(); ++i) {
+            target.stage->PlayFrame(target.move.first_frame + static_cast<std::int64_t>(i));
+            if (i > 0) text += ',';
+            text += Layers(*target.stage).dump();
+            if (progress != nullptr && progress(i + 1, target.move.samples.size(), user) != 0)
+                throw Refusal(TREMOLUX_CANCELLED, "cancelled at frame " + std::to_string(i));
+        }
+        *buffer = NewBuffer(text + "]");
     });
 }
 

@@ -134,7 +134,8 @@ tremolux_status tremolux_preset_at(size_t index, tremolux_preset *preset) {
     return Guarded(&ThreadError(), [&] {
         RequireStruct(preset, "preset");
         const CatalogEntry &known = EntryAt(Runtime::Get().Presets(), index);
+        const PresetAbout &about = Runtime::Get().AboutPresets()[index];
         WriteStruct(preset, {sizeof(*preset), known.category.c_str(), known.name.c_str(),
-                             Runtime::Get().Sentences()[index].c_str()});
+                             about.facts.about.c_str(), about.facts.frames_per_second, about.is_pair ? 1 : 0});
     });
 }

@@ -6,6 +6,7 @@ export const Unit: { NONE: 0; PERCENT: 1; ANGLE: 2; FRAMES: 3; SECONDS: 4 };
 export const PanelKind: { GROUP: 1; SEPARATOR: 2; PARAMETER: 3 };
 export const Interpolation: { SMOOTH: 1; LINEAR: 2; HOLD: 3 };
 export const Bake: { QUICKLY: 1; BY_BRUTE_FORCE: 2 };
+export const Band: { ALL: 0; LOW: 1; MID: 2; HIGH: 3 };
 
 export class TremoluxError extends Error {
     readonly status: number;
@@ -44,6 +45,32 @@ export interface Preset {
     category: string;
     name: string;
     sentence: string;
+    /** Frames a second; 0: not known. */
+    madeFor: number;
+    isPair: boolean;
+}
+/** What is left out: the whole shake, on every frame. Switches are 0 or 1. */
+export interface Direction {
+    from?: number;
+    until?: number;
+    fadeIn?: number;
+    fadeOut?: number;
+    mix?: number;
+    position?: number;
+    rotation?: number;
+    lens?: number;
+    lensAware?: number;
+    focalLength?: number;
+}
+export interface Events {
+    events: { frame: number; strength: number }[];
+    outside: number;
+    curve?: { step: number; novelty: number[] };
+}
+export interface NearPreset {
+    category: string;
+    name: string;
+    distance: number;
 }
 export interface MoveInfo {
     firstFrame: number;
@@ -69,6 +96,8 @@ export interface Move {
     readonly info: MoveInfo;
     numbers(): Float64Array;
     toBytes(name: string): Uint8Array;
+    events(name: string, bytes: Uint8Array, options?: { sensitivity?: number; band?: number }): Events;
+    nearestPresets(progress?: Progress): NearPreset[];
     free(): void;
 }
 export interface MoveClass {
@@ -83,6 +112,8 @@ export interface Shot {
     setText(setting: string): void;
     isEnabled(parameter: number): boolean;
     applyPreset(preset: string): void;
+    applyMix(preset: string, second: string, share: number): void;
+    keepHertz(madeFor: number): void;
     choices(parameter: number): Choice[];
     applyPresetBytes(bytes: Uint8Array): void;
     presetToBytes(name: string): Uint8Array;
@@ -101,6 +132,12 @@ export interface Shot {
     layers(frame: number): object;
     measure(): Measures;
     key(parameter: number, frame: number, value: number, interpolation: number): void;
+    unkey(parameter: number, frame: number): void;
+    /** Each event is a frame and a strength, 0 to 1. */
+    jolts(events: [number, number][], positionIntensity: number, rotationIntensity: number): void;
+    /** `null`: as it is played. */
+    direct(direction: Direction | null): void;
+    trace(progress?: Progress): object[];
     bake(kind: number): void;
     free(): void;
 }

@@ -13,6 +13,7 @@ export const Unit = { NONE: 0, PERCENT: 1, ANGLE: 2, FRAMES: 3, SECONDS: 4 };
 export const PanelKind = { GROUP: 1, SEPARATOR: 2, PARAMETER: 3 };
 export const Interpolation = { SMOOTH: 1, LINEAR: 2, HOLD: 3 };
 export const Bake = { QUICKLY: 1, BY_BRUTE_FORCE: 2 };
+export const Band = { ALL: 0, LOW: 1, MID: 2, HIGH: 3 };
 
 // The structs of the header.
 const PARAMETER = struct({
@@ -24,7 +25,13 @@ const PANEL_ENTRY = struct({
     kind: 'int32', id: 'int32', group: 'int32', columns: 'int32', isOpen: 'switch', hasLine: 'switch', title: 'text',
 });
 const CHOICE = struct({ value: 'int32', label: 'text' });
-const PRESET = struct({ category: 'text', name: 'text', sentence: 'text' });
+const PRESET = struct({
+    category: 'text', name: 'text', sentence: 'text', madeFor: 'double', isPair: 'switch',
+});
+const DIRECTION = struct({
+    from: 'int64', until: 'int64', fadeIn: 'int64', fadeOut: 'int64', mix: 'double', position: 'int32', rotation: 'int32',
+    lens: 'int32', lensAware: 'double', focalLength: 'double',
+});
 const MOVE_INFO = struct({
     firstFrame: 'int64', frameCount: 'int64', rateNumerator: 'int32', rateDenominator: 'int32', apertureWidth: 'double',
 });
@@ -34,6 +41,12 @@ const MEASURES = struct({
 });
 const USUAL_INFO = { firstFrame: 0, rateNumerator: 30, rateDenominator: 1, apertureWidth: 36 };
 
+// The whole shake, on every frame that there can be.
+const WHOLE_DIRECTION = {
+    from: -1e12, until: 1e12, fadeIn: 0, fadeOut: 0, mix: 1, position: 1, rotation: 1, lens: 1, lensAware: 0, focalLength: 36,
+};
+
+const jsonOf = (bytes) => JSON.parse(new TextDecoder().decode(bytes));
 const bytesOf = (source) =>
     ArrayBuffer.isView(source) ? new Uint8Array(source.buffer, source.byteOffset, source.byteLength) : new Uint8Array(source);
 
@@ -70,6 +83,10 @@ export async function load({ wasm } = {}) {
         static fromBytes(name, bytes) { return calls.checked('tremolux_move_from_bytes', 0, name, bytes, out.handle(Move)); }
         get info() { return this._call('move_info_of', out.struct(MOVE_INFO)); }
         numbers(count = this.info.frameCount * NUMBERS_PER_FRAME) { return this._call('move_numbers', out.numbers(count), count); }
+        events(name, bytes, { sensitivity = 50, band = Band.ALL } = {}) {
+            return jsonOf(this._call('events_from_bytes', name, bytes, sensitivity, band, out.bytes));
+        }
+        nearestPresets(progress) { return jsonOf(this._call('nearest_presets', progress, null, out.bytes)); }
         toBytes(name) { return this._call('move_to_bytes', name, out.bytes); }
         free() { this._call('move_free'); }
     }
@@ -88,6 +105,8 @@ export async function load({ wasm } = {}) {
         setText(setting) { this._call('shot_set_text', setting); }
         isEnabled(parameter) { return this._call('shot_is_enabled', parameter, out.switch); }
         applyPreset(preset) { this._call('shot_apply_preset', preset); }
+        applyMix(preset, second, share) { this._call('shot_apply_mix', preset, second, share); }
+        keepHertz(madeFor) { this._call('shot_keep_hertz', madeFor); }
         choices(parameter) {
             const count = this._call('shot_choice_count', parameter, out.size);
             return Array.from({ length: count }, (_, index) => this._call('shot_choice_at', parameter, index, out.struct(CHOICE)));
@@ -105,9 +124,17 @@ export async function load({ wasm } = {}) {
         numbers() { return this._call('shot_numbers', out.numbers(this.#count), this.#count); }
         numbersAt(frame) { return this._call('shot_numbers_at', frame, out.numbers(NUMBERS_PER_FRAME)); }
         result() { return this._call('shot_result', out.handle(Move)); }
-        layers(frame) { return JSON.parse(new TextDecoder().decode(this._call('shot_layers', frameNumber(frame), out.bytes))); }
+        layers(frame) { return jsonOf(this._call('shot_layers', frameNumber(frame), out.bytes)); }
         measure() { return this._call('shot_measure', out.struct(MEASURES)); }
         key(parameter, frame, value, interpolation) { this._call('shot_key', parameter, frameNumber(frame), value, interpolation); }
+        unkey(parameter, frame) { this._call('shot_unkey', parameter, frameNumber(frame)); }
+        jolts(events, positionIntensity, rotationIntensity) {
+            this._call('shot_jolts', Float64Array.from(events.flat()), positionIntensity, rotationIntensity);
+        }
+        direct(direction) {
+            this._call('shot_direct', direction && new In(DIRECTION, { ...WHOLE_DIRECTION, ...direction }));
+        }
+        trace(progress) { return jsonOf(this._call('shot_trace', progress, null, out.bytes)); }
         bake(kind) { this._call('shot_bake', kind); }
         free() { this._call('shot_free'); }
     }

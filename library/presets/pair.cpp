@@ -1,6 +1,7 @@
 #include "library/presets/pair.h"
 
 #include "generated/module_ids.h"
+#include "host/files/folders.h"
 #include "host/files/hyperfile.h"
 #include "host/files/safe_write.h"
 #include "host/scene/parameters.h"
@@ -17,6 +18,21 @@ namespace fs = std::filesystem;
 std::string_view WithoutNumber(std::string_view name) {
     const std::size_t line = name.find('_');
     return line == std::string_view::npos ? name : name.substr(line + 1);
+}
+
+// Of a preset, somewhere in the folder; empty for none.
+fs::path FileInside(const fs::path &folder, const std::string &name) {
+    host::BrowseFiles files;
+    files.Init(folder);
+    while (files.Next()) {
+        const host::BrowseFiles::Entry &file = *files.Current();
+        const fs::path path = folder / fs::u8path(file.name);
+        if (!file.is_folder && WithoutNumber(file.name) == name) return path;
+        if (!file.is_folder) continue;
+        const fs::path found = FileInside(path, name);
+        if (!found.empty()) return found;
+    }
+    return {};
 }
 
 }  // namespace
@@ -67,12 +83,13 @@ void ApplyPresetValues(const host::Container &preset, host::Tag *tag) {
 fs::path FileOfPreset(const CatalogEntry &entry, const fs::path &module_file, const host::Tag &tag) {
     const bool is_users = entry.category_value == ids::kCategoryUser;
     const fs::path root = is_users ? fs::u8path(tag.Data().Text(ids::kUserPresetFolder)) : module_file.parent_path() / "res" / "Presets";
-    std::error_code error;
-    for (fs::recursive_directory_iterator file(root, error), end; !error && file != end; file.increment(error)) {
-        const std::string name = file->path().filename().u8string();
-        if (!file->is_regular_file(error) || WithoutNumber(name) != entry.name) continue;
-        if (is_users || WithoutNumber(file->path().parent_path().filename().u8string()) == entry.category)
-            return file->path();
+    if (is_users) return FileInside(root, entry.name);
+    host::BrowseFiles folders;
+    folders.Init(root);
+    while (folders.Next()) {
+        const host::BrowseFiles::Entry &folder = *folders.Current();
+        if (folder.is_folder && WithoutNumber(folder.name) == entry.category)
+            return FileInside(root / fs::u8path(folder.name), entry.name);
     }
     return {};
 }

@@ -3,6 +3,7 @@
 #include "host/files/memory_files.h"
 #include "library/failure.h"
 #include "library/presets/facts.h"
+#include "library/presets/pair.h"
 #include "library/runtime/resources.h"
 #include "library/shots/stage.h"
 
@@ -22,16 +23,16 @@ host::ApplicationSettings Settings() {
     return settings;
 }
 
-// Returns where the module takes itself to lie.
-fs::path BringFiles() {
+constexpr const char *kModuleFolder = "TremoluxCam";
+
+void BringFiles() {
     memory::MakeFolders(memory::Root() / "user");
-    const fs::path folder = memory::Root() / "TremoluxCam";
+    const fs::path folder = memory::Root() / kModuleFolder;
     for (const Resource &resource : Resources()) {
         const fs::path file = folder / "res" / fs::u8path(resource.name);
         memory::MakeFolders(file.parent_path());
         if (!memory::Write(file, resource.bytes)) throw Failure(kExitInternal, "the library's own files are not whole");
     }
-    return folder / "TremoluxCam";
 }
 
 }  // namespace
@@ -45,7 +46,8 @@ Runtime::Runtime() {
     if (host::Application::Current() != nullptr) {
         throw Failure(kExitInternal, "another host runs in this process, expected none");
     }
-    const fs::path file = BringFiles();
+    BringFiles();
+    const fs::path file = ModuleFile();
     application_ = std::make_unique<host::Application>(Settings());
     std::string error;
     module_ = host::LoadedModule::LinkedIn(c4d_main, file, &error);
@@ -59,10 +61,13 @@ Runtime::Runtime() {
     for (const Parameter &parameter : parameters_) places_.push_back(FindPlace(panel_, parameter.id));
     presets_ = ReadCatalog(&stage.CameraTag());
     std::map<std::string, PresetFacts> facts = ReadPresetFacts(file);
-    for (const CatalogEntry &preset : presets_) sentences_.push_back(std::move(facts[preset.name].about));
+    for (const CatalogEntry &preset : presets_)
+        about_.push_back({facts[preset.name], SecondOfEntry(preset, file, stage.CameraTag()).has_value()});
     application_->ForgetTheUser();
     application_->SetMainThread({});
 }
+
+fs::path Runtime::ModuleFile() const { return memory::Root() / kModuleFolder / "TremoluxCam"; }
 
 Runtime::~Runtime() {
     application_->SetMainThread(std::this_thread::get_id());

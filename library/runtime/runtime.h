@@ -1,6 +1,7 @@
 // The module in the embedded host, linked in: one for all shots of a process.
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <mutex>
 
@@ -9,8 +10,14 @@
 #include "library/parameters/panel.h"
 #include "library/parameters/parameter.h"
 #include "library/presets/catalog.h"
+#include "library/presets/facts.h"
 
 namespace tremolux {
+
+struct PresetAbout {
+    PresetFacts facts;
+    bool is_pair;
+};
 
 class Runtime {
   public:
@@ -37,9 +44,11 @@ class Runtime {
     const std::vector<Parameter> &Parameters() const { return parameters_; }  // as a fresh tag describes them
     const std::vector<PanelPlace> &Places() const { return places_; }          // of the parameters, one each
     const std::vector<PanelEntry> &Panel() const { return panel_; }
-    // The built-in presets, with what each imitates at the same place.
+    // The built-in presets, with what is known of each at the same place.
     const std::vector<CatalogEntry> &Presets() const { return presets_; }
-    const std::vector<std::string> &Sentences() const { return sentences_; }
+    const std::vector<PresetAbout> &AboutPresets() const { return about_; }
+    // Where the module takes itself to lie.
+    std::filesystem::path ModuleFile() const;
 
   private:
     Runtime();
@@ -50,7 +59,7 @@ class Runtime {
     std::vector<PanelPlace> places_;
     std::vector<PanelEntry> panel_;
     std::vector<CatalogEntry> presets_;
-    std::vector<std::string> sentences_;
+    std::vector<PresetAbout> about_;
 };
 
 }  // namespace tremolux

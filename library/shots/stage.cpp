@@ -90,6 +90,14 @@ host::Tag *Stage::AddSecondCamera() {
     return second_tag_;
 }
 
+void Stage::RemoveSecondCamera() {
+    if (second_tag_ == nullptr) return;
+    // It leaves the scene as it goes.
+    delete second_tag_->GetObject();
+    second_tag_ = nullptr;
+    shown_ = output_;
+}
+
 void Stage::KillDocument::operator()(host::Document *document) const {
     host::Application::Current()->KillDocument(document);
 }

@@ -27,6 +27,7 @@ class Stage {
     // A second camera behind the first, with a tag of its own whose input the first is; Output() is its motion from now on. Its
     // settings are those of a new tag. Throws a Failure.
     host::Tag *AddSecondCamera();
+    void RemoveSecondCamera();  // where there is one
     host::Tag *SecondTag() const { return second_tag_; }  // null: there is none
 
     // Evaluates one frame of playback. Frames are played one after the other, from the document's first, which may be gone

@@ -177,6 +177,25 @@ TEST_F(UndoSteps, AStepThatIsTakenBackLeavesTheOthersAsTheyWere) {
     EXPECT_EQ(camera->Name(), "second");
 }
 
+TEST_F(UndoSteps, ADroppedStepStaysDoneAndIsNoStep) {
+    Object *camera = AddCamera("camera");
+    UndoStack &undo = document->Undo();
+    undo.Add(kUndoChangeSmall, camera);
+    camera->SetName("first");
+    undo.Undo();
+    const std::size_t steps = undo.Steps();
+    undo.Start();
+    undo.Add(kUndoChangeSmall, camera);
+    camera->SetName("silently");
+    undo.Drop();
+    EXPECT_EQ(camera->Name(), "silently");
+    EXPECT_EQ(undo.Steps(), steps);
+    EXPECT_EQ(undo.Depth(), 0);
+    EXPECT_TRUE(undo.Redo()) << "what was taken back can still be made again";
+    undo.Drop();
+    EXPECT_EQ(camera->Name(), "first");
+}
+
 TEST_F(UndoSteps, WrongEntriesAreRefused) {
     const std::unique_ptr<Object> stranger = Object::Create(kTypeNull);
     UndoStack &undo = document->Undo();

@@ -138,11 +138,71 @@ test('keys and bakes are played', () => {
     const shot = shakenShot(12);
     shot.play();
     const before = shot.numbers();
-    shot.key(idOf('Shake Speed'), 0, 2, 2);
+    shot.key(idOf('Shake Speed'), 0, 0.5, 2);
     shot.play();
     assert.notDeepEqual(shot.numbers(), before);
     shot.bake(2);
     assert.throws(() => shot.key(idOf('Shake Speed'), 0.5, 2, 2), TypeError);
+});
+
+test('a shot is directed, and shows the input where it is not shaken', () => {
+    const shot = shakenShot(12);
+    shot.play();
+    const [shaken, input] = [shot.numbers(), straightMove(12).numbers()];
+    shot.direct({ from: 4 });
+    const shown = shot.numbers();
+    assert.deepEqual(shown.slice(0, 6 * 8), input.slice(0, 6 * 8));
+    assert.deepEqual(shown.slice(6 * 8), shaken.slice(6 * 8));
+    assert.throws(() => shot.direct({ mix: 2 }), refusal(Status.INPUT, /expected 0 to 1/));
+    shot.direct(null);
+    assert.deepEqual(shot.numbers(), shaken);
+});
+
+test('jolts hit frames, and a key is taken away', () => {
+    const shot = shakenShot(12);
+    shot.setText('Jolt=off');
+    shot.play();
+    const before = shot.numbers();
+    shot.jolts([[4, 1], [8, 0.5]], 1, 1);
+    shot.play();
+    assert.notDeepEqual(shot.numbers(), before);
+    shot.jolts([], 1, 1);
+    shot.setText('Jolt=off');
+    shot.key(idOf('Overall Scale'), 3, 2, 2);
+    shot.unkey(idOf('Overall Scale'), 3);
+    assert.throws(() => shot.unkey(idOf('Overall Scale'), 3), refusal(Status.INPUT, /expected a frame with a key/));
+});
+
+test('presets are mixed, carried to the rate, and said to be pairs', () => {
+    const known = tremolux.presets();
+    assert.ok(known.some(({ isPair }) => isPair) && known.some(({ isPair }) => !isPair));
+    assert.ok(known.every(({ madeFor }) => madeFor >= 1));
+    const speedOf = (share) => {
+        const shot = shakenShot(3);
+        shot.applyMix(known[0].name, known[1].name, share);
+        return shot.get(idOf('Shake Speed'));
+    };
+    assert.ok(Math.abs(speedOf(0.5) - (speedOf(0) + speedOf(1)) / 2) < 1e-12);
+    const shot = shakenShot(3);
+    shot.keepHertz(60);
+    assert.throws(() => shot.keepHertz(0), refusal(Status.INPUT, /1 to 2500/));
+});
+
+test('a trace has a line for every frame', () => {
+    const trace = shakenShot(5).trace();
+    assert.equal(trace.length, 5);
+    assert.deepEqual(trace[4], shakenShot(5).layers(2));
+});
+
+test('events and the nearest presets come as values', () => {
+    const events = straightMove(40).events('hits.csv', new TextEncoder().encode('frame\n5\n9\n99\n'));
+    assert.deepEqual(events, { events: [{ frame: 5, strength: 1 }, { frame: 9, strength: 1 }], outside: 1 });
+    const shot = shakenShot(120);
+    shot.applyPreset('Earthquake');
+    shot.play();
+    const near = shot.result().nearestPresets();
+    assert.equal(near.length, tremolux.presets().length);
+    assert.ok(near[0].distance <= near[1].distance);
 });
 
 test('what was freed is told', () => {

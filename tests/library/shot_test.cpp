@@ -7,6 +7,7 @@
 #include "host/application.h"
 #include "host/services/platform.h"
 #include "library/presets/catalog.h"
+#include "library/presets/pair.h"
 #include "library/shots/embedded_host.h"
 #include "library/shots/stage.h"
 #include "tests/library/support.h"
@@ -35,7 +36,13 @@ std::vector<double> FramesOfTheModuleFile(const std::string &preset, std::size_t
         programs / "library_tests_home");
     tremolux::Stage stage(TheMove(frames));
     const auto catalog = tremolux::ReadCatalog(&stage.CameraTag());
-    tremolux::ChoosePreset(tremolux::FindPreset(catalog, preset, "preset"), &stage.CameraTag());
+    const tremolux::CatalogEntry &entry = tremolux::FindPreset(catalog, preset, "preset");
+    tremolux::ChoosePreset(entry, &stage.CameraTag());
+    const auto second = tremolux::SecondOfEntry(entry, host.ModuleFile(), stage.CameraTag());
+    if (second) {
+        tremolux::ApplyPresetValues(*second, stage.AddSecondCamera());
+        tremolux::FollowExactly(stage.SecondTag());
+    }
     std::vector<double> numbers;
     for (std::size_t frame = 0; frame < frames; ++frame) {
         stage.PlayFrame(static_cast<std::int64_t>(frame));

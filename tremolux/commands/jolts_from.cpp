@@ -4,16 +4,13 @@
 #include <cstdio>
 
 #include "generated/module_ids.h"
-#include "host/animation/track.h"
 #include "host/files/safe_write.h"
-#include "host/value/descid.h"
 #include "host/value/text.h"
+#include "library/events/take_events.h"
 #include "library/failure.h"
 #include "library/formats/numbers.h"
 #include "library/formats/source_text.h"
 #include "library/parameters/nearest.h"
-#include "library/parameters/settings.h"
-#include "library/shots/keys.h"
 #include "tremolux/commands/option_values.h"
 #include "tremolux/pictures/tool.h"
 
@@ -70,23 +67,10 @@ std::string WaveOf(const std::string &name) {
     return BytesOf(wave.u8string());
 }
 
-EventList ReadEvents(const JoltsChoices &choices, const CameraMove &move) {
-    const std::string bytes = BytesOf(choices.file);
-    switch (EventFileOf(fs::u8path(choices.file))) {
-        case EventFile::kTable:
-            return ReadEventTable(choices.file, bytes);
-        case EventFile::kLines:
-            return ReadEventLines(choices.file, bytes);
-        case EventFile::kMidi:
-            return ReadMidi(choices.file, bytes);
-        case EventFile::kEdits:
-            return ReadEditList(choices.file, bytes, move.rate);
-        case EventFile::kWave:
-            return ReadSound(choices.file, bytes, SettingsOf(choices));
-        case EventFile::kOther:
-            break;
-    }
-    return ReadSound(choices.file, WaveOf(choices.file), SettingsOf(choices));
+EventList ReadEventFile(const JoltsChoices &choices, const CameraMove &move) {
+    const bool is_for_ffmpeg = EventFileOf(fs::u8path(choices.file)) == EventFile::kOther;
+    return ReadEvents(choices.file, is_for_ffmpeg ? WaveOf(choices.file) : BytesOf(choices.file), move.rate,
+                      SettingsOf(choices));
 }
 
 // Neither may be said twice.
@@ -108,7 +92,7 @@ JoltsFound ReadJolts(const JoltsChoices &choices, const CameraMove &move, const 
         return found;
     }
     CheckSettings(settings);
-    const EventList list = ReadEvents(choices, move);
+    const EventList list = ReadEventFile(choices, move);
     std::size_t outside = 0;
     found.file = choices.file;
     found.frames = FramesOf(list, move, &outside);
@@ -122,25 +106,6 @@ JoltsFound ReadJolts(const JoltsChoices &choices, const CameraMove &move, const 
                      list.curve ? ": --sensitivity says how faint a sound counts" : "");
     }
     return found;
-}
-
-void TakeJolts(const JoltsFound &found, int frames_per_second, host::Tag *tag) {
-    if (found.frames.empty()) return;
-    std::string frames;
-    bool are_equal = true;
-    for (const EventFrame &event : found.frames) {
-        frames += (frames.empty() ? "" : ",") + std::to_string(event.frame);
-        are_equal = are_equal && event.strength == found.frames.front().strength;
-    }
-    ApplySettings({std::to_string(ids::kUseJolt) + "=on", std::to_string(ids::kCustomTrigger) + "=" + frames},
-                  frames_per_second, tag);
-    if (are_equal) return;
-    for (const std::int32_t intensity : {ids::kJoltPositionIntensity, ids::kJoltRotationIntensity}) {
-        const double whole = tag->Data().Real(intensity);
-        for (const EventFrame &event : found.frames)
-            KeyNumber(tag, host::MakeId(intensity), host::MakeTime(static_cast<double>(event.frame), frames_per_second),
-                      whole * event.strength, host::kInterpolationStep);
-    }
 }
 
 void AddJoltsOptions(Command command, JoltsChoices *choices) {

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "host/scene/tag.h"
 #include "library/events/events.h"
 #include "tremolux/command_line.h"
 
@@ -25,10 +24,6 @@ struct JoltsFound {
 };
 
 void AddJoltsOptions(Command command, JoltsChoices *choices);
-
-// Makes the tag's jolts hit there, as if the frames had been typed into its panel. Where strengths differ, keys hold
-// its jolt intensities at their share of what they are.
-void TakeJolts(const JoltsFound &found, int frames_per_second, host::Tag *tag);
 
 // Reads the file; what is no table, MIDI file, edit list or .wav is turned into sound by ffmpeg. What is left out is
 // said on the standard error output, one line. Throws a Failure; `settings` are the user's own.

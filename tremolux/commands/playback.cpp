@@ -7,11 +7,11 @@
 #include "generated/module_version.h"
 #include "host/files/folders.h"
 #include "host/value/descid.h"
+#include "library/events/take_events.h"
 #include "library/failure.h"
 #include "library/formats/source_text.h"
 #include "library/frame_rates/keep_hz.h"
 #include "library/moves/cut.h"
-#include "library/parameters/name_seed.h"
 #include "library/parameters/setting_keys.h"
 #include "library/parameters/settings.h"
 #include "library/presets/catalog.h"
@@ -19,6 +19,7 @@
 #include "library/presets/mix.h"
 #include "library/presets/pair.h"
 #include "library/shots/jolt_watch.h"
+#include "library/shots/second_camera.h"
 #include "tremolux/commands/aim_point.h"
 #include "tremolux/process/interrupt.h"
 #include "tremolux/process/progress.h"
@@ -85,24 +86,13 @@ void Playback::Start() {
     if (focus_object_) stage_->AddFocusObject(*focus_object_);
     const std::int64_t presets_seed = tag->Data().Whole(ids::kSeed);
     ApplySettings(settings_, Rate().Whole(), tag);
-    SeedSecondCamera(presets_seed);
-    TakeJolts(jolts_, Rate().Whole(), tag);
+    if (stage_->SecondTag() != nullptr) SeedSecond(*tag, presets_seed, stage_->SecondTag());
+    TakeEvents(jolts_.frames, Rate().Whole(), tag);
     ApplyKeys(keys_, Rate().Whole(), tag);
     if (!made_for_) return;
     for (const std::string &note : KeepHertz(*made_for_, Rate().PerSecond(), tag))
         std::fprintf(stderr, "--keep-hz: %s\n", note.c_str());
     if (stage_->SecondTag() != nullptr) KeepHertz(*made_for_, Rate().PerSecond(), stage_->SecondTag());
-}
-
-// Another seed of the first camera is another take of both; with one seed for both they would move alike.
-void Playback::SeedSecondCamera(std::int64_t presets_seed) {
-    host::Tag *second = stage_->SecondTag();
-    if (second == nullptr) return;
-    const std::int64_t first = stage_->CameraTag().Data().Whole(ids::kSeed), seeds = kMaxSeed + 1;
-    std::int64_t seed = (second->Data().Whole(ids::kSeed) + first - presets_seed) % seeds;
-    if (seed < 0) seed += seeds;
-    if (seed == first) seed = (seed + seeds / 2) % seeds;
-    second->SetParameter(host::MakeId(ids::kSeed), host::Data(static_cast<std::int32_t>(seed)));
 }
 
 void Playback::ChoosePresets() {

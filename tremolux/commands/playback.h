@@ -61,7 +61,6 @@ class Playback {
     std::optional<double> made_for_;
     void ChoosePresets();
     void AddSecondCamera(const std::optional<host::Container> &own);
-    void SeedSecondCamera(std::int64_t presets_seed);
     bool OpenPresetFile(std::optional<host::Container> *second);
     void CarryHertz(double rate, host::Tag *tag);
     void PlanTheLoop(const std::string &input);

@@ -132,6 +132,8 @@ typedef struct tremolux_preset {
     size_t size; /* sizeof(tremolux_preset), set by the caller */
     const char *category, *name; /* for as long as the library is loaded */
     const char *sentence;        /* what it imitates */
+    double made_for;             /* frames a second that it was made at; 0: not known */
+    int32_t is_pair;             /* 1: two cameras, one behind the other */
 } tremolux_preset;
 
 /* The built-in presets in the order of the panel; 0 when the module does not start. */
@@ -198,8 +200,15 @@ TREMOLUX_API tremolux_status tremolux_shot_choice_count(tremolux_shot shot, int3
 TREMOLUX_API tremolux_status tremolux_shot_choice_at(tremolux_shot shot, int32_t parameter, size_t index,
                                                      tremolux_choice *choice);
 
-/* A built-in preset: "CATEGORY/NAME", a name, or a part that only one preset has. TREMOLUX_INPUT for any other text. */
+/* A built-in preset: "CATEGORY/NAME", a name, or a part that only one preset has. TREMOLUX_INPUT for any other text. A preset
+ * that is a pair plays with its second camera behind the first until another is chosen; the settings are the first one's. */
 TREMOLUX_API tremolux_status tremolux_shot_apply_preset(tremolux_shot shot, const char *preset);
+/* Two built-in presets: numbers by weight, of which the second has `share`, 0 to 1; switches and choices as the larger share has
+ * them; the seed is the first one's. */
+TREMOLUX_API tremolux_status tremolux_shot_apply_mix(tremolux_shot shot, const char *preset, const char *second, double share);
+/* The module counts frames, not seconds: changes the settings so that the shot has the frequencies that they have at `made_for`
+ * frames a second (1 to 2500), as far as its formulas allow. A preset that shall look as it was made has this call behind it. */
+TREMOLUX_API tremolux_status tremolux_shot_keep_hertz(tremolux_shot shot, double made_for);
 /* The bytes of a preset file, which are read as the module reads a user's preset: values that are none, or beyond their
  * limits, give way to the parameter's own. Afterwards the panel's lists show "Custom". TREMOLUX_INPUT for bytes that are
  * no preset file, for more than 1 MiB, and for a baked shot. */
@@ -245,6 +254,10 @@ TREMOLUX_API tremolux_status tremolux_shot_result(tremolux_shot shot, tremolux_m
  * units), rotation (degrees), zoom (millimetres) and focus (scene units), as JSON. Plays the shot up to the frame. */
 TREMOLUX_API tremolux_status tremolux_shot_layers(tremolux_shot shot, int64_t frame, tremolux_buffer *buffer);
 
+/* The same for every frame, as an array. `progress` may be NULL. */
+TREMOLUX_API tremolux_status tremolux_shot_trace(tremolux_shot shot, tremolux_progress progress, void *user,
+                                                 tremolux_buffer *buffer);
+
 typedef struct tremolux_measures {
     size_t size; /* sizeof(tremolux_measures), set by the caller */
     double position_rms, position_peak; /* how far the camera strayed from its input: scene units */
@@ -271,13 +284,60 @@ typedef enum tremolux_interpolation {
 TREMOLUX_API tremolux_status tremolux_shot_key(tremolux_shot shot, int32_t parameter, int64_t frame, double value,
                                                int32_t interpolation);
 
+/* Takes a key away, and with the last one its track: the setting keeps the value that it had last. TREMOLUX_INPUT where there is
+ * none on that frame. */
+TREMOLUX_API tremolux_status tremolux_shot_unkey(tremolux_shot shot, int32_t parameter, int64_t frame);
+
+/* Jolts on frames, and on no others that were given before. `events` are `count` numbers, two for each: the frame, 0 or later and
+ * in the shot, and the strength, 0 to 1. The two intensities are those of a jolt of strength 1; where strengths differ, keys hold
+ * the settings at their shares of them, in place of whatever keys they had. Without events the frames are forgotten. */
+TREMOLUX_API tremolux_status tremolux_shot_jolts(tremolux_shot shot, const double *events, size_t count,
+                                                 double position_intensity, double rotation_intensity);
+
+/* When, where and how much a camera is shaken. */
+typedef struct tremolux_direction {
+    size_t size;               /* sizeof(tremolux_direction), set by the caller */
+    int64_t from, until;       /* the first and the last frame that are shaken */
+    int64_t fade_in, fade_out; /* frames, after `from` and before `until` */
+    double mix;                /* the most of the shake, 0 to 1 */
+    int32_t position, rotation, lens; /* 1: shaken, 0: the input's, bit by bit */
+    double lens_aware; /* 0 to 1: how much of a turn stays the same in the picture when the lens changes */
+    double focal_length; /* millimetres: where it stays as it is */
+} tremolux_direction;
+
+/* What is played is shown so from now on, the last whole play too; NULL: as it is played. It is no change of the shot: undo leaves
+ * it alone. */
+TREMOLUX_API tremolux_status tremolux_shot_direct(tremolux_shot shot, const tremolux_direction *direction);
+
 typedef enum tremolux_bake {
     TREMOLUX_BAKE_QUICKLY = 1,       /* from the curves of the camera: sees no zoom */
     TREMOLUX_BAKE_BY_BRUTE_FORCE = 2 /* frame by frame: sees everything */
 } tremolux_bake;
 
-/* Turns the motion into keys, which are played from then on; `kind` is a tremolux_bake. */
+/* Turns the motion into keys, which are played from then on; `kind` is a tremolux_bake. TREMOLUX_INPUT for a pair of cameras. */
 TREMOLUX_API tremolux_status tremolux_shot_bake(tremolux_shot shot, int32_t kind);
+
+/* ---- Files that are no camera's */
+
+typedef enum tremolux_band {
+    TREMOLUX_ALL = 0,
+    TREMOLUX_LOW = 1, /* below 200 Hz */
+    TREMOLUX_MID = 2, /* up to 2000 Hz */
+    TREMOLUX_HIGH = 3
+} tremolux_band;
+
+/* The events of a table (.csv), frames (.txt), notes (.mid), cuts (.edl) or sound (.wav), by the name's extension, on the move's
+ * frames, as JSON: "events" with "frame" and "strength" (0 to 1), "outside": how many are beyond the move or before frame 0, and of
+ * sound the "curve" that they were found by: "step" in seconds and the "novelty" at each, of which a peak above 1 counts.
+ * `sensitivity`, 0 to 100, and `band`, a tremolux_band, say which beats of a sound count; 50 and TREMOLUX_ALL are usual. */
+TREMOLUX_API tremolux_status tremolux_events_from_bytes(tremolux_move move, const char *name, const void *bytes, size_t size,
+                                                        double sensitivity, int32_t band, tremolux_buffer *buffer);
+
+/* The built-in presets by how near their shake is to that of a recorded camera, the nearest first, as a JSON array of "category",
+ * "name" and "distance": the mean over axes and bands of what the RMS differ by, as natural logarithms. `progress` hears shares of
+ * a thousand, and may be NULL. TREMOLUX_INPUT for a recording in which nothing moves, or that is too short. */
+TREMOLUX_API tremolux_status tremolux_nearest_presets(tremolux_move recording, tremolux_progress progress, void *user,
+                                                      tremolux_buffer *buffer);
 
 #ifdef __cplusplus
 }
