@@ -140,6 +140,7 @@ std::vector<std::string> MoveOptions::InputFiles() const {
     files.insert(files.end(), target.begin(), target.end());
     files.insert(files.end(), focus_object.begin(), focus_object.end());
     if (!jolts.file.empty()) files.push_back(jolts.file);
+    if (!recording.file.empty()) files.push_back(recording.file);
     return files;
 }
 
@@ -236,6 +237,7 @@ void AddShakeOptions(Command command, MoveOptions *options) {
                 "stands still "
                 "in its file: the frames that there are");
     AddJoltsOptions(command, &options->jolts);
+    AddRecordingOptions(command, &options->recording);
     AddFormatOptions(command, &options->formats);
     command.Add("--quiet", &options->quiet, "show no progress");
     AddHostOptions(command, &options->host);

@@ -13,6 +13,7 @@
 #include "tremolux/command_line.h"
 #include "tremolux/commands/direction_options.h"
 #include "tremolux/commands/jolts_from.h"
+#include "tremolux/commands/recording_options.h"
 #include "tremolux/commands/table_options.h"
 
 namespace tremolux {
@@ -49,6 +50,7 @@ struct MoveOptions {
     std::string seed, frames, keep_hz;
     DirectionChoices direction;
     JoltsChoices jolts;
+    RecordingChoices recording;
     bool quiet = false, no_keep_hz = false;
 
     // The texts above as values; each throws a Failure.

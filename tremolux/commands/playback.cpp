@@ -19,6 +19,7 @@
 #include "library/presets/mix.h"
 #include "library/presets/pair.h"
 #include "library/shots/jolt_watch.h"
+#include "library/shots/rest.h"
 #include "library/shots/second_camera.h"
 #include "tremolux/commands/aim_point.h"
 #include "tremolux/process/interrupt.h"
@@ -38,6 +39,7 @@ Playback::Playback(const MoveOptions &options, const CameraMove &move)
       keys_(options.keys),
       direction_(options.direction),
       made_for_(options.MadeFor()),
+      rests_(options.recording.is_alone),
       host_options_(options.host),
       quiet_(options.quiet) {
     const auto range = options.FrameRange();
@@ -55,6 +57,7 @@ Playback::Playback(const MoveOptions &options, const CameraMove &move)
     jolts_ = ReadJolts(options.jolts, move_, settings_);
     last_played_ = last_frame_;
     if (direction_.loop) PlanTheLoop(options.input);
+    staged_ = options.recording.PutOnto(loop_ ? staged_ : move_, formats_);
 }
 
 void Playback::PlanTheLoop(const std::string &input) {
@@ -74,7 +77,7 @@ void Playback::PlanTheLoop(const std::string &input) {
 
 void Playback::Start() {
     host_ = std::make_unique<EmbeddedHost>(host_options_.ModuleFile(), host_options_.Home());
-    stage_ = std::make_unique<Stage>(loop_ ? staged_ : move_);
+    stage_ = std::make_unique<Stage>(staged_);
     host::Tag *tag = &stage_->CameraTag();
     if (presets_.empty()) {
         applied_preset_ = tag->Data().Text(ids::kAppliedPresetName);
@@ -84,6 +87,7 @@ void Playback::Start() {
     }
     if (target_) stage_->AddTarget(*target_);
     if (focus_object_) stage_->AddFocusObject(*focus_object_);
+    if (rests_) ComeToRest(tag);
     const std::int64_t presets_seed = tag->Data().Whole(ids::kSeed);
     ApplySettings(settings_, Rate().Whole(), tag);
     if (stage_->SecondTag() != nullptr) SeedSecond(*tag, presets_seed, stage_->SecondTag());

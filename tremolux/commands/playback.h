@@ -59,12 +59,14 @@ class Playback {
     JoltsFound jolts_;
     std::optional<LoopPlan> loop_;
     std::optional<double> made_for_;
+    bool rests_;  // the tag adds nothing but what it is told
     void ChoosePresets();
     void AddSecondCamera(const std::optional<host::Container> &own);
     bool OpenPresetFile(std::optional<host::Container> *second);
     void CarryHertz(double rate, host::Tag *tag);
     void PlanTheLoop(const std::string &input);
-    CameraMove move_, staged_;
+    CameraMove move_;    // the user's own
+    CameraMove staged_;  // that the tag takes: with a recording on it, and run on for a loop
     std::optional<CameraMove> target_, focus_object_;
     std::int64_t first_frame_, last_frame_, last_played_;
     HostOptions host_options_;
