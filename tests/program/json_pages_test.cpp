@@ -66,7 +66,9 @@ TEST_F(JsonPages, HaveTheKeysThatTheProgramPrintsAndNoOthers) {
     move.traits.channels[tremolux::kFStop] = {2.8};
     const std::string carried = workplace_.Write("carried.json", tremolux::WriteJson(move, {}));
     std::map<std::string, std::vector<std::string>> commands = {
-        {"tremolux shake --json", {"shake", samples, "-o", Path("a.csv"), "--scene", Path("a.scene")}},
+        {"tremolux shake --json",
+         {"shake", samples, "-o", Path("a.csv"), "--scene", Path("a.scene"), "--readout", "16", "--against",
+          Path("b.csv")}},
         {"tremolux presets --json", {"presets"}},
         {"tremolux presets show --json", {"presets", "show", "Standing still"}},
         {"tremolux presets diff --json", {"presets", "diff", "Standing still", "Brisk walk"}},

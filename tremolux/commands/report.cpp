@@ -5,6 +5,7 @@
 #include "library/formats/source_text.h"
 #include "library/parameters/parameter.h"
 #include "tremolux/commands/commands.h"
+#include "tremolux/commands/judging_options.h"
 #include "tremolux/commands/playback.h"
 #include "tremolux/pictures/film.h"
 #include "tremolux/pictures/plot.h"
@@ -19,6 +20,7 @@ namespace {
 
 struct ReportOptions {
     MoveOptions move;
+    JudgingChoices judging;
     std::string output;
     std::string command_line;
 };
@@ -51,13 +53,16 @@ void CheckPageName(const std::filesystem::path &file) {
 void Report(const ReportOptions &options) {
     if (!IsStream(options.output)) CheckPageName(std::filesystem::u8path(options.output));
     Playback playback(options.move);
+    JudgingChoices judging = options.judging;
+    ReportContents contents;
+    contents.judgement = judging.Read(playback.Formats());
     OutputFiles files({options.output}, options.move.InputFiles());
     playback.Start();
     SayBeyondSliders(playback.Settings(), playback.Rate().Whole(), playback.GetStage().CameraTag());
-    ReportContents contents;
     contents.title = std::filesystem::u8path(options.move.input).filename().u8string();
     contents.preset = playback.Preset();
     contents.motion = playback.Record();
+    judging.Judge(contents.motion, &contents.judgement);
     contents.picture_width = playback.Formats().width;
     contents.settings = Differences(&playback.GetStage().CameraTag());
     contents.added = MeasureAddedMotion(contents.motion.input, contents.motion.output, contents.picture_width);
@@ -104,6 +109,7 @@ void AddReportCommand(Command program, const std::vector<std::string> &arguments
         "report", "Writes one page about a shaken move: figures, plots, a preview, and a warning of slow sway");
     AddMoveOptions(command, &options->move);
     AddDirectionOptions(command, &options->move.direction);
+    AddJudgingOptions(command, &options->judging);
     AddInputFormat(command, &options->move.formats);
     AddTableName(command, &options->move.formats.table);
     command.Add("-o,--output", &options->output, "page to write, .html").Required();

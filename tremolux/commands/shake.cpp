@@ -9,6 +9,7 @@
 #include "library/parameters/name_seed.h"
 #include "library/shots/scene.h"
 #include "tremolux/commands/commands.h"
+#include "tremolux/commands/judging_options.h"
 #include "tremolux/commands/option_values.h"
 #include "tremolux/commands/playback.h"
 #include "tremolux/pictures/contact_sheet.h"
@@ -28,6 +29,7 @@ constexpr FrameSize kTakeSize = {384, 216};
 
 struct ShakeOptions {
     MoveOptions move;
+    JudgingChoices judging;
     std::vector<std::string> outputs;
     std::string bake, scene, plot, on, takes;
     bool report = false, json = false, added = false;
@@ -74,6 +76,8 @@ PlayedMotion ShakeOnce(const ShakeOptions &options) {
     using Clock = std::chrono::steady_clock;
     CheckFormats(options);
     Playback playback(options.move);
+    JudgingChoices judging = options.judging;
+    Judgement judgement = judging.Read(playback.Formats());
     std::vector<std::string> places = options.outputs;
     if (!options.plot.empty()) {
         PlotFormatOf(Path(options.plot));
@@ -111,13 +115,14 @@ PlayedMotion ShakeOnce(const ShakeOptions &options) {
     if (!options.scene.empty()) playback.GetStage().KeyWholeMove();
     if (!options.scene.empty()) SaveScene(playback.GetStage().Scene(), Path(options.scene));
     files.Write(texts);
-    const bool reports = options.report || options.json;
+    const bool reports = options.report || options.json || !judging.IsNone();
     if (!reports && (options.move.quiet || !host::ErrorOutputIsTerminal())) return motion;
+    judging.Judge(motion, &judgement);
     const double played = static_cast<double>(playback.LastFrame() - playback.Move().first_frame + 1);
     const std::vector<std::filesystem::path> moves(
         files.Files().begin(), files.Files().begin() + static_cast<std::ptrdiff_t>(options.outputs.size()));
-    const ShakeReport report{options.move.input,  moves,           playback.Preset(),    playback.PresetRate(),
-                             playback.Settings(), playback.Rate(), microseconds / played};
+    const ShakeReport report{options.move.input,  moves,           playback.Preset(),     playback.PresetRate(),
+                             playback.Settings(), playback.Rate(), microseconds / played, judgement};
     const std::string text = (!reports       ? ReportSentence
                               : options.json ? ReportJson
                                              : ReportText)(report, motion.input, motion.output);
@@ -211,6 +216,7 @@ void AddShakeCommand(Command program, Action *action) {
                 "so many takes, each with a seed of its own, in files NAME-take1 and so on, and a picture of all, "
                 "NAME-takes.png");
     command.Add("--report", &options->report, "print what was done and how far the camera strayed");
+    AddJudgingOptions(command, &options->judging);
     command.Add("--json", &options->json, "print the report as one JSON object");
     command.OnCall([=] { *action = [options] { Shake(*options); }; });
 }

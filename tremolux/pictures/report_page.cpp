@@ -106,6 +106,32 @@ std::string SettingsTable(const ReportContents &contents) {
     return text + "</tbody></table></div>\n";
 }
 
+std::string ShutterRow(const char *title, const Deviation &deviation) {
+    return "<tr><th>" + std::string(title) + ", px</th>" + Cell(ThreeDigits(deviation.rms)) +
+           Cell(ThreeDigits(deviation.peak)) + Cell(std::to_string(deviation.peak_frame)) + "</tr>";
+}
+
+std::string JudgementParts(const Judgement &judgement) {
+    std::string text;
+    if (judgement.shutter) {
+        text +=
+            "<h2>Through a rolling shutter</h2>\n<div class=\"card\"><table class=\"figures\"><thead><tr><th></th>"
+            "<th>RMS</th><th>peak</th><th>at frame</th></tr></thead><tbody>" +
+            ShutterRow("leans", judgement.shutter->shear) + ShutterRow("stretches", judgement.shutter->stretch) +
+            "</tbody></table></div>\n<p>Of a picture " + std::to_string(judgement.width) +
+            " pixels wide whose lines are read within " + ThreeDigits(judgement.readout) +
+            " milliseconds, over its whole height, with the input's own turning.</p>\n";
+    }
+    if (judgement.distance) {
+        text +=
+            "<h2>Beside a recording</h2>\n<p>From " + EscapedHtml(judgement.recording) +
+            " the shake is as far as <strong>D " + ThreeDigits(*judgement.distance) +
+            "</strong>: the mean, over axes and bands, of what their RMS differ by, as natural logarithms. 0 is the "
+            "same, 0.7 twice or half.</p>\n";
+    }
+    return text;
+}
+
 }  // namespace
 
 std::string ReportPage(const ReportContents &contents) {
@@ -127,6 +153,7 @@ std::string ReportPage(const ReportContents &contents) {
     text += "<h2>What that does to the picture</h2>\n<div class=\"card\">" + ChannelTable(contents.added.picture) +
             "</div>\n<p>How far the point in focus leaves the middle of a picture " +
             std::to_string(contents.picture_width) + " pixels wide.</p>\n";
+    text += JudgementParts(contents.judgement);
     text +=
         "<h2>Both cameras over time</h2>\n" +
         Figure(Drawing(contents.plots, "Position, angles, focal length and focus distance over time"),

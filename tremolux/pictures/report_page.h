@@ -7,6 +7,7 @@
 #include "library/measures/motion.h"
 #include "library/moves/played_motion.h"
 #include "library/parameters/shown_values.h"
+#include "tremolux/words/judgement.h"
 
 namespace tremolux {
 
@@ -19,6 +20,7 @@ struct ReportContents {
     std::vector<Setting> settings;  // that differ from their defaults
     PlayedMotion motion;
     AddedMotion added;
+    Judgement judgement;
     int picture_width;  // pixels
     struct Drawing {
         std::string light, dark;  // .svg

@@ -37,6 +37,28 @@ nlohmann::ordered_json DeviationJson(const Deviation &deviation) {
     return {{"rms", deviation.rms}, {"peak", deviation.peak}, {"peak_frame", deviation.peak_frame}};
 }
 
+std::string JudgementText(const Judgement &judgement) {
+    std::string text;
+    if (judgement.shutter) {
+        text += ReportLine("shutter", "leans " + DeviationText(judgement.shutter->shear, "pixels of ") +
+                                          std::to_string(judgement.width));
+        text += ReportLine("", "stretches " + DeviationText(judgement.shutter->stretch, "pixels, read in ") +
+                                   ShortNumber(judgement.readout) + " ms");
+    }
+    if (judgement.distance)
+        text += ReportLine("against", judgement.recording + ": D " + ShortNumber(*judgement.distance));
+    return text;
+}
+
+void TellJudgement(const Judgement &judgement, nlohmann::ordered_json *json) {
+    if (judgement.shutter)
+        (*json)["rolling_shutter"] = {{"readout_ms", judgement.readout},
+                                      {"shear_px", DeviationJson(judgement.shutter->shear)},
+                                      {"stretch_px", DeviationJson(judgement.shutter->stretch)}};
+    if (judgement.distance)
+        (*json)["against"] = {{"recording", judgement.recording}, {"distance", *judgement.distance}};
+}
+
 }  // namespace
 
 std::string ReportSentence(const ShakeReport &report, const CameraMove &input, const CameraMove &output) {
@@ -50,20 +72,22 @@ std::string ReportJson(const ShakeReport &report, const CameraMove &input, const
     const Strayed strayed = MeasureStrayed(input, output);
     nlohmann::ordered_json outputs = nlohmann::ordered_json::array();
     for (const std::filesystem::path &file : report.output_files) outputs.push_back(host::PathText(file));
-    return JsonText(
-        {{"input", report.input_file},
-         {"outputs", outputs},
-         {"first_frame", output.first_frame},
-         {"last_frame", output.LastFrame()},
-         {"frames", output.samples.size()},
-         {"frames_per_second", {report.rate.numerator, report.rate.denominator}},
-         {"preset", report.preset.empty() ? nlohmann::ordered_json() : nlohmann::ordered_json(report.preset)},
-         {"preset_frames_per_second",
-          report.preset_rate > 0 ? nlohmann::ordered_json(report.preset_rate) : nlohmann::ordered_json()},
-         {"settings", report.settings},
-         {"strayed_cm", DeviationJson(strayed.position)},
-         {"strayed_deg", DeviationJson(strayed.angle)},
-         {"microseconds_per_frame", report.microseconds_per_frame}});
+    nlohmann::ordered_json json = {
+        {"input", report.input_file},
+        {"outputs", outputs},
+        {"first_frame", output.first_frame},
+        {"last_frame", output.LastFrame()},
+        {"frames", output.samples.size()},
+        {"frames_per_second", {report.rate.numerator, report.rate.denominator}},
+        {"preset", report.preset.empty() ? nlohmann::ordered_json() : nlohmann::ordered_json(report.preset)},
+        {"preset_frames_per_second",
+         report.preset_rate > 0 ? nlohmann::ordered_json(report.preset_rate) : nlohmann::ordered_json()},
+        {"settings", report.settings},
+        {"strayed_cm", DeviationJson(strayed.position)},
+        {"strayed_deg", DeviationJson(strayed.angle)},
+        {"microseconds_per_frame", report.microseconds_per_frame}};
+    TellJudgement(report.judgement, &json);
+    return JsonText(json);
 }
 
 std::string ReportText(const ShakeReport &report, const CameraMove &input, const CameraMove &output) {
@@ -80,6 +104,7 @@ std::string ReportText(const ShakeReport &report, const CameraMove &input, const
     const Strayed strayed = MeasureStrayed(input, output);
     text += ReportLine("strayed", DeviationText(strayed.position, "scene units"));
     text += ReportLine("", DeviationText(strayed.angle, "degrees"));
+    text += JudgementText(report.judgement);
     text += ReportLine("time", ShortNumber(report.microseconds_per_frame) + " microseconds per frame");
     return text;
 }

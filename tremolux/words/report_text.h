@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "library/moves/camera_move.h"
+#include "tremolux/words/judgement.h"
 
 namespace tremolux {
 
@@ -17,6 +18,7 @@ struct ShakeReport {
     std::vector<std::string> settings;  // as given
     FrameRate rate;
     double microseconds_per_frame;  // of evaluation
+    Judgement judgement = {};
 };
 
 // Several lines; both moves have the same frames.
