@@ -85,7 +85,7 @@ class Origin {
   public:
     Origin(const BatchOptions &options) {
         common_.Add(TREMOLUX_VERSION_TEXT).AddFile(options.move.host.ModuleFile()).Add(options.given);
-        for (const std::string &file : {options.move.jolts.file, options.move.recording.file})
+        for (const std::string &file : {options.move.jolts.file, options.move.recording.file, options.move.envelope})
             common_.AddFile(fs::u8path(file));
         for (const auto *files : {&options.move.target, &options.move.focus_object})
             for (const std::string &file : *files) common_.Add(file).AddFile(fs::u8path(file));

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "library/failure.h"
+#include "library/fit/envelope.h"
 #include "library/fit/nearest_presets.h"
 #include "library/presets/pair.h"
 #include "library/presets/saved_preset.h"
@@ -28,7 +29,7 @@ constexpr std::int64_t kProgressSteps = 1000;
 struct FitOptions {
     HostOptions host;
     FormatChoices formats;
-    std::string recording, output, name, plot, frames, layers = "1";
+    std::string recording, output, name, plot, envelope, frames, layers = "1";
     bool quiet = false, json = false;
 };
 
@@ -90,6 +91,7 @@ void Fit(const FitOptions &options) {
         look.format = PlotFormatOf(std::filesystem::u8path(options.plot));
         places.push_back(options.plot);
     }
+    if (!options.envelope.empty()) places.push_back(options.envelope);
     OutputFiles files(places, {options.recording});
     if (!options.plot.empty()) RequireGnuplot();
     const std::int64_t cameras = WholeOption("--layers", options.layers, 1, 2);
@@ -125,6 +127,7 @@ void Fit(const FitOptions &options) {
         look.title = std::filesystem::u8path(options.recording).filename().u8string() + ", fitted";
         texts.push_back(DrawFit(report.recorded, take, look));
     }
+    if (!options.envelope.empty()) texts.push_back(WriteEnvelope(MeasureEnvelope(move)));
     files.Write(texts);
     const std::string text = options.json ? FitJson(report) : FitText(report);
     if (files.HasStream())
@@ -173,6 +176,10 @@ void AddFitCommand(Command program, Action *action) {
              "vehicles")
         .ShowDefault();
     command.Add("--plot", &options->plot, "drawing of both spectra, and of a take of each, .svg or .png");
+    command.Add(
+        "--envelope", &options->envelope,
+        "table, .csv, of how uneven the recording is over time, for shake --envelope: presets alone are a little too "
+        "even");
     command.Add("--json", &options->json, "print what was found as one JSON object");
     AddHostOptions(command, &options->host);
     command.OnCall([=] { *action = [options] { Fit(*options); }; });

@@ -141,6 +141,7 @@ std::vector<std::string> MoveOptions::InputFiles() const {
     files.insert(files.end(), focus_object.begin(), focus_object.end());
     if (!jolts.file.empty()) files.push_back(jolts.file);
     if (!recording.file.empty()) files.push_back(recording.file);
+    if (!envelope.empty()) files.push_back(envelope);
     return files;
 }
 
@@ -238,6 +239,10 @@ void AddShakeOptions(Command command, MoveOptions *options) {
                 "in its file: the frames that there are");
     AddJoltsOptions(command, &options->jolts);
     AddRecordingOptions(command, &options->recording);
+    command.Add(
+        "--envelope", &options->envelope,
+        "a table (.csv) with the columns time, position and rotation: keys on both intensities, as shares of what "
+        "they are; tremolux fit --envelope measures one");
     AddFormatOptions(command, &options->formats);
     command.Add("--quiet", &options->quiet, "show no progress");
     AddHostOptions(command, &options->host);

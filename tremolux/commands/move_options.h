@@ -51,6 +51,7 @@ struct MoveOptions {
     DirectionChoices direction;
     JoltsChoices jolts;
     RecordingChoices recording;
+    std::string envelope;  // a file
     bool quiet = false, no_keep_hz = false;
 
     // The texts above as values; each throws a Failure.

@@ -6,6 +6,7 @@
 #include "generated/module_ids.h"
 #include "generated/module_version.h"
 #include "host/files/folders.h"
+#include "host/files/safe_write.h"
 #include "host/value/descid.h"
 #include "library/events/take_events.h"
 #include "library/failure.h"
@@ -26,6 +27,16 @@
 #include "tremolux/process/progress.h"
 
 namespace tremolux {
+namespace {
+
+Envelope ReadEnvelopeFile(const std::string &name) {
+    std::string bytes, reason;
+    if (!host::ReadFile(std::filesystem::u8path(name), &bytes, &reason)) throw Failure(kExitInput, reason);
+    return ReadEnvelope(name, bytes);
+}
+
+}  // namespace
+
 Playback::Playback(const MoveOptions &options)
     : Playback(options, ReadMoveFile(options.input, options.ReadOptions())) {}
 
@@ -55,6 +66,7 @@ Playback::Playback(const MoveOptions &options, const CameraMove &move)
     }
     direction_.Options(move_);
     jolts_ = ReadJolts(options.jolts, move_, settings_);
+    if (!options.envelope.empty()) envelope_ = ReadEnvelopeFile(options.envelope);
     last_played_ = last_frame_;
     if (direction_.loop) PlanTheLoop(options.input);
     staged_ = options.recording.PutOnto(loop_ ? staged_ : move_, formats_);
@@ -92,6 +104,7 @@ void Playback::Start() {
     ApplySettings(settings_, Rate().Whole(), tag);
     if (stage_->SecondTag() != nullptr) SeedSecond(*tag, presets_seed, stage_->SecondTag());
     TakeEvents(jolts_.frames, Rate().Whole(), tag);
+    if (!envelope_.empty()) ApplyEnvelope(envelope_, staged_, tag);
     ApplyKeys(keys_, Rate().Whole(), tag);
     if (!made_for_) return;
     for (const std::string &note : KeepHertz(*made_for_, Rate().PerSecond(), tag))

@@ -10,6 +10,7 @@
 
 #include "host/value/container.h"
 #include "library/direction/loop.h"
+#include "library/fit/envelope.h"
 #include "library/moves/played_motion.h"
 #include "library/shots/embedded_host.h"
 #include "library/shots/stage.h"
@@ -57,6 +58,7 @@ class Playback {
     std::vector<std::string> settings_, keys_;
     DirectionChoices direction_;
     JoltsFound jolts_;
+    Envelope envelope_;
     std::optional<LoopPlan> loop_;
     std::optional<double> made_for_;
     bool rests_;  // the tag adds nothing but what it is told
