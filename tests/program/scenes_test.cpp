@@ -188,6 +188,48 @@ TEST_F(Scenes, GetTheCameraThatTheCommandAsksAbout) {
     ExpectRefused({"press", "Coffee Cup", Path("b.scene"), "--in-place"}, "found 2 TremoluxCam tags");
 }
 
+// Positions of the first frames, as a table of keys and a camera table have them.
+std::vector<double> KeysOf(const std::string &keys, const std::string &parameter) {
+    std::vector<double> values;
+    std::istringstream lines(keys);
+    for (std::string line; std::getline(lines, line);)
+        if (line.rfind(parameter + ",", 0) == 0) values.push_back(std::stod(line.substr(line.rfind(',') + 1)));
+    return values;
+}
+
+std::vector<double> ColumnOf(const std::string &table, int column) {
+    std::vector<double> values;
+    std::istringstream lines(table);
+    std::string line;
+    std::getline(lines, line);
+    while (std::getline(lines, line)) {
+        std::istringstream fields(line);
+        std::string field;
+        for (int i = 0; i <= column; ++i) std::getline(fields, field, ',');
+        values.push_back(std::stod(field));
+    }
+    return values;
+}
+
+TEST_F(Scenes, GetTheTwoCamerasOfAPair) {
+    Text({"presets", "save", "Sway", "--set", "Position Slow=10%", "--set", "Jolt=off", "--set", "Seed=1"});
+    Text({"presets", "save", "Step", "--set", "Position Medium=50%", "--set", "Jolt=off", "--set", "Seed=2", "--set",
+          "Initial Pos Smooth=60%"});
+    Shake("live.csv", {"--scene", Path("a.scene")});
+    Text({"shake", Path("move.csv"), "--preset", "Sway", "--then", "Step", "-o", Path("pair.csv"), "--quiet"});
+    Text({"apply", Path("a.scene"), "--camera", "Input Camera", "--preset", "Sway", "--then", "Step", "-o",
+          Path("b.scene")});
+    Text({"bake", Path("b.scene"), "--brute", "--camera", "Second Camera", "--in-place", "--quiet"});
+    const std::string keys = Text({"keys", Path("b.scene"), "--camera", "Second Camera"});
+    const std::vector<double> built = KeysOf(keys, "Position . Y"), shaken = ColumnOf(workplace_.Read("pair.csv"), 2);
+    ASSERT_EQ(built.size(), 50U);
+    ASSERT_EQ(shaken.size(), 50U);
+    for (std::size_t i = 0; i < 50; ++i) EXPECT_NEAR(built[i], shaken[i], 1e-9) << i;
+    ExpectRefused({"apply", Path("a.scene"), "--camera", "Input Camera", "--preset", "Nothing", "-o", Path("c.scene")},
+                  "--preset: found no preset 'Nothing'");
+    EXPECT_EQ(workplace_.Read("c.scene"), "(missing)");
+}
+
 TEST_F(Scenes, ListTheirKeysIntoAFile) {
     Shake("live.csv", {"--scene", Path("a.scene")});
     const std::string listed = Text({"keys", Path("a.scene"), "--camera", "Input Camera"});

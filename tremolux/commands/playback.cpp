@@ -16,6 +16,7 @@
 #include "library/parameters/setting_keys.h"
 #include "library/parameters/settings.h"
 #include "library/presets/catalog.h"
+#include "library/presets/chosen_preset.h"
 #include "library/presets/facts.h"
 #include "library/presets/mix.h"
 #include "library/presets/pair.h"
@@ -114,33 +115,20 @@ void Playback::Start() {
 
 void Playback::ChoosePresets() {
     host::Tag *tag = &stage_->CameraTag();
-    std::optional<host::Container> second;
-    if (OpenPresetFile(&second)) {
-        AddSecondCamera(second);
-        return;
+    if (presets_.size() == 1) {
+        if (const std::optional<ChosenPreset> opened = OpenPresetFile(presets_.front(), tag)) {
+            applied_preset_ = opened->name;
+            AddSecondCamera(opened->second);
+            return;
+        }
     }
+    std::optional<host::Container> second;
     const std::vector<PresetShare> mix = ReadPresetShares(ReadCatalog(tag), presets_, "--preset");
     ChooseMix(mix, tag);
     applied_preset_ = MixName(mix);
     if (mix.size() == 1) second = SecondOfEntry(mix.front().preset, host_->ModuleFile(), *tag);
     CarryHertz(RateOf(mix, ReadPresetFacts(host_->ModuleFile())), tag);
     AddSecondCamera(second);
-}
-
-// A name that no preset has may be a file's.
-bool Playback::OpenPresetFile(std::optional<host::Container> *second) {
-    const std::filesystem::path file = std::filesystem::u8path(presets_.front());
-    if (presets_.size() != 1 || !host::Exists(file, false)) return false;
-    host::Tag *tag = &stage_->CameraTag();
-    const std::vector<CatalogEntry> catalog = ReadCatalog(tag);
-    if (std::any_of(catalog.begin(), catalog.end(),
-                    [&](const CatalogEntry &entry) { return entry.name == presets_.front(); }))
-        return false;
-    const host::Container preset = ReadPresetFile(file);
-    ApplyPresetValues(preset, tag);
-    applied_preset_ = NameOfPreset(preset);
-    *second = SecondOf(preset);
-    return true;
 }
 
 void Playback::CarryHertz(double rate, host::Tag *tag) {
@@ -151,16 +139,14 @@ void Playback::CarryHertz(double rate, host::Tag *tag) {
 
 void Playback::AddSecondCamera(const std::optional<host::Container> &own) {
     if (then_.empty() && !own) return;
-    const std::vector<CatalogEntry> catalog = ReadCatalog(&stage_->CameraTag());
     host::Tag *tag = stage_->AddSecondCamera();
     if (then_.empty()) {
         ApplyPresetValues(*own, tag);
         CarryHertz(preset_rate_, tag);
     } else {
-        const CatalogEntry &entry = FindPreset(catalog, then_, "--then");
-        ChoosePreset(entry, tag);
-        applied_preset_ += (applied_preset_.empty() ? "" : ", then ") + entry.name;
-        CarryHertz(RateOf({{entry, 1}}, ReadPresetFacts(host_->ModuleFile())), tag);
+        const ChosenPreset then = ChooseNamedPreset(then_, "--then", host_->ModuleFile(), tag);
+        applied_preset_ += (applied_preset_.empty() ? "" : ", then ") + then.name;
+        CarryHertz(then.made_for, tag);
     }
     FollowExactly(tag);
 }

@@ -64,7 +64,6 @@ class Playback {
     bool rests_;  // the tag adds nothing but what it is told
     void ChoosePresets();
     void AddSecondCamera(const std::optional<host::Container> &own);
-    bool OpenPresetFile(std::optional<host::Container> *second);
     void CarryHertz(double rate, host::Tag *tag);
     void PlanTheLoop(const std::string &input);
     CameraMove move_;    // the user's own

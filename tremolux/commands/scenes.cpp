@@ -1,4 +1,6 @@
 // Commands that work on saved documents, as a user would in the application.
+#include <algorithm>
+
 #include "generated/module_ids.h"
 #include "host/animation/track.h"
 #include "host/scene/object.h"
@@ -7,9 +9,13 @@
 #include "library/failure.h"
 #include "library/formats/format.h"
 #include "library/formats/source_text.h"
+#include "library/frame_rates/keep_hz.h"
 #include "library/parameters/lookup.h"
+#include "library/presets/chosen_preset.h"
+#include "library/presets/pair.h"
 #include "library/shots/keys.h"
 #include "library/shots/scene.h"
+#include "library/shots/second_camera.h"
 #include "tremolux/commands/commands.h"
 #include "tremolux/commands/move_options.h"
 #include "tremolux/process/interrupt.h"
@@ -24,7 +30,7 @@ namespace {
 struct SceneOptions {
     HostOptions host;
     FormatChoices formats;  // of the move that is imported
-    std::string scene, output, camera, button, move;
+    std::string scene, output, camera, button, move, preset, then;
     std::vector<std::string> answers;
     bool control = false, quiet = false, quick = false, brute = false, undo = false, in_place = false, json = false;
 
@@ -137,6 +143,51 @@ void Keys(const SceneOptions &options) {
     Print(KeysText(*camera));
 }
 
+std::vector<host::Tag *> CameraTags(const host::Document &document) {
+    std::vector<host::Tag *> tags;
+    for (host::Object *object : document.AllObjects())
+        for (host::Node *tag = object->FirstTag(); tag != nullptr; tag = tag->Next())
+            if (tag->Type() == ids::kTremoluxCamId) tags.push_back(static_cast<host::Tag *>(tag));
+    return tags;
+}
+
+// The module's command on the active camera. Null: nobody wanted a new camera.
+host::Tag *CallApply(host::Application *application, const host::Document &document) {
+    const std::vector<host::Tag *> before = CameraTags(document);
+    application->CallCommand(ids::kTremoluxCommandId);
+    application->HandleEvents();
+    for (host::Tag *tag : CameraTags(document))
+        if (std::find(before.begin(), before.end(), tag) == before.end()) return tag;
+    return nullptr;
+}
+
+void CarryHertz(double made_for, int frames_per_second, host::Tag *tag) {
+    if (made_for > 0 && made_for != frames_per_second) KeepHertz(made_for, frames_per_second, tag);
+}
+
+// The preset on the camera's tag, and where it is a pair, or another one shall follow, a second camera behind the
+// first.
+void ApplyPresets(const SceneOptions &options, EmbeddedHost *host, host::Document *document, host::Tag *tag) {
+    const int frames_per_second = document->Fps();
+    ChosenPreset first;
+    if (!options.preset.empty()) first = ChooseNamedPreset(options.preset, "--preset", host->ModuleFile(), tag);
+    CarryHertz(first.made_for, frames_per_second, tag);
+    if (options.then.empty() && !first.second) return;
+    document->SetActiveObject(tag->GetObject());
+    host::Tag *second = CallApply(&host->Application(), *document);
+    if (second == nullptr) throw Failure(kExitModule, "apply: found no second camera, expected one behind the first");
+    if (options.then.empty()) {
+        ApplyPresetValues(*first.second, second);
+        CarryHertz(first.made_for, frames_per_second, second);
+    } else {
+        CarryHertz(ChooseNamedPreset(options.then, "--then", host->ModuleFile(), second).made_for, frames_per_second,
+                   second);
+    }
+    FollowExactly(second);
+    SeedSecond(*tag, tag->Data().Whole(ids::kSeed), second);
+    second->GetObject()->SetName("Second Camera");
+}
+
 void Apply(const SceneOptions &options) {
     const std::filesystem::path output = CheckedOutput("apply", options);
     // A question that nobody answered would leave a camera without an input.
@@ -146,8 +197,9 @@ void Apply(const SceneOptions &options) {
     const OpenScene scene(&host, options.Scene());
     scene.Document()->SetActiveObject(options.camera.empty() ? nullptr : scene.Camera(options.camera));
     Script(options.answers, &host.Application().dialogs);
-    host.Application().CallCommand(ids::kTremoluxCommandId);
-    host.Application().HandleEvents();
+    host::Tag *tag = CallApply(&host.Application(), *scene.Document());
+    if (tag != nullptr && !(options.preset.empty() && options.then.empty()))
+        ApplyPresets(options, &host, scene.Document(), tag);
     scene.Save(output);
     Print(WhatHappened(host.Application()));
 }
@@ -187,6 +239,9 @@ void AddSceneCommands(Command program, Action *action) {
 
     command = AddSceneCommand(program, action, apply, "apply", "Makes a camera of a saved scene hand-held", Apply);
     command.Add("SCENE", &apply->scene, "the scene").Required();
+    command.Add("--preset", &apply->preset,
+                "a preset, as for shake: a pair builds two cameras, of which the second has the motion of both");
+    command.Add("--then", &apply->then, "a preset of a second camera behind the first, as for shake");
 
     command = AddSceneCommand(program, action, keys, "keys", "Shows the keys of a camera in a saved scene", Keys);
     command.Find("--output").Description("table to write, else the standard output; with --import the scene");
