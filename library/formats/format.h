@@ -48,6 +48,8 @@ struct MoveFormat {
     const char *lost;  // what of every move the format has no place for, in words; null when nothing is lost
     TraitSet carries;  // of what a file may say beside the motion
     bool keeps_rate_and_film_back = true;  // where `lost` does not speak of them
+    // Instead of `read`, of a file that may be too large for the memory; null: it is read whole.
+    CameraMove (*read_file)(const std::filesystem::path &file, const FormatOptions &options) = nullptr;
 };
 
 // What of this move the format has no place for, in words; empty when nothing is lost.
