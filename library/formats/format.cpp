@@ -115,6 +115,7 @@ const std::vector<MoveFormat> &MoveFormats() {
          kLensShift | kPathTrait},
         {".mp4", ReadFilm, nullptr, nullptr, 0, true, ReadFilmFile},
         {".mov", ReadFilm, nullptr, nullptr, 0, true, ReadFilmFile},
+        {".gcsv", ReadGcsvMove, nullptr, nullptr, 0},
         {".raw", ReadPayloads, nullptr, nullptr, 0}};
     return formats;
 }

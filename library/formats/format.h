@@ -32,6 +32,8 @@ struct FormatOptions {
     std::optional<FrameRate> retime;           // the move's times are brought onto the frames of this rate
     std::filesystem::path folder;              // where files lie that a file names; empty: none is opened
     std::string stream_format;                 // the extension of bytes that come without a file's name
+    std::optional<bool> rates_in_degrees;  // of a sensor's table that does not say it: rates a second, and angles
+    std::string sensor_axes;               // the picture's x, y and z as letters of the sensor's; empty: not said
     bool only_positions = false;               // a moving point is wanted: a table may lack the angles
 };
 

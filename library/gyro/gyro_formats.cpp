@@ -1,8 +1,11 @@
 #include "library/gyro/gyro_formats.h"
 
 #include "host/value/text.h"
+#include "library/gyro/gcsv.h"
 #include "library/gyro/gpmf_log.h"
 #include "library/gyro/gyro_move.h"
+#include "library/gyro/rate_table.h"
+#include "library/gyro/sensor_axes.h"
 
 namespace tremolux {
 
@@ -19,6 +22,20 @@ CameraMove ReadFilmFile(const std::filesystem::path &file, const FormatOptions &
 
 CameraMove ReadPayloads(const std::string &file, std::string_view bytes, const FormatOptions &options) {
     return MoveOfGyro(file, ReadPayloadLog(file, bytes), options);
+}
+
+CameraMove ReadGcsvMove(const std::string &file, std::string_view bytes, const FormatOptions &options) {
+    return MoveOfGyro(file, ReadGcsv(file, bytes), options);
+}
+
+std::optional<CameraMove> ReadSensorTable(const std::string &file, const SourceText &source,
+                                          const FormatOptions &options) {
+    const std::optional<RateColumns> columns = FindRateColumns(source);
+    if (!columns) return std::nullopt;
+    RateTableOptions table;
+    if (options.rates_in_degrees) table.unit = *options.rates_in_degrees ? AngleUnit::kDegrees : AngleUnit::kRadians;
+    if (!options.sensor_axes.empty()) table.axes = AxesOfLetters(options.sensor_axes);
+    return MoveOfGyro(file, ReadRateTable(file, source, *columns, table), options);
 }
 
 }  // namespace tremolux

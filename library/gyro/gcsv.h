@@ -1,0 +1,14 @@
+// Text logs of a rate sensor beside a camera: a few keys, then a table of counts.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "library/gyro/gyro_log.h"
+
+namespace tremolux {
+
+// Unknown keys, blank lines and a last row that was cut off are passed over; what changes the meaning is refused.
+GyroLog ReadGcsv(const std::string &file, std::string_view bytes);
+
+}  // namespace tremolux
