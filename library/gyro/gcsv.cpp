@@ -35,7 +35,7 @@ struct GcsvKey {
 // Between them stands a comma; in some files a colon.
 GcsvKey KeyOf(const Line &line) {
     const std::size_t end = line.text.find_first_of(",:");
-    if (end == std::string_view::npos) return {LowerCaseWord(Trimmed(line.text)), {{}, 1}};
+    if (end == std::string_view::npos) return {LowerCaseWord(Trimmed(line.text)), {{}, line.text.size() + 1}};
     const std::string_view value = Trimmed(line.text.substr(end + 1));
     const std::size_t column = value.empty() ? end + 2 : static_cast<std::size_t>(value.data() - line.text.data()) + 1;
     return {LowerCaseWord(Trimmed(line.text.substr(0, end))), {value, column}};
@@ -99,7 +99,8 @@ GcsvHeader ReadHeader(const SourceText &source) {
 
 class GcsvRows {
   public:
-    GcsvRows(const SourceText &source, const GcsvHeader &header) : source_(source), header_(header) {
+    GcsvRows(const SourceText &source, const GcsvHeader &header, bool ends)
+        : source_(source), header_(header), ends_(ends) {
         const std::size_t last = (*header_.rates)[2];
         fewest_ = std::max({(*header_.rates)[0], (*header_.rates)[1], last}) + 1;
     }
@@ -111,7 +112,8 @@ class GcsvRows {
             if (Trimmed(line.text).empty()) continue;
             const std::vector<Field> fields = CommaFields(line.text);
             const bool is_whole = fields.size() >= fewest_ && !fields[fewest_ - 1].text.empty();
-            if (!is_whole && i + 1 == lines.size()) {
+            // The number in it may be a part of one.
+            if (i + 1 == lines.size() && (!is_whole || !ends_)) {
                 *cut_off = true;
                 return;
             }
@@ -144,6 +146,7 @@ class GcsvRows {
 
     const SourceText &source_;
     const GcsvHeader &header_;
+    bool ends_;  // the file, with a line end
     std::size_t fewest_;
 };
 
@@ -156,7 +159,8 @@ GyroLog ReadGcsv(const std::string &file, std::string_view bytes) {
     log.camera = header.camera;
     log.readout_ms = header.readout_ms;
     bool cut_off = false;
-    GcsvRows(source, header).Read(&log.rates, &log.accelerations, &cut_off);
+    const bool ends = !bytes.empty() && bytes.back() == '\n';
+    GcsvRows(source, header, ends).Read(&log.rates, &log.accelerations, &cut_off);
     if (cut_off) log.notes.emplace_back("the last row was cut off and is left out");
     if (log.rates.empty()) throw Failure(kExitInput, file + ": found no rows, expected samples of a rate sensor");
     if (!header.axes) log.notes.emplace_back("the axes are not said ('orientation'): taken as the picture's x, y and z");

@@ -12,6 +12,7 @@ namespace tremolux {
 namespace {
 
 constexpr std::size_t kItemHeader = 8, kItemAlignment = 4;
+constexpr std::string_view kDevice = "DEVC", kPaddingKey("\0\0\0\0", 4);
 constexpr char kNested = '\0', kText = 'c';
 
 // A key with its data, or with the items within it.
@@ -84,7 +85,7 @@ void SkipTo(ByteReader *reader, std::size_t place, std::size_t end) {
 }
 
 // Payloads are filled up with zeros.
-bool IsPadding(const GpmfItem &item) { return item.key == std::string(4, '\0'); }
+bool IsPadding(const GpmfItem &item) { return item.key == kPaddingKey; }
 
 std::vector<double> NumbersOf(const ByteReader &reader, const GpmfItem &item) {
     const auto type = std::find_if(std::begin(kNumberTypes), std::end(kNumberTypes),
@@ -181,10 +182,12 @@ std::vector<GpmfDevice> ReadGpmf(const std::string &file, std::string_view paylo
     ByteReader reader(file, payload, "a payload of a camera's metadata");
     std::vector<GpmfDevice> devices;
     while (reader.Left() > 0) {
+        const std::string_view key = payload.substr(reader.Place(), kDevice.size());
+        if (key != kDevice && key != kPaddingKey)
+            reader.Refuse(Quoted(key), "a device ('DEVC'): the file is no payload of a camera's metadata");
         const GpmfItem item = TakeItem(&reader, payload.size());
         if (IsPadding(item)) break;
-        if (item.type != kNested || item.key != "DEVC")
-            reader.Refuse(Quoted(item.key), "a device ('DEVC'): the file is no payload of a camera's metadata");
+        if (item.type != kNested) reader.Refuse("a device that is none", "streams within it");
         ReadDevice(&reader, item.end, &devices.emplace_back());
         SkipTo(&reader, item.end, payload.size());
     }

@@ -1,6 +1,7 @@
 #include "library/gyro/mp4_index.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "library/events/byte_reader.h"
 #include "library/failure.h"
@@ -17,6 +18,8 @@ constexpr std::uint64_t kMaxIndexBytes = std::uint64_t{1} << 27;
 constexpr std::uint64_t kMaxPayloads = 1000000;
 // A second's payload is tens of kilobytes.
 constexpr std::uint64_t kMaxPayloadBytes = std::uint64_t{1} << 26, kMaxMotionBytes = std::uint64_t{1} << 30;
+// What a film begins with.
+constexpr std::string_view kFirstBoxes[] = {"ftyp", "moov", "mdat", "free", "skip", "wide", "pnot", "uuid"};
 constexpr std::uint64_t kShortHeader = 8, kLongHeader = 16;
 
 // Within the index.
@@ -221,8 +224,8 @@ std::string ReadIndexBox(const std::string &file, ByteSource *source) {
         }
         const std::uint64_t left = source->Size() - place;
         if (size == 0) size = left;
-        const bool has_name = std::all_of(kind.begin(), kind.end(), [](char c) { return c >= ' ' && c <= '~'; });
-        if (!has_name || size < header) refuse(place, Quoted(kind), kNoFilm);
+        const bool is_film = place > 0 || std::find(std::begin(kFirstBoxes), std::end(kFirstBoxes), kind) != std::end(kFirstBoxes);
+        if (!is_film || size < header) refuse(place, Quoted(kind), kNoFilm);
         if (size > left)
             refuse(place, std::to_string(left) + " bytes of " + Quoted(kind),
                    std::to_string(size) + " (the film may be cut off)");
