@@ -7,6 +7,7 @@
 #include "library/gyro/gpmf.h"
 #include "library/gyro/mp4_index.h"
 #include "library/gyro/sensor_axes.h"
+#include "library/gyro/words.h"
 
 namespace tremolux {
 namespace {
@@ -38,10 +39,11 @@ class GpmfLog {
         if (device.streams.empty()) return;
         if (!device_) {
             device_ = device.id;
-            log_.camera = device.name;
+            log_.camera = PrintableWords(device.name);
         }
         if (device.id != *device_) {
-            Note("another device of the film, " + Quoted(device.name) + ", is left out");
+            if (!has_other_device_) Note("another device, " + Quoted(device.name) + ", is left out");
+            has_other_device_ = true;
             return;
         }
         for (const GpmfStream &stream : device.streams) Add(stream, span);
@@ -115,6 +117,7 @@ class GpmfLog {
     const std::string file_;
     GyroLog log_;
     std::optional<std::uint64_t> device_;
+    bool has_other_device_ = false;
 };
 
 bool HasMotion(const GpmfDevice &device) { return !device.streams.empty(); }

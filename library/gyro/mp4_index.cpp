@@ -14,6 +14,8 @@ constexpr const char *kNoFilm = "a film (.mp4 or .mov)";
 constexpr const char *kMotionFormat = "gpmd", *kPictureHandler = "vide";
 // The index of many hours is a few megabytes.
 constexpr std::uint64_t kMaxIndexBytes = std::uint64_t{1} << 27;
+// A film has a few tracks, a track a few tables.
+constexpr std::size_t kMaxBoxes = 1000;
 // A payload a second: more than eleven days.
 constexpr std::uint64_t kMaxPayloads = 1000000;
 // A second's payload is tens of kilobytes.
@@ -48,6 +50,7 @@ class FilmBoxes {
             if (size == 0) size = header + left;
             if (size < header || size - header > left)
                 reader.Refuse(std::to_string(size) + " bytes of " + Quoted(kind), "the size of a box of the index");
+            if (boxes.size() == kMaxBoxes) reader.Refuse("another box", "at most " + std::to_string(kMaxBoxes) + " beside each other");
             boxes.push_back({kind, reader.Take(static_cast<std::size_t>(size - header))});
         }
         return boxes;

@@ -107,7 +107,7 @@ TEST(Gpmf, ASecondDeviceIsLeftOutAndSaid) {
     const GyroLog log = ReadPayloadLog("a.raw", Device(1, "Camera", gyro) + Device(2, "Drone", gyro));
     EXPECT_EQ(log.camera, "Camera");
     EXPECT_EQ(log.rates.size(), 1U);
-    EXPECT_EQ(log.notes.back(), "another device of the film, 'Drone', is left out");
+    EXPECT_EQ(log.notes.back(), "another device, 'Drone', is left out");
 }
 
 TEST(Gpmf, OtherStreamsAndPaddingArePassedOver) {
