@@ -43,8 +43,9 @@ CameraMove MoveOfGyro(const std::string &file, GyroLog log, const FormatOptions 
         throw Failure(kExitInput, file + ": found motion from " + ShortNumber(start) + " to " +
                                       ShortNumber(orientations.back().time) + " s, expected at most " +
                                       std::to_string(kMaxFrames) + " frames");
-    for (double frame = 0; move.samples.size() < static_cast<std::size_t>(frames); ++frame)
-        move.samples.push_back(SampleOf(OrientationAt(orientations, start + frame / rate)));
+    const auto count = static_cast<std::size_t>(frames);
+    for (std::size_t frame = 0; frame < count; ++frame)
+        move.samples.push_back(SampleOf(OrientationAt(orientations, start + static_cast<double>(frame) / rate)));
     if (!recording->log.is_upright) StartAhead(&move.samples);
     MakeContinuous(&move.samples);
     move.notes = recording->log.notes;
