@@ -24,20 +24,17 @@ bool MemorySource::Fill(std::uint64_t offset, std::string *bytes) {
 }
 
 FileSource::FileSource(const std::filesystem::path &file)
-    : ByteSource(host::PathText(file)), stream_(file, std::ios::binary) {
+    : ByteSource(host::PathText(file)), file_(host::OpenToRead(file)) {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(file, error);
-    if (error || !stream_) {
+    if (error || !file_)
         throw Failure(kExitInput, host::PathText(file) + ": found a file that cannot be read, expected recorded motion");
-    }
     size_ = size;
 }
 
 bool FileSource::Fill(std::uint64_t offset, std::string *bytes) {
-    stream_.clear();
-    stream_.seekg(static_cast<std::streamoff>(offset));
-    stream_.read(bytes->data(), static_cast<std::streamsize>(bytes->size()));
-    return stream_.gcount() == static_cast<std::streamsize>(bytes->size());
+    return host::GoToByte(file_.get(), static_cast<std::int64_t>(offset)) &&
+           std::fread(bytes->data(), 1, bytes->size(), file_.get()) == bytes->size();
 }
 
 }  // namespace tremolux

@@ -3,9 +3,10 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <string_view>
+
+#include "host/services/platform.h"
 
 namespace tremolux {
 
@@ -49,7 +50,7 @@ class FileSource : public ByteSource {
   private:
     bool Fill(std::uint64_t offset, std::string *bytes) override;
 
-    std::ifstream stream_;
+    host::OpenFile file_;
     std::uint64_t size_ = 0;
 };
 

@@ -55,8 +55,12 @@ Eigen::Vector3d ValueAt(const std::vector<GyroSample> &samples, double time) {
     return last.value + (next->value - last.value) * ((time - last.time) / (next->time - last.time));
 }
 
-Eigen::Quaterniond ToUpright(const Eigen::Vector3d &up) {
-    return Eigen::Quaterniond::FromTwoVectors(up, Eigen::Vector3d::UnitY());
+// The shortest turn to y; of what hangs upside down, half a turn about x.
+Eigen::Quaterniond ToUpright(const Eigen::Vector3d &direction) {
+    constexpr double kHanging = 1e-12;
+    const Eigen::Vector3d up = direction.normalized();
+    if (1 + up.y() < kHanging) return {0, 1, 0, 0};
+    return Eigen::Quaterniond(1 + up.y(), -up.z(), 0, up.x()).normalized();
 }
 
 }  // namespace

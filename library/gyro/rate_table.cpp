@@ -153,7 +153,7 @@ void AddQuaternions(const RateTableRows &rows, const Eigen::Matrix3d &axes, cons
                     GyroLog *log) {
     const Eigen::Quaterniond sensor_of_picture(Eigen::Matrix3d(axes.transpose()));
     const Eigen::Quaterniond upright =
-        world.is_z_up ? Eigen::Quaterniond::FromTwoVectors(Eigen::Vector3d::UnitZ(), Eigen::Vector3d::UnitY())
+        world.is_z_up ? Eigen::Quaterniond(std::sqrt(0.5), -std::sqrt(0.5), 0, 0)
                       : Eigen::Quaterniond::Identity();
     for (std::size_t i = 0; i < rows.times.size(); ++i)
         log->orientations.push_back(

@@ -93,6 +93,12 @@ TEST(Orientation, ATiltedStartIsFound) {
     EXPECT_LT(path.back().rotation.angularDistance(About(kX, 20 * kDegree)), 1e-12);
 }
 
+TEST(Orientation, ACameraThatHangsUpsideDownIsTurnedUpright) {
+    std::vector<GyroOrientation> path = {{0, Eigen::Quaterniond::Identity()}};
+    LevelOnce({{0, -kY}}, &path);
+    EXPECT_NEAR((path.front().rotation * -kY - kY).norm(), 0, 1e-12);
+}
+
 TEST(Orientation, AnAccelerometerThatFeelsNothingLevelsNothing) {
     std::vector<GyroOrientation> path = {{0, About(kZ, 0.5)}};
     LevelSlowly({{0, Eigen::Vector3d::Zero()}}, 5, &path);
