@@ -152,9 +152,10 @@ class GcsvRows {
 
 }  // namespace
 
-GyroLog ReadGcsv(const std::string &file, std::string_view bytes) {
+GyroLog ReadGcsv(const std::string &file, std::string_view bytes, const std::optional<Eigen::Matrix3d> &axes) {
     const SourceText source(file, bytes);
-    const GcsvHeader header = ReadHeader(source);
+    GcsvHeader header = ReadHeader(source);
+    if (axes) header.axes = axes;
     GyroLog log;
     log.camera = header.camera;
     log.readout_ms = header.readout_ms;
@@ -169,9 +170,9 @@ GyroLog ReadGcsv(const std::string &file, std::string_view bytes) {
         log.notes.emplace_back("no scale of the times ('tscale'): taken from their step");
     }
     const double seconds = header.time_scale.value_or(SecondsOfSensorTimes(TimesOf(log.rates)));
-    const Eigen::Matrix3d axes = header.axes.value_or(Eigen::Matrix3d::Identity());
-    ScaleSamples(file, {seconds, header.rate_scale.value_or(1), kMaxAngularRate}, axes, &log.rates);
-    ScaleSamples(file, {seconds, header.acceleration_scale.value_or(1) * kStandardGravity, kMaxAcceleration}, axes,
+    const Eigen::Matrix3d picture = header.axes.value_or(Eigen::Matrix3d::Identity());
+    ScaleSamples(file, {seconds, header.rate_scale.value_or(1), kMaxAngularRate}, picture, &log.rates);
+    ScaleSamples(file, {seconds, header.acceleration_scale.value_or(1) * kStandardGravity, kMaxAcceleration}, picture,
                  &log.accelerations);
     KeepRising(&log);
     return log;

@@ -1,6 +1,7 @@
 // Text logs of a rate sensor beside a camera: a few keys, then a table of counts.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,7 @@
 namespace tremolux {
 
 // Unknown keys, blank lines and a last row that was cut off are passed over; what changes the meaning is refused.
-GyroLog ReadGcsv(const std::string &file, std::string_view bytes);
+// `axes`, where they are known, are taken instead of the file's: from the sensor's to the picture's.
+GyroLog ReadGcsv(const std::string &file, std::string_view bytes, const std::optional<Eigen::Matrix3d> &axes = {});
 
 }  // namespace tremolux

@@ -8,6 +8,12 @@
 #include "library/gyro/sensor_axes.h"
 
 namespace tremolux {
+namespace {
+
+// Nothing where nobody said them.
+std::optional<Eigen::Matrix3d> AxesOf(const FormatOptions &options) { return AxesOfLetters(options.sensor_axes); }
+
+}  // namespace
 
 CameraMove ReadFilm(const std::string &file, std::string_view bytes, const FormatOptions &options) {
     MemorySource source(file, bytes);
@@ -25,7 +31,7 @@ CameraMove ReadPayloads(const std::string &file, std::string_view bytes, const F
 }
 
 CameraMove ReadGcsvMove(const std::string &file, std::string_view bytes, const FormatOptions &options) {
-    return MoveOfGyro(file, ReadGcsv(file, bytes), options);
+    return MoveOfGyro(file, ReadGcsv(file, bytes, AxesOf(options)), options);
 }
 
 std::optional<CameraMove> ReadSensorTable(const std::string &file, const SourceText &source,
@@ -34,7 +40,7 @@ std::optional<CameraMove> ReadSensorTable(const std::string &file, const SourceT
     if (!columns) return std::nullopt;
     RateTableOptions table;
     if (options.rates_in_degrees) table.unit = *options.rates_in_degrees ? AngleUnit::kDegrees : AngleUnit::kRadians;
-    if (!options.sensor_axes.empty()) table.axes = AxesOfLetters(options.sensor_axes);
+    table.axes = AxesOf(options);
     return MoveOfGyro(file, ReadRateTable(file, source, *columns, table), options);
 }
 

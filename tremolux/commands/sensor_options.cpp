@@ -18,8 +18,8 @@ void AddSensorOptions(Command command, SensorChoices *choices) {
                 "unit of a sensor's table that does not say it: rad or deg, for rates a second and for angles");
     command.Add(
         "--sensor-axes", &choices->axes,
-        "of a sensor's table: the picture's x (right), y (up) and z (backwards) as letters of the sensor's axes, "
-        "a small one for the opposite; else as a phone has them, by gravity upright or sideways: YxZ");
+        "of a sensor's table or log: the picture's x (right), y (up) and z (backwards) as letters of the sensor's "
+        "axes, a small one for the opposite: YxZ; else what a log says, and of a phone what gravity says");
 }
 
 }  // namespace tremolux

@@ -57,6 +57,9 @@ TEST(Recordings, OptionsSayWhatATableDoesNot) {
     const Outcome outcome =
         workplace.RunBare({"inspect", file, "--samples", "gyro", "--rates", "rad", "--sensor-axes", "zXY"});
     EXPECT_EQ(outcome.out, "t,x,y,z\n0,-4,1,2\n0.1,-4,1,2\n");
+    const std::string log = workplace.Write("a.gcsv", kLog);
+    EXPECT_EQ(workplace.RunBare({"inspect", log, "--samples", "gyro", "--sensor-axes", "yXZ"}).out,
+              "t,x,y,z\n0,-1,0,0\n0.5,-1,0,0\n1,-1,0,0\n");
     EXPECT_EQ(workplace.RunBare({"inspect", file, "--rates", "turns"}).err,
               "--rates: found 'turns', expected rad or deg\n");
     EXPECT_EQ(workplace.RunBare({"inspect", file, "--sensor-axes", "XXY"}).err,
