@@ -20,6 +20,10 @@ constexpr std::string_view kPictureOfCamera = "xZY";
 constexpr double kSecondsOfPayload = 1;
 constexpr double kLongestPayload = 10;  // seconds; more between two clock readings is a gap
 
+// Hours at thousands a second; more would be a gigabyte.
+constexpr std::size_t kMaxSamples = std::size_t{1} << 25;
+constexpr std::size_t kMaxPayloadsBytes = std::size_t{1} << 26;
+
 struct PayloadSpan {
     double start, duration;  // seconds
 };
@@ -64,6 +68,9 @@ class GpmfLog {
 
   private:
     void Add(const GpmfStream &stream, const PayloadSpan &span) {
+        samples_ += stream.Rows();
+        if (samples_ > kMaxSamples)
+            throw Failure(kExitInput, file_ + ": found more samples, expected at most " + std::to_string(kMaxSamples));
         const auto step = span.duration / static_cast<double>(stream.Rows());
         const bool is_orientation = stream.key == "CORI";
         const Eigen::Matrix3d axes = stream.key == "GYRO" || stream.key == "ACCL" ? SensorToPicture(stream) : Eigen::Matrix3d();
@@ -74,18 +81,20 @@ class GpmfLog {
                 AddOrientation(time, v);
             } else if (stream.key == "GRAV") {
                 // Right, down and forwards.
-                log_.gravity.push_back({time, {v[0], -v[1], -v[2]}});
+                AddSensor(&GyroLog::gravity, kMaxAcceleration, {time, {v[0], -v[1], -v[2]}});
+            } else if (stream.key == "GYRO") {
+                AddSensor(&GyroLog::rates, kMaxAngularRate, {time, axes * Eigen::Vector3d(v[0], v[1], v[2])});
             } else {
-                AddSensor(stream.key == "GYRO", time, axes * Eigen::Vector3d(v[0], v[1], v[2]));
+                AddSensor(&GyroLog::accelerations, kMaxAcceleration, {time, axes * Eigen::Vector3d(v[0], v[1], v[2])});
             }
         }
     }
 
-    void AddSensor(bool is_rate, double time, const Eigen::Vector3d &value) {
-        if (value.cwiseAbs().maxCoeff() > (is_rate ? kMaxAngularRate : kMaxAcceleration))
-            throw Failure(kExitInput, file_ + ": found what no sensor measures after " + std::to_string(time) +
+    void AddSensor(std::vector<GyroSample> GyroLog::*samples, double limit, const GyroSample &sample) {
+        if (!sample.value.allFinite() || sample.value.cwiseAbs().maxCoeff() > limit)
+            throw Failure(kExitInput, file_ + ": found what no sensor measures after " + std::to_string(sample.time) +
                                           " s, expected radians a second and metres a second squared");
-        (is_rate ? log_.rates : log_.accelerations).push_back({time, value});
+        (log_.*samples).push_back(sample);
     }
 
     // Of the world in the camera's axes right, down and forwards: its inverse, with two axes turned round, is the camera's
@@ -118,6 +127,7 @@ class GpmfLog {
     GyroLog log_;
     std::optional<std::uint64_t> device_;
     bool has_other_device_ = false;
+    std::size_t samples_ = 0;
 };
 
 bool HasMotion(const GpmfDevice &device) { return !device.streams.empty(); }
@@ -153,6 +163,9 @@ GyroLog ReadFilmLog(const std::string &file, ByteSource *source) {
 }
 
 GyroLog ReadPayloadLog(const std::string &file, std::string_view bytes) {
+    if (bytes.size() > kMaxPayloadsBytes)
+        throw Failure(kExitInput, file + ": found " + std::to_string(bytes.size()) + " bytes, expected payloads of at most " +
+                                      std::to_string(kMaxPayloadsBytes));
     std::vector<GpmfDevice> devices = ReadGpmf(file, bytes);
     devices.erase(std::remove_if(devices.begin(), devices.end(), [](const GpmfDevice &device) { return !HasMotion(device); }),
                   devices.end());

@@ -7,7 +7,7 @@ namespace {
 
 constexpr double kStretch = 1;                                      // seconds
 constexpr double kMostError = 1 * host::kRadiansPerDegree;          // a second
-constexpr double kMostTremble = 0.2 * host::kRadiansPerDegree;      // a second, about the mean: below any hand's
+constexpr double kMostTremble = 0.3 * host::kRadiansPerDegree;      // a second, about the mean: below any hand's
 constexpr std::size_t kFewestSamples = 10;
 
 struct Stretch {

@@ -19,7 +19,7 @@ constexpr std::size_t kMaxBoxes = 1000;
 // A payload a second: more than eleven days.
 constexpr std::uint64_t kMaxPayloads = 1000000;
 // A second's payload is tens of kilobytes.
-constexpr std::uint64_t kMaxPayloadBytes = std::uint64_t{1} << 26, kMaxMotionBytes = std::uint64_t{1} << 30;
+constexpr std::uint64_t kMaxPayloadBytes = std::uint64_t{1} << 24, kMaxMotionBytes = std::uint64_t{1} << 30;
 // What a film begins with.
 constexpr std::string_view kFirstBoxes[] = {"ftyp", "moov", "mdat", "free", "skip", "wide", "pnot", "uuid"};
 constexpr std::uint64_t kShortHeader = 8, kLongHeader = 16;

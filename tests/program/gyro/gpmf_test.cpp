@@ -134,6 +134,11 @@ TEST(Gpmf, WhatIsNoPayloadIsRefused) {
               "a.raw: found no rates and no orientations, expected a camera's motion ('GYRO' or 'CORI')");
 }
 
+TEST(Gpmf, MoreThanHoursOfPayloadsAreRefused) {
+    EXPECT_EQ(GpmfRefusal(std::string((std::size_t{1} << 26) + 1, '\0')),
+              "a.raw: found 67108865 bytes, expected payloads of at most 67108864");
+}
+
 TEST(Gpmf, NumbersThatMeanNothingAreRefused) {
     const auto of = [](const std::string &items) { return GpmfRefusal(Device(1, "C", Stream(items))); };
     EXPECT_NE(of(ShortsItem("GYRO", 2, {1, 2})).find("found 2 columns of 'GYRO', expected 3"), std::string::npos);
@@ -147,6 +152,11 @@ TEST(Gpmf, NumbersThatMeanNothingAreRefused) {
               std::string::npos);
     EXPECT_NE(of(FloatsItem("MTRX", 2, {1, 0}) + ShortsItem("GYRO", 3, {1, 2, 3})).find("3 rows and 3 columns"),
               std::string::npos);
+    EXPECT_NE(of(FloatsItem("SCAL", 1, {1e-40F}) +
+                 Item("GYRO", 'd', 24, 1, BigEndian(0x7FE0000000000000, 8) + std::string(16, '\0')))
+                  .find("found what no sensor measures"),
+              std::string::npos);
+    EXPECT_NE(of(FloatsItem("GRAV", 3, {1e30F, 0, 0})).find("found what no sensor measures"), std::string::npos);
     EXPECT_NE(of(FloatsItem("GYRO", 3, {1, 2, 20000})).find("found what no sensor measures"), std::string::npos);
 }
 
