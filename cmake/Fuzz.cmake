@@ -14,7 +14,7 @@ endfunction()
 foreach(kind csv json chan usda gltf glb)
     tremolux_add_fuzz_target(${kind} move_file.cpp "TREMOLUX_FUZZED_EXTENSION=\".${kind}\"")
 endforeach()
-foreach(kind container document events hyperfile parameter_text table)
+foreach(kind container document events hyperfile parameter_text recordings table)
     tremolux_add_fuzz_target(${kind} ${kind}.cpp)
 endforeach()
 # What is fuzzed through the module itself works on the shot that is measured, too.

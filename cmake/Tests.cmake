@@ -158,6 +158,9 @@ if(NOT CMAKE_CROSSCOMPILING AND NOT TREMOLUX_SANITIZE)
     set_tests_properties(cluster PROPERTIES SKIP_RETURN_CODE 77 PROCESSORS 2 TIMEOUT 600)
 endif()
 if(NOT CMAKE_CROSSCOMPILING)
+    add_test(NAME interop.telemetry COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/interop/telemetry_test.py"
+                                            $<TARGET_FILE:tremolux>)
+    set_tests_properties(interop.telemetry PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 300)
     foreach(page cookbook jolts)
         add_test(NAME docs.${page} COMMAND /usr/bin/python3 "${PROJECT_SOURCE_DIR}/tests/docs/cookbook_test.py"
                                            "${PROJECT_SOURCE_DIR}" "${PROJECT_BINARY_DIR}" "${PROJECT_SOURCE_DIR}/docs/${page}.md")

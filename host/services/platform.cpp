@@ -61,6 +61,8 @@ OpenFile OpenToRead(const std::filesystem::path &file) { return OpenFile(_wfopen
 
 OpenFile OpenToWrite(const std::filesystem::path &file) { return OpenFile(_wfopen(file.c_str(), L"wb")); }
 
+bool GoToByte(std::FILE *file, std::int64_t place) { return _fseeki64(file, place, SEEK_SET) == 0; }
+
 bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to) {
     return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
 }
@@ -173,6 +175,8 @@ std::string EnvironmentText(const char *variable) {
 OpenFile OpenToRead(const std::filesystem::path &file) { return OpenFile(std::fopen(file.c_str(), "rb")); }
 
 OpenFile OpenToWrite(const std::filesystem::path &file) { return OpenFile(std::fopen(file.c_str(), "wb")); }
+
+bool GoToByte(std::FILE *file, std::int64_t place) { return fseeko(file, place, SEEK_SET) == 0; }
 
 bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to) {
     return std::rename(from.c_str(), to.c_str()) == 0;

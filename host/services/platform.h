@@ -32,6 +32,8 @@ struct CloseFile {
 using OpenFile = std::unique_ptr<std::FILE, CloseFile>;
 OpenFile OpenToRead(const std::filesystem::path &file);
 OpenFile OpenToWrite(const std::filesystem::path &file);
+// To a byte of the file, beyond 4 GB too; false where there is no such place.
+bool GoToByte(std::FILE *file, std::int64_t place);
 // `from` takes the place of `to` in one step, or nothing changes.
 bool RenameOver(const std::filesystem::path &from, const std::filesystem::path &to);
 // Whether this program may change the file: neither its mode nor its owner, nor on Windows its attribute, forbids it.

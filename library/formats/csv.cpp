@@ -7,6 +7,7 @@
 #include "library/formats/source_text.h"
 #include "library/formats/table.h"
 #include "library/formats/unit_question.h"
+#include "library/gyro/gyro_formats.h"
 
 namespace tremolux {
 namespace {
@@ -49,6 +50,9 @@ CameraSample ReadRow(const CsvRow &row) {
 CameraMove ReadCsv(const std::string &file, std::string_view bytes, const FormatOptions &options) {
     if (options.table) return ReadTable(file, bytes, *options.table, options);
     const SourceText source(file, bytes);
+    if (!options.only_positions) {
+        if (std::optional<CameraMove> sensor = ReadSensorTable(file, source, options)) return std::move(*sensor);
+    }
     const bool recorded = IsRecordingHeader(source);
     const CsvColumns &columns = options.only_positions ? kPointColumns : kCameraColumns;
     const CsvHeader header(source, recorded ? kRecordingColumns : columns, recorded ? "" : kOtherTables);

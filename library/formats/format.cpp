@@ -14,6 +14,7 @@
 #include "library/formats/radiance.h"
 #include "library/formats/source_text.h"
 #include "library/formats/usda.h"
+#include "library/gyro/gyro_formats.h"
 #include "library/moves/retime.h"
 
 namespace tremolux {
@@ -111,7 +112,11 @@ const std::vector<MoveFormat> &MoveFormats() {
         {".py", nullptr, WriteBlender, nullptr,
          kAllTraits & ~(TraitBit(kShutterOpen) | TraitBit(kShutterClose))},
         {".txt", nullptr, WritePoseLines, "focus distance, and focal length and film back but as their ratio",
-         kLensShift | kPathTrait}};
+         kLensShift | kPathTrait},
+        {".mp4", ReadFilm, nullptr, nullptr, 0, true, ReadFilmFile},
+        {".mov", ReadFilm, nullptr, nullptr, 0, true, ReadFilmFile},
+        {".gcsv", ReadGcsvMove, nullptr, nullptr, 0},
+        {".raw", ReadPayloads, nullptr, nullptr, 0}};
     return formats;
 }
 
@@ -175,10 +180,11 @@ CameraMove AtRatesOf(const FormatOptions &options, const std::string &name, Came
 CameraMove ReadMove(const fs::path &file, const FormatOptions &options) {
     const std::string name = host::PathText(file);
     const std::string expected = ", expected a camera file (" + KnownExtensions(FormatUse::kRead) + ")";
-    FormatToRead(file, options);
+    const MoveFormat &format = FormatToRead(file, options);
     std::error_code error;
     if (!fs::exists(file, error)) throw Failure(kExitInput, name + ": found no such file" + expected);
     if (!fs::is_regular_file(file, error)) throw Failure(kExitInput, name + ": found something else" + expected);
+    if (format.read_file != nullptr) return AtRatesOf(options, name, format.read_file(file, options));
     const std::uintmax_t size = fs::file_size(file, error);
     if (error) throw Failure(kExitInput, name + ": found a file that cannot be read" + expected);
     CheckSize(name, size);

@@ -32,6 +32,8 @@ struct FormatOptions {
     std::optional<FrameRate> retime;           // the move's times are brought onto the frames of this rate
     std::filesystem::path folder;              // where files lie that a file names; empty: none is opened
     std::string stream_format;                 // the extension of bytes that come without a file's name
+    std::optional<bool> rates_in_degrees;  // of a sensor's table that does not say it: rates a second, and angles
+    std::string sensor_axes;               // the picture's x, y and z as letters of the sensor's; empty: not said
     bool only_positions = false;               // a moving point is wanted: a table may lack the angles
 };
 
@@ -48,6 +50,8 @@ struct MoveFormat {
     const char *lost;  // what of every move the format has no place for, in words; null when nothing is lost
     TraitSet carries;  // of what a file may say beside the motion
     bool keeps_rate_and_film_back = true;  // where `lost` does not speak of them
+    // Instead of `read`, of a file that may be too large for the memory; null: it is read whole.
+    CameraMove (*read_file)(const std::filesystem::path &file, const FormatOptions &options) = nullptr;
 };
 
 // What of this move the format has no place for, in words; empty when nothing is lost.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -30,6 +31,8 @@ struct CameraSample {
 // Width of the film back where nothing says another, millimetres.
 constexpr double kApertureWidth = 36;
 
+struct GyroRecording;
+
 struct CameraMove {
     std::int64_t first_frame = 0;
     FrameRate rate;
@@ -39,6 +42,7 @@ struct CameraMove {
     CameraTraits traits = {};
     // What the reader had to decide, or passed over: a line each, for the user.
     std::vector<std::string> notes = {};
+    std::shared_ptr<const GyroRecording> recorded = nullptr;  // by a rate sensor: what the move was made of
     std::int64_t LastFrame() const { return first_frame + static_cast<std::int64_t>(samples.size()) - 1; }
 };
 

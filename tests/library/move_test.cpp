@@ -137,8 +137,10 @@ TEST(Move, HasItsFramesWhereTheyWereAfterTenThousand) {
 TEST(Move, OfBytesThatAreNoneIsRefusedByTheReadersLine) {
     tremolux_move move = nullptr;
     EXPECT_EQ("a.json:1:1: found '{', expected JSON", Refused(tremolux_move_from_bytes("a.json", "{", 1, &move)));
-    EXPECT_EQ("a.mov: found the extension '.mov', expected .csv, .json, .chan, .usda, .usd, .usdz, .gltf or .glb",
-              Refused(tremolux_move_from_bytes("a.mov", "", 0, &move)));
+    EXPECT_EQ(
+        "a.avi: found the extension '.avi', expected .csv, .json, .chan, .usda, .usd, .usdz, .gltf, .glb, .mp4, .mov, "
+        ".gcsv or .raw",
+        Refused(tremolux_move_from_bytes("a.avi", "", 0, &move)));
     EXPECT_EQ("bytes: found NULL, expected a pointer", Refused(tremolux_move_from_bytes("a.csv", nullptr, 9, &move)));
     EXPECT_EQ(nullptr, move);
 }

@@ -76,7 +76,7 @@ TEST_F(Convert, RefusesWhatItCannotReadOrWrite) {
         EXPECT_NE(outcome.err.find(said), std::string::npos) << outcome.err;
     };
     refused({workplace_.Write("a.py", "1"), workplace_.Path("b.csv")},
-            "expected .csv, .json, .chan, .usda, .usd, .usdz, .gltf or .glb");
+            "expected .csv, .json, .chan, .usda, .usd, .usdz, .gltf, .glb, .mp4, .mov, .gcsv or .raw");
     refused({csv_, workplace_.Path("b.fbx")},
             "expected .csv, .transforms.json, .camera_path.json, .json, .chan, .usda, .usd, .gltf, .glb, .py or .txt");
     refused({csv_, csv_}, "found the input itself");

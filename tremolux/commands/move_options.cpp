@@ -104,6 +104,7 @@ FormatOptions FormatChoices::Options() const {
         options.rotation_order = *order;
     }
     options.z_up = table.IsZUp();
+    sensor.SetIn(&options);
     options.table = table.Layout(length_unit, order);
     const std::optional<double> width = ParseNumber(aperture);
     if (!width || *width < kMinAperture || *width > kMaxAperture) {
@@ -178,6 +179,7 @@ void AddFormatOptions(Command command, FormatChoices *choices) {
     AddRateOptions(command, choices);
     AddWritingOptions(command, choices);
     AddTableOptions(command, &choices->table);
+    AddSensorOptions(command, &choices->sensor);
     command.Add("--aperture", &choices->aperture, "width of the film back in millimetres, where no file says it")
         .ShowDefault();
     command.Add("--camera", &choices->camera, "PATH or NAME of the camera to read, where a file has several");

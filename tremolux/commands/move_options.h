@@ -14,6 +14,7 @@
 #include "tremolux/commands/direction_options.h"
 #include "tremolux/commands/jolts_from.h"
 #include "tremolux/commands/recording_options.h"
+#include "tremolux/commands/sensor_options.h"
 #include "tremolux/commands/table_options.h"
 
 namespace tremolux {
@@ -33,6 +34,7 @@ struct FormatChoices {
     std::string frames_per_second, retime, unit, rotation_order, aperture = "36", resolution = "1920x1080", camera;
     bool usd_layer = false;
     TableChoices table;
+    SensorChoices sensor;
     std::string format, to_format;  // of the standard streams; empty: not said, and the same
     FormatOptions Options() const;  // throws a Failure
     // The file, or for the standard output a name that says its format.

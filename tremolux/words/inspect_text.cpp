@@ -7,6 +7,7 @@
 #include "library/formats/lens.h"
 #include "library/formats/numbers.h"
 #include "tremolux/words/json_text.h"
+#include "tremolux/words/recorded_text.h"
 
 namespace tremolux {
 namespace {
@@ -103,6 +104,9 @@ std::string InspectText(const InspectedFile &file) {
         text += FactLine(title, InfoOf(channel).words + (" " + Short(RangeOf(move.traits.channels[channel]))));
         title.clear();
     }
+    if (move.recorded) {
+        for (const auto &fact : RecordedFacts(*move.recorded)) text += FactLine(fact.first, fact.second);
+    }
     for (const std::string &note : move.notes) text += FactLine("note", note);
     for (const MoveFormat &format : MoveFormats()) {
         if (format.write == nullptr) continue;
@@ -136,6 +140,7 @@ std::string InspectJson(const InspectedFile &file) {
         {"film_back_width_mm", move.aperture_width},
         {"film_back_height_mm", move.aperture_height ? Json(*move.aperture_height) : Json()},
         {"carried", carried},
+        {"recorded", move.recorded ? RecordedJson(*move.recorded) : Json()},
         {"notes", move.notes},
         {"lost", lost},
     };
