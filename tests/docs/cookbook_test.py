@@ -14,6 +14,7 @@ import sys
 import tempfile
 
 PROGRAM = "build/release/tremolux"
+WITHOUT_MODULE = ["steady"]  # commands that start no module, and know nothing of a user's folder
 
 
 def commands(page):
@@ -39,9 +40,9 @@ def main(project, build, page, pictures=None):
         folder = pathlib.Path(name)
         shutil.copytree(project / "samples", folder / "samples")
         for command in found:
-            words = [str(build / "tremolux"), *command[1:], "--user-folder", str(folder / "home")]
-            if "--user-folder" in command:
-                words = words[:-2]
+            words = [str(build / "tremolux"), *command[1:]]
+            if "--user-folder" not in command and command[1] not in WITHOUT_MODULE:
+                words += ["--user-folder", str(folder / "home")]
             result = subprocess.run(words, cwd=folder, capture_output=True, text=True, check=False)
             missing = [file for file in outputs(command) if not (folder / file).exists()]
             if result.returncode != 0 or missing:

@@ -51,6 +51,7 @@ Playback::Playback(const MoveOptions &options, const CameraMove &move)
       keys_(options.keys),
       direction_(options.direction),
       made_for_(options.MadeFor()),
+      recording_(options.recording.file),
       rests_(options.recording.is_alone),
       host_options_(options.host),
       quiet_(options.quiet) {
@@ -183,6 +184,9 @@ std::string TitleOf(const Playback &playback) {
 
 std::string CaptionOf(const Playback &playback) {
     std::string caption = std::filesystem::u8path(playback.Input()).filename().u8string();
+    if (!playback.Recording().empty())
+        caption += ", shake of " + std::filesystem::u8path(playback.Recording()).filename().u8string();
+    if (playback.RestsOtherwise()) return caption;
     if (!playback.Preset().empty()) caption += ", " + playback.Preset();
     return caption + ", seed " + std::to_string(playback.GetStage().CameraTag().Data().Whole(ids::kSeed));
 }

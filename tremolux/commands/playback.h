@@ -39,7 +39,9 @@ class Playback {
     // What the tag began with, once it is started: the name of a preset, those of a mix, or empty.
     const std::string &Preset() const { return applied_preset_; }
     const JoltsFound &Jolts() const { return jolts_; }
-    const std::string &Input() const { return input_; }  // its file
+    const std::string &Input() const { return input_; }          // its file
+    const std::string &Recording() const { return recording_; }  // whose shake is on the move; empty: none
+    bool RestsOtherwise() const { return rests_; }               // nothing else shakes it but what settings say
     // Frames a second that its settings were carried from to the move's; 0: they are as they are.
     double PresetRate() const { return preset_rate_; }
     const std::vector<std::string> &Settings() const { return settings_; }
@@ -61,6 +63,7 @@ class Playback {
     Envelope envelope_;
     std::optional<LoopPlan> loop_;
     std::optional<double> made_for_;
+    std::string recording_;
     bool rests_;  // the tag adds nothing but what it is told
     void ChoosePresets();
     void AddSecondCamera(const std::optional<host::Container> &own);
