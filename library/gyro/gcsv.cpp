@@ -36,7 +36,8 @@ struct GcsvKey {
 GcsvKey KeyOf(const Line &line) {
     const std::size_t end = line.text.find_first_of(",:");
     if (end == std::string_view::npos) return {LowerCaseWord(Trimmed(line.text)), {{}, line.text.size() + 1}};
-    const std::string_view value = Trimmed(line.text.substr(end + 1));
+    const std::string_view rest = line.text.substr(end + 1);
+    const std::string_view value = Trimmed(rest.substr(0, rest.find(',')));
     const std::size_t column = value.empty() ? end + 2 : static_cast<std::size_t>(value.data() - line.text.data()) + 1;
     return {LowerCaseWord(Trimmed(line.text.substr(0, end))), {value, column}};
 }
@@ -69,7 +70,7 @@ void ReadKey(const SourceText &source, const Line &line, GcsvHeader *header) {
         header->rate_scale = ScaleOf(source, line, key);
     } else if (key.name == "ascale") {
         header->acceleration_scale = ScaleOf(source, line, key);
-    } else if (key.name == "frame_readout_time") {
+    } else if (key.name == "frame_readout_time" && !key.value.text.empty()) {
         header->readout_ms = source.Number(line, key.value, key.name, 0, kMaxReadout);
     } else if (key.name == "orientation") {
         header->axes = AxesOfLetters(key.value.text);
@@ -101,8 +102,7 @@ class GcsvRows {
   public:
     GcsvRows(const SourceText &source, const GcsvHeader &header, bool ends)
         : source_(source), header_(header), ends_(ends) {
-        const std::size_t last = (*header_.rates)[2];
-        fewest_ = std::max({(*header_.rates)[0], (*header_.rates)[1], last}) + 1;
+        fewest_ = *std::max_element(header_.rates->begin(), header_.rates->end()) + 1;
     }
 
     void Read(std::vector<GyroSample> *rates, std::vector<GyroSample> *accelerations, bool *cut_off) const {
@@ -166,9 +166,7 @@ GyroLog ReadGcsv(const std::string &file, std::string_view bytes, const std::opt
     if (log.rates.empty()) throw Failure(kExitInput, file + ": found no rows, expected samples of a rate sensor");
     if (!header.axes) log.notes.emplace_back("the axes are not said ('orientation'): taken as the picture's x, y and z");
     if (!header.rate_scale) log.notes.emplace_back("no scale of the rates ('gscale'): taken as radians a second");
-    if (!header.time_scale) {
-        log.notes.emplace_back("no scale of the times ('tscale'): taken from their step");
-    }
+    if (!header.time_scale) log.notes.emplace_back("no scale of the times ('tscale'): taken from their step");
     const double seconds = header.time_scale.value_or(SecondsOfSensorTimes(TimesOf(log.rates)));
     const Eigen::Matrix3d picture = header.axes.value_or(Eigen::Matrix3d::Identity());
     ScaleSamples(file, {seconds, header.rate_scale.value_or(1), kMaxAngularRate}, picture, &log.rates);

@@ -20,8 +20,8 @@ void KeepRising(GyroLog *log) {
     const std::size_t dropped = DropWhatDoesNotRise(&log->rates) + DropWhatDoesNotRise(&log->accelerations) +
                                 DropWhatDoesNotRise(&log->gravity) + DropWhatDoesNotRise(&log->orientations);
     if (dropped > 0)
-        log->notes.push_back(std::to_string(dropped) +
-                             " samples whose times repeat or jump back are left out");
+        log->notes.push_back(std::to_string(dropped) + (dropped == 1 ? " sample is" : " samples are") +
+                             " left out, for times that repeat or jump back");
 }
 
 }  // namespace tremolux

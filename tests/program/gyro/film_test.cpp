@@ -145,7 +145,7 @@ TEST(Film, PayloadsWithoutDurationsDoNotCountTwice) {
     shape.payload_ticks = 0;
     const GyroLog log = FilmLogOf(FilmBytes({FilmPayloadFrom(1, 2)}, shape));
     EXPECT_EQ(log.rates.size(), 1U);
-    EXPECT_EQ(log.notes.back(), "1 samples whose times repeat or jump back are left out");
+    EXPECT_EQ(log.notes.back(), "1 sample is left out, for times that repeat or jump back");
 }
 
 }  // namespace

@@ -34,6 +34,7 @@ TEST(Gcsv, OtherWritersAreRead) {
           "GYROFLOW IMU LOG\n\n  tscale, 0.01\n  gscale: 1\n\nunknown,key,of,many\n  "
           "t,gx,gy,gz\n\n0,1,2,3\n\n1,1,2,3\n",
           "GYROFLOW IMU LOG\r\ntscale,0.01\r\ngscale,1\r\nt,gx,gy,gz,mx,my,mz\r\n0,1,2,3,9,9,9\r\n1,1,2,3,9,9,9\r\n",
+          "GYROFLOW IMU LOG,,,\ntscale,0.01,,\ngscale,1,,\nframe_readout_time,,,\nt,gx,gy,gz\n0,1,2,3\n1,1,2,3\n",
           "\xEF\xBB\xBFGYROFLOW IMU LOG\ntscale,0.01\ngscale,1\nT,GX,GY,GZ,temp\n0,1,2,3,20\n1,1,2,3,20\n"}) {
         const GyroLog log = Gcsv(text);
         ASSERT_EQ(log.rates.size(), 2U) << text;
@@ -54,7 +55,7 @@ TEST(Gcsv, TimesThatRepeatOrJumpBackAreLeftOut) {
     const GyroLog log = Gcsv(std::string(kKeys) + "t,gx,gy,gz\n0,1,1,1\n5,1,1,1\n5,2,2,2\n3,2,2,2\n10,1,1,1\n");
     EXPECT_EQ(log.rates.size(), 3U);
     EXPECT_EQ(log.rates.back().time, 0.01);
-    EXPECT_EQ(log.notes.back(), "2 samples whose times repeat or jump back are left out");
+    EXPECT_EQ(log.notes.back(), "2 samples are left out, for times that repeat or jump back");
 }
 
 TEST(Gcsv, ALastRowThatWasCutOffIsLeftOut) {
