@@ -26,10 +26,10 @@ fs::path FileInside(const fs::path &folder, const std::string &name) {
     files.Init(folder);
     while (files.Next()) {
         const host::BrowseFiles::Entry &file = *files.Current();
-        const fs::path path = folder / fs::u8path(file.name);
+        fs::path path = folder / fs::u8path(file.name);
         if (!file.is_folder && WithoutNumber(file.name) == name) return path;
         if (!file.is_folder) continue;
-        const fs::path found = FileInside(path, name);
+        fs::path found = FileInside(path, name);
         if (!found.empty()) return found;
     }
     return {};

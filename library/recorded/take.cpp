@@ -68,7 +68,7 @@ TakenShake Take::Inside(double seconds) const {
 TakenShake Take::At(double seconds) const {
     const double period = Seconds() - fade_, round = std::floor(seconds / period), now = seconds - round * period;
     const bool is_mirrored = std::fmod(round, 2) != 0;
-    const TakenShake coming = is_mirrored ? Mirrored(Inside(now)) : Inside(now);
+    TakenShake coming = is_mirrored ? Mirrored(Inside(now)) : Inside(now);
     if (round == 0 || now >= fade_) return coming;
     const TakenShake going = is_mirrored ? Inside(now + period) : Mirrored(Inside(now + period));
     const double quarter = host::kPi / 2 * SmootherStep(now / fade_);

@@ -15,7 +15,7 @@ constexpr double kSame = 1e-12;
 using Json = nlohmann::json;
 
 Json TakeJson(tremolux_buffer *buffer) {
-    const Json json = Json::parse(std::string(buffer->bytes, buffer->size));
+    Json json = Json::parse(std::string(buffer->bytes, buffer->size));
     tremolux_buffer_free(buffer);
     return json;
 }

@@ -30,7 +30,7 @@ std::string RefusedNumber(std::size_t place, double number) {
     std::vector<double> numbers = Numbers(2);
     numbers[place] = number;
     tremolux_move move = nullptr;
-    const std::string line = Refused(tremolux_move_from_numbers(&info, numbers.data(), numbers.size(), &move));
+    std::string line = Refused(tremolux_move_from_numbers(&info, numbers.data(), numbers.size(), &move));
     EXPECT_EQ(nullptr, move);
     return line;
 }

@@ -37,11 +37,14 @@ std::string GeneralKey(std::string key) {
 
 void Collect(const nlohmann::json &value, const std::string &place, Keys *keys) {
     if (value.is_array()) {
-        for (const nlohmann::json &element : value) Collect(element, place + "[]", keys);
+        const std::string inside = place + "[]";
+        for (const nlohmann::json &element : value) Collect(element, inside, keys);
     }
     if (!value.is_object()) return;
     for (const auto &[key, inner] : value.items()) {
-        const std::string path = place.empty() ? key : place + "." + key;
+        std::string path = place;
+        if (!path.empty()) path += '.';
+        path += key;
         keys->insert(GeneralKey(path));
         Collect(inner, path, keys);
     }

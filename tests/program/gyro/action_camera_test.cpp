@@ -2,6 +2,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 
 #include "host/value/radians.h"
 #include "library/gyro/gpmf_log.h"

@@ -31,8 +31,7 @@ TEST(Gcsv, CountsBecomeRatesOnThePicturesAxes) {
 TEST(Gcsv, OtherWritersAreRead) {
     for (const std::string text :
          {"CAMERA IMU LOG\nversion: 1.3\nTSCALE,0.01\ngscale,1\n t,gx,gy,gz\n0,1,2,3\n1,1,2,3\n",
-          "GYROFLOW IMU LOG\n\n  tscale, 0.01\n  gscale: 1\n\nunknown,key,of,many\n  "
-          "t,gx,gy,gz\n\n0,1,2,3\n\n1,1,2,3\n",
+          "GYROFLOW IMU LOG\n\n  tscale, 0.01\n gscale: 1\n\nunknown,key,of,many\n t,gx,gy,gz\n\n0,1,2,3\n\n1,1,2,3\n",
           "GYROFLOW IMU LOG\r\ntscale,0.01\r\ngscale,1\r\nt,gx,gy,gz,mx,my,mz\r\n0,1,2,3,9,9,9\r\n1,1,2,3,9,9,9\r\n",
           "GYROFLOW IMU LOG,,,\ntscale,0.01,,\ngscale,1,,\nframe_readout_time,,,\nt,gx,gy,gz\n0,1,2,3\n1,1,2,3\n",
           "\xEF\xBB\xBFGYROFLOW IMU LOG\ntscale,0.01\ngscale,1\nT,GX,GY,GZ,temp\n0,1,2,3,20\n1,1,2,3,20\n"}) {

@@ -61,8 +61,8 @@ TEST(Orientation, BetweenTwoSamplesTheShorterWayIsTaken) {
 
 TEST(Orientation, GravityStopsTheDriftOfPitchAndBankAndLeavesTheHeading) {
     // A camera that stands, with 0.3 degrees a second of error about each axis, for a minute.
-    const Eigen::Vector3d error(0.3 * kDegree, 0.3 * kDegree, 0.3 * kDegree);
-    const auto rates = Sampled(60, 100, [&](double) { return error; });
+    const auto rates =
+        Sampled(60, 100, [](double) { return Eigen::Vector3d(0.3 * kDegree, 0.3 * kDegree, 0.3 * kDegree); });
     const auto ups = Sampled(60, 100, [](double) { return Eigen::Vector3d(0, kStandardGravity, 0); });
     std::vector<GyroOrientation> path = Integrated(rates, Eigen::Vector3d::Zero());
     const Eigen::Vector3d drifted = path.back().rotation * kY;

@@ -39,7 +39,9 @@ TEST(SensorTable, TheHeadersOfAppsAreKnown) {
         std::string row = "0.01 0.1 0.2 0.3\n", first = "0 0 0 0\n";
         std::replace(row.begin(), row.end(), ' ', separator);
         std::replace(first.begin(), first.end(), ' ', separator);
-        const GyroLog log = SensorTable(header + "\n" + first + row);
+        std::string table = header;
+        table.append("\n").append(first).append(row);
+        const GyroLog log = SensorTable(table);
         ASSERT_EQ(log.rates.size(), 2U) << header;
         EXPECT_EQ(log.rates[1].value, Eigen::Vector3d(0.1, 0.2, 0.3)) << header;
         EXPECT_EQ(log.rates[1].time, 0.01) << header;

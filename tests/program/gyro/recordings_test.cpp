@@ -23,8 +23,7 @@ TEST(Recordings, InspectTellsTheSensorsAndWhatWasDecided) {
           "gyro          3 samples in 1 s, 2 a second; radians a second\n", "turns from    the integrated rates\n",
           "readout       16.5 ms\n", "frames        0 to 30, 31 in 1.033 s\n",
           "rotation      heading 0 to 57.296 degrees\n",
-          "note          no part stands still and the mean rate is a turn: nothing is taken away as the sensor's "
-          "error\n"})
+          "note          no part stands still and the mean rate is a turn: nothing is taken away"})
         EXPECT_NE(outcome.out.find(line), std::string::npos) << line << outcome.out;
 }
 
