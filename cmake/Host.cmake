@@ -30,4 +30,8 @@ foreach(part scene/undo services/bitmap services/module services/registry table/
              table/file table/general)
     tremolux_set_small("${PROJECT_SOURCE_DIR}/host/${part}.cpp")
 endforeach()
+# The system's headers name functions of ours otherwise: no other file is to see them.
+foreach(part child_process platform)
+    set_source_files_properties("${PROJECT_SOURCE_DIR}/host/services/${part}.cpp" PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endforeach()
 tremolux_set_unity(embedded_host)
