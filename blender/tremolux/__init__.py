@@ -11,7 +11,7 @@ bl_info = {
 
 import bpy
 
-from . import operators, panel, properties
+from . import live, operators, panel, properties
 
 CLASSES = operators.CLASSES + panel.CLASSES
 
@@ -20,9 +20,11 @@ def register():
     properties.register()
     for kind in CLASSES:
         bpy.utils.register_class(kind)
+    live.register()
 
 
 def unregister():
+    live.unregister()
     for kind in reversed(CLASSES):
         bpy.utils.unregister_class(kind)
     properties.unregister()

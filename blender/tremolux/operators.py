@@ -109,6 +109,28 @@ class TREMOLUX_OT_jolts_from_markers(_OnCamera):
         return {"FINISHED"}
 
 
+class TREMOLUX_OT_jolts_from_sound(_OnCamera):
+    bl_idname, bl_label = "tremolux.jolts_from_sound", "Jolts on Beats"
+    bl_description = "A jolt on every beat of the sequencer's sound, a .wav file"
+
+    def execute(self, context):
+        camera = active_camera(context)
+        editor = context.scene.sequence_editor
+        strips = [strip for strip in (editor.sequences_all if editor else ()) if strip.type == "SOUND"]
+        if not strips:
+            self.report({"ERROR"}, "there is no sound strip in the sequencer")
+            return {"CANCELLED"}
+        frames = set()
+        for strip in strips:
+            try:
+                frames |= {frame for frame in shake.beats_of(context.scene, strip) if frame >= 0}
+            except (LibraryError, OSError) as error:
+                self.report({"ERROR"}, f"{strip.name}: {error}")
+                return {"CANCELLED"}
+        camera.tremolux.jolts = ",".join(map(str, sorted(frames)))
+        return {"FINISHED"}
+
+
 class TREMOLUX_OT_freeze(_OnCamera):
     bl_idname, bl_label = "tremolux.freeze", "Freeze"
     bl_description = "Leaves the keys that are there as they are, and forgets that they are a shake"
@@ -132,4 +154,4 @@ class TREMOLUX_OT_freeze(_OnCamera):
 
 
 CLASSES = (TREMOLUX_OT_add, TREMOLUX_OT_update, TREMOLUX_OT_remove, TREMOLUX_OT_shuffle, TREMOLUX_OT_preset,
-           TREMOLUX_OT_jolts_from_markers, TREMOLUX_OT_freeze)
+           TREMOLUX_OT_jolts_from_markers, TREMOLUX_OT_jolts_from_sound, TREMOLUX_OT_freeze)

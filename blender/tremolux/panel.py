@@ -34,6 +34,7 @@ def _draw_presets(layout, state):
 def _draw_direction(layout, state):
     column = layout.column(align=True)
     column.prop(state, "amount", slider=True)
+    column.prop(state, "use_follower")
     column.prop(state, "use_range")
     if state.use_range:
         row = column.row(align=True)
@@ -47,6 +48,7 @@ def _draw_direction(layout, state):
     row = layout.row(align=True)
     row.prop(state, "jolts")
     row.operator("tremolux.jolts_from_markers", text="", icon="MARKER_HLT")
+    row.operator("tremolux.jolts_from_sound", text="", icon="SOUND")
 
 
 class _Panel:
@@ -72,13 +74,14 @@ class _Panel:
             row.operator("tremolux.update", icon="FILE_REFRESH")
             row.operator("tremolux.remove", icon="X")
             row.operator("tremolux.freeze", icon="FREEZE")
+            row.prop(state, "is_live", text="", icon="RADIOBUT_ON")
         else:
             row.operator("tremolux.add", icon="ADD")
         if state.message:
             layout.label(text=state.message, icon="ERROR")
         follower = writing.follower_of(camera)
         if follower is not None:
-            layout.label(text=f"{follower.name} has the shake: something else moves this camera", icon="INFO")
+            layout.label(text=f"{follower.name} has the shake", icon="INFO")
         _draw_presets(layout, state)
         _draw_direction(layout, state)
 

@@ -26,8 +26,11 @@ def refresh(scene, camera, is_wanted=False):
     if not is_wanted and writing.is_edited(camera):
         state.message = "The keys of the shake were edited by hand: Update replaces them."
         return False
+    from . import live  # pylint: disable=import-outside-toplevel,cyclic-import
+
     try:
         shake.put_on(scene, camera)
+        writing.remember_input(camera, live.input_mark(camera))
     except LibraryError as error:
         state.message = str(error)
         return False
@@ -63,6 +66,11 @@ def _make():
         "preset": bpy.props.StringProperty(name="Preset"),
         "search": bpy.props.StringProperty(name="Search", description="Shows the presets that have this in their name",
                                            options={"TEXTEDIT_UPDATE"}),
+        "is_live": bpy.props.BoolProperty(name="Live", default=True, options=set(),
+                                          description="Shakes anew a moment after the camera's own motion was edited"),
+        "use_follower": bpy.props.BoolProperty(name="On a camera beside it", update=changed,
+                                               description="Leaves this camera alone: another one, with plain keys, has the "
+                                                           "shaken motion, as programs want that know no delta channels"),
         "message": bpy.props.StringProperty(),
         "jolts": bpy.props.StringProperty(name="Jolts", description="Frames that a jolt hits, with commas between them",
                                           update=changed),

@@ -86,6 +86,19 @@ def numbers_of(scene, camera, motion):
         return np.array(shot.played()).reshape(-1, library.NUMBERS_PER_FRAME)
 
 
+def beats_of(scene, strip):
+    """Frames of the scene on which a sound strip has beats, between its visible ends. Raises a LibraryError or an OSError."""
+    import bpy  # pylint: disable=import-outside-toplevel
+
+    file = bpy.path.abspath(strip.sound.filepath)
+    with open(file, "rb") as sound:
+        data = sound.read()
+    first, frames = int(strip.frame_start), int(strip.frame_duration) + 1
+    with library.Move(first, cameras.rate_of(scene), ([0.0] * 6 + [36.0, 0.0]) * frames) as move:
+        beats = [frame for frame, _ in library.events(move, file, data)]
+    return [frame for frame in beats if strip.frame_final_start <= frame < strip.frame_final_end]
+
+
 def put_on(scene, camera):
     """Computes the shake anew and writes it, in place of the one that was there. Raises a LibraryError."""
     preset_named(camera.tremolux.preset)

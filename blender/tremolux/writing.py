@@ -66,6 +66,12 @@ def _remember(owner, **what):
     owner[MARK] = json.dumps({**(record_of(owner) or {}), **what})
 
 
+def remember_input(camera, mark):
+    """Of the motion that was shaken."""
+    if is_shaken(camera):
+        _remember(camera, input=mark)
+
+
 def _clear(owner):
     """Takes our strips off, and puts back what they moved."""
     curves.remove_tracks(owner, MARK)
@@ -166,7 +172,7 @@ def write(scene, camera, motion, numbers):
     unit = cameras.centimetres(scene)
     places, rotations = space.from_engine(numbers, unit)
     lens, focus = numbers[:, 6], numbers[:, 7] / unit
-    if cameras.is_overruled(camera) or cameras.leans(motion):
+    if camera.tremolux.use_follower or cameras.is_overruled(camera) or cameras.leans(motion):
         _put_on_follower(camera, motion, places, rotations, lens, focus)
     else:
         _put_on_deltas(camera, motion, places, rotations)

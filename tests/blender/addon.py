@@ -7,9 +7,12 @@ FOLDER/addons/tremolux is the add-on with its library, PROGRAM is tremolux.
 import json
 import math
 import os
+import random
+import struct
 import subprocess
 import sys
 import tempfile
+import wave
 
 import bpy
 from mathutils import Euler, Matrix, Quaternion
@@ -367,7 +370,233 @@ def check_copies():
     expect(len(bpy.data.objects) == 1 and len(bpy.data.cameras) == 1, "a renamed camera keeps its follower")
 
 
+def strips_of(camera):
+    """Every key of the shake."""
+    found = []
+    for owner in (camera, camera.data):
+        for track in owner.animation_data.nla_tracks if owner.animation_data else []:
+            for strip in track.strips:
+                for curve in strip.action.fcurves:
+                    found.append((curve.data_path, curve.array_index, [point.co[:] for point in curve.keyframe_points]))
+    return found
+
+
+def expect_fresh(name, camera):
+    """The shake that is there is the one that its settings and its camera make now."""
+    bpy.context.view_layer.objects.active = camera
+    before = strips_of(camera)
+    expect(before and not camera.tremolux.message, f"{name}: no shake: {camera.tremolux.message}")
+    bpy.ops.tremolux.update()
+    expect(strips_of(camera) == before, f"{name}: another shake than its settings make")
+
+
+def check_live():
+    from tremolux import live
+    scene = new_scene()
+    camera = new_camera(scene)
+    bpy.ops.tremolux.add()
+    before = strips_of(camera)
+    live.refresh_edited(scene)
+    expect(strips_of(camera) == before, "nothing was edited, and it is shaken anew")
+    camera.animation_data.action.fcurves[0].keyframe_points[2].co.y += 2
+    live.refresh_edited(scene)
+    expect(strips_of(camera) != before, "an edit of the camera's keys leaves the shake")
+    expect_fresh("an edited key", camera)
+    before = strips_of(camera)
+    camera.tremolux.is_live = False
+    camera.animation_data.action.fcurves[0].keyframe_points[2].co.y -= 2
+    live.refresh_edited(scene)
+    expect(strips_of(camera) == before, "what is not live is shaken anew")
+
+
+def check_random_edits():
+    random.seed(20261124)
+    from tremolux import live, settings
+    scene = new_scene()
+    scene.frame_end = 20
+    cameras = [new_camera(scene, mode, mode) for mode in ("XYZ", "QUATERNION")]
+    for camera in cameras:
+        bpy.context.view_layer.objects.active = camera
+        bpy.ops.tremolux.add()
+    numbers = [settings.name_of(parameter) for parameter in settings.shown() if parameter.slider_maximum < 1e6]
+    file = os.path.join(tempfile.mkdtemp(), "scene.blend")
+    for step in range(120):
+        camera = random.choice(cameras)
+        bpy.context.view_layer.objects.active = camera
+        edit = random.choice(("setting", "setting", "setting", "key", "copy", "delete", "rename", "save", "shuffle", "preset"))
+        if edit == "setting":
+            name = random.choice(numbers)
+            prop = camera.tremolux.bl_rna.properties[name]
+            setattr(camera.tremolux, name, random.uniform(prop.soft_min, prop.soft_max))
+        elif edit == "key":
+            point = random.choice(list(camera.animation_data.action.fcurves)).keyframe_points[1]
+            point.co.y += random.uniform(-0.1, 0.1)
+            live.refresh_edited(scene)
+        elif edit == "copy" and len(cameras) < 4:
+            copy = camera.copy()
+            copy.data = camera.data.copy()
+            copy.animation_data.action = camera.animation_data.action.copy()
+            scene.collection.objects.link(copy)
+            bpy.context.view_layer.objects.active = copy
+            bpy.ops.tremolux.update()
+            cameras.append(copy)
+            camera = copy
+        elif edit == "delete" and len(cameras) > 1:
+            cameras.remove(camera)
+            bpy.data.objects.remove(camera)
+            camera = cameras[0]
+        elif edit == "rename":
+            camera.name = f"Camera {step}"
+        elif edit == "save":
+            names = [camera.name for camera in cameras]
+            before = strips_of(camera)
+            bpy.ops.wm.save_as_mainfile(filepath=file)
+            name = camera.name
+            bpy.ops.wm.open_mainfile(filepath=file)
+            scene = bpy.context.scene
+            cameras = [bpy.data.objects[one] for one in names]
+            camera = bpy.data.objects[name]
+            expect(strips_of(camera) == before, "a saved file has another shake")
+        elif edit == "shuffle":
+            bpy.ops.tremolux.shuffle()
+        elif edit == "preset":
+            from tremolux import library
+            bpy.ops.tremolux.preset(name=random.choice(library.presets()).name)
+        expect_fresh(f"edit {step}, {edit}", camera)
+
+
+def check_sound():
+    """Three clicks in a sound strip that begins at frame 11."""
+    folder = tempfile.mkdtemp()
+    file, rate = os.path.join(folder, "clicks.wav"), 8000
+    samples = [0] * (rate * 3)
+    for second in (0.5, 1.25, 2.0):
+        for i in range(200):
+            samples[int(second * rate) + i] = int(12000 * math.sin(i * 0.9) * math.exp(-i / 40))
+    with wave.open(file, "wb") as sound:
+        sound.setnchannels(1)
+        sound.setsampwidth(2)
+        sound.setframerate(rate)
+        sound.writeframes(struct.pack(f"<{len(samples)}h", *samples))
+    scene = new_scene()
+    camera = new_camera(scene)
+    bpy.ops.tremolux.add()
+    scene.sequence_editor_create().sequences.new_sound("Clicks", file, 1, 11)
+    expect(bpy.ops.tremolux.jolts_from_sound() == {"FINISHED"}, "a sound's beats are not taken")
+    expect(camera.tremolux.jolts == "23,41,59", f"beats on {camera.tremolux.jolts}")
+    scene.timeline_markers.new("hit", frame=7)
+    scene.timeline_markers.new("hit", frame=33)
+    bpy.ops.tremolux.jolts_from_markers()
+    expect(camera.tremolux.jolts == "7,33" and not camera.tremolux.message, "markers are not taken")
+
+
+def check_between_frames():
+    """Motion blur sees a smooth curve through the frames: in the middle between four of them (-a + 9b + 9c - d) / 16."""
+    scene = new_scene()
+    camera = new_camera(scene)
+    bpy.ops.tremolux.preset(name=PRESET)
+    bpy.ops.tremolux.add()
+    worst = moved = 0
+    for track in camera.animation_data.nla_tracks:
+        for curve in track.strips[0].action.fcurves:
+            for frame in range(10, 40):
+                a, b, c, d = (curve.evaluate(frame + i) for i in (-1, 0, 1, 2))
+                worst = max(worst, abs(curve.evaluate(frame + 0.5) - (-a + 9 * b + 9 * c - d) / 16))
+                moved = max(moved, abs(b - c))
+    expect(moved > 1e-3 and worst < 1e-6, f"between the frames it is {worst:.1e} off the smooth curve")
+
+
+def check_renders():
+    """Blurred pictures are the same, to the byte, in a Blender that knows nothing of the add-on."""
+    scene = new_scene()
+    camera = new_camera(scene)
+    scene.camera = camera
+    bpy.ops.mesh.primitive_cube_add(location=(0, 4, 1.5))
+    bpy.ops.object.light_add(type="SUN")
+    bpy.context.view_layer.objects.active = camera
+    scene.render.engine, scene.cycles.samples, scene.cycles.use_denoising = "CYCLES", 4, False
+    scene.render.resolution_x, scene.render.resolution_y, scene.render.resolution_percentage = 64, 36, 100
+    scene.render.image_settings.file_format = "BMP"  # it holds pixels alone, no date
+    scene.render.use_motion_blur, scene.render.motion_blur_shutter = True, 1.0
+    bpy.ops.tremolux.preset(name=PRESET)
+    folder = tempfile.mkdtemp()
+    file = os.path.join(folder, "scene.blend")
+
+    def rendered(name):
+        pictures = []
+        for frame in (20, 21, 22):
+            scene.frame_set(frame)
+            scene.render.filepath = os.path.join(folder, f"{name}_{frame}.bmp")
+            bpy.ops.render.render(write_still=True)
+            with open(scene.render.filepath, "rb") as picture:
+                pictures.append(picture.read())
+        return pictures
+
+    plain = rendered("plain")
+    bpy.ops.tremolux.add()
+    shaken = rendered("shaken")
+    bpy.ops.wm.save_as_mainfile(filepath=file)
+    environment = {name: value for name, value in os.environ.items() if name != "BLENDER_USER_SCRIPTS"}
+    script = ("import bpy; scene = bpy.context.scene\n"
+              "assert not hasattr(bpy.types.Object, 'tremolux')\n"
+              "for frame in (20, 21, 22):\n"
+              f"    scene.frame_set(frame); scene.render.filepath = {folder!r} + f'/alone_{{frame}}.bmp'\n"
+              "    bpy.ops.render.render(write_still=True)\n")
+    command = [bpy.app.binary_path, "--background", "--factory-startup", file, "--python-exit-code", "1", "--python-expr", script]
+    result = subprocess.run(command, capture_output=True, text=True, env=environment, check=False)
+    expect(result.returncode == 0, f"a Blender without the add-on: {result.stderr}")
+    alone = []
+    for frame in (20, 21, 22):
+        with open(os.path.join(folder, f"alone_{frame}.bmp"), "rb") as picture:
+            alone.append(picture.read())
+    same = [a == b for a, b in zip(shaken, alone)]
+    print(f"addon: renders with motion blur, with and without the add-on: {same}")
+    expect(all(same), "without the add-on other pictures are rendered")
+    expect(all(a != b for a, b in zip(plain, shaken)), "the shake is in no picture")
+
+
+def check_kept_by_others():
+    """FBX has the motion of deltas; glTF, whose exporter knows no deltas, that of the camera beside it."""
+    for kind in ("fbx", "glb"):
+        scene = new_scene()
+        camera = new_camera(scene)
+        camera.tremolux.use_follower = kind == "glb"
+        bpy.ops.tremolux.preset(name=PRESET)
+        bpy.ops.tremolux.add()
+        shown = camera if kind == "fbx" else bpy.data.objects[f"{camera.name} (hand-held)"]
+        wanted = seen(scene, shown)
+        folder = tempfile.mkdtemp()
+        file, table = os.path.join(folder, f"camera.{kind}"), os.path.join(folder, "camera.json")
+        if kind == "fbx":
+            bpy.ops.export_scene.fbx(filepath=file, object_types={"CAMERA"}, bake_anim_simplify_factor=0)
+        else:
+            bpy.ops.export_scene.gltf(filepath=file, export_cameras=True)
+        # Another Blender may not be started from within this one's environment of scripts.
+        environment = {name: value for name, value in os.environ.items() if name != "BLENDER_USER_SCRIPTS"}
+        command = [PROGRAM, "import" if kind == "fbx" else "convert", file, "-o", table, "--fps", "24", "--camera", shown.name]
+        result = subprocess.run(command, capture_output=True, text=True, env=environment, check=False)
+        expect(result.returncode == 0, f"{kind}: {result.stderr}")
+        if result.returncode != 0:
+            continue
+        with open(table, encoding="utf-8") as text:
+            frames = json.load(text)["frames"]
+        # The FBX exporter has the scene's first frame at 0.
+        places = {frame["frame"] + (scene.frame_start if kind == "fbx" else 0): frame["position"] for frame in frames}
+        worst = 0
+        for number, (world, _, _) in zip(frames_of(scene), wanted):
+            x, y, z = (value / 100 for value in places.get(number, (math.inf,) * 3))
+            worst = max(worst, *(abs(a - b) for a, b in zip((x, z, y), (world[0][3], world[1][3], world[2][3]))))
+        print(f"addon: {kind}: {len(frames)} frames, places within {worst:.1e}")
+        expect(worst < 1e-5, f"{kind}: another motion")
+
+
 check_kinds()
+check_live()
+check_sound()
+check_random_edits()
+check_between_frames()
+check_renders()
+check_kept_by_others()
 check_edits()
 check_what_cannot_be_shaken()
 check_copies()
