@@ -73,8 +73,9 @@ class _Panel:
         if writing.is_shaken(camera):
             row.operator("tremolux.update", icon="FILE_REFRESH")
             row.operator("tremolux.remove", icon="X")
+            row = layout.row(align=True)
             row.operator("tremolux.freeze", icon="FREEZE")
-            row.prop(state, "is_live", text="", icon="RADIOBUT_ON")
+            row.prop(state, "is_live", toggle=True)
         else:
             row.operator("tremolux.add", icon="ADD")
         if state.message:
@@ -96,7 +97,6 @@ class _Settings:
 
     def draw(self, context):
         state = operators.active_camera(context).tremolux
-        self.layout.use_property_split = True
         for tab, of_tab in groupby(settings.shown(), key=lambda parameter: parameter.tab):
             self.layout.label(text=tab)
             for section, parameters in groupby(of_tab, key=lambda parameter: parameter.section):

@@ -8,8 +8,7 @@ from . import library
 SHOWN = (library.NUMBER, library.SWITCH, library.TIME)
 PER_CENT = 100.0  # panels show percentages, the engine keeps shares
 
-# Not a shake's: which camera is followed is the add-on's own matter, and the lists of presets have a menu.
-LEFT_OUT_TABS = ()
+NOT_OF_THE_SHAKE = "Basic"  # the tab of what every tag has
 
 
 def name_of(parameter):
@@ -19,7 +18,8 @@ def name_of(parameter):
 
 def shown():
     """The parameters that have a property, in the order of the panel."""
-    return [parameter for parameter in library.parameters() if parameter.kind in SHOWN and parameter.label]
+    return [parameter for parameter in library.parameters()
+            if parameter.kind in SHOWN and parameter.label and parameter.tab != NOT_OF_THE_SHAKE]
 
 
 def to_property(parameter, value):
@@ -45,4 +45,4 @@ def property_of(parameter, update):
     if parameter.kind == library.SWITCH:
         return bpy.props.BoolProperty(**common)
     subtype = {library.PERCENT: "PERCENTAGE", library.ANGLE: "ANGLE"}.get(parameter.unit, "NONE")
-    return bpy.props.FloatProperty(subtype=subtype, precision=3, **_limits(parameter), **common)
+    return bpy.props.FloatProperty(subtype=subtype, precision=1 if subtype == "PERCENTAGE" else 3, **_limits(parameter), **common)
