@@ -11,6 +11,8 @@ namespace {
 
 // Real, beside the second camera's settings: frames a second that they are to be carried from.
 constexpr std::int32_t kMadeFor = 3010;
+// Container, of a second camera's tag: the settings that it was set up by. To carry them takes ten times a play.
+constexpr std::int32_t kBrought = 3011;
 
 host::Container Applied(const host::Tag &tag) {
     const host::Data *applied = tag.Data().Find(ids::kReferencePreset);
@@ -19,6 +21,14 @@ host::Container Applied(const host::Tag &tag) {
 
 void WriteApplied(const host::Container &preset, host::Tag *tag) {
     tag->Data().Set(ids::kReferencePreset, host::Data(preset));
+}
+
+void SetUpSecond(const host::Container &settings, double rate, host::Tag *tag) {
+    ApplyPresetValues(settings, tag);
+    const double made_for = settings.Real(kMadeFor);
+    if (made_for > 0) KeepHertz(made_for, rate, tag);
+    FollowExactly(tag);
+    tag->Data().Set(kBrought, host::Data(settings));
 }
 
 // What is done meanwhile is no change of the user's.
@@ -69,10 +79,10 @@ void BringSecond(Stage *stage) {
         return;
     }
     host::Tag *tag = stage->SecondTag() != nullptr ? stage->SecondTag() : stage->AddSecondCamera();
-    ApplyPresetValues(*second, tag);
-    const double made_for = second->Real(kMadeFor);
-    if (made_for > 0) KeepHertz(made_for, stage->Rate().PerSecond(), tag);
-    FollowExactly(tag);
+    const host::Data *brought = tag->Data().Find(kBrought);
+    if (brought == nullptr || !(*brought->GetContainer() == *second)) SetUpSecond(*second, stage->Rate().PerSecond(), tag);
+    // From the preset's own, whatever take was played before.
+    tag->SetParameter(host::MakeId(ids::kSeed), host::Data(second->Whole(ids::kSeed)));
     SeedSecond(first, preset.Whole(ids::kSeed), tag);
 }
 
