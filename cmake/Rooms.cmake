@@ -6,10 +6,12 @@ function(tremolux_room_sources result folder)
     set(${result} ${sources} PARENT_SCOPE)
 endfunction()
 
-# What no frame passes through while a move plays: small before fast, where a page fetches it.
+# What no frame passes through while a move plays: small before fast, where a page fetches it, or one file has it all.
 function(tremolux_set_small)
     if(EMSCRIPTEN)
         set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_OPTIONS -Oz)
+    elseif(WIN32)
+        set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_OPTIONS -Os)
     endif()
 endfunction()
 

@@ -14,6 +14,9 @@ constexpr const char *kLog =
     "GYROFLOW IMU LOG\nid,box_cam\norientation,XYZ\ntscale,0.001\ngscale,0.1\nframe_readout_time,16.5\nt,gx,gy,gz\n"
     "0,0,10,0\n500,0,10,0\n1000,0,10,0\n";
 
+constexpr const char *kNothingTakenAway =
+    "note          no part stands still and the mean rate is a turn: nothing is taken away as the sensor's error\n";
+
 TEST(Recordings, InspectTellsTheSensorsAndWhatWasDecided) {
     const Workplace workplace;
     const Outcome outcome = workplace.RunBare({"inspect", workplace.Write("a.gcsv", kLog)});
@@ -22,8 +25,7 @@ TEST(Recordings, InspectTellsTheSensorsAndWhatWasDecided) {
          {"format        .gcsv\n", "recorded by   box_cam\n",
           "gyro          3 samples in 1 s, 2 a second; radians a second\n", "turns from    the integrated rates\n",
           "readout       16.5 ms\n", "frames        0 to 30, 31 in 1.033 s\n",
-          "rotation      heading 0 to 57.296 degrees\n",
-          "note          no part stands still and the mean rate is a turn: nothing is taken away"})
+          "rotation      heading 0 to 57.296 degrees\n", kNothingTakenAway})
         EXPECT_NE(outcome.out.find(line), std::string::npos) << line << outcome.out;
 }
 
