@@ -1,5 +1,7 @@
 // The settings of a shot.
 #include <cmath>
+#include <map>
+#include <optional>
 
 #include "generated/module_ids.h"
 #include "host/scene/parameters.h"
@@ -73,6 +75,16 @@ double KeyedValue(const host::Data &stored) {
     return stored.type == host::kDataTime ? host::Seconds(stored.GetTime()) : stored.Real();
 }
 
+// How every tag describes a control, but for what its lists offer; nothing: it does not. Kept, because to build a description
+// takes a hundred times as long as to ask whether a control is enabled. For the one whose turn it is.
+const std::optional<host::Container> &ControlSettings(const TableDescID &id, const host::Tag &tag) {
+    static auto &known = *new std::map<std::int32_t, std::optional<host::Container>>;
+    const auto [place, is_new] = known.try_emplace(host::LevelId(id, 0));
+    host::DescribedParameter described;
+    if (is_new && host::FindDescribed(&tag, id, &described)) place->second = described.settings;
+    return place->second;
+}
+
 // Another folder of presets would be every shot's.
 void RefuseFolder(const std::string &setting) {
     const std::string name = setting.substr(0, setting.find('='));
@@ -116,9 +128,8 @@ tremolux_status tremolux_shot_is_enabled(tremolux_shot shot, int32_t parameter, 
     return ByHand(shot, [&](ShotTarget &target) {
         RequirePointer(enabled, "enabled");
         const TableDescID id = host::MakeId(ParameterOf(parameter).id);
-        host::DescribedParameter described;
-        const bool is_described = host::FindDescribed(target.Tag(), id, &described);
-        *enabled = is_described && host::IsControlEnabled(target.Tag(), id, described.settings) ? 1 : 0;
+        const std::optional<host::Container> &settings = ControlSettings(id, *target.Tag());
+        *enabled = settings && host::IsControlEnabled(target.Tag(), id, *settings) ? 1 : 0;
     });
 }
 
