@@ -111,6 +111,9 @@ tremolux_status tremolux_shot_unkey(tremolux_shot shot, int32_t parameter, int64
         if (key == nullptr) RefuseInput("frame", std::to_string(frame), "a frame with a key of this parameter");
         curve->RemoveKey(key);
         delete key;
-        if (curve->KeyCount() == 0) RemoveKeys(target.Tag(), parameter);
+        if (curve->KeyCount() == 0)
+            RemoveKeys(target.Tag(), parameter);
+        else
+            FlattenSmoothKeys(*track, target.move.rate.Whole());
     });
 }

@@ -162,5 +162,6 @@ tremolux_status tremolux_shot_key(tremolux_shot shot, int32_t parameter, int64_t
             RefuseInput("interpolation", std::to_string(interpolation), "1 to 3");
         const host::Time time = host::MakeTime(static_cast<double>(frame), target.move.rate.Whole());
         KeyNumber(target.Tag(), host::MakeId(parameter), time, stored, interpolation);
+        FlattenSmoothKeys(*target.Tag()->FindTrack(host::MakeId(parameter)), target.move.rate.Whole());
     });
 }

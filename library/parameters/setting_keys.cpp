@@ -27,7 +27,6 @@ struct Easing {
 constexpr Easing kEasings[] = {{"linear", host::kInterpolationLinear},
                                {"smooth", host::kInterpolationSpline},
                                {"hold", host::kInterpolationStep}};
-constexpr double kTangentShare = 1.0 / 3;  // of the way to the next key: flat on the key, and as steep as a cosine between
 
 struct SettingKey {
     std::int32_t id;
@@ -81,18 +80,6 @@ void ReadKeys(std::string_view text, const std::vector<Parameter> &parameters, i
     }
 }
 
-// A smooth key is at rest on both sides.
-void Flatten(const host::Track &track, int frames_per_second) {
-    const host::Curve *curve = track.GetCurve();
-    for (std::int32_t i = 0; i + 1 < curve->KeyCount(); ++i) {
-        host::Key *from = curve->KeyAt(i), *to = curve->KeyAt(i + 1);
-        if (from->GetInterpolation() != host::kInterpolationSpline) continue;
-        const double frames = (host::Seconds(to->GetTime()) - host::Seconds(from->GetTime())) * frames_per_second;
-        from->right.time = host::MakeTime(frames * kTangentShare, frames_per_second);
-        to->left.time = host::MakeTime(-frames * kTangentShare, frames_per_second);
-    }
-}
-
 }  // namespace
 
 void ApplyKeys(const std::vector<std::string> &keys, int frames_per_second, host::Tag *tag) {
@@ -102,7 +89,7 @@ void ApplyKeys(const std::vector<std::string> &keys, int frames_per_second, host
     for (const std::string &text : keys) ReadKeys(text, parameters, frames_per_second, &read);
     for (const SettingKey &key : read)
         KeyNumber(tag, host::MakeId(key.id), host::MakeTime(key.frame, frames_per_second), key.value, key.interpolation);
-    for (const host::Track *track : tag->Tracks()) Flatten(*track, frames_per_second);
+    for (const host::Track *track : tag->Tracks()) FlattenSmoothKeys(*track, frames_per_second);
 }
 
 }  // namespace tremolux

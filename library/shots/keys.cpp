@@ -11,6 +11,8 @@
 namespace tremolux {
 namespace {
 
+constexpr double kTangentShare = 1.0 / 3;  // of the way to the next key: flat on the key, and as steep as a cosine between
+
 using Channel = std::function<double(const CameraSample &)>;
 
 bool IsConstant(const CameraMove &move, const Channel &channel) {
@@ -120,6 +122,17 @@ std::vector<ListedKey> ListKeys(const host::Object &object, int frames_per_secon
         }
     }
     return keys;
+}
+
+void FlattenSmoothKeys(const host::Track &track, int frames_per_second) {
+    const host::Curve *curve = track.GetCurve();
+    for (std::int32_t i = 0; i + 1 < curve->KeyCount(); ++i) {
+        host::Key *from = curve->KeyAt(i), *to = curve->KeyAt(i + 1);
+        if (from->GetInterpolation() != host::kInterpolationSpline) continue;
+        const double frames = (host::Seconds(to->GetTime()) - host::Seconds(from->GetTime())) * frames_per_second;
+        from->right.time = host::MakeTime(frames * kTangentShare, frames_per_second);
+        to->left.time = host::MakeTime(-frames * kTangentShare, frames_per_second);
+    }
 }
 
 }  // namespace tremolux

@@ -26,4 +26,7 @@ struct ListedKey {
 // Track after track.
 std::vector<ListedKey> ListKeys(const host::Object &object, int frames_per_second);
 
+// A smooth key is at rest on both sides. After any change of a track with such keys.
+void FlattenSmoothKeys(const host::Track &track, int frames_per_second);
+
 }  // namespace tremolux

@@ -78,20 +78,20 @@ function listenForDrops(): void {
 }
 
 /** What the program wrote into the page, else the address, else the last shot, else a sample that moves. */
-function firstShot(): ShotState {
+function firstShot(): { shot: ShotState; problem?: unknown } {
     const opening = document.getElementById('opening')?.textContent?.trim() ?? 'null';
     const fresh: ShotState = { move: sample('push_in.csv'), look: { ...FRESH_LOOK, base: { kind: 'preset', name: 'Hand-held/Conversation' } } };
     try {
-        if (opening !== 'null') return readSession(opening);
+        if (opening !== 'null') return { shot: readSession(opening) };
         const address = readAddress(location.hash);
-        if (address !== undefined) return { move: sample(SAMPLES.includes(address.sample) ? address.sample : 'push_in.csv'), look: address.look };
-    } catch (error) {
-        studio.tell(error);
-        return fresh;
+        if (address !== undefined)
+            return { shot: { move: sample(SAMPLES.includes(address.sample) ? address.sample : 'push_in.csv'), look: address.look } };
+    } catch (problem) {
+        return { shot: fresh, problem };
     }
     const last = kept();
-    if (last === undefined) return fresh;
-    return { move: last.move.sample && SAMPLES.includes(last.move.name) ? sample(last.move.name) : last.move, look: last.look };
+    if (last === undefined) return { shot: fresh };
+    return { shot: { move: last.move.sample && SAMPLES.includes(last.move.name) ? sample(last.move.name) : last.move, look: last.look } };
 }
 
 function setAddress(address: string): void {
@@ -127,6 +127,11 @@ function keepShots(): void {
     });
 }
 
+/** For those who watch the page from outside: programs that test it, or film it. */
+function tellWhenSettled(): void {
+    effect(() => { document.documentElement.dataset.settled = String(studio.isSettled.value); });
+}
+
 function watchSlowWork(): void {
     let timer: ReturnType<typeof setTimeout> | undefined;
     effect(() => {
@@ -139,12 +144,18 @@ function watchSlowWork(): void {
 async function begin(): Promise<void> {
     render(<Page />, document.getElementById('studio') as HTMLElement);
     watchSlowWork();
+    tellWhenSettled();
     listen();
     listenForDrops();
     try {
         await studio.start();
-        const { move, look } = firstShot();
-        if (!await studio.open(move, look)) await studio.open(sample('push_in.csv'), FRESH_LOOK);
+        const { shot, problem } = firstShot();
+        if (!await studio.open(shot.move, shot.look)) {
+            const refusal = studio.message.peek();
+            await studio.open(sample('push_in.csv'), FRESH_LOOK);
+            studio.message.value = refusal;
+        }
+        if (problem !== undefined) studio.tell(problem);
         if (!matchMedia('(prefers-reduced-motion: reduce)').matches) playhead.play(1);
         keepShots();
         await bringThumbnails();

@@ -192,6 +192,34 @@ TEST(Keys, CanBeTakenAwayOneByOne) {
     EXPECT_EQ(Played(shot, kDirectedFrames), keyed);
 }
 
+// What a keyed setting is on a frame.
+double ValueOn(const Shot &shot, std::int32_t parameter, std::int64_t frame) {
+    tremolux_buffer layers{};
+    EXPECT_EQ(TREMOLUX_OK, tremolux_shot_layers(shot.get(), frame, &layers)) << tremolux_last_error(shot.get());
+    tremolux_buffer_free(&layers);
+    double value = 0;
+    EXPECT_EQ(TREMOLUX_OK, tremolux_shot_get(shot.get(), parameter, &value));
+    return value;
+}
+
+TEST(Keys, AreAtRestWhereTheyAreSmooth) {
+    const Shot shot = Documentary();
+    const std::int32_t scale = IdOf("Overall Scale");
+    const auto key = [&](std::int64_t frame, double value, std::int32_t interpolation) {
+        ASSERT_EQ(TREMOLUX_OK, tremolux_shot_key(shot.get(), scale, frame, value, interpolation));
+    };
+    key(20, 1, TREMOLUX_SMOOTH);
+    key(56, 3, TREMOLUX_SMOOTH);
+    // 3t^2 - 2t^3 of the way: flat at both ends.
+    EXPECT_NEAR(ValueOn(shot, scale, 29), 1 + 2 * 0.15625, 1e-9);
+    EXPECT_NEAR(ValueOn(shot, scale, 38), 2, 1e-9);
+    EXPECT_NEAR(ValueOn(shot, scale, 47), 1 + 2 * 0.84375, 1e-9);
+    key(44, 2, TREMOLUX_SMOOTH);
+    EXPECT_NEAR(ValueOn(shot, scale, 26), 1 + 0.15625, 1e-9) << "to the nearer key";
+    ASSERT_EQ(TREMOLUX_OK, tremolux_shot_unkey(shot.get(), scale, 44));
+    EXPECT_NEAR(ValueOn(shot, scale, 29), 1 + 2 * 0.15625, 1e-9) << "and to the farther again";
+}
+
 std::string PairOfBuiltIns() {
     for (std::size_t i = 0; i < tremolux_preset_count(); ++i)
         if (PresetAt(i).is_pair == 1) return PresetAt(i).name;

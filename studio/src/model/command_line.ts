@@ -13,7 +13,9 @@ export interface CommandFacts {
 }
 
 const quoted = (text: string): string =>
-    /^[\w@%+=:,./-]+$/.test(text) && !text.startsWith('-') ? text : `'${text.replaceAll("'", `'\\''`)}'`;
+    /^[\w@%+=:,./-]+$/.test(text) ? text : `'${text.replaceAll("'", `'\\''`)}'`;
+/** A name that begins like an option is none. */
+const fileWord = (name: string): string => (name.startsWith('-') ? `./${name}` : name);
 
 /** As the option takes it; fractions, degrees and seconds with all their digits. */
 function valueText(parameter: number, value: number, { switches, times, angles }: CommandFacts): string {
@@ -28,7 +30,7 @@ function baseWords({ base, keepHertz }: Look): string[] {
         case 'defaults': return [];
         case 'preset': return ['--preset', base.name, ...hertz];
         case 'mix': return ['--preset', `${base.name}=${1 - base.share}`, '--preset', `${base.second}=${base.share}`, ...hertz];
-        case 'file': return ['--preset', base.name];
+        case 'file': return ['--preset', fileWord(base.name)];
     }
 }
 
@@ -64,7 +66,7 @@ export function commandLine(look: Look, facts: CommandFacts): string {
         ...(look.target === null ? [] : [`--target=${look.target.join(',')}`]),
         ...(look.focusObject === null ? [] : [`--focus-object=${look.focusObject.join(',')}`]),
     ];
-    const jolts = look.jolts.length === 0 ? [] : ['--jolts-from', joltsFile(facts.moveName)];
-    return ['tremolux', 'shake', facts.moveName, ...baseWords(look), ...settings, ...keys, ...points, ...jolts, ...rangeWords(look), '-o',
-        facts.output].map(quoted).join(' ');
+    const jolts = look.jolts.length === 0 ? [] : ['--jolts-from', fileWord(joltsFile(facts.moveName))];
+    return ['tremolux', 'shake', fileWord(facts.moveName), ...baseWords(look), ...settings, ...keys, ...points, ...jolts, ...rangeWords(look), '-o',
+        fileWord(facts.output)].map(quoted).join(' ');
 }

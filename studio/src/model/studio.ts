@@ -31,6 +31,7 @@ export class Studio {
     readonly facts = signal<EngineFacts | null>(null);
     readonly shown = signal<Shown | null>(null);
     readonly details = signal<Details | null>(null);
+    private readonly detailsOf = signal<Look | null>(null);
     readonly message = signal<Message | null>(null);
     /** Since when the engine computes one answer. */
     readonly busySince = signal<number | null>(null);
@@ -50,6 +51,8 @@ export class Studio {
         const info = this.shown.value?.move.info;
         return { numerator: info?.rateNumerator ?? 30, denominator: info?.rateDenominator ?? 1 };
     });
+    /** Whether frames and details are those of the look. */
+    readonly isSettled = computed(() => this.detailsOf.value !== null && this.detailsOf.value === this.shot.value?.look);
     readonly firstFrame = computed(() => this.shown.value?.move.info.firstFrame ?? 0);
     readonly lastFrame = computed(() => this.firstFrame.value + (this.shown.value?.move.info.frameCount ?? 1) - 1);
 
@@ -212,7 +215,11 @@ export class Studio {
         if (shown === null || this.isPlaying || shown.look !== this.shot.peek()?.look) return;
         try {
             const details = await this.engine.call('details', { look: shown.look });
-            if (this.shown.peek() === shown) this.details.value = details;
+            if (this.shown.peek() !== shown) return;
+            batch(() => {
+                this.details.value = details;
+                this.detailsOf.value = shown.look;
+            });
         } catch (error) {
             this.tell(error);
         }

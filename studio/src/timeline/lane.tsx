@@ -1,6 +1,6 @@
 /** A line of the timeline, and marks on it that are dragged, moved by keys and removed. */
 import type { ComponentChildren, JSX } from 'preact';
-import { useEffect, useRef } from 'preact/hooks';
+import { useLayoutEffect, useRef } from 'preact/hooks';
 import { playhead, studio, visible } from '../app.ts';
 import type { Look } from '../model/look.ts';
 
@@ -32,8 +32,8 @@ interface MarksProps {
 
 export function Marks({ label, marks, shape, moved, removed, select, children }: MarksProps) {
     const line = useRef<HTMLDivElement>(null), follow = useRef<number | null>(null);
-    // A mark that went elsewhere is another element.
-    useEffect(() => {
+    // A mark that went elsewhere is another element, and the next press may come at once.
+    useLayoutEffect(() => {
         if (follow.current === null) return;
         line.current?.querySelector<HTMLElement>(`[data-frame="${follow.current}"]`)?.focus();
         follow.current = null;
