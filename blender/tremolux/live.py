@@ -43,9 +43,10 @@ def input_mark(camera):
 
 def refresh_edited(scene):
     """Every camera whose motion is another than the one that was shaken."""
-    for camera in [thing for thing in scene.objects if thing.type == "CAMERA" and thing.library is None]:
-        record = writing.record_of(camera)
-        if record is None or not camera.tremolux.is_live or record.get("input") == input_mark(camera):
+    # A new shake makes another follower: only cameras that are shaken outlast the loop.
+    shaken = [thing for thing in scene.objects if thing.type == "CAMERA" and thing.library is None and writing.is_shaken(thing)]
+    for camera in shaken:
+        if not camera.tremolux.is_live or writing.record_of(camera).get("input") == input_mark(camera):
             continue
         if not properties.refresh(scene, camera):
             writing.remember_input(camera, input_mark(camera))  # told once
