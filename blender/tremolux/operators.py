@@ -66,6 +66,11 @@ class TREMOLUX_OT_remove(_OnCamera):
 
     def execute(self, context):
         camera = active_camera(context)
+        try:
+            writing.check_record(camera)
+        except LibraryError as error:
+            self.report({"ERROR"}, str(error))
+            return {"CANCELLED"}
         writing.remove(camera)
         camera.tremolux.message = ""
         return {"FINISHED"}

@@ -100,10 +100,12 @@ def beats_of(scene, strip):
 
 
 def put_on(scene, camera):
-    """Computes the shake anew and writes it, in place of the one that was there. Raises a LibraryError."""
+    """Computes the shake anew and writes it, in place of the one that was there. Raises a LibraryError, and leaves that one."""
+    writing.check_record(camera)
     preset_named(camera.tremolux.preset)
     frames = cameras.frames_of(scene)
-    writing.remove(camera)
-    motion = cameras.read_motion(scene, camera, frames)
-    cameras.check(motion)
-    writing.write(scene, camera, motion, numbers_of(scene, camera, motion))
+    with writing.lifted(camera):
+        motion = cameras.read_motion(scene, camera, frames)
+        cameras.check(motion)
+        numbers = numbers_of(scene, camera, motion)
+    writing.write(scene, camera, motion, numbers)

@@ -1,5 +1,6 @@
 """The shake as keys: on the camera's delta channels, in strips of its own below the artist's keys; or on a camera that follows,
 where something else has the last word."""
+import contextlib
 import hashlib
 import json
 
@@ -9,9 +10,11 @@ import numpy as np
 from . import camera as cameras
 from . import curves, space
 from .camera import MARK
+from .library import LibraryError
 
 FOLLOWER = " (hand-held)"
 FOLLOWS = MARK + " of"  # a follower's camera
+FORMAT = 1  # of the record
 
 
 def _turns_path(camera):
@@ -21,7 +24,21 @@ def _turns_path(camera):
 def record_of(owner):
     """What was there before, and the mark of what was written; None where nothing was."""
     text = owner.get(MARK)
-    return json.loads(text) if isinstance(text, str) else None
+    if not isinstance(text, str):
+        return None
+    try:
+        record = json.loads(text)
+    except ValueError:
+        return {}
+    return record if isinstance(record, dict) else {}
+
+
+def check_record(camera):
+    """Raises a LibraryError where a newer add-on wrote what this one cannot know how to take off."""
+    for owner in (camera, camera.data):
+        made_by = (record_of(owner) or {}).get("format", FORMAT)
+        if not isinstance(made_by, int) or made_by > FORMAT:
+            raise LibraryError("the shake was made by a newer version of the add-on, and stays as it is until that is installed")
 
 
 def follower_of(camera):
@@ -63,7 +80,7 @@ def is_edited(camera):
 
 
 def _remember(owner, **what):
-    owner[MARK] = json.dumps({**(record_of(owner) or {}), **what})
+    owner[MARK] = json.dumps({"format": FORMAT, **(record_of(owner) or {}), **what})
 
 
 def remember_input(camera, mark):
@@ -89,23 +106,63 @@ def _clear(owner):
     del owner[MARK]
 
 
-def remove(camera):
-    """Everything that the shake brought; the camera is what it was."""
-    follower = follower_of(camera)
-    if follower is not None:
-        data = follower.data
-        actions = [owner.animation_data.action for owner in (follower, data) if owner.animation_data]
-        bpy.data.objects.remove(follower)
-        if data.users == 0:
-            bpy.data.cameras.remove(data)
-        for action in actions:
-            if action is not None and action.users == 0:
-                bpy.data.actions.remove(action)
+def _clear_both(camera):
     _clear(camera)
     # Lenses may be shared; a shake on one stays as long as somebody has it.
     if not any(thing.data == camera.data and is_shaken(thing) for thing in bpy.data.objects if thing.type == "CAMERA"):
         _clear(camera.data)
     bpy.context.view_layer.update()
+
+
+def _remove_follower(camera):
+    follower = follower_of(camera)
+    if follower is None:
+        return
+    data = follower.data
+    actions = [owner.animation_data.action for owner in (follower, data) if owner.animation_data]
+    bpy.data.objects.remove(follower)
+    if data.users == 0:
+        bpy.data.cameras.remove(data)
+    for action in actions:
+        if action is not None and action.users == 0:
+            bpy.data.actions.remove(action)
+
+
+def remove(camera):
+    """Everything that the shake brought; the camera is what it was."""
+    _remove_follower(camera)
+    _clear_both(camera)
+
+
+@contextlib.contextmanager
+def lifted(camera):
+    """Within it the camera has its own motion alone. Afterwards the shake is gone; if something was raised, it is there again."""
+    records = [(owner, owner.get(MARK)) for owner in (camera, camera.data)]
+    strips = [(owner, int(strip.frame_start), strip.action, getattr(strip, "action_slot", None), strip.action.use_fake_user)
+              for owner, _ in records for track in curves.tracks_of(owner, MARK) for strip in track.strips if strip.action]
+    for strip in strips:
+        strip[2].use_fake_user = True  # actions without a user would be removed with their strips
+    _clear_both(camera)
+    is_done = False
+    try:
+        yield
+        is_done = True
+    finally:
+        for owner, first_frame, action, slot, is_kept in strips:
+            if not is_done and not curves.tracks_of(owner, MARK):
+                curves.add_strip(owner, MARK, first_frame, action, slot)
+            action.use_fake_user = is_kept
+            if action.users == 0:
+                bpy.data.actions.remove(action)
+        if is_done:
+            _remove_follower(camera)
+        else:
+            for owner, text in records:
+                if text is not None:
+                    owner[MARK] = text
+                if "blend" in (record_of(owner) or {}):
+                    owner.animation_data.action_blend_type = "ADD"
+            bpy.context.view_layer.update()
 
 
 def _put_on(owner, first_frame, keys, **record):
@@ -138,7 +195,7 @@ def _put_on_lens(camera, motion, lens, focus):
     if data.dof.focus_object is not None:
         del wanted["dof.focus_distance"]
     changed = {path: pair for path, pair in wanted.items() if np.abs(pair[0] - pair[1]).max() > 1e-9}
-    if not changed or data.users > 1:
+    if not changed or data.users > 1 or data.library is not None:
         return
     own = curves.keyed(data)
     values = {(path, 0): shaken - plain if (path, 0) in own else shaken for path, (shaken, plain) in changed.items()}

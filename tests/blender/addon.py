@@ -17,6 +17,7 @@ import bpy
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import edits  # pylint: disable=wrong-import-position
+import errors  # pylint: disable=wrong-import-position
 from scenes import (  # pylint: disable=wrong-import-position
     PRESET, PROGRAM, SHAKEN, TOLERANCE, check, difference, expect, expect_fresh, finish, frames_of, new_camera, new_scene, seen,
     shaken_by_program, strips_of)
@@ -357,4 +358,5 @@ check_copies()
 check_keyed_settings()
 check_refusals()
 edits.check_random_edits()
+errors.check_errors()
 finish(least=2000)
