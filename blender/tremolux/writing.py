@@ -21,9 +21,14 @@ def _turns_path(camera):
     return "delta_rotation_quaternion" if camera.rotation_mode == "QUATERNION" else "delta_rotation_euler"
 
 
+def _own_actions(owner):
+    return [strip.action for track in curves.tracks_of(owner, MARK) for strip in track.strips if strip.action]
+
+
 def record_of(owner):
     """What was there before, and the mark of what was written; None where nothing was."""
-    text = owner.get(MARK)
+    # Library overrides are saved without such a property of their own: the strips' actions have it, too.
+    text = owner.get(MARK, next((action.get(MARK) for action in _own_actions(owner)), None))
     if not isinstance(text, str):
         return None
     try:
@@ -65,7 +70,7 @@ def actions_of(camera):
     if follower is not None:
         found = [owner.animation_data.action for owner in (follower, follower.data) if owner.animation_data]
     for owner in (camera, camera.data):
-        found += [strip.action for track in curves.tracks_of(owner, MARK) for strip in track.strips]
+        found += _own_actions(owner)
     return [action for action in found if action is not None]
 
 
@@ -80,7 +85,9 @@ def is_edited(camera):
 
 
 def _remember(owner, **what):
-    owner[MARK] = json.dumps({"format": FORMAT, **(record_of(owner) or {}), **what})
+    text = json.dumps({"format": FORMAT, **(record_of(owner) or {}), **what})
+    for holder in (owner, *_own_actions(owner)):
+        holder[MARK] = text
 
 
 def remember_input(camera, mark):
@@ -91,8 +98,8 @@ def remember_input(camera, mark):
 
 def _clear(owner):
     """Takes our strips off, and puts back what they moved."""
-    curves.remove_tracks(owner, MARK)
     record = record_of(owner)
+    curves.remove_tracks(owner, MARK)
     if record is None:
         return
     animation = owner.animation_data
@@ -103,7 +110,8 @@ def _clear(owner):
         animation.action_blend_type = record["blend"]
     if animation and record.get("new") and not animation.action and not animation.nla_tracks and not animation.drivers:
         owner.animation_data_clear()
-    del owner[MARK]
+    if MARK in owner:
+        del owner[MARK]
 
 
 def _clear_both(camera):
@@ -166,9 +174,10 @@ def lifted(camera):
 
 
 def _put_on(owner, first_frame, keys, **record):
-    _remember(owner, new=owner.animation_data is None, **record)
+    is_new = owner.animation_data is None
     action, slot = curves.new_action(f"{MARK} {owner.name}", owner, first_frame, keys)
     curves.add_strip(owner, MARK, first_frame, action, slot)
+    _remember(owner, new=is_new, **record)
 
 
 def _columns(path, numbers):

@@ -18,6 +18,7 @@ import bpy
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import edits  # pylint: disable=wrong-import-position
 import errors  # pylint: disable=wrong-import-position
+import files  # pylint: disable=wrong-import-position
 from scenes import (  # pylint: disable=wrong-import-position
     PRESET, PROGRAM, SHAKEN, TOLERANCE, check, difference, expect, expect_fresh, finish, frames_of, new_camera, new_scene, seen,
     shaken_by_program, strips_of)
@@ -359,4 +360,5 @@ check_keyed_settings()
 check_refusals()
 edits.check_random_edits()
 errors.check_errors()
+files.check_files()
 finish(least=2000)
