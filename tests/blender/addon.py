@@ -19,6 +19,7 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import edits  # pylint: disable=wrong-import-position
 import errors  # pylint: disable=wrong-import-position
 import files  # pylint: disable=wrong-import-position
+import install  # pylint: disable=wrong-import-position
 from scenes import (  # pylint: disable=wrong-import-position
     PRESET, PROGRAM, SHAKEN, TOLERANCE, check, difference, expect, expect_fresh, finish, frames_of, new_camera, new_scene, seen,
     shaken_by_program, strips_of)
@@ -361,4 +362,5 @@ check_refusals()
 edits.check_random_edits()
 errors.check_errors()
 files.check_files()
+install.check_install()
 finish(least=2000)
