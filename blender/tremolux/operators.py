@@ -121,7 +121,9 @@ class TREMOLUX_OT_jolts_from_sound(_OnCamera):
     def execute(self, context):
         camera = active_camera(context)
         editor = context.scene.sequence_editor
-        strips = [strip for strip in (editor.sequences_all if editor else ()) if strip.type == "SOUND"]
+        # "sequences" until 4.3, "strips" from 4.4 on.
+        all_strips = getattr(editor, "strips_all", None) or getattr(editor, "sequences_all", ())
+        strips = [strip for strip in all_strips if strip.type == "SOUND"]
         if not strips:
             self.report({"ERROR"}, "there is no sound strip in the sequencer")
             return {"CANCELLED"}
