@@ -36,7 +36,7 @@ def select(name):
     return camera
 
 
-class Session:
+class Workspace:
     """What an artist does, what the artist's own keys must be after it, and what undo must bring back. Cameras are known by
     name: undo and loading make others of them."""
 
@@ -181,16 +181,16 @@ class Session:
 
 def check_random_edits():
     random.seed(20261124)
-    session = Session()
+    workspace = Workspace()
     for number in range(EDITS):
-        kind, name = random.choice(KINDS), random.choice(sorted(session.artist))
+        kind, name = random.choice(KINDS), random.choice(sorted(workspace.artist))
         if kind in ("undo", "redo"):
-            session.step(-1 if kind == "undo" else 1)
-            session.expect_right(f"edit {number}, {kind}")
+            workspace.step(-1 if kind == "undo" else 1)
+            workspace.expect_right(f"edit {number}, {kind}")
             continue
-        getattr(session, kind)(name)
-        session.expect_right(f"edit {number}, {kind} of {name}")
+        getattr(workspace, kind)(name)
+        workspace.expect_right(f"edit {number}, {kind} of {name}")
         if kind != "save":
-            session.push()
-    session.expect_removed()
-    print(f"addon: {EDITS} edits at random, {len(session.artist)} cameras at the end")
+            workspace.push()
+    workspace.expect_removed()
+    print(f"addon: {EDITS} edits at random, {len(workspace.artist)} cameras at the end")
