@@ -9,7 +9,8 @@ LINK = re.compile(r"\]\(([^)\s]+)\)")
 
 
 def pages():
-    return [page for page in ROOT.rglob("*.md") if page.relative_to(ROOT).parts[0] not in ("build", "dist")]
+    return [page for page in ROOT.rglob("*.md")
+            if page.relative_to(ROOT).parts[0] not in ("build", "dist") and "node_modules" not in page.parts]
 
 
 def anchors(page):
