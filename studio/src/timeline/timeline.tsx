@@ -30,7 +30,7 @@ function Transport() {
             {button('▸|', words.transport.last, () => playhead.go(studio.lastFrame.peek()))}
             {button('⟳', words.transport.loop, () => { playhead.loops.value = !playhead.loops.value; }, playhead.loops.value)}
             <label>{words.transport.frame} <input type="number" class="frame" value={frame} min={studio.firstFrame.value} max={studio.lastFrame.value}
-                onChange={(event) => playhead.go(Number(event.currentTarget.value) || 0)} /></label>
+                onInput={({ currentTarget: { value } }) => { if (value !== '' && Number.isFinite(Number(value))) playhead.go(Number(value)); }} /></label>
             <output class="clock" aria-label={words.transport.timecode}>{timecode(frame, rate)}</output>
             <output class="clock" aria-label={words.transport.seconds}>{secondsAt(frame, rate).toFixed(2)} s</output>
             <span class="note">{perSecond(rate).toFixed(3).replace(/\.?0+$/, '')} fps</span>
