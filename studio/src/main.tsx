@@ -3,7 +3,7 @@ import { effect, signal } from '@preact/signals';
 import { render } from 'preact';
 import 'uplot/dist/uPlot.min.css';
 import './style.css';
-import { studio } from './app.ts';
+import { playhead, studio } from './app.ts';
 import { Bar, showsKeys } from './bar.tsx';
 import { Curves } from './curves/curves.tsx';
 import { openFile, sample, SAMPLES } from './in/open.ts';
@@ -20,7 +20,6 @@ import { listen } from './shortcuts.ts';
 import { Timeline } from './timeline/timeline.tsx';
 import { Views } from './views/views.tsx';
 import { words } from './words.ts';
-import { playhead } from './app.ts';
 
 const isDraggedOver = signal(false);
 /** Short computing is not worth a word. */
@@ -40,7 +39,11 @@ function Status() {
 
 function Keys() {
     if (!showsKeys.value) return null;
-    return <dl class="keys">{words.keys.map(([key, text]) => <div key={key}><dt>{key}</dt><dd>{text}</dd></div>)}</dl>;
+    return (
+        <section aria-label={words.help}>
+            <dl class="keys">{words.keys.map(([key, text]) => <div key={key}><dt>{key}</dt><dd>{text}</dd></div>)}</dl>
+        </section>
+    );
 }
 
 function Page() {

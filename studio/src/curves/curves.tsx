@@ -5,6 +5,7 @@ import { playhead, studio, visible } from '../app.ts';
 import type { LayerTrace } from '../engine/protocol.ts';
 import { perSecond } from '../model/timecode.ts';
 import type { Shown } from '../model/studio.ts';
+import { Segments } from '../segments.tsx';
 import { words } from '../words.ts';
 import { GROUPS, groupLines, layerLines, speedLines, spectrumLines } from './lines.ts';
 import type { GroupName, Which } from './lines.ts';
@@ -131,12 +132,8 @@ export function Curves() {
     return (
         <section class="curves" aria-label={words.regions.curves}>
             <div class="row options">
-                <div role="radiogroup" aria-label={words.curves.show} class="segments">
-                    {SHEETS.map((one) => (
-                        <label key={one} class={sheet.value === one ? 'on' : ''}>
-                            <input type="radio" name="sheet" checked={sheet.value === one} onChange={() => { sheet.value = one; }} />{words.curves[one]}
-                        </label>))}
-                </div>
+                <Segments label={words.curves.show} group="sheet" names={SHEETS} texts={(one) => words.curves[one]} chosen={sheet.value}
+                    choose={(one) => { sheet.value = one; }} />
                 <Choices />
             </div>
             <div class="plots">

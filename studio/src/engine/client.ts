@@ -20,10 +20,6 @@ export class Engine {
         this.worker = this.freshWorker();
     }
 
-    get isBusy(): boolean {
-        return this.waiting.size > 0;
-    }
-
     call<Name extends CallName>(call: Name, asked: Calls[Name]['asked']): Promise<Calls[Name]['answered']> {
         const request: Request = { number: this.next++, call, asked };
         return new Promise((resolve, reject) => {

@@ -21,6 +21,8 @@ export class PlayedLook {
     private readonly rotationJolts: number;
     private shot: Shot | undefined;
     private look: Look | undefined;
+    /** What the shot's frames are of. */
+    private lastPlayed: Look | undefined;
     /** What each parameter has without the look's settings. */
     private base = new Map<number, number>();
 
@@ -42,12 +44,15 @@ export class PlayedLook {
         this.shot?.free();
         this.shot = undefined;
         this.look = undefined;
+        this.lastPlayed = undefined;
     }
 
-    /** Brings the engine to a look and plays all frames; when it throws, the next look starts afresh. */
-    play(look: Look, progress?: (done: number, frames: number) => boolean): Shot {
+    /** Brings the engine to a look and plays all frames, unless they are what it played last; when it throws, the next look starts
+     * afresh. */
+    play(look: Look): Shot {
         const shot = this.brought(look);
-        shot.play(progress);
+        if (!same(this.lastPlayed, look)) shot.play();
+        this.lastPlayed = look;
         return shot;
     }
 

@@ -16,11 +16,6 @@ export interface OpenMove {
     /** 8 a frame: x, y, z in scene units, heading, pitch, bank in radians, focal length in millimetres, focus distance. */
     numbers: Float64Array;
 }
-export interface Frames {
-    numbers: Float64Array;
-    /** How long the worker took, milliseconds. */
-    took: number;
-}
 /** What the panel shows of a look. */
 export interface Details {
     measures: Measures;
@@ -43,7 +38,7 @@ export interface FoundEvents {
 export interface Calls {
     start: { asked: Record<string, never>; answered: EngineFacts };
     open: { asked: { name: string; bytes: Uint8Array }; answered: OpenMove };
-    play: { asked: { look: Look }; answered: Frames };
+    play: { asked: { look: Look }; answered: Float64Array };
     details: { asked: { look: Look }; answered: Details };
     press: { asked: { look: Look; button: number }; answered: Record<number, number> };
     trace: { asked: { look: Look }; answered: LayerTrace };

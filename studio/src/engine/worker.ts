@@ -59,13 +59,11 @@ const handlers: Handlers = {
         return { name, info: move.info, numbers: move.numbers() };
     },
     async play({ look }) {
-        const before = performance.now();
-        const numbers = theOpened().played.play(look).numbers();
-        return { numbers, took: performance.now() - before };
+        return theOpened().played.play(look).numbers();
     },
     async details({ look }) {
         const { played } = theOpened();
-        const shot = played.brought(look);
+        const shot = played.play(look);
         const engine = await start();
         return {
             measures: shot.measure(),
@@ -84,7 +82,7 @@ const handlers: Handlers = {
     async between({ look, frame, shutter, count }) {
         const { move, played } = theOpened();
         const { firstFrame, frameCount } = move.info;
-        const shot = played.brought(look);
+        const shot = played.play(look);
         const numbers = new Float64Array(count * 8);
         for (let i = 0; i < count; ++i) {
             const at = frame + shutter * ((i + 0.5) / count - 0.5);

@@ -1,6 +1,4 @@
 /** The numbers of a camera by channel, as curves and readouts want them. */
-import type { OpenMove } from '../engine/protocol.ts';
-
 export const PER_FRAME = 8;
 const DEGREES = 180 / Math.PI;
 
@@ -66,5 +64,3 @@ export const peak = (values: ArrayLike<number>): number => {
 /** Root of the sum of squares, frame by frame. */
 export const length = (curves: readonly Float64Array[]): Float64Array =>
     Float64Array.from(curves[0] ?? [], (_, frame) => Math.hypot(...curves.map((curve) => curve[frame] as number)));
-
-export const frameCount = (move: OpenMove): number => move.info.frameCount;

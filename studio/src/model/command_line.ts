@@ -4,7 +4,6 @@ import { WHOLE_RANGE } from './look.ts';
 
 export interface CommandFacts {
     readonly moveName: string;
-    readonly firstFrame: number;
     readonly output: string;
     /** Parameters that hold a switch. */
     readonly switches: ReadonlySet<number>;

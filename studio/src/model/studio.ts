@@ -35,8 +35,6 @@ export class Studio {
     readonly message = signal<Message | null>(null);
     /** Since when the engine computes one answer. */
     readonly busySince = signal<number | null>(null);
-    /** How long the last look took in the worker, milliseconds. */
-    readonly took = signal(0);
     private readonly history = signal<History<ShotState> | null>(null);
     /** The other state of a comparison. */
     private readonly other = signal<ShotState | null>(null);
@@ -163,7 +161,7 @@ export class Studio {
     }
 
     private async openInWorker(file: MoveFile): Promise<void> {
-        // The sample's bytes are kept for sessions and after a stop: a copy is handed over.
+        // A copy goes to the worker: sessions, and a worker that takes its place, want the bytes again.
         this.openMove = await this.engine.call('open', { name: file.name, bytes: file.bytes });
         this.openFile = file;
     }
@@ -174,7 +172,8 @@ export class Studio {
         this.isPlaying = true;
         this.busySince.value = performance.now();
         try {
-            for (let wanted = this.shot.peek(); wanted !== null && !this.shows(wanted); wanted = this.shot.peek()) await this.bring(wanted);
+            for (let wanted = this.shot.peek(); wanted !== null && !this.shows(wanted); wanted = this.shot.peek())
+                if (!await this.bring(wanted)) break;
         } finally {
             this.isPlaying = false;
             this.busySince.value = null;
@@ -187,27 +186,26 @@ export class Studio {
         return this.openFile === state.move && this.shown.peek()?.look === state.look && this.shown.peek()?.move === this.openMove;
     }
 
-    private async bring(wanted: ShotState): Promise<void> {
+    /** Whether there is anything that can be shown. */
+    private async bring(wanted: ShotState): Promise<boolean> {
         try {
             if (this.openFile !== wanted.move) await this.openInWorker(wanted.move);
-            const { numbers, took } = await this.engine.call('play', { look: wanted.look });
-            batch(() => {
-                this.took.value = took;
-                this.shown.value = { look: wanted.look, move: this.openMove as OpenMove, numbers };
-            });
+            const numbers = await this.engine.call('play', { look: wanted.look });
+            this.shown.value = { look: wanted.look, move: this.openMove as OpenMove, numbers };
+            return true;
         } catch (error) {
-            this.giveUp(wanted, error);
+            return this.giveUp(wanted, error);
         }
     }
 
     /** A look that the engine refuses is no step: the one before it comes back. */
-    private giveUp(refused: ShotState, error: unknown): void {
+    private giveUp(refused: ShotState, error: unknown): boolean {
         this.tell(error);
         const history = this.history.peek();
-        if (history === null || history.present !== refused) return;
-        const back = undone(history);
-        this.history.value = history.past.length > 0 ? { ...back, future: [] } : begun({ ...refused, look: FRESH_LOOK });
-        if (history.past.length === 0 && refused.look === FRESH_LOOK) throw error;
+        if (history === null || history.present !== refused) return true;
+        const isFirst = history.past.length === 0;
+        this.history.value = isFirst ? begun({ ...refused, look: FRESH_LOOK }) : { ...undone(history), future: [] };
+        return !isFirst || refused.look !== FRESH_LOOK;
     }
 
     private async bringDetails(): Promise<void> {

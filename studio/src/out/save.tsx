@@ -81,7 +81,7 @@ export function commandText(): string {
     const parameters = studio.facts.value?.parameters ?? [];
     const ids = (has: (parameter: (typeof parameters)[number]) => boolean) => new Set(parameters.filter(has).map(({ id }) => id));
     return commandLine(studio.look.value, {
-        moveName: studio.shown.value?.move.name ?? 'camera', firstFrame: studio.firstFrame.value, output: `${stem(moveName())}-shaken.csv`,
+        moveName: studio.shown.value?.move.name ?? 'camera', output: `${stem(moveName())}-shaken.csv`,
         switches: ids(isSwitch), times: ids(isTime), angles: ids(({ unit }) => unit === ANGLE),
     });
 }

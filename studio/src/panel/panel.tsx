@@ -35,7 +35,7 @@ function PointRow({ label, of }: { label: string; of: 'target' | 'focusObject' }
 function RowView({ row }: { row: Row }) {
     switch (row.kind) {
         case 'value': return <Control parameter={row.parameter} />;
-        case 'title': return <h4>{row.title}</h4>;
+        case 'title': return <h2>{row.title}</h2>;
         case 'group': return <GroupView group={row.group} />;
         case 'button': {
             const { id, label, sentence } = row.parameter;

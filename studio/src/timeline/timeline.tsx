@@ -24,9 +24,9 @@ function Transport() {
     return (
         <div class="row transport">
             {button('|◂', words.transport.first, () => playhead.go(studio.firstFrame.peek()))}
-            {button('−1', words.transport.back, () => playhead.go(frame - 1))}
+            {button('◂', words.transport.back, () => playhead.go(frame - 1))}
             {button(isPlaying ? '❚❚' : '▶', isPlaying ? words.transport.pause : words.transport.play, () => playhead.toggle())}
-            {button('+1', words.transport.on, () => playhead.go(frame + 1))}
+            {button('▸', words.transport.on, () => playhead.go(frame + 1))}
             {button('▸|', words.transport.last, () => playhead.go(studio.lastFrame.peek()))}
             {button('⟳', words.transport.loop, () => { playhead.loops.value = !playhead.loops.value; }, playhead.loops.value)}
             <label>{words.transport.frame} <input type="number" class="frame" value={frame} min={studio.firstFrame.value} max={studio.lastFrame.value}

@@ -1,8 +1,7 @@
 /** The views: what each camera sees, and both from outside, drawn into one canvas. */
-import { BufferAttribute, BufferGeometry, CameraHelper, Color, Group, HemisphereLight, Line, LineBasicMaterial, Object3D, PerspectiveCamera, Scene, Vector3, WebGLRenderer } from 'three';
+import { BufferAttribute, BufferGeometry, CameraHelper, Color, Group, HemisphereLight, Line, LineBasicMaterial, Object3D, PerspectiveCamera, Scene, TextureLoader, Vector3, WebGLRenderer } from 'three';
 import { OrbitControls } from 'three/examples/jsm/controls/OrbitControls.js';
 import { GLTFLoader } from 'three/examples/jsm/loaders/GLTFLoader.js';
-import { TextureLoader } from 'three';
 import { PER_FRAME } from '../model/channels.ts';
 import { poseAt, verticalField } from '../model/pose.ts';
 import type { Shown } from '../model/studio.ts';
@@ -85,9 +84,6 @@ export class Stage {
         return helper;
     }
 
-    get hasOwnScene(): boolean {
-        return this.own !== undefined;
-    }
     /** A scene in a .glb file, in metres, in place of the usual one. Its cameras and lights stay out of play. */
     async useScene(bytes: ArrayBuffer): Promise<void> {
         const loader = new GLTFLoader();

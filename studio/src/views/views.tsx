@@ -1,10 +1,11 @@
 /** The views and what is chosen about them. */
 import { effect, signal } from '@preact/signals';
 import { useEffect, useRef } from 'preact/hooks';
+import { Segments } from '../segments.tsx';
 import { words } from '../words.ts';
 import { playhead, studio } from '../app.ts';
 import { blend, MOMENTS, SHUTTER } from './blur.ts';
-import { LAYOUTS, panesOf } from './layout.ts';
+import { isStacked, LAYOUTS, panesOf } from './layout.ts';
 import type { Layout } from './layout.ts';
 import { fitted, Stage } from './stage.ts';
 
@@ -23,8 +24,8 @@ const hasGraphics = signal(true);
 export let stage: Stage | undefined;
 export const ratio = (): number => RATIOS[ratioName.peek()] ?? 16 / 9;
 
-function guideBoxes(width: number, height: number, isHigh: boolean) {
-    return panesOf(layout.value, wipe.value, isHigh).filter(({ view }) => view !== 'outside').map((pane) => {
+function guideBoxes(width: number, height: number) {
+    return panesOf(layout.value, wipe.value, isStacked(width, height, RATIOS[ratioName.value] ?? 16 / 9)).filter(({ view }) => view !== 'outside').map((pane) => {
         const inner = fitted(pane.width * width, pane.height * height, RATIOS[ratioName.value] ?? 16 / 9);
         return { view: pane.view, left: pane.x * width + inner.x, top: pane.y * height + inner.y, width: inner.width, height: inner.height };
     });
@@ -35,7 +36,7 @@ const size = signal({ width: 0, height: 0 });
 function Guides() {
     const { width, height } = size.value;
     if (width === 0) return null;
-    const boxes = guideBoxes(width, height, height > width);
+    const boxes = guideBoxes(width, height);
     const names = layout.value === 'wipe' ? [] : boxes;
     return (
         <svg class="guides" viewBox={`0 0 ${width} ${height}`} aria-hidden="true">
@@ -63,25 +64,28 @@ function drawSoon(): void {
     });
 }
 
-let blurFor = 0;
+let isBlurring = false;
+/** One at a time; a frame that came meanwhile is drawn after it. */
 async function drawBlurred(over: HTMLCanvasElement): Promise<void> {
-    const shown = studio.shown.peek(), target = over.getContext('2d');
-    if (stage === undefined || shown === null || target === null || studio.engine.isBusy) return;
-    const number = ++blurFor, frame = playhead.frame.peek();
-    const moments = await studio.engine.call('between', { look: shown.look, frame, shutter: SHUTTER, count: MOMENTS });
-    if (number !== blurFor || stage === undefined || shown !== studio.shown.peek()) return;
-    const { canvas } = stage, place = frame - studio.firstFrame.peek();
-    const panes = panesOf(layout.peek(), wipe.peek(), canvas.height > canvas.width);
+    const shown = studio.shown.peek(), target = over.getContext('2d'), frame = playhead.frame.peek();
+    if (stage === undefined || shown === null || target === null || isBlurring) return;
+    isBlurring = true;
+    const moments = await studio.engine.call('between', { look: shown.look, frame, shutter: SHUTTER, count: MOMENTS })
+        .finally(() => { isBlurring = false; });
+    if (stage === undefined || shown !== studio.shown.peek() || frame !== playhead.frame.peek()) return drawSoon();
+    const { canvas } = stage, place = frame - studio.firstFrame.peek(), panes = panesNow(canvas);
     blend(target, canvas, MOMENTS, (moment) => stage?.draw(shown, place, panes, ratio(), moments.subarray(moment * 8, moment * 8 + 8)));
     over.hidden = false;
 }
+
+const panesNow = ({ width, height }: HTMLCanvasElement) => panesOf(layout.peek(), wipe.peek(), isStacked(width, height, ratio()));
 
 let blurred: HTMLCanvasElement | null = null;
 export function draw(): void {
     const shown = studio.shown.peek();
     if (stage === undefined || shown === null) return;
     const { canvas } = stage;
-    stage.draw(shown, playhead.frame.peek() - studio.firstFrame.peek(), panesOf(layout.peek(), wipe.peek(), canvas.height > canvas.width), ratio());
+    stage.draw(shown, playhead.frame.peek() - studio.firstFrame.peek(), panesNow(canvas), ratio());
     if (blurred === null) return;
     if (!blurs.peek()) blurred.hidden = true;
     else void drawBlurred(blurred).catch((error: unknown) => studio.tell(error));
@@ -135,13 +139,8 @@ export function Views() {
     return (
         <section class="views" aria-label={words.regions.views}>
             <div class="row options">
-                <div role="radiogroup" aria-label={words.views.layout} class="segments">
-                    {LAYOUTS.map((one) => (
-                        <label key={one} class={layout.value === one ? 'on' : ''}>
-                            <input type="radio" name="layout" checked={layout.value === one} onChange={() => { layout.value = one; }} />
-                            {words.views.layouts[one]}
-                        </label>))}
-                </div>
+                <Segments label={words.views.layout} group="layout" names={LAYOUTS} texts={(one) => words.views.layouts[one]} chosen={layout.value}
+                    choose={(one) => { layout.value = one; }} />
                 {layout.value === 'wipe' && <input type="range" min={0} max={1} step={0.01} value={wipe.value} aria-label={words.views.wipe}
                     onInput={(event) => { wipe.value = Number(event.currentTarget.value); }} />}
                 <label>{words.views.ratio} <select value={ratioName.value} onChange={(event) => { ratioName.value = event.currentTarget.value; }}>

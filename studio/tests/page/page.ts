@@ -30,11 +30,13 @@ export interface Look {
     readonly hash?: string;
     readonly file?: string;
     readonly reducedMotion?: 'reduce' | 'no-preference';
+    /** For scripts that a test brings along. */
+    readonly bypassCSP?: boolean;
 }
 
 export async function openStudio(browser: Browser, look: Look = {}): Promise<Opened> {
-    const { width = 1280, height = 800, colorScheme = 'light', hash = '', file = built, reducedMotion = 'reduce' } = look;
-    const context = await browser.newContext({ viewport: { width, height }, colorScheme, reducedMotion, offline: true, acceptDownloads: true });
+    const { width = 1280, height = 800, colorScheme = 'light', hash = '', file = built, reducedMotion = 'reduce', bypassCSP = false } = look;
+    const context = await browser.newContext({ viewport: { width, height }, colorScheme, reducedMotion, offline: true, acceptDownloads: true, bypassCSP });
     await context.grantPermissions(['clipboard-read', 'clipboard-write']).catch(() => undefined);
     const page = await context.newPage();
     const faults: string[] = [];
