@@ -214,11 +214,13 @@ test('a preset file is saved, opened and played', async () => {
 
 test('the address holds the look', async () => {
     const { page } = await openStudio(browser);
+    const hash = () => new URL(page.url()).hash;
+    await expect.poll(hash, { timeout: 5000 }).not.toBe('');
+    const before = hash();
     await set(page, 'Position Intensity', '210');
     const shaken = await table(page);
-    await expect.poll(async () => new URL(page.url()).hash.length, { timeout: 5000 }).toBeGreaterThan(20);
-    await page.waitForTimeout(1000);
-    const other = await openStudio(browser, { hash: new URL(page.url()).hash });
+    await expect.poll(hash, { timeout: 5000 }).not.toBe(before);
+    const other = await openStudio(browser, { hash: hash() });
     expect(await table(other.page)).toBe(shaken);
     const damaged = await openStudio(browser, { hash: '#nonsense' });
     expect(await damaged.page.locator('.status .bad').innerText()).toContain('address');
@@ -231,7 +233,7 @@ test('the last shot comes back when the page is opened again', async () => {
     await settled(page);
     await set(page, 'Position Intensity', '66');
     const shaken = await table(page);
-    await page.waitForTimeout(1200);
+    await expect.poll(() => page.evaluate(() => localStorage.getItem('tremolux studio')), { timeout: 5000 }).toContain('"6020":0.66');
     await page.goto(page.url().split('#')[0] as string);
     await page.waitForSelector('main');
     await settled(page);
